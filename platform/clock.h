@@ -1,0 +1,24 @@
+#pragma once
+// Points in local time.
+
+namespace pelk {
+
+/// A wall-clock reading in the user's time zone. Months and days count from 1, hours run 0..23.
+struct LocalTime {
+    int year = 1970;
+    int month = 1;
+    int day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
+
+class Clock {
+ public:
+    virtual ~Clock() = default;
+    virtual LocalTime now() = 0;
+};
+
+}  // namespace pelk

@@ -1,0 +1,48 @@
+#pragma once
+// Files and folders, in steps small enough that each can be made to fail in a test.
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/error.h"
+
+namespace pelk {
+
+/// A file that is being written. Destroying it before `close` leaves whatever was written.
+class WritableFile {
+ public:
+    virtual ~WritableFile() = default;
+    /// Appends the bytes. Throws `Error`.
+    virtual void write(std::string_view bytes) = 0;
+    /// Returns when the bytes written are on the disk itself. Throws `Error`.
+    virtual void flushToDisk() = 0;
+    /// Closes the file. Throws `Error` when the system reports a late failure.
+    virtual void close() = 0;
+};
+
+/// The file system. Paths are UTF-8. Every failure is an `Error` that names the path.
+class FileSystem {
+ public:
+    virtual ~FileSystem() = default;
+
+    /// The path of `name` inside `folder`, with the platform's separator.
+    virtual std::string join(const std::string& folder, const std::string& name) const = 0;
+
+    virtual bool folderExists(const std::string& path) = 0;
+    /// True when a normal file (not a folder) stands there.
+    virtual bool fileExists(const std::string& path) = 0;
+    /// Creates one folder, open to its owner alone; the folder above it must exist.
+    virtual void createFolder(const std::string& path) = 0;
+
+    /// The whole content, byte for byte.
+    virtual std::string readWholeFile(const std::string& path) = 0;
+    /// Creates the file, or empties it if it exists; readable by its owner alone.
+    virtual std::unique_ptr<WritableFile> createFile(const std::string& path) = 0;
+    /// Puts `from` in the place of `to`, which may exist, in one step that a crash cannot split,
+    /// and returns when the change of names is on the disk. Both lie in the same folder.
+    virtual void replaceFile(const std::string& from, const std::string& to) = 0;
+    virtual void removeFile(const std::string& path) = 0;
+};
+
+}  // namespace pelk

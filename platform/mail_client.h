@@ -1,0 +1,103 @@
+#pragma once
+// The mail client that the program lives in: its mail, and its command bars.
+//
+// Every operation may fail with an `Error`: a mail system refuses, a message is broken. Objects
+// are cheap references; each is released as soon as its receiver lets go of it.
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/clock.h"
+#include "platform/error.h"
+
+namespace pelk {
+
+/// One person as an e-mail names them. The mail client puts the address where a name is missing.
+struct MailPerson {
+    std::string name;
+    std::string address;
+};
+
+class MailItem {
+ public:
+    virtual ~MailItem() = default;
+    /// When the item came into its store.
+    virtual LocalTime creationTime() = 0;
+    /// Whom a reply to this e-mail would go to first: its sender. Nothing when it has none.
+    virtual std::optional<MailPerson> replyRecipient() = 0;
+    /// Direct, copy and blind-copy recipients, in order.
+    virtual int recipientCount() = 0;
+    /// Recipient `index`, counted from 1.
+    virtual MailPerson recipient(int index) = 0;
+};
+
+/// `DefaultItemType` of a folder that holds mail.
+inline constexpr int kMailItemType = 0;
+
+class MailFolder;
+
+/// The folders inside a folder or session, walked from the first to the last.
+class MailFolders {
+ public:
+    virtual ~MailFolders() = default;
+    /// Null when there is none (left).
+    virtual std::unique_ptr<MailFolder> first() = 0;
+    virtual std::unique_ptr<MailFolder> next() = 0;
+};
+
+class MailFolder {
+ public:
+    virtual ~MailFolder() = default;
+    virtual std::string name() = 0;
+    virtual int defaultItemType() = 0;
+    virtual std::unique_ptr<MailFolders> folders() = 0;
+    virtual int itemCount() = 0;
+    /// Item `index`, counted from 1. Fails with an `Error` when it is not an e-mail but, say, a
+    /// meeting request or a delivery report.
+    virtual std::shared_ptr<MailItem> mailItem(int index) = 0;
+};
+
+enum class DefaultFolder { DeletedItems = 3, Outbox = 4 };
+
+class MailSession {
+ public:
+    virtual ~MailSession() = default;
+    /// The top-level folders, one per message store.
+    virtual std::unique_ptr<MailFolders> folders() = 0;
+    /// Whether `folder` is the session's folder for that purpose.
+    virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
+};
+
+/// A button of a command-bar menu. Destroying it leaves the button in the menu.
+class CommandButton {
+ public:
+    virtual ~CommandButton() = default;
+    virtual void setVisible(bool visible) = 0;
+    /// Takes the button out of its menu; its handler is never called again.
+    virtual void remove() = 0;
+};
+
+class CommandPopup {
+ public:
+    virtual ~CommandPopup() = default;
+    /// Adds a button that shows its caption only, and calls `clicked` when the user clicks it.
+    virtual std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
+                                                     std::string_view action,
+                                                     std::function<void()> clicked) = 0;
+};
+
+/// The host application.
+class MailClient {
+ public:
+    virtual ~MailClient() = default;
+    virtual std::unique_ptr<MailSession> session() = 0;
+    /// Adds a temporary pop-up menu to the named command bar of the active window.
+    virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
+                                                   std::string_view tag,
+                                                   std::string_view action) = 0;
+};
+
+}  // namespace pelk
