@@ -1,0 +1,46 @@
+#include "db/date_stamp.h"
+
+#include <chrono>
+#include <cstdint>
+
+#include "db/numbers.h"
+
+namespace pelk {
+namespace {
+
+std::string twoDigits(int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
+
+constexpr int kSecondsPerDay = 24 * 60 * 60;
+
+/// Seconds on the wall clock, so that equal times of day are whole days apart.
+std::int64_t secondsSince1970(const LocalTime& time) {
+    using namespace std::chrono;
+    const sys_days midnight = year{time.year} / month{static_cast<unsigned>(time.month)} /
+                              day{static_cast<unsigned>(time.day)};
+    const std::int64_t days = midnight.time_since_epoch().count();
+    return days * kSecondsPerDay + (time.hour * 60 + time.minute) * 60 + time.second;
+}
+
+}  // namespace
+
+std::string formatStamp(const LocalTime& time) {
+    return std::to_string(time.year) + "-" + twoDigits(time.month) + "-" + twoDigits(time.day) +
+           "T" + twoDigits(time.hour) + ":" + twoDigits(time.minute) + ":" +
+           twoDigits(time.second);
+}
+
+LocalTime parseStamp(std::string_view stamp) {
+    const auto field = [stamp](std::size_t at, std::size_t length) {
+        return at < stamp.size() ? static_cast<int>(readInteger(stamp.substr(at, length))) : 0;
+    };
+    return {field(0, 4), field(5, 2), field(8, 2), field(11, 2), field(14, 2), 0};
+}
+
+double ageInDays(std::string_view stamp, const LocalTime& now) {
+    const std::int64_t seconds = secondsSince1970(now) - secondsSince1970(parseStamp(stamp));
+    return static_cast<double>(seconds) / kSecondsPerDay;
+}
+
+}  // namespace pelk

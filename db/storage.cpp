@@ -1,0 +1,147 @@
+#include "db/storage.h"
+
+#include <utility>
+
+#include "db/database_cipher.h"
+#include "db/default_documents.h"
+
+namespace pelk {
+namespace {
+
+/// Fixed and public: it keeps a curious glance off the file, and tells damage. What it does not
+/// do is said in docs/database-format.md.
+constexpr std::string_view kKey = "TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD";
+
+constexpr const char* kFolderName = "pelk";
+constexpr const char* kFileName = "pelk.db";
+
+}  // namespace
+
+std::unique_ptr<Database> Storage::loadDatabase() {
+    const std::optional<std::string> path = locateFile();
+    if (!path)
+        return nullptr;
+    if (!platform_.files.fileExists(*path))
+        return createFirstDatabase(*path);
+    const std::string content = platform_.files.readWholeFile(*path);
+    try {
+        return decipher(content);
+    } catch (const Error& error) {
+        const std::string kept = freeName(*path, "damaged");
+        platform_.files.replaceFile(*path, kept);
+        platform_.dialogs.message("The database file " + *path + " cannot be used. " +
+                                      error.what() + " It has been kept as " + kept +
+                                      ", and Pelk goes on with an empty database.",
+                                  Buttons::Ok);
+        return createFirstDatabase(*path);
+    }
+}
+
+void Storage::saveDatabase(const Database& database) {
+    if (const std::optional<std::string> path = locateFile())
+        writeCipherText(database.xml(), *path);
+}
+
+void Storage::exportDatabase(const Database& database, const std::string& path) {
+    writeCipherText(database.xml(), path);
+}
+
+std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
+    const std::string content = platform_.files.readWholeFile(path);
+    try {
+        return decipher(content);
+    } catch (const Error& error) {
+        throw Error("The file " + path + " cannot be used. " + error.what());
+    }
+}
+
+std::string Storage::replaceDatabase(const Database& database) {
+    const std::optional<std::string> path = locateFile();
+    if (!path)
+        return {};
+    std::string kept;
+    if (platform_.files.fileExists(*path)) {
+        kept = freeName(*path, "old");
+        writeWholeFile(platform_.files.readWholeFile(*path), kept);
+    }
+    writeCipherText(database.xml(), *path);
+    return kept;
+}
+
+std::unique_ptr<Database> Storage::parse(std::string_view xml) {
+    std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
+    if (!document->loadXml(xml))
+        throw Error("It does not hold a well-formed document: " + document->parseError() + ".");
+    return std::make_unique<Database>(std::move(document));
+}
+
+/// The path of the database file, in a folder that exists; nothing, after a message, when the
+/// system names no data folder.
+std::optional<std::string> Storage::locateFile() {
+    const std::optional<std::string> data = platform_.shell.applicationDataFolder();
+    if (!data) {
+        platform_.dialogs.message(
+            "Serious error, cannot access the application data directory !", Buttons::Ok);
+        return std::nullopt;
+    }
+    const std::string folder = platform_.files.join(*data, kFolderName);
+    if (!platform_.files.folderExists(folder))
+        platform_.files.createFolder(folder);
+    return platform_.files.join(folder, kFileName);
+}
+
+/// Writes the default document to the file and reads it back from there.
+std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) {
+    writeCipherText(std::string(kFirstStartDocument), path);
+    return decipher(platform_.files.readWholeFile(path));
+}
+
+std::unique_ptr<Database> Storage::decipher(const std::string& content) {
+    DatabaseCipher cipher(platform_.crypto);
+    cipher.setKey(kKey);
+    cipher.setCipherText(content);
+    return parse(cipher.plainText());
+}
+
+/// A name beside the path under which nothing stands yet.
+std::string Storage::freeName(const std::string& path, const std::string& purpose) {
+    std::string name = path + "." + purpose;
+    for (int number = 2; platform_.files.fileExists(name); ++number)
+        name = path + "." + purpose + "-" + std::to_string(number);
+    return name;
+}
+
+/// The file holds the cipher text as one line.
+void Storage::writeCipherText(const std::string& plainText, const std::string& path) {
+    DatabaseCipher cipher(platform_.crypto);
+    cipher.setKey(kKey);
+    cipher.setPlainText(plainText);
+    writeWholeFile(cipher.cipherText() + "\r\n", path);
+}
+
+/// Writes a new file beside the old one and puts it in its place once it is safely on the disk.
+void Storage::writeWholeFile(const std::string& content, const std::string& path) {
+    const std::string fresh = path + ".new";
+    try {
+        const std::unique_ptr<WritableFile> file = platform_.files.createFile(fresh);
+        file->write(content);
+        file->flushToDisk();
+        file->close();
+        platform_.files.replaceFile(fresh, path);
+    } catch (const Error&) {
+        removeLeftover(fresh);
+        throw;
+    }
+}
+
+/// Tidies up after a write that failed, whose own error is the one to report.
+void Storage::removeLeftover(const std::string& path) noexcept {
+    try {
+        if (platform_.files.fileExists(path))
+            platform_.files.removeFile(path);
+    } catch (const std::exception&) {
+        // The next write empties the file before it uses it.
+    }
+}
+
+}  // namespace pelk

@@ -1,0 +1,55 @@
+#pragma once
+// The database on disk: one enciphered file in the user's data folder, and copies of it that the
+// user exports and imports.
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "db/database.h"
+#include "platform/platform.h"
+
+namespace pelk {
+
+class Storage {
+ public:
+    explicit Storage(const Platform& platform) : platform_(platform) {}
+
+    /// The user's database; an empty one at the first start, when folder and file are created. A
+    /// file that is damaged or not a database is kept under another name beside it, the user is
+    /// told, and the database is an empty one. Null, after a message, when the system names no
+    /// data folder. Throws `Error` when the file cannot be read or written.
+    std::unique_ptr<Database> loadDatabase();
+
+    /// Writes the database to the user's file. Whatever goes wrong, the file holds either what it
+    /// held or the new content, whole. Throws `Error`, or shows a message and writes nothing when
+    /// the system names no data folder.
+    void saveDatabase(const Database& database);
+
+    /// Writes the database to a file of the user's choice, as safely. Throws `Error`.
+    void exportDatabase(const Database& database, const std::string& path);
+
+    /// The database in an exported file. Throws `Error` when the file cannot be read, or is not a
+    /// database.
+    std::unique_ptr<Database> importDatabase(const std::string& path);
+
+    /// Replaces the user's file by the database, and keeps the file that was there beside it.
+    /// Returns the path under which it is kept, empty when there was none. Throws `Error`.
+    std::string replaceDatabase(const Database& database);
+
+    /// A database from a plain document. Throws `Error` when the text is no such document.
+    std::unique_ptr<Database> parse(std::string_view xml);
+
+ private:
+    std::optional<std::string> locateFile();
+    std::unique_ptr<Database> createFirstDatabase(const std::string& path);
+    std::unique_ptr<Database> decipher(const std::string& content);
+    std::string freeName(const std::string& path, const std::string& purpose);
+    void writeCipherText(const std::string& plainText, const std::string& path);
+    void writeWholeFile(const std::string& content, const std::string& path);
+    void removeLeftover(const std::string& path) noexcept;
+
+    Platform platform_;
+};
+
+}  // namespace pelk

@@ -1,0 +1,81 @@
+#include "platform/utf8.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace pelk {
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+struct Character {
+    std::size_t length = 1;
+    /// The code point; nothing sensible when the bytes are not valid UTF-8.
+    std::uint32_t code = 0;
+    bool valid = false;
+};
+
+/// Reads the character at the start of `text`, which is not empty. An invalid byte is a character
+/// of length 1. Overlong forms, surrogates and codes over U+10FFFF are invalid.
+Character readCharacter(std::string_view text) {
+    const auto lead = static_cast<unsigned char>(text[0]);
+    if (lead < 0x80)
+        return {1, lead, true};
+    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
+    if (lead < 0xC2 || lead > 0xF4 || text.size() < length)
+        return {};
+    std::uint32_t code = lead & (0x7FU >> length);
+    for (std::size_t at = 1; at < length; ++at) {
+        const auto byte = static_cast<unsigned char>(text[at]);
+        if ((byte & 0xC0U) != 0x80U)
+            return {};
+        code = code << 6U | (byte & 0x3FU);
+    }
+    constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code < smallest[length] || code > 0x10FFFF || surrogate)
+        return {};
+    return {length, code, true};
+}
+
+bool isControl(std::uint32_t code) {
+    return code < 0x20 || (code >= 0x7F && code < 0xA0);
+}
+
+bool mayStandInXml(std::uint32_t code) {
+    if (code < 0x20)
+        return code == '\t' || code == '\n' || code == '\r';
+    return code != 0xFFFE && code != 0xFFFF;
+}
+
+}  // namespace
+
+bool isXmlText(std::string_view text) {
+    while (!text.empty()) {
+        const Character character = readCharacter(text);
+        if (!character.valid || !mayStandInXml(character.code))
+            return false;
+        text.remove_prefix(character.length);
+    }
+    return true;
+}
+
+std::string cleanText(std::string_view text) {
+    std::string clean;
+    clean.reserve(text.size());
+    while (!text.empty()) {
+        const Character character = readCharacter(text);
+        if (!character.valid)
+            clean += kReplacement;
+        else if (isControl(character.code))
+            clean += ' ';
+        else if (!mayStandInXml(character.code))
+            clean += kReplacement;
+        else
+            clean += text.substr(0, character.length);
+        text.remove_prefix(character.length);
+    }
+    return clean;
+}
+
+}  // namespace pelk

@@ -1,0 +1,16 @@
+#pragma once
+// UTF-8 that a document can carry.
+
+#include <string>
+#include <string_view>
+
+namespace pelk {
+
+/// True when the text is valid UTF-8 and every character may stand in an XML document.
+bool isXmlText(std::string_view text);
+
+/// The text with every byte that is not UTF-8, and every character that XML cannot carry,
+/// replaced by U+FFFD, and every control character (tab and line ends among them) by a blank.
+std::string cleanText(std::string_view text);
+
+}  // namespace pelk
