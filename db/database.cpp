@@ -57,6 +57,14 @@ ContactLimitReached::ContactLimitReached()
     : Error("The database is full: it holds " + std::to_string(kMaxContactId) +
             " contacts, and no more can be numbered.") {}
 
+int Relation::partnerOf(int id) const {
+    if (part1 == id)
+        return part2;
+    if (part2 == id)
+        return part1;
+    throw Error("unreachable code !");
+}
+
 Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(document)) {
     root_ = document_->root();
     if (!root_ || root_.name() != "pelkDB")

@@ -39,8 +39,9 @@ struct Relation {
     /// The number of e-mails counted between the two.
     double weight = 0;
 
-    /// The other end of a relation of the contact `id`.
-    int partnerOf(int id) const { return part1 == id ? part2 : part1; }
+    /// The other end of a relation of the contact `id`; the same contact when it is related to
+    /// itself. Throws `Error` when `id` is neither end.
+    int partnerOf(int id) const;
 };
 
 /// What divides strong, medium and weak relations, in percent of the strongest relation's weight.

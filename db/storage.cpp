@@ -71,7 +71,7 @@ std::string Storage::replaceDatabase(const Database& database) {
 std::unique_ptr<Database> Storage::parse(std::string_view xml) {
     std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
     if (!document->loadXml(xml))
-        throw Error("It does not hold a well-formed document: " + document->parseError() + ".");
+        throw Error("It holds no well-formed document (" + document->parseError() + ").");
     return std::make_unique<Database>(std::move(document));
 }
 

@@ -21,6 +21,12 @@ struct MailPerson {
     std::string address;
 };
 
+/// An item of a mail folder that is no e-mail: a meeting request, a delivery report.
+class NotAMailItem : public Error {
+ public:
+    NotAMailItem() : Error("The item is not an e-mail.") {}
+};
+
 class MailItem {
  public:
     virtual ~MailItem() = default;
@@ -55,8 +61,7 @@ class MailFolder {
     virtual int defaultItemType() = 0;
     virtual std::unique_ptr<MailFolders> folders() = 0;
     virtual int itemCount() = 0;
-    /// Item `index`, counted from 1. Fails with an `Error` when it is not an e-mail but, say, a
-    /// meeting request or a delivery report.
+    /// Item `index`, counted from 1. Throws `NotAMailItem` when it is something else.
     virtual std::shared_ptr<MailItem> mailItem(int index) = 0;
 };
 

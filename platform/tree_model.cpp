@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/error.h"
-
 namespace pelk {
 
 TreeModel::TreeModel(const Language& language) : language_(language) {}
@@ -64,16 +62,14 @@ void TreeModel::setColor(TreeNode& node, Color color) {
         listener_->changed(node);
 }
 
-void TreeModel::setKey(TreeNode& node, std::string key) {
-    const TreeNode* owner = find(key);
-    if (owner == &node)
-        return;
-    if (owner != nullptr)
-        throw Error("The key \"" + key + "\" is not unique in the tree.");
+bool TreeModel::setKey(TreeNode& node, std::string key) {
+    if (const TreeNode* owner = find(key); owner != nullptr)
+        return owner == &node;
     byKey_.erase(node.key_);
     node.key_ = std::move(key);
     if (!node.key_.empty())
         byKey_.emplace(node.key_, &node);
+    return true;
 }
 
 void TreeModel::sortChildren(TreeNode& node) {

@@ -116,8 +116,8 @@ class TreeModel {
     void setTag(TreeNode& node, TreeTag tag) { node.tag_ = std::move(tag); }
     void setImage(TreeNode& node, TreeImage image);
     void setColor(TreeNode& node, Color color);
-    /// Throws `Error` when another node has the key.
-    void setKey(TreeNode& node, std::string key);
+    /// Returns false, with the node's key unchanged, when another node has that key.
+    bool setKey(TreeNode& node, std::string key);
 
     /// Puts the children in alphabetical order of their texts. Children that are added or renamed
     /// later stay where they are until it is called again.

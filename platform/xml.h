@@ -125,7 +125,7 @@ class XmlDocument {
     /// names). Returns false, with the document empty and `parseError` set, when the text is not
     /// one well-formed document. External entities and document types are never followed.
     virtual bool loadXml(std::string_view text) = 0;
-    /// Why the last `loadXml` failed, for the user; empty when it did not fail.
+    /// What the last `loadXml` stumbled on, in a few words; empty when it did not fail.
     virtual std::string parseError() const = 0;
 
     /// The whole document as UTF-8, in the one form that every platform writes: the declaration

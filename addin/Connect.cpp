@@ -1,0 +1,107 @@
+#include "addin/Connect.h"
+
+#include <string>
+
+#include "db/date_stamp.h"
+
+namespace pelk {
+namespace {
+
+/// Routes a click to this object even when the mail client has yet to load it.
+constexpr const char* kAction = "!<Pelk.Connect>";
+
+constexpr int kReminderDays = 7;
+
+}  // namespace
+
+Connect::Connect(Toolkit& toolkit, const Platform& platform)
+    : platform_(platform), storage_(platform), forms_(toolkit, platform, storage_) {
+    try {
+        database_ = storage_.loadDatabase();
+    } catch (const Error& error) {
+        platform_.dialogs.message(error.what(), Buttons::Ok);
+    }
+}
+
+void Connect::OnConnection(MailClient& mailClient) {
+    mailClient_ = &mailClient;
+    buildMenu();
+}
+
+void Connect::OnDisconnection() {
+    for (auto* button : {&PelkButtonView, &PelkButtonParse, &PelkButtonAbout})
+        if (const std::unique_ptr<CommandButton> removed = std::move(*button))
+            removed->remove();
+    forms_.unload();
+    mailClient_ = nullptr;
+}
+
+void Connect::buildMenu() {
+    const std::unique_ptr<CommandPopup> popup =
+        mailClient_->addPopup("Standard", "Pelk", "Pelk popup", kAction);
+    PelkButtonView = addButton(*popup, "View your community", "Pelk view",
+                               &Connect::PelkButtonView_Click);
+    PelkButtonParse = addButton(*popup, "Check for new e-mails", "Pelk parse",
+                                &Connect::PelkButtonParse_Click);
+    PelkButtonAbout = addButton(*popup, "About", "Pelk about", &Connect::PelkButtonAbout_Click);
+}
+
+std::unique_ptr<CommandButton> Connect::addButton(CommandPopup& popup, const char* caption,
+                                                  const char* tag, void (Connect::*clicked)()) {
+    return popup.addButton(caption, tag, kAction, [this, clicked] { (this->*clicked)(); });
+}
+
+void Connect::PelkButtonView_Click() {
+    const std::string date = requireDatabase().date();
+    if (date == kNeverScanned) {
+        openScanForm();
+        return;
+    }
+    if (ageInDays(date, platform_.clock.now()) > kReminderDays &&
+        platform_.dialogs.message("There are more than 7 days since you last scanned your emails. "
+                                  "Do you want to scan them now?",
+                                  Buttons::YesNo) == Answer::Yes) {
+        openScanForm();
+        return;
+    }
+    openView();
+}
+
+void Connect::PelkButtonParse_Click() {
+    openScanForm();
+}
+
+void Connect::PelkButtonAbout_Click() {
+    forms_.about().show();
+}
+
+void Connect::openScanForm() {
+    Database& database = requireDatabase();
+    const std::string first = database.date() == kNeverScanned
+                                  ? "You must first scan your mailbox."
+                                  : "Only newer e-mails will be scanned.";
+    ParseForm& form = forms_.parseForm();
+    form.database = &database;
+    form.mailClient = mailClient_;
+    form.openView = [this] { openView(); };
+    form.showModal(first +
+                       " This process may take a while. The deleted and outbox folders will NOT "
+                       "be scanned.",
+                   "Please click the start button!");
+}
+
+void Connect::openView() {
+    ShowForm& form = forms_.showForm();
+    form.database = &requireDatabase();
+    form.startShowing();
+    form.show();
+}
+
+Database& Connect::requireDatabase() {
+    if (!database_)
+        throw Error("The contact database could not be loaded. Nothing is shown or changed until "
+                    "the fault is mended and the mail client is started again.");
+    return *database_;
+}
+
+}  // namespace pelk

@@ -1,0 +1,33 @@
+#include "addin/aboutForm.h"
+
+#include <string>
+
+#include "addin/product.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{5400, 1650};
+constexpr int kMargin = 200;
+constexpr Rect kLabelBounds{kMargin, kMargin, kInnerSize.width - 2 * kMargin, 700};
+constexpr Rect kOkBounds{(kInnerSize.width - 1300) / 2, kInnerSize.height - kMargin - 330, 1300,
+                         330};
+
+std::string productText() {
+    return std::string(kProductName) + " " + kProductVersion +
+           "\nA contact management and a connections finder tool.";
+}
+
+}  // namespace
+
+aboutForm::aboutForm(Toolkit& toolkit)
+    : window_(toolkit.createWindow()),
+      productLabel(window_->addLabel(kLabelBounds, productText())),
+      okButton(window_->addButton(kOkBounds, "OK")) {
+    window_->setCaption("About Pelk");
+    window_->setInnerSize(kInnerSize);
+    window_->setMinimumInnerSize(kInnerSize);
+    okButton.onClick = [this] { window_->hide(); };
+}
+
+}  // namespace pelk

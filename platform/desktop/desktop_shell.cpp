@@ -1,0 +1,56 @@
+#include "platform/desktop/desktop_shell.h"
+
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+namespace pelk {
+namespace {
+
+std::string environment(const char* name) {
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : value;
+}
+
+/// Empty when the environment does not tell.
+std::string usualDataFolder() {
+    // A relative path in the variable is to be ignored, by the rules for these folders.
+    if (const std::string folder = environment("XDG_DATA_HOME"); folder.starts_with('/'))
+        return folder;
+    const std::string home = environment("HOME");
+    return home.empty() ? home : home + "/.local/share";
+}
+
+/// Creates the folder with all above it that are missing; false when that fails.
+bool makeFolder(const std::filesystem::path& path) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        return true;
+    if (path.has_parent_path() && path.parent_path() != path && !makeFolder(path.parent_path()))
+        return false;
+    if (!std::filesystem::create_directory(path, error))
+        return std::filesystem::is_directory(path, error);
+    std::filesystem::permissions(path, std::filesystem::perms::owner_all, error);
+    return true;
+}
+
+}  // namespace
+
+std::optional<std::string> DesktopShell::applicationDataFolder() {
+    const std::string folder = dataFolder_.empty() ? usualDataFolder() : dataFolder_;
+    if (folder.empty() || !makeFolder(folder))
+        return std::nullopt;
+    return folder;
+}
+
+LocalTime SystemClock::now() {
+    const std::time_t seconds = std::time(nullptr);
+    std::tm time{};
+    localtime_r(&seconds, &time);
+    return {time.tm_year + 1900, time.tm_mon + 1, time.tm_mday,
+            time.tm_hour,        time.tm_min,     time.tm_sec};
+}
+
+}  // namespace pelk

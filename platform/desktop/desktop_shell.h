@@ -1,0 +1,28 @@
+#pragma once
+// The user's folders and clock on a Linux desktop.
+
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/shell.h"
+
+namespace pelk {
+
+/// The data folder is the one that the user names, else $XDG_DATA_HOME, else ~/.local/share. It is
+/// created, open to its owner alone, when it is missing.
+class DesktopShell : public Shell {
+ public:
+    /// An empty `dataFolder` stands for the usual one.
+    explicit DesktopShell(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
+    std::optional<std::string> applicationDataFolder() override;
+
+ private:
+    std::string dataFolder_;
+};
+
+class SystemClock : public Clock {
+ public:
+    LocalTime now() override;
+};
+
+}  // namespace pelk

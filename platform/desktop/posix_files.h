@@ -1,0 +1,20 @@
+#pragma once
+// The file system of a POSIX machine.
+
+#include "platform/files.h"
+
+namespace pelk {
+
+class PosixFiles : public FileSystem {
+ public:
+    std::string join(const std::string& folder, const std::string& name) const override;
+    bool folderExists(const std::string& path) override;
+    bool fileExists(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::string readWholeFile(const std::string& path) override;
+    std::unique_ptr<WritableFile> createFile(const std::string& path) override;
+    void replaceFile(const std::string& from, const std::string& to) override;
+    void removeFile(const std::string& path) override;
+};
+
+}  // namespace pelk

@@ -1,0 +1,141 @@
+#include "platform/desktop/pugi_document.h"
+
+#include <pugixml.hpp>
+
+#include "platform/desktop/xml_strictness.h"
+
+namespace pelk {
+namespace {
+
+pugi::xml_node wrap(XmlLibrary::Node node) {
+    return pugi::xml_node(static_cast<pugi::xml_node_struct*>(node));
+}
+
+XmlLibrary::Node unwrap(pugi::xml_node node) {
+    return node.internal_object();
+}
+
+/// The first of `node` and the siblings after it that is an element.
+XmlLibrary::Node elementFrom(pugi::xml_node node) {
+    while (node && node.type() != pugi::node_element)
+        node = node.next_sibling();
+    return unwrap(node);
+}
+
+/// Nodes live as long as their document, so there is nothing to retain or release.
+class PugiLibrary : public XmlLibrary {
+ public:
+    void retain(Node) const override {}
+    void release(Node) const override {}
+
+    std::string name(Node node) const override { return wrap(node).name(); }
+
+    std::optional<std::string> attribute(Node node, const char* name) const override {
+        const pugi::xml_attribute attribute = wrap(node).attribute(name);
+        return attribute ? std::optional<std::string>(attribute.value()) : std::nullopt;
+    }
+
+    void setAttribute(Node node, const char* name, const std::string& value) const override {
+        pugi::xml_attribute attribute = wrap(node).attribute(name);
+        if (!attribute)
+            attribute = wrap(node).append_attribute(name);
+        attribute.set_value(value.c_str());
+    }
+
+    Node firstChild(Node node) const override { return elementFrom(wrap(node).first_child()); }
+    Node nextSibling(Node node) const override { return elementFrom(wrap(node).next_sibling()); }
+
+    Node parent(Node node) const override {
+        const pugi::xml_node parent = wrap(node).parent();
+        return parent.type() == pugi::node_element ? unwrap(parent) : nullptr;
+    }
+
+    Node appendElement(Node parent, const char* name) const override {
+        return unwrap(wrap(parent).append_child(name));
+    }
+
+    void remove(Node node) const override { wrap(node).parent().remove_child(wrap(node)); }
+
+    std::vector<Node> select(Node context, const std::string& query) const override {
+        std::vector<Node> nodes;
+        for (const pugi::xpath_node& found : evaluate(context, query))
+            if (found.node())
+                nodes.push_back(unwrap(found.node()));
+        return nodes;
+    }
+
+    std::optional<std::string> selectText(Node context, const std::string& query) const override {
+        const pugi::xpath_node_set found = evaluate(context, query);
+        if (found.empty())
+            return std::nullopt;
+        const pugi::xpath_node first = found.first();
+        return first.attribute() ? first.attribute().value() : first.node().text().get();
+    }
+
+ private:
+    static pugi::xpath_node_set evaluate(Node context, const std::string& query) {
+        try {
+            pugi::xpath_node_set found = wrap(context).select_nodes(query.c_str());
+            found.sort();
+            return found;
+        } catch (const pugi::xpath_exception&) {
+            throw MalformedQuery(query);
+        }
+    }
+};
+
+const PugiLibrary& library() {
+    static const PugiLibrary theLibrary;
+    return theLibrary;
+}
+
+class StringWriter : public pugi::xml_writer {
+ public:
+    explicit StringWriter(std::string& text) : text_(text) {}
+    void write(const void* data, std::size_t size) override {
+        text_.append(static_cast<const char*>(data), size);
+    }
+
+ private:
+    std::string& text_;
+};
+
+class PugiDocument : public XmlDocument {
+ public:
+    bool loadXml(std::string_view text) override {
+        error_ = faultOfText(text);
+        if (error_.empty()) {
+            constexpr unsigned options =
+                pugi::parse_default | pugi::parse_fragment | pugi::parse_doctype;
+            const pugi::xml_parse_result result =
+                document_.load_buffer(text.data(), text.size(), options, pugi::encoding_utf8);
+            error_ = result ? faultOfDocument(document_) : result.description();
+        }
+        if (!error_.empty())
+            document_.reset();
+        return error_.empty();
+    }
+
+    std::string parseError() const override { return error_; }
+
+    std::string xml() const override {
+        std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
+        StringWriter writer(text);
+        document_.document_element().print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+        return text;
+    }
+
+    XmlElement root() const override { return {library(), unwrap(document_.document_element())}; }
+
+ private:
+    pugi::xml_document document_;
+    std::string error_;
+};
+
+}  // namespace
+
+std::unique_ptr<XmlDocument> createPugiDocument() {
+    return std::make_unique<PugiDocument>();
+}
+
+}  // namespace pelk

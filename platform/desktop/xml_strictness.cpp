@@ -1,0 +1,109 @@
+#include "platform/desktop/xml_strictness.h"
+
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <pugixml.hpp>
+
+#include "platform/utf8.h"
+
+namespace pelk {
+namespace {
+
+constexpr std::string_view kComment = "<!--";
+constexpr std::string_view kCharacterData = "<![CDATA[";
+
+/// Whether the number of a character reference, such as "#10" or "#xA", is a character that an
+/// XML document may hold.
+bool isCharacterReference(std::string_view name) {
+    const bool hexadecimal = name.starts_with("#x");
+    name.remove_prefix(hexadecimal ? 2 : 1);
+    std::uint32_t code = 0;
+    const char* const end = name.data() + name.size();
+    const auto read = std::from_chars(name.data(), end, code, hexadecimal ? 16 : 10);
+    if (read.ec != std::errc() || read.ptr != end)
+        return false;
+    if (code < 0x20)
+        return code == '\t' || code == '\n' || code == '\r';
+    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+    return !surrogate && code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
+}
+
+bool isKnownReference(std::string_view name) {
+    return name == "amp" || name == "lt" || name == "gt" || name == "quot" || name == "apos" ||
+           (name.starts_with('#') && isCharacterReference(name));
+}
+
+/// Where the text goes on behind a section that `text` begins with.
+std::size_t endOfSection(std::string_view text, std::string_view terminator) {
+    const std::size_t end = text.find(terminator);
+    return end == std::string_view::npos ? text.size() : end + terminator.size();
+}
+
+/// The first "&" that starts no reference, outside comments and character data.
+bool hasStrayReference(std::string_view text) {
+    while (true) {
+        const std::size_t at = text.find_first_of("&<");
+        if (at == std::string_view::npos)
+            return false;
+        text.remove_prefix(at);
+        if (text.starts_with(kComment)) {
+            text.remove_prefix(endOfSection(text, "-->"));
+        } else if (text.starts_with(kCharacterData)) {
+            text.remove_prefix(endOfSection(text, "]]>"));
+        } else if (text.front() == '<') {
+            text.remove_prefix(1);
+        } else {
+            constexpr std::size_t longest = 12;
+            const std::size_t end = text.substr(0, longest).find(';');
+            if (end == std::string_view::npos || !isKnownReference(text.substr(1, end - 1)))
+                return true;
+            text.remove_prefix(end);
+        }
+    }
+}
+
+bool hasAttributeTwice(pugi::xml_node element) {
+    for (pugi::xml_attribute attribute : element.attributes())
+        if (element.attribute(attribute.name()) != attribute)
+            return true;
+    return false;
+}
+
+/// Finds the first element with an attribute twice, however deep the document is nested.
+class DoubledAttribute : public pugi::xml_tree_walker {
+ public:
+    bool for_each(pugi::xml_node& node) override {
+        found = hasAttributeTwice(node);
+        return !found;
+    }
+    bool found = false;
+};
+
+}  // namespace
+
+std::string faultOfText(std::string_view text) {
+    if (!isXmlText(text))
+        return "bytes that are not UTF-8 text";
+    if (hasStrayReference(text))
+        return "a reference to an unknown character";
+    return {};
+}
+
+std::string faultOfDocument(const pugi::xml_document& document) {
+    int roots = 0;
+    for (pugi::xml_node node : document.children()) {
+        if (node.type() == pugi::node_doctype)
+            return "a document type";
+        if (node.type() != pugi::node_element)
+            return "text outside the root element";
+        ++roots;
+    }
+    if (roots != 1)
+        return std::to_string(roots) + " root elements";
+    DoubledAttribute doubled;
+    pugi::xml_node(document).traverse(doubled);
+    return doubled.found ? "an attribute that stands twice" : "";
+}
+
+}  // namespace pelk

@@ -1,0 +1,103 @@
+#include "scan/ParseForm.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{6300, 2450};
+constexpr int kMargin = 150;
+constexpr int kWidth = kInnerSize.width - 2 * kMargin;
+constexpr Rect kStaticBounds{kMargin, 100, kWidth, 800};
+constexpr Rect kDynamicBounds{kMargin, 950, kWidth, 300};
+constexpr Rect kProgressBounds{kMargin, 1350, kWidth, 260};
+constexpr Size kButtonSize{1300, 330};
+constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
+constexpr int kCancelLeft = kInnerSize.width - kMargin - kButtonSize.width;
+constexpr int kStartLeft = kCancelLeft - kMargin - kButtonSize.width;
+
+Rect buttonAt(int left) {
+    return {left, kButtonTop, kButtonSize.width, kButtonSize.height};
+}
+
+}  // namespace
+
+ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+    : platform_(platform),
+      storage_(storage),
+      window_(toolkit.createWindow()),
+      staticLabel(window_->addLabel(kStaticBounds,
+                                    "Only newer e-mails will be scanned. This process may take a "
+                                    "while. The deleted and outbox folders will NOT be scanned.")),
+      DynamicLabel(window_->addLabel(kDynamicBounds, "Please click the start button !")),
+      parsingProgress(window_->addProgressBar(kProgressBounds)),
+      startButton(window_->addButton(buttonAt(kStartLeft), "Start")),
+      cancelButton(window_->addButton(buttonAt(kCancelLeft), "Cancel")) {
+    window_->setCaption("Check for new e-mails");
+    window_->setInnerSize(kInnerSize);
+    window_->setMinimumInnerSize(kInnerSize);
+    // A scan runs to its end; until then the form stays.
+    window_->onCloseRequest = [this] { return !scanning_; };
+    startButton.onClick = [this] { startButtonClick(); };
+    cancelButton.onClick = [this] { cancelButtonClick(); };
+}
+
+void ParseForm::showModal(const std::string& staticText, const std::string& dynamicText) {
+    staticLabel.setText(staticText);
+    DynamicLabel.setText(dynamicText);
+    window_->showModal();
+}
+
+void ParseForm::startButtonClick() {
+    scan();
+    openView();
+}
+
+void ParseForm::cancelButtonClick() {
+    window_->hide();
+    openView();
+}
+
+/// When the result cannot be saved the form stays open: what was counted stands in memory, and
+/// Start finds nothing new but saves it.
+void ParseForm::scan() {
+    const std::unique_ptr<MailSession> session = mailClient->session();
+    ScanOutcome outcome;
+    setScanning(true);
+    try {
+        outcome = scanAndSave(*database, storage_, platform_, *session, *this);
+    } catch (const Error& error) {
+        setScanning(false);
+        DynamicLabel.setText("The result is not saved yet.");
+        throw Error(std::string(error.what()) +
+                    " The e-mails have been counted, but the result is not saved. Click the start "
+                    "button to save it.");
+    }
+    setScanning(false);
+    window_->hide();
+    if (outcome.databaseFull)
+        platform_.dialogs.message(kDatabaseFullMessage, Buttons::Ok);
+}
+
+void ParseForm::setScanning(bool scanning) {
+    scanning_ = scanning;
+    platform_.dialogs.setBusyPointer(scanning);
+    startButton.setEnabled(!scanning);
+    cancelButton.setEnabled(!scanning);
+    if (!scanning)
+        parsingProgress.setValue(1);
+}
+
+void ParseForm::folderStarted(const std::string& name) {
+    DynamicLabel.setText("Reading " + name);
+    DynamicLabel.repaint();
+}
+
+void ParseForm::itemsCounted(int count) {
+    parsingProgress.setRange(1, count > 1 ? count : 2);
+}
+
+void ParseForm::itemStarted(int index) {
+    platform_.dialogs.processPendingEvents();
+    parsingProgress.setValue(index);
+}
+
+}  // namespace pelk

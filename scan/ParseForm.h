@@ -1,0 +1,50 @@
+#pragma once
+// The scan form: explains what a scan does, runs it, and hands over to the relations view.
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "db/storage.h"
+#include "platform/controls.h"
+#include "platform/mail_client.h"
+#include "platform/platform.h"
+#include "scan/scanner.h"
+
+namespace pelk {
+
+class ParseForm : private ScanProgress {
+ public:
+    ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+
+    /// Set before the form is shown.
+    Database* database = nullptr;
+    MailClient* mailClient = nullptr;
+    /// Opens the relations view on the database.
+    std::function<void()> openView;
+
+    /// Shows the form with these texts, and returns when it is closed.
+    void showModal(const std::string& staticText, const std::string& dynamicText);
+
+ private:
+    void startButtonClick();
+    void cancelButtonClick();
+    void scan();
+    void setScanning(bool scanning);
+
+    void folderStarted(const std::string& name) override;
+    void itemsCounted(int count) override;
+    void itemStarted(int index) override;
+
+    Platform platform_;
+    Storage& storage_;
+    std::unique_ptr<Window> window_;
+    Label& staticLabel;
+    Label& DynamicLabel;
+    ProgressBar& parsingProgress;
+    Button& startButton;
+    Button& cancelButton;
+    bool scanning_ = false;
+};
+
+}  // namespace pelk
