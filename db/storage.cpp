@@ -75,9 +75,7 @@ std::unique_ptr<Database> Storage::parse(std::string_view xml) {
     return std::make_unique<Database>(std::move(document));
 }
 
-/// The path of the database file, in a folder that exists; nothing, after a message, when the
-/// system names no data folder.
-std::optional<std::string> Storage::locateFile() {
+std::optional<std::string> Storage::databaseFolder() {
     const std::optional<std::string> data = platform_.shell.applicationDataFolder();
     if (!data) {
         platform_.dialogs.message(
@@ -87,7 +85,13 @@ std::optional<std::string> Storage::locateFile() {
     const std::string folder = platform_.files.join(*data, kFolderName);
     if (!platform_.files.folderExists(folder))
         platform_.files.createFolder(folder);
-    return platform_.files.join(folder, kFileName);
+    return folder;
+}
+
+/// The path of the user's file; nothing, after a message, when there is no folder for it.
+std::optional<std::string> Storage::locateFile() {
+    const std::optional<std::string> folder = databaseFolder();
+    return folder ? std::optional(platform_.files.join(*folder, kFileName)) : std::nullopt;
 }
 
 /// Writes the default document to the file and reads it back from there.

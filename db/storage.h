@@ -37,6 +37,10 @@ class Storage {
     /// Returns the path under which it is kept, empty when there was none. Throws `Error`.
     std::string replaceDatabase(const Database& database);
 
+    /// The folder of the user's file, created when it is missing; nothing, after a message, when
+    /// the system names no data folder. Throws `Error`.
+    std::optional<std::string> databaseFolder();
+
     /// A database from a plain document. Throws `Error` when the text is no such document.
     std::unique_ptr<Database> parse(std::string_view xml);
 

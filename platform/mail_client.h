@@ -80,7 +80,6 @@ class MailSession {
 class CommandButton {
  public:
     virtual ~CommandButton() = default;
-    virtual void setVisible(bool visible) = 0;
     /// Takes the button out of its menu; its handler is never called again.
     virtual void remove() = 0;
 };

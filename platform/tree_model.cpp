@@ -73,24 +73,26 @@ bool TreeModel::setKey(TreeNode& node, std::string key) {
 }
 
 void TreeModel::sortChildren(TreeNode& node) {
-    const bool shown = isShown(node) && node.shownCount_ > 0;
-    if (shown) {
-        announce(node);
-        if (listener_ != nullptr)
-            listener_->beforeReorder(node);
-    }
     std::vector<std::string_view> texts;
     texts.reserve(node.children_.size());
     for (const TreeNode* child : node.children_)
         texts.emplace_back(child->text_);
+    const std::vector<std::size_t> order = language_.alphabeticalOrder(texts);
     std::vector<TreeNode*> sorted;
-    sorted.reserve(texts.size());
-    for (std::size_t position : language_.alphabeticalOrder(texts)) {
+    sorted.reserve(order.size());
+    for (const std::size_t position : order)
         sorted.push_back(node.children_[position]);
-        sorted.back()->row_ = static_cast<int>(sorted.size()) - 1;
-    }
+
+    const bool shown = isShown(node) && node.shownCount_ > 0;
+    if (shown)
+        announce(node);
+    const bool heard = shown && listener_ != nullptr;
+    if (heard)
+        listener_->beforeReorder(node);
     node.children_ = std::move(sorted);
-    if (shown && listener_ != nullptr)
+    for (std::size_t row = 0; row < node.children_.size(); ++row)
+        node.children_[row]->row_ = static_cast<int>(row);
+    if (heard)
         listener_->afterReorder(node);
 }
 

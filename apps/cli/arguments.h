@@ -1,0 +1,35 @@
+#pragma once
+// The command line.
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace pelk {
+
+/// The command line cannot be understood; `what()` says why.
+class UsageError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+struct Arguments {
+    /// Empty for the mail window.
+    std::string command;
+    std::vector<std::string> operands;
+    /// Empty for the user's usual data folder.
+    std::string dataFolder;
+    std::vector<std::string> outboxNames;
+    std::vector<std::string> deletedNames;
+    bool json = false;
+    bool help = false;
+    bool version = false;
+};
+
+/// Reads the words behind the program's name. Throws `UsageError`.
+Arguments parseArguments(const std::vector<std::string>& words);
+
+/// What `--help` prints.
+extern const char* const kHelp;
+
+}  // namespace pelk

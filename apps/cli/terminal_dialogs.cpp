@@ -1,0 +1,20 @@
+#include "apps/cli/terminal_dialogs.h"
+
+#include <iostream>
+
+namespace pelk {
+
+Answer TerminalDialogs::message(const std::string& text, Buttons buttons) {
+    std::cerr << "pelk: " << text << '\n';
+    switch (buttons) {
+        case Buttons::Ok:
+            return Answer::Ok;
+        case Buttons::OkCancel:
+            return Answer::Cancel;
+        case Buttons::YesNo:
+            break;
+    }
+    return Answer::No;
+}
+
+}  // namespace pelk

@@ -1,0 +1,34 @@
+#pragma once
+// The services of the Linux desktop, made once and handed to the core.
+
+#include <string>
+
+#include "platform/desktop/desktop_shell.h"
+#include "platform/desktop/locale_language.h"
+#include "platform/desktop/openssl_crypto.h"
+#include "platform/desktop/posix_files.h"
+#include "platform/desktop/pugi_document.h"
+#include "platform/platform.h"
+
+namespace pelk {
+
+class DesktopPlatform {
+ public:
+    /// An empty `dataFolder` stands for the user's usual one.
+    explicit DesktopPlatform(std::string dataFolder) : shell_(std::move(dataFolder)) {}
+
+    const Language& language() const { return language_; }
+    /// What the core needs, with the given dialogs. Valid as long as this object and they live.
+    Platform with(Dialogs& dialogs) {
+        return {files_, shell_, clock_, language_, crypto_, dialogs, createPugiDocument};
+    }
+
+ private:
+    PosixFiles files_;
+    DesktopShell shell_;
+    SystemClock clock_;
+    LocaleLanguage language_;
+    OpensslCrypto crypto_;
+};
+
+}  // namespace pelk

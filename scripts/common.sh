@@ -1,0 +1,40 @@
+# Shared by ./run and ./test: packages and builds.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+
+# install_missing PACKAGE...: installs those Debian packages that are not there.
+install_missing() {
+  local missing=()
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+      missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing; install them as root: ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  "${as_root[@]}" apt-get update -q >/dev/null
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -q --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev libpugixml-dev
+  libssl-dev)
+
+# build_linux TARGET...: builds these targets, printing the output only when something fails.
+build_linux() {
+  local log=build/linux/build.log
+  mkdir -p build/linux
+  echo "Building (log: $log)"
+  { cmake --preset linux && cmake --build --preset linux --target "$@"; } >"$log" 2>&1 || {
+    tail -n 60 "$log" >&2
+    exit 1
+  }
+}
