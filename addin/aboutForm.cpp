@@ -21,13 +21,13 @@ std::string productText() {
 }  // namespace
 
 aboutForm::aboutForm(Toolkit& toolkit)
-    : window_(toolkit.createWindow()),
-      productLabel(window_->addLabel(kLabelBounds, productText())),
-      okButton(window_->addButton(kOkBounds, "OK")) {
-    window_->setCaption("About Pelk");
-    window_->setInnerSize(kInnerSize);
-    window_->setMinimumInnerSize(kInnerSize);
-    okButton.onClick = [this] { window_->hide(); };
+    : window(toolkit.createWindow()),
+      productLabel(window->addLabel(kLabelBounds, productText())),
+      okButton(window->addButton(kOkBounds, "OK")) {
+    window->setCaption("About Pelk");
+    window->setInnerSize(kInnerSize);
+    window->setMinimumInnerSize(kInnerSize);
+    okButton.onClick = [this] { window->hide(); };
 }
 
 }  // namespace pelk

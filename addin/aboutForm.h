@@ -10,10 +10,9 @@ namespace pelk {
 class aboutForm {
  public:
     explicit aboutForm(Toolkit& toolkit);
-    void show() { window_->show(); }
+    void show() { window->show(); }
 
- private:
-    std::unique_ptr<Window> window_;
+    const std::unique_ptr<Window> window;
     Label& productLabel;
     Button& okButton;
 };

@@ -1,16 +1,14 @@
 #include "db/date_stamp.h"
 
+#include <array>
 #include <chrono>
 #include <cstdint>
+#include <cstdio>
 
 #include "db/numbers.h"
 
 namespace pelk {
 namespace {
-
-std::string twoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-}
 
 constexpr int kSecondsPerDay = 24 * 60 * 60;
 
@@ -26,9 +24,11 @@ std::int64_t secondsSince1970(const LocalTime& time) {
 }  // namespace
 
 std::string formatStamp(const LocalTime& time) {
-    return std::to_string(time.year) + "-" + twoDigits(time.month) + "-" + twoDigits(time.day) +
-           "T" + twoDigits(time.hour) + ":" + twoDigits(time.minute) + ":" +
-           twoDigits(time.second);
+    std::array<char, 80> text;
+    const int length =
+        std::snprintf(text.data(), text.size(), "%d-%02d-%02dT%02d:%02d:%02d", time.year,
+                      time.month, time.day, time.hour, time.minute, time.second);
+    return {text.data(), static_cast<std::size_t>(length)};
 }
 
 LocalTime parseStamp(std::string_view stamp) {

@@ -98,7 +98,8 @@ class MailClient {
  public:
     virtual ~MailClient() = default;
     virtual std::unique_ptr<MailSession> session() = 0;
-    /// Adds a temporary pop-up menu to the named command bar of the active window.
+    /// Adds a temporary pop-up menu to the named command bar of the active window, in the place of
+    /// one with that tag that an earlier connection left there.
     virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                                    std::string_view tag,
                                                    std::string_view action) = 0;

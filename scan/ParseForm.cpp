@@ -3,12 +3,12 @@
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{6300, 2450};
+constexpr Size kInnerSize{6300, 2100};
 constexpr int kMargin = 150;
 constexpr int kWidth = kInnerSize.width - 2 * kMargin;
-constexpr Rect kStaticBounds{kMargin, 100, kWidth, 800};
-constexpr Rect kDynamicBounds{kMargin, 950, kWidth, 300};
-constexpr Rect kProgressBounds{kMargin, 1350, kWidth, 260};
+constexpr Rect kStaticBounds{kMargin, 100, kWidth, 550};
+constexpr Rect kDynamicBounds{kMargin, 700, kWidth, 300};
+constexpr Rect kProgressBounds{kMargin, 1050, kWidth, 260};
 constexpr Size kButtonSize{1300, 330};
 constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
 constexpr int kCancelLeft = kInnerSize.width - kMargin - kButtonSize.width;
@@ -21,21 +21,21 @@ Rect buttonAt(int left) {
 }  // namespace
 
 ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
-    : platform_(platform),
-      storage_(storage),
-      window_(toolkit.createWindow()),
-      staticLabel(window_->addLabel(kStaticBounds,
+    : window(toolkit.createWindow()),
+      staticLabel(window->addLabel(kStaticBounds,
                                     "Only newer e-mails will be scanned. This process may take a "
                                     "while. The deleted and outbox folders will NOT be scanned.")),
-      DynamicLabel(window_->addLabel(kDynamicBounds, "Please click the start button !")),
-      parsingProgress(window_->addProgressBar(kProgressBounds)),
-      startButton(window_->addButton(buttonAt(kStartLeft), "Start")),
-      cancelButton(window_->addButton(buttonAt(kCancelLeft), "Cancel")) {
-    window_->setCaption("Check for new e-mails");
-    window_->setInnerSize(kInnerSize);
-    window_->setMinimumInnerSize(kInnerSize);
+      DynamicLabel(window->addLabel(kDynamicBounds, "Please click the start button !")),
+      parsingProgress(window->addProgressBar(kProgressBounds)),
+      startButton(window->addButton(buttonAt(kStartLeft), "Start")),
+      cancelButton(window->addButton(buttonAt(kCancelLeft), "Cancel")),
+      platform_(platform),
+      storage_(storage) {
+    window->setCaption("Check for new e-mails");
+    window->setInnerSize(kInnerSize);
+    window->setMinimumInnerSize(kInnerSize);
     // A scan runs to its end; until then the form stays.
-    window_->onCloseRequest = [this] { return !scanning_; };
+    window->onCloseRequest = [this] { return !scanning_; };
     startButton.onClick = [this] { startButtonClick(); };
     cancelButton.onClick = [this] { cancelButtonClick(); };
 }
@@ -43,7 +43,7 @@ ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storag
 void ParseForm::showModal(const std::string& staticText, const std::string& dynamicText) {
     staticLabel.setText(staticText);
     DynamicLabel.setText(dynamicText);
-    window_->showModal();
+    window->showModal();
 }
 
 void ParseForm::startButtonClick() {
@@ -52,7 +52,7 @@ void ParseForm::startButtonClick() {
 }
 
 void ParseForm::cancelButtonClick() {
-    window_->hide();
+    window->hide();
     openView();
 }
 
@@ -72,7 +72,7 @@ void ParseForm::scan() {
                     "button to save it.");
     }
     setScanning(false);
-    window_->hide();
+    window->hide();
     if (outcome.databaseFull)
         platform_.dialogs.message(kDatabaseFullMessage, Buttons::Ok);
 }

@@ -26,6 +26,13 @@ class ParseForm : private ScanProgress {
     /// Shows the form with these texts, and returns when it is closed.
     void showModal(const std::string& staticText, const std::string& dynamicText);
 
+    const std::unique_ptr<Window> window;
+    Label& staticLabel;
+    Label& DynamicLabel;
+    ProgressBar& parsingProgress;
+    Button& startButton;
+    Button& cancelButton;
+
  private:
     void startButtonClick();
     void cancelButtonClick();
@@ -38,12 +45,6 @@ class ParseForm : private ScanProgress {
 
     Platform platform_;
     Storage& storage_;
-    std::unique_ptr<Window> window_;
-    Label& staticLabel;
-    Label& DynamicLabel;
-    ProgressBar& parsingProgress;
-    Button& startButton;
-    Button& cancelButton;
     bool scanning_ = false;
 };
 

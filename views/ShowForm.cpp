@@ -10,7 +10,7 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6600, 6600};
-constexpr Size kMinimumInnerSize{5600, 2000};
+constexpr Size kMinimumInnerSize{kInnerSize.width, 2000};
 
 /// The strip below the tree holds two rows, placed from the bottom edge.
 constexpr int kStripHeight = 600;
@@ -19,10 +19,10 @@ constexpr int kLowerRow = 250;
 constexpr int kMargin = 60;
 
 constexpr Size kLabelSize{2000, 230};
-constexpr Size kButtonSize{1200, 240};
+constexpr Size kButtonSize{1200, 230};
 constexpr Rect kMailsBounds{kMargin, 0, kLabelSize.width, kLabelSize.height};
 constexpr Rect kContactsBounds{kMargin + kLabelSize.width, 0, kLabelSize.width, kLabelSize.height};
-constexpr Rect kButtonBounds{2 * (kMargin + kLabelSize.width), 0, kButtonSize.width,
+constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonSize.width, 0, kButtonSize.width,
                              kButtonSize.height};
 
 constexpr const char* kPlaceholderText = "Loading...";
@@ -41,17 +41,17 @@ bool isPlaceholder(const TreeNode& node) {
 }  // namespace
 
 ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform)
-    : platform_(platform),
-      window_(toolkit.createWindow()),
-      presTree(window_->addTreeView({})),
-      dLabel1(window_->addLabel(kMailsBounds, "")),
-      dLabel2(window_->addLabel(kContactsBounds, "")),
-      refreshButton(window_->addButton(kButtonBounds, "Refresh")),
-      gotoButton(window_->addButton(kButtonBounds, "GoTo")) {
-    window_->setCaption("Relations Tree");
-    window_->onResize = [this] { formResize(); };
-    window_->setMinimumInnerSize(kMinimumInnerSize);
-    window_->setInnerSize(kInnerSize);
+    : window(toolkit.createWindow()),
+      presTree(window->addTreeView({})),
+      dLabel1(window->addLabel(kMailsBounds, "")),
+      dLabel2(window->addLabel(kContactsBounds, "")),
+      refreshButton(window->addButton(kButtonBounds, "Refresh")),
+      gotoButton(window->addButton(kButtonBounds, "GoTo")),
+      platform_(platform) {
+    window->setCaption("Relations Tree");
+    window->onResize = [this] { formResize(); };
+    window->setMinimumInnerSize(kMinimumInnerSize);
+    window->setInnerSize(kInnerSize);
     formResize();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
     presTree.onCollapse = [this](TreeNode& node) { collapse(node); };
@@ -116,7 +116,7 @@ void ShowForm::collapse(TreeNode& node) {
 }
 
 void ShowForm::formResize() {
-    const Size inner = window_->innerSize();
+    const Size inner = window->innerSize();
     if (inner.height <= kStripHeight)
         return;
     presTree.setBounds({0, 0, inner.width, inner.height - kStripHeight});

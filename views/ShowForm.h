@@ -24,7 +24,14 @@ class ShowForm {
     /// Rebuilds the tree of contacts.
     void fillTree();
     /// Shows the form beside the other windows.
-    void show() { window_->show(); }
+    void show() { window->show(); }
+
+    const std::unique_ptr<Window> window;
+    TreeView& presTree;
+    Label& dLabel1;
+    Label& dLabel2;
+    Button& refreshButton;
+    Button& gotoButton;
 
  private:
     void formResize();
@@ -37,12 +44,6 @@ class ShowForm {
     void refreshButtonClick();
 
     Platform platform_;
-    std::unique_ptr<Window> window_;
-    TreeView& presTree;
-    Label& dLabel1;
-    Label& dLabel2;
-    Button& refreshButton;
-    Button& gotoButton;
     std::int64_t strongestWeight_ = 0;
 };
 

@@ -1,0 +1,19 @@
+#pragma once
+// Menus on the tool bars of the mail window.
+
+#include <QMainWindow>
+#include <memory>
+#include <string_view>
+
+#include "platform/dialogs.h"
+#include "platform/mail_client.h"
+
+namespace pelk {
+
+/// Adds a pop-up menu to the window's tool bar of that name, in the place of one with that tag.
+/// Faults of its buttons are shown by the dialogs. Throws `Error` when there is no such tool bar.
+std::unique_ptr<CommandPopup> addToolBarPopup(QMainWindow& window, Dialogs& dialogs,
+                                              std::string_view bar, std::string_view caption,
+                                              std::string_view tag);
+
+}  // namespace pelk

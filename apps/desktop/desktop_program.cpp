@@ -1,0 +1,52 @@
+#include "apps/desktop/desktop_program.h"
+
+#include <QApplication>
+#include <optional>
+
+#include "addin/Connect.h"
+#include "addin/product.h"
+#include "apps/desktop/main_window.h"
+#include "platform/desktop/desktop_platform.h"
+#include "platform/desktop/folder_lock.h"
+#include "platform/desktop/qt/dialogs.h"
+#include "platform/desktop/qt/toolkit.h"
+
+namespace pelk {
+namespace {
+
+/// Holds the database's folder for as long as the window is open.
+std::optional<FolderLock> lockDatabase(const Platform& platform) {
+    const std::optional<std::string> folder = Storage(platform).databaseFolder();
+    return folder ? std::make_optional<FolderLock>(*folder) : std::nullopt;
+}
+
+void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
+    DesktopPlatform desktop(arguments.dataFolder);
+    const Platform platform = desktop.with(dialogs);
+    QtToolkit toolkit(dialogs, desktop.language());
+    MainWindow window(arguments.operands, {arguments.outboxNames, arguments.deletedNames},
+                      dialogs);
+    const std::optional<FolderLock> lock = lockDatabase(platform);
+    window.show();
+    Connect connect(toolkit, platform);
+    connect.OnConnection(window);
+    QApplication::exec();
+    connect.OnDisconnection();
+}
+
+}  // namespace
+
+void runDesktopProgram(const Arguments& arguments, int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QString::fromUtf8(kProductName));
+    QApplication::setApplicationVersion(QString::fromUtf8(kProductVersion));
+    QtDialogs dialogs;
+    try {
+        openMailWindow(arguments, dialogs);
+    } catch (const Error& error) {
+        dialogs.message(error.what(), Buttons::Ok);
+        throw;
+    }
+}
+
+}  // namespace pelk

@@ -1,0 +1,45 @@
+#pragma once
+// The mail window of the desktop: a mail client small enough to show mail and hold the menu.
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QTableView>
+#include <QTreeView>
+#include <string>
+#include <vector>
+
+#include "apps/desktop/folder_list.h"
+#include "apps/desktop/message_list.h"
+#include "platform/dialogs.h"
+#include "platform/mail_client.h"
+
+namespace pelk {
+
+class MainWindow : public QMainWindow, public MailClient {
+ public:
+    /// Shows the mail under these paths. Throws `Error` when one holds no mail.
+    MainWindow(std::vector<std::string> paths, MailStoreOptions options, Dialogs& dialogs);
+
+    std::unique_ptr<MailSession> session() override;
+    std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
+                                           std::string_view tag, std::string_view action) override;
+
+ protected:
+    /// The program ends with its mail window, whatever other windows are open.
+    void closeEvent(QCloseEvent* event) override;
+
+ private:
+    void buildViews();
+    void showFolder(const QModelIndex& index);
+
+    const std::vector<std::string> paths_;
+    const MailStoreOptions options_;
+    Dialogs& dialogs_;
+    FolderList folders_;
+    MessageList messages_;
+    QTreeView* folderView_;
+    QTableView* messageView_;
+    QLabel* status_;
+};
+
+}  // namespace pelk
