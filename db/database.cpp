@@ -47,6 +47,10 @@ std::uint32_t pairKey(int part1, int part2) {
     return static_cast<std::uint32_t>(part1) << 16U | static_cast<std::uint32_t>(part2);
 }
 
+bool mayBeIndexed(int id) {
+    return id >= 0 && id <= kMaxContactId;
+}
+
 std::string weightText(double weight) {
     return std::to_string(roundToInteger(weight));
 }
@@ -132,9 +136,8 @@ std::vector<Relation> Database::relations() const {
 
 std::vector<Relation> Database::relationsOf(int id) const {
     std::vector<Relation> relations;
-    if (const auto found = relationsByContact_.find(id); found != relationsByContact_.end())
-        for (const std::uint32_t position : found->second)
-            relations.push_back(relations_[position].relation);
+    for (const std::uint32_t position : positionsOf(id))
+        relations.push_back(relations_[position].relation);
     return relations;
 }
 
@@ -166,8 +169,7 @@ std::int64_t Database::strongestWeight() const {
 }
 
 XmlElement Database::contactElement(int id) const {
-    const auto found = contactById_.find(id);
-    return found == contactById_.end() ? XmlElement() : found->second;
+    return mayBeIndexed(id) ? contactById_[static_cast<std::size_t>(id)] : XmlElement();
 }
 
 XmlElement Database::contactElementByAddress(const std::string& address) const {
@@ -184,17 +186,22 @@ XmlElement Database::relationElement(int smallerId, int largerId) const {
 
 std::vector<XmlElement> Database::relationElementsOf(int id) const {
     std::vector<XmlElement> elements;
-    if (const auto found = relationsByContact_.find(id); found != relationsByContact_.end())
-        for (const std::uint32_t position : found->second)
-            elements.push_back(relations_[position].element);
+    for (const std::uint32_t position : positionsOf(id))
+        elements.push_back(relations_[position].element);
     return elements;
+}
+
+const Database::Positions& Database::positionsOf(int id) const {
+    static const Positions none;
+    return mayBeIndexed(id) ? relationsByContact_[static_cast<std::size_t>(id)] : none;
 }
 
 /// Where an id or an address stands twice, the first in document order keeps the index entry.
 void Database::indexContact(const XmlElement& element) {
     ++contactCount_;
     if (const std::optional<int> id = plainContactId(element.text("id")))
-        contactById_.emplace(*id, element);
+        if (XmlElement& first = contactById_[static_cast<std::size_t>(*id)]; !first)
+            first = element;
     forEachAddress(element, [this, &element](std::string address) {
         contactByAddress_.emplace(std::move(address), element);
     });
@@ -212,9 +219,9 @@ void Database::indexRelation(XmlElement element) {
     const std::optional<int> id1 = plainContactId(part1);
     const std::optional<int> id2 = plainContactId(part2);
     if (id1)
-        relationsByContact_[*id1].push_back(position);
+        relationsByContact_[static_cast<std::size_t>(*id1)].push_back(position);
     if (id2 && id2 != id1)
-        relationsByContact_[*id2].push_back(position);
+        relationsByContact_[static_cast<std::size_t>(*id2)].push_back(position);
     if (id1 && id2)
         relationByPair_.emplace(pairKey(*id1, *id2), position);
 }

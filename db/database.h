@@ -106,11 +106,13 @@ class Database {
     std::vector<XmlElement> relationElementsOf(int id) const;
 
  private:
+    using Positions = std::vector<std::uint32_t>;
     struct RelationEntry {
         XmlElement element;
         Relation relation;
     };
 
+    const Positions& positionsOf(int id) const;
     void indexContact(const XmlElement& element);
     void indexRelation(XmlElement element);
 
@@ -120,12 +122,14 @@ class Database {
     XmlElement relationsContainer_;
 
     std::size_t contactCount_ = 0;
-    std::unordered_map<int, XmlElement> contactById_;
+    /// By id; an empty reference where there is no contact.
+    std::vector<XmlElement> contactById_ = std::vector<XmlElement>(kMaxContactId + 1);
     std::unordered_map<std::string, XmlElement> contactByAddress_;
     /// In document order; the indexes below hold positions in it.
     std::vector<RelationEntry> relations_;
     std::unordered_map<std::uint32_t, std::uint32_t> relationByPair_;
-    std::unordered_map<int, std::vector<std::uint32_t>> relationsByContact_;
+    std::vector<Positions> relationsByContact_ =
+        std::vector<Positions>(kMaxContactId + 1);
 
     std::uint64_t revision_ = 0;
 };

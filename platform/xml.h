@@ -130,8 +130,8 @@ class XmlDocument {
 
     /// The whole document as UTF-8, in the one form that every platform writes: the declaration
     /// `<?xml version="1.0" encoding="UTF-16"?>`, no white space between elements, attributes in
-    /// order within double quotes, `<name/>` for an element without children, and the characters
-    /// & < > " escaped by name.
+    /// order within double quotes, `<name/>` for an element without children, and in attributes
+    /// the characters & < " escaped by name.
     virtual std::string xml() const = 0;
 
     /// The root element; an empty reference when the document is empty.

@@ -1,7 +1,6 @@
 #include "apps/cli/commands.h"
 
 #include <QStringConverter>
-#include <algorithm>
 #include <iostream>
 #include <iterator>
 #include <memory>
@@ -101,17 +100,8 @@ void CommandRun::relations() {
     printRelations(std::cout, database(), findContact(arguments_.operands[0]), arguments_.json);
 }
 
-/// An element a line, so that line-based tools can work on it.
 void CommandRun::dump() {
-    const std::string xml = database().xml();
-    std::cout << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
-    for (std::size_t at = xml.find("?>") + 2; at < xml.size();) {
-        // Text never holds a bare bracket, so this is where one tag ends and the next begins.
-        const std::size_t end = std::min(xml.find("><", at), xml.size() - 1) + 1;
-        std::cout << '\n' << std::string_view(xml).substr(at, end - at);
-        at = end;
-    }
-    std::cout << '\n';
+    printDocument(std::cout, database().xml());
 }
 
 void CommandRun::load() {

@@ -61,6 +61,20 @@ void printStrength(std::ostream& out, Strength strength, std::int64_t weight) {
     out << std::left << std::setw(7) << nameOf(strength) << std::right << std::setw(6) << weight;
 }
 
+/// Where the tag or text that `xml` begins with ends. A ">" inside quotes is part of a value.
+std::size_t endOfTag(std::string_view xml) {
+    if (xml.front() != '<')
+        return std::min(xml.find('<'), xml.size());
+    bool quoted = false;
+    for (std::size_t at = 0; at < xml.size(); ++at) {
+        if (xml[at] == '"')
+            quoted = !quoted;
+        else if (xml[at] == '>' && !quoted)
+            return at + 1;
+    }
+    return xml.size();
+}
+
 }  // namespace
 
 void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database& database,
@@ -126,6 +140,16 @@ void printStrongest(std::ostream& out, const Database& database, std::size_t cou
         printStrength(out, strengthOf(weight, strongest, database.thresholds()), weight);
         out << "  " << nameOfContact(database, relation.part1) << " - "
             << nameOfContact(database, relation.part2) << '\n';
+    }
+}
+
+void printDocument(std::ostream& out, std::string_view xml) {
+    out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+    xml.remove_prefix(endOfTag(xml));
+    while (!xml.empty()) {
+        const std::size_t end = endOfTag(xml);
+        out << xml.substr(0, end) << '\n';
+        xml.remove_prefix(end);
     }
 }
 

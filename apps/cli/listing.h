@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <iosfwd>
+#include <string_view>
 
 #include "db/database.h"
 #include "platform/language.h"
@@ -22,5 +23,8 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
 
 /// The `count` strongest relations of all, a line each, for people.
 void printStrongest(std::ostream& out, const Database& database, std::size_t count);
+
+/// A document as UTF-8, each tag on a line of its own, so that line-based tools can work on it.
+void printDocument(std::ostream& out, std::string_view xml);
 
 }  // namespace pelk

@@ -15,6 +15,12 @@ FolderList::FolderList(MailSession& session) {
     add(*model_.invisibleRootItem(), *session.folders());
 }
 
+QModelIndex FolderList::startIndex() const {
+    const QList<QStandardItem*> inboxes = model_.findItems(
+        QStringLiteral("inbox"), Qt::MatchFixedString | Qt::MatchRecursive);
+    return inboxes.isEmpty() ? model_.index(0, 0) : inboxes.first()->index();
+}
+
 StoredFolder& FolderList::folderOf(const QModelIndex& index) const {
     return *folders_[static_cast<std::size_t>(index.data(kFolderRole).toULongLong())];
 }

@@ -16,6 +16,9 @@ class FolderList {
     explicit FolderList(MailSession& session);
 
     QStandardItemModel& model() { return model_; }
+    /// The row to start with: that of the inbox if one is called so, else the first. Invalid when
+    /// there is no folder.
+    QModelIndex startIndex() const;
     /// The folder of a row of the model.
     StoredFolder& folderOf(const QModelIndex& index) const;
 

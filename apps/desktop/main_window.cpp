@@ -44,8 +44,8 @@ MainWindow::MainWindow(std::vector<std::string> paths, MailStoreOptions options,
             [this](const QModelIndex& index) {
                 guarded(dialogs_, [this, &index] { showFolder(index); });
             });
-    status_->setText(QStringLiteral("Open the Pelk menu to see who is connected to whom."));
     statusBar()->addWidget(status_);
+    folderView_->setCurrentIndex(folders_.startIndex());
 }
 
 std::unique_ptr<MailSession> MainWindow::session() {

@@ -1,0 +1,71 @@
+#include <algorithm>
+#include <iterator>
+
+#include "platform/desktop/mail/directory.h"
+#include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/mail/stored_messages.h"
+
+namespace pelk {
+namespace {
+
+struct MessageFile {
+    std::string name;
+    /// Where it lies below the folder's directory: "", "cur/" or "new/".
+    const char* place = "";
+};
+
+class FileMessages : public StoredMessages {
+ public:
+    /// `directory` ends with a slash.
+    FileMessages(std::string directory, std::vector<MessageFile> files)
+        : directory_(std::move(directory)), files_(std::move(files)) {}
+
+    std::size_t count() const override { return files_.size(); }
+
+    ListedMessage message(std::size_t index) const override {
+        const MessageFile& entry = files_[index];
+        const auto file = MailFile::open(directory_ + entry.place + entry.name);
+        const MessagePlace place{file, 0, file->size(), false};
+        std::int64_t received = file->modified();
+        if (*entry.place != '\0')
+            received = maildirNameTime(entry.name).value_or(received);
+        ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
+        listed.kind = itemKind(place, listed.message->header());
+        return listed;
+    }
+
+ private:
+    std::string directory_;
+    std::vector<MessageFile> files_;
+};
+
+}  // namespace
+
+std::unique_ptr<StoredMessages> openSingleMessage(const std::string& path) {
+    const std::size_t begin = path.rfind('/') + 1;
+    return std::make_unique<FileMessages>(path.substr(0, begin),
+                                          std::vector<MessageFile>{{path.substr(begin), ""}});
+}
+
+std::unique_ptr<StoredMessages> openDirectory(const std::string& path) {
+    const std::string prefix = path + "/";
+    std::vector<MessageFile> own;
+    std::vector<MessageFile> maildir;
+    for (DirectoryEntry& entry : readDirectory(path)) {
+        if (isMessageFile(entry)) {
+            own.push_back({std::move(entry.name), ""});
+        } else if (isMaildirPart(entry)) {
+            const char* const place = entry.name == "cur" ? "cur/" : "new/";
+            for (DirectoryEntry& message : readDirectory(prefix + entry.name))
+                if (!message.isDirectory && !message.name.starts_with('.'))
+                    maildir.push_back({std::move(message.name), place});
+        }
+    }
+    std::stable_sort(maildir.begin(), maildir.end(),
+                     [](const auto& a, const auto& b) { return a.name < b.name; });
+    own.insert(own.end(), std::make_move_iterator(maildir.begin()),
+               std::make_move_iterator(maildir.end()));
+    return std::make_unique<FileMessages>(prefix, std::move(own));
+}
+
+}  // namespace pelk

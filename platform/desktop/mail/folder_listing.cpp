@@ -1,0 +1,163 @@
+#include <algorithm>
+#include <map>
+
+#include "platform/desktop/mail/folder_name.h"
+#include "platform/desktop/mail/folder_place.h"
+#include "platform/desktop/mail/mail_file.h"
+#include "platform/desktop/mail/mail_text.h"
+#include "platform/error.h"
+
+namespace pelk {
+namespace {
+
+constexpr std::string_view kCompanion = ".sbd";
+constexpr std::string_view kSummary = ".msf";
+
+bool isCompanion(const DirectoryEntry& entry) {
+    return entry.isDirectory && entry.name.size() > kCompanion.size() &&
+           entry.name.ends_with(kCompanion);
+}
+
+/// Whether a directory belongs to the machinery of a mail store.
+bool isInternal(const std::string& name) {
+    return name == "cur" || name == "new" || name == "tmp" || name.starts_with("courierimap");
+}
+
+class Listing {
+ public:
+    explicit Listing(const FolderPlace& parent) : parent_(parent), nested_(parent.nested) {}
+
+    void addContentOf(const std::string& path) {
+        const std::vector<DirectoryEntry> entries = readDirectory(path);
+        const std::size_t begin = found_.size();
+        for (const DirectoryEntry& entry : entries)
+            if (!isCompanion(entry))
+                add(entry, path + "/" + entry.name, entries);
+        const std::size_t end = found_.size();
+        for (const DirectoryEntry& entry : entries)
+            if (isCompanion(entry) && !entry.name.starts_with('.') && isNew(entry.id))
+                addCompanion(entry, path + "/" + entry.name, begin, end);
+    }
+
+    std::vector<FolderPlace> result() {
+        addNested();
+        std::stable_sort(found_.begin(), found_.end(),
+                         [](const auto& a, const auto& b) { return a.fileName < b.fileName; });
+        std::vector<FolderPlace> places;
+        for (Found& found : found_)
+            places.push_back(std::move(found.place));
+        return places;
+    }
+
+ private:
+    struct Found {
+        std::string fileName;
+        FolderPlace place;
+    };
+
+    bool isNew(const DirectoryId& id) const {
+        return std::find(parent_.trail.begin(), parent_.trail.end(), id) == parent_.trail.end();
+    }
+
+    FolderPlace place(std::string name, FolderPlace::Kind kind, const std::string& path) const {
+        return {std::move(name), kind, path, {}, {}, parent_.trail};
+    }
+
+    FolderPlace directoryPlace(std::string name, const std::string& path,
+                               const DirectoryId& id) const {
+        FolderPlace result = place(std::move(name), FolderPlace::Kind::Directory, path);
+        result.trail.push_back(id);
+        return result;
+    }
+
+    void add(const DirectoryEntry& entry, const std::string& path,
+             const std::vector<DirectoryEntry>& siblings) {
+        if (!entry.isDirectory) {
+            if (!entry.name.starts_with('.') && !entry.name.ends_with(kSummary) &&
+                !isMessageFile(entry) && isMboxAmong(siblings, entry.name, path)) {
+                found_.push_back(
+                    {entry.name, place(decodeText(entry.name), FolderPlace::Kind::Mbox, path)});
+            }
+        } else if (!isNew(entry.id) || isInternal(entry.name)) {
+            return;
+        } else if (!entry.name.starts_with('.')) {
+            found_.push_back({entry.name, directoryPlace(decodeText(entry.name), path, entry.id)});
+        } else if (isMaildir(path)) {
+            nested_.push_back({splitMaildirName(entry.name), path, entry.id});
+        }
+    }
+
+    static bool isMboxAmong(const std::vector<DirectoryEntry>& siblings, const std::string& name,
+                            const std::string& path) {
+        const auto has = [&](std::string_view ending) {
+            const auto found =
+                std::lower_bound(siblings.begin(), siblings.end(), name + std::string(ending),
+                                 [](const auto& a, const auto& b) { return a.name < b; });
+            return found != siblings.end() && found->name == name + std::string(ending);
+        };
+        try {
+            const FileStart start = startOf(path);
+            return start == FileStart::Mbox ||
+                   (start == FileStart::Nothing && (has(kCompanion) || has(kSummary)));
+        } catch (const Error&) {
+            // Told to the user when it is opened.
+            return true;
+        }
+    }
+
+    /// Gives a companion directory to the folder it stands beside, one of those from `begin` to
+    /// `end`. Without that it is a folder itself.
+    void addCompanion(const DirectoryEntry& entry, const std::string& path, std::size_t begin,
+                      std::size_t end) {
+        const std::string name = entry.name.substr(0, entry.name.size() - kCompanion.size());
+        const auto first = found_.begin() + static_cast<std::ptrdiff_t>(begin);
+        const auto last = found_.begin() + static_cast<std::ptrdiff_t>(end);
+        const auto owner = std::lower_bound(
+            first, last, name, [](const auto& a, const auto& b) { return a.fileName < b; });
+        if (owner != last && owner->fileName == name) {
+            owner->place.companion = path;
+            owner->place.trail.push_back(entry.id);
+        } else {
+            found_.push_back({entry.name, directoryPlace(decodeText(name), path, entry.id)});
+        }
+    }
+
+    void addNested() {
+        std::map<std::string, FolderPlace> groups;
+        for (NestedMaildir& maildir : nested_) {
+            const std::string first = maildir.names.front();
+            const std::string shown = decodeText(decodeModifiedUtf7(first));
+            FolderPlace& group =
+                groups.try_emplace(first, place(shown, FolderPlace::Kind::Empty, {})).first->second;
+            maildir.names.erase(maildir.names.begin());
+            if (!maildir.names.empty()) {
+                group.nested.push_back(std::move(maildir));
+            } else if (group.kind == FolderPlace::Kind::Empty) {
+                group.kind = FolderPlace::Kind::Directory;
+                group.path = maildir.path;
+                group.trail.push_back(maildir.id);
+            } else {
+                found_.push_back({"." + first, directoryPlace(shown, maildir.path, maildir.id)});
+            }
+        }
+        for (auto& [name, group] : groups)
+            found_.push_back({"." + name, std::move(group)});
+    }
+
+    const FolderPlace& parent_;
+    std::vector<NestedMaildir> nested_;
+    std::vector<Found> found_;
+};
+
+}  // namespace
+
+std::vector<FolderPlace> listSubfolders(const FolderPlace& place) {
+    Listing listing(place);
+    if (place.kind == FolderPlace::Kind::Directory)
+        listing.addContentOf(place.path);
+    if (!place.companion.empty())
+        listing.addContentOf(place.companion);
+    return listing.result();
+}
+
+}  // namespace pelk

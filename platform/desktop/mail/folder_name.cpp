@@ -1,0 +1,58 @@
+#include "platform/desktop/mail/folder_name.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/desktop/mail/gmime_ready.h"
+
+namespace pelk {
+namespace {
+
+/// UTF-8 of a run of base 64, or nothing when it is none.
+std::optional<std::string> decodeRun(std::string run) {
+    std::replace(run.begin(), run.end(), ',', '/');
+    run.append((4 - run.size() % 4) % 4, '=');
+    gsize length = 0;
+    const GText bytes(reinterpret_cast<char*>(g_base64_decode(run.c_str(), &length)));
+    const GText text(g_convert(bytes.get(), static_cast<gssize>(length), "UTF-8", "UTF-16BE",
+                               nullptr, nullptr, nullptr));
+    return text && length > 0 ? std::optional<std::string>(text.get()) : std::nullopt;
+}
+
+}  // namespace
+
+std::vector<std::string> splitMaildirName(std::string_view fileName) {
+    const std::string_view whole = fileName.substr(1);
+    std::vector<std::string> names;
+    std::size_t begin = 0;
+    while (begin <= whole.size()) {
+        const std::size_t end = std::min(whole.find('.', begin), whole.size());
+        names.emplace_back(whole.substr(begin, end - begin));
+        if (names.back().empty())
+            return {std::string(whole)};
+        begin = end + 1;
+    }
+    return names;
+}
+
+std::string decodeModifiedUtf7(std::string_view name) {
+    std::string result;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] != '&') {
+            result += name[i];
+            continue;
+        }
+        const std::size_t end = name.find('-', i);
+        if (end == std::string_view::npos)
+            return std::string(name);
+        const auto run = end == i + 1 ? std::optional<std::string>("&")
+                                      : decodeRun(std::string(name.substr(i + 1, end - i - 1)));
+        if (!run)
+            return std::string(name);
+        result += *run;
+        i = end;
+    }
+    return result;
+}
+
+}  // namespace pelk

@@ -1,0 +1,20 @@
+#include "platform/desktop/mail/item_kind.h"
+
+#include "platform/desktop/mail/content_type.h"
+#include "platform/desktop/mail/mail_text.h"
+#include "platform/desktop/mail/meeting_search.h"
+
+namespace pelk {
+
+ItemKind itemKind(const MessagePlace& place, const MessageHeader& header) {
+    const ContentType type(header);
+    if (type.is("multipart", "report")) {
+        const std::string report = type.parameter("report-type");
+        if (equalsIgnoringCase(report, "delivery-status") ||
+            equalsIgnoringCase(report, "disposition-notification"))
+            return ItemKind::Report;
+    }
+    return isMeeting(place, header) ? ItemKind::Meeting : ItemKind::Mail;
+}
+
+}  // namespace pelk

@@ -1,0 +1,52 @@
+#include "platform/desktop/mail/message_time.h"
+
+#include <charconv>
+#include <ctime>
+
+#include "platform/desktop/mail/gmime_ready.h"
+
+namespace pelk {
+namespace {
+
+constexpr std::int64_t kEndOfTime = 253402300800 + 86400;  // the year 10000, in any time zone
+constexpr std::size_t kMaxDate = 200;
+
+struct DateTimeUnref {
+    void operator()(GDateTime* time) const { g_date_time_unref(time); }
+};
+
+}  // namespace
+
+std::int64_t dateFieldTime(const std::string& value) {
+    readyGMime();
+    const std::string date = value.substr(0, kMaxDate);
+    const std::unique_ptr<GDateTime, DateTimeUnref> time(
+        g_mime_utils_header_decode_date(date.c_str()));
+    return time ? g_date_time_to_unix(time.get()) : kNoTime;
+}
+
+std::optional<std::int64_t> maildirNameTime(std::string_view fileName) {
+    const std::string_view digits = fileName.substr(0, fileName.find('.'));
+    if (digits.empty() || digits.size() == fileName.size() ||
+        digits.find_first_not_of("0123456789") != std::string_view::npos)
+        return std::nullopt;
+    std::int64_t time = 0;
+    const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), time);
+    return result.ec == std::errc() ? time : kNoTime;
+}
+
+std::optional<LocalTime> localTime(std::int64_t time) {
+    if (time < 0 || time > kEndOfTime)
+        return std::nullopt;
+    const std::time_t seconds = time;
+    std::tm local{};
+    if (::localtime_r(&seconds, &local) == nullptr)
+        return std::nullopt;
+    const LocalTime result{local.tm_year + 1900, local.tm_mon + 1, local.tm_mday,
+                           local.tm_hour,        local.tm_min,     local.tm_sec};
+    if (result.year < 1970 || result.year > 9999)
+        return std::nullopt;
+    return result;
+}
+
+}  // namespace pelk

@@ -1,0 +1,104 @@
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <set>
+
+#include "platform/desktop/mail/folder_place.h"
+#include "platform/desktop/mail/mail_file.h"
+#include "platform/desktop/mail/mail_text.h"
+#include "platform/error.h"
+
+namespace pelk {
+namespace {
+
+[[noreturn]] void failUnknown(const std::string& path) {
+    throw Error(path +
+                " holds no mail that can be read: neither an mbox, nor a Maildir, nor .eml "
+                "files");
+}
+
+/// The last part of `path`, also for "." and the like.
+std::string nameOf(const std::string& path) {
+    std::error_code error;
+    std::filesystem::path whole = std::filesystem::absolute(path, error);
+    whole = (whole / "").lexically_normal();
+    // It ends with a slash now, and the name stands before that.
+    const std::string name = whole.parent_path().filename().string();
+    return name.empty() ? path : name;
+}
+
+std::string withoutFinalSlashes(std::string path) {
+    while (path.size() > 1 && path.ends_with('/'))
+        path.pop_back();
+    return path;
+}
+
+bool isMailDirectory(const FolderPlace& place) {
+    for (const DirectoryEntry& entry : readDirectory(place.path))
+        if (isMessageFile(entry) || isMaildirPart(entry))
+            return true;
+    return false;
+}
+
+/// Whether there is mail in the directory `top` or anywhere below.
+bool holdsMail(const FolderPlace& top) {
+    std::vector<FolderPlace> open = {top};
+    std::set<DirectoryId> seen;
+    while (!open.empty()) {
+        const FolderPlace place = std::move(open.back());
+        open.pop_back();
+        try {
+            if (place.kind != FolderPlace::Kind::Directory || isMailDirectory(place))
+                return true;
+            for (FolderPlace& inner : listSubfolders(place))
+                if (inner.kind != FolderPlace::Kind::Directory ||
+                    seen.insert(inner.trail.back()).second)
+                    open.push_back(std::move(inner));
+        } catch (const Error&) {
+            // What cannot be read holds no mail as far as can be told.
+        }
+    }
+    return false;
+}
+
+FolderPlace directoryStore(FolderPlace place, const struct stat& status) {
+    place.kind = FolderPlace::Kind::Directory;
+    place.trail.push_back({status.st_dev, status.st_ino});
+    // Fails if the directory cannot be read.
+    readDirectory(place.path);
+    if (!holdsMail(place))
+        failUnknown(place.path);
+    return place;
+}
+
+FolderPlace fileStore(FolderPlace place) {
+    if (startOf(place.path) != FileStart::Other) {
+        place.kind = FolderPlace::Kind::Mbox;
+        struct stat status {};
+        const std::string companion = place.path + ".sbd";
+        if (::stat(companion.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
+            place.companion = companion;
+            place.trail.push_back({status.st_dev, status.st_ino});
+        }
+        return place;
+    }
+    if (!hasEnding(place.path, ".eml"))
+        failUnknown(place.path);
+    place.kind = FolderPlace::Kind::SingleMessage;
+    return place;
+}
+
+}  // namespace
+
+FolderPlace findStore(const std::string& path) {
+    FolderPlace place;
+    place.path = withoutFinalSlashes(path);
+    place.name = decodeText(nameOf(place.path));
+    struct stat status {};
+    if (::stat(place.path.c_str(), &status) != 0)
+        failReading(place.path);
+    return S_ISDIR(status.st_mode) ? directoryStore(std::move(place), status)
+                                   : fileStore(std::move(place));
+}
+
+}  // namespace pelk

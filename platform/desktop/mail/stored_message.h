@@ -1,0 +1,44 @@
+#pragma once
+// One message of a folder.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop/mail/mail_file.h"
+#include "platform/desktop/mail/message_header.h"
+#include "platform/mail_client.h"
+
+namespace pelk {
+
+/// Reads from its file only what it is asked for. Every function may fail with an `Error`.
+class StoredMessage : public MailItem {
+ public:
+    /// `received` is the time when the message came into its store, as it is noted outside of its
+    /// header, or `kNoTime`.
+    StoredMessage(MessagePlace place, std::int64_t received);
+
+    LocalTime creationTime() override;
+    std::optional<MailPerson> replyRecipient() override;
+    int recipientCount() override;
+    MailPerson recipient(int index) override;
+
+    const MessagePlace& place() const { return place_; }
+    const MessageHeader& header();
+    /// The one whom the message says it is from, as text, or empty text.
+    std::string author();
+    std::string subject();
+
+ private:
+    std::vector<MailPerson> people(std::string_view field);
+    const std::vector<MailPerson>& recipients();
+
+    MessagePlace place_;
+    std::int64_t received_;
+    std::unique_ptr<const MessageHeader> header_;
+    std::optional<std::vector<MailPerson>> recipients_;
+};
+
+}  // namespace pelk

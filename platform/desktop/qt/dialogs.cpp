@@ -1,0 +1,112 @@
+#include "platform/desktop/qt/dialogs.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+
+#include "platform/desktop/qt/images.h"
+
+namespace pelk {
+
+namespace {
+
+constexpr const char* kProgramName = "Pelk";
+
+QWidget* owner() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+/// Shows the normal pointer while a box waits for the user.
+class PointerForBox {
+ public:
+    PointerForBox(QtDialogs& dialogs, bool busy) : dialogs_(dialogs), busy_(busy) {
+        dialogs_.setBusyPointer(false);
+    }
+    ~PointerForBox() { dialogs_.setBusyPointer(busy_); }
+    PointerForBox(const PointerForBox&) = delete;
+    PointerForBox& operator=(const PointerForBox&) = delete;
+
+ private:
+    QtDialogs& dialogs_;
+    bool busy_;
+};
+
+QMessageBox::StandardButtons standardButtons(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case Buttons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::StandardButton closingButton(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return QMessageBox::Cancel;
+        case Buttons::YesNo:
+            return QMessageBox::No;
+        case Buttons::Ok:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        default:
+            return Answer::Ok;
+    }
+}
+
+}  // namespace
+
+Answer QtDialogs::message(const std::string& text, Buttons buttons) {
+    const PointerForBox pointer(*this, busy_);
+    QMessageBox box(QMessageBox::NoIcon, kProgramName, QString::fromStdString(text),
+                    standardButtons(buttons), owner());
+    box.setTextFormat(Qt::PlainText);
+    box.setEscapeButton(closingButton(buttons));
+    box.setWindowIcon(programIcon());
+    return answerOf(box.exec());
+}
+
+std::string QtDialogs::input(const std::string& title, const std::string& prompt,
+                             const std::string& initial) {
+    const PointerForBox pointer(*this, busy_);
+    QInputDialog box(owner());
+    box.setWindowTitle(title.empty() ? kProgramName : QString::fromStdString(title));
+    box.setLabelText(QString::fromStdString(prompt));
+    box.setTextValue(QString::fromStdString(initial));
+    box.setWindowIcon(programIcon());
+    for (QLabel* label : box.findChildren<QLabel*>())
+        label->setTextFormat(Qt::PlainText);
+    return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+}
+
+void QtDialogs::setBusyPointer(bool busy) {
+    if (busy == busy_)
+        return;
+    busy_ = busy;
+    if (busy)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void QtDialogs::processPendingEvents() {
+    QCoreApplication::processEvents();
+}
+
+}  // namespace pelk

@@ -1,0 +1,55 @@
+#include "platform/desktop/qt/simple_controls.h"
+
+#include <algorithm>
+
+#include "platform/desktop/qt/guard.h"
+
+namespace pelk {
+
+TextWidget::TextWidget(QWidget* parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+}
+
+void TextWidget::align() {
+    const bool oneLine = heightForWidth(width()) < 2 * fontMetrics().height();
+    setAlignment(Qt::AlignLeft | (oneLine ? Qt::AlignVCenter : Qt::AlignTop));
+}
+
+void TextWidget::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    align();
+}
+
+void QtLabel::setText(const std::string& text) {
+    widget_.setText(QString::fromStdString(text));
+    widget_.align();
+}
+
+QtButton::QtButton(QWidget& parent, const TwipScale& scale, const std::string& text,
+                   Dialogs& dialogs)
+    : QtControl(parent, scale) {
+    widget_.setText(QString::fromStdString(text).replace('&', "&&"));
+    widget_.setAutoDefault(true);  // so that Enter presses the button that has the focus
+    QObject::connect(&widget_, &QPushButton::clicked, [this, &dialogs] {
+        if (const auto handler = onClick)
+            guarded(dialogs, handler);
+    });
+}
+
+QtProgressBar::QtProgressBar(QWidget& parent, const TwipScale& scale) : QtControl(parent, scale) {
+    widget_.setTextVisible(false);
+    setRange(0, 100);
+}
+
+void QtProgressBar::setRange(int minimum, int maximum) {
+    const int value = widget_.value();
+    widget_.setRange(minimum, maximum);
+    setValue(value);
+}
+
+void QtProgressBar::setValue(int value) {
+    widget_.setValue(std::clamp(value, widget_.minimum(), widget_.maximum()));
+}
+
+}  // namespace pelk

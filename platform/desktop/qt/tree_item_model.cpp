@@ -1,0 +1,84 @@
+#include "platform/desktop/qt/tree_item_model.h"
+
+#include <QWidget>
+
+#include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/text_color.h"
+
+namespace pelk {
+
+QModelIndex TreeItemModel::indexOf(const TreeNode& node) const {
+    for (const TreeNode* at = &node; at->parent() != nullptr; at = at->parent())
+        if (at->row() >= at->parent()->shownCount())
+            return {};
+    return indexAt(node);
+}
+
+/// Requires: the native tree knows of the node.
+QModelIndex TreeItemModel::indexAt(const TreeNode& node) const {
+    return node.parent() == nullptr ? QModelIndex() : createIndex(node.row(), 0, &node);
+}
+
+TreeNode& TreeItemModel::nodeAt(const QModelIndex& index) const {
+    return index.isValid() ? *static_cast<TreeNode*>(index.internalPointer()) : tree_.root();
+}
+
+QModelIndex TreeItemModel::index(int row, int column, const QModelIndex& parent) const {
+    const TreeNode& node = nodeAt(parent);
+    if (row < 0 || row >= node.shownCount() || column != 0)
+        return {};
+    return createIndex(row, 0, node.children()[static_cast<std::size_t>(row)]);
+}
+
+QModelIndex TreeItemModel::parent(const QModelIndex& child) const {
+    return child.isValid() ? indexAt(*nodeAt(child).parent()) : QModelIndex();
+}
+
+int TreeItemModel::rowCount(const QModelIndex& parent) const {
+    return nodeAt(parent).shownCount();
+}
+
+QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
+    const TreeNode& node = nodeAt(index);
+    switch (role) {
+        case Qt::DisplayRole:
+            return QString::fromStdString(node.text());
+        case Qt::DecorationRole:
+            return treeIcon(node.image());
+        case Qt::ForegroundRole:
+            if (node.color())
+                return readableColor(*node.color(), view_.palette().base().color());
+            return {};
+        default:
+            return {};
+    }
+}
+
+void TreeItemModel::beforeInsert(TreeNode& parent, int firstRow, int lastRow) {
+    beginInsertRows(indexAt(parent), firstRow, lastRow);
+}
+
+void TreeItemModel::beforeRemove(TreeNode& parent, int firstRow, int lastRow) {
+    beginRemoveRows(indexAt(parent), firstRow, lastRow);
+}
+
+void TreeItemModel::beforeReorder(TreeNode& parent) {
+    emit layoutAboutToBeChanged({indexAt(parent)}, VerticalSortHint);
+}
+
+void TreeItemModel::afterReorder(TreeNode& parent) {
+    const QModelIndexList before = persistentIndexList();
+    QModelIndexList after;
+    after.reserve(before.size());
+    for (const QModelIndex& index : before)
+        after.append(indexAt(nodeAt(index)));
+    changePersistentIndexList(before, after);
+    emit layoutChanged({indexAt(parent)}, VerticalSortHint);
+}
+
+void TreeItemModel::changed(TreeNode& node) {
+    const QModelIndex index = indexAt(node);
+    emit dataChanged(index, index);
+}
+
+}  // namespace pelk

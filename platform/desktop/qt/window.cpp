@@ -1,0 +1,179 @@
+#include "platform/desktop/qt/window.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QWindow>
+#include <utility>
+
+#include "platform/desktop/qt/guard.h"
+#include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/simple_controls.h"
+#include "platform/desktop/qt/tree_view.h"
+
+namespace pelk {
+
+/// The widget of the window; tells it of Qt's events.
+class QtWindow::Frame : public QWidget {
+ public:
+    explicit Frame(QtWindow& window) : QWidget(nullptr, Qt::Window), window_(window) {
+        setWindowIcon(programIcon());
+        setAttribute(Qt::WA_QuitOnClose, false);
+    }
+
+ protected:
+    void showEvent(QShowEvent*) override { window_.sizeChanged(); }
+    void resizeEvent(QResizeEvent*) override { window_.sizeChanged(); }
+    void hideEvent(QHideEvent* event) override {
+        if (!event->spontaneous())
+            window_.hidden();
+    }
+    void closeEvent(QCloseEvent* event) override { event->setAccepted(window_.closeRequested()); }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape && isModal())
+            close();
+        else
+            QWidget::keyPressEvent(event);
+    }
+
+ private:
+    QtWindow& window_;
+};
+
+QtWindow::QtWindow(const TwipScale& scale, Dialogs& dialogs, const Language& language)
+    : scale_(scale),
+      dialogs_(dialogs),
+      language_(language),
+      frame_(std::make_unique<Frame>(*this)) {}
+
+QtWindow::~QtWindow() = default;
+
+void QtWindow::setCaption(const std::string& caption) {
+    // Qt takes "[*]" for the mark of unsaved changes unless it is doubled.
+    frame_->setWindowTitle(QString::fromStdString(caption).replace("[*]", "[*][*]"));
+}
+
+void QtWindow::setInnerSize(Size size) {
+    const QScopedValueRollback<bool> setting(settingSize_, true);
+    frame_->resize(scale_.pixels(size));
+    if (knownSize_.isValid())
+        knownSize_ = frame_->size();
+}
+
+void QtWindow::setMinimumInnerSize(Size size) {
+    const QScopedValueRollback<bool> setting(settingSize_, true);
+    frame_->setMinimumSize(scale_.pixels(size));
+    if (knownSize_.isValid())
+        knownSize_ = frame_->size();
+}
+
+Size QtWindow::innerSize() const {
+    return scale_.twips(frame_->size());
+}
+
+void QtWindow::show() {
+    bringToFront();
+}
+
+void QtWindow::bringToFront() {
+    const bool shown = frame_->isVisible();
+    frame_->setWindowState(frame_->windowState() & ~Qt::WindowMinimized);
+    frame_->show();
+    if (shown)
+        frame_->raise();
+    frame_->activateWindow();
+}
+
+void QtWindow::showModal() {
+    if (frame_->isModal()) {
+        bringToFront();
+        return;
+    }
+    frame_->hide();  // a window that is shown cannot become modal
+    setModal(true);
+    bringToFront();
+    if (frame_->isVisible()) {  // unless its first handler has hidden it
+        QEventLoop loop;
+        modalLoop_ = &loop;
+        loop.exec();
+        modalLoop_ = nullptr;
+    }
+    frame_->hide();
+    setModal(false);
+}
+
+/// A modal window is a dialog of the window that was active, so that the window system keeps it
+/// in front of that.
+void QtWindow::setModal(bool modal) {
+    frame_->setWindowFlags(modal ? Qt::Dialog : Qt::Window);
+    frame_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
+    if (!modal)
+        return;
+    frame_->winId();  // creates the native window
+    QWindow* const active = QGuiApplication::focusWindow();
+    if (active != frame_->windowHandle())
+        frame_->windowHandle()->setTransientParent(active);
+}
+
+void QtWindow::hide() {
+    frame_->hide();
+}
+
+bool QtWindow::isVisible() const {
+    return frame_->isVisible();
+}
+
+Label& QtWindow::addLabel(const Rect& bounds, const std::string& text) {
+    Label& label = add(std::make_unique<QtLabel>(*frame_, scale_), bounds);
+    label.setText(text);
+    return label;
+}
+
+Button& QtWindow::addButton(const Rect& bounds, const std::string& text) {
+    return add(std::make_unique<QtButton>(*frame_, scale_, text, dialogs_), bounds);
+}
+
+ProgressBar& QtWindow::addProgressBar(const Rect& bounds) {
+    return add(std::make_unique<QtProgressBar>(*frame_, scale_), bounds);
+}
+
+TreeView& QtWindow::addTreeView(const Rect& bounds) {
+    return add(std::make_unique<QtTreeView>(*frame_, scale_, dialogs_, language_), bounds);
+}
+
+QWidget& QtWindow::nativeWidget() {
+    return *frame_;
+}
+
+template <class Kind>
+Kind& QtWindow::add(std::unique_ptr<Kind> control, const Rect& bounds) {
+    Kind& added = *control;
+    controls_.push_back(std::move(control));
+    added.setBounds(bounds);
+    added.nativeWidget().setVisible(true);
+    return added;
+}
+
+void QtWindow::sizeChanged() {
+    if (settingSize_ || !frame_->isVisible() || frame_->size() == knownSize_)
+        return;
+    knownSize_ = frame_->size();
+    if (const auto handler = onResize)
+        guarded(dialogs_, handler);
+}
+
+/// Whether the window is to be hidden. A handler that fails must not keep the user in it.
+bool QtWindow::closeRequested() {
+    bool hide = true;
+    if (const auto handler = onCloseRequest)
+        guarded(dialogs_, [&] { hide = handler(); });
+    return hide;
+}
+
+void QtWindow::hidden() {
+    if (modalLoop_ != nullptr)
+        modalLoop_->quit();
+}
+
+}  // namespace pelk

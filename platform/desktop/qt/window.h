@@ -1,0 +1,61 @@
+#pragma once
+// A top-level window with its controls.
+
+#include <QEventLoop>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "platform/desktop/qt/control.h"
+#include "platform/dialogs.h"
+
+namespace pelk {
+
+class QtWindow : public Window, public NativeWidget {
+ public:
+    /// Faults of handlers go to `dialogs`. Both references must outlive the window.
+    QtWindow(const TwipScale& scale, Dialogs& dialogs, const Language& language);
+    ~QtWindow() override;
+
+    void setCaption(const std::string& caption) override;
+    void setInnerSize(Size size) override;
+    void setMinimumInnerSize(Size size) override;
+    Size innerSize() const override;
+
+    void show() override;
+    void showModal() override;
+    void hide() override;
+    bool isVisible() const override;
+
+    Label& addLabel(const Rect& bounds, const std::string& text) override;
+    Button& addButton(const Rect& bounds, const std::string& text) override;
+    ProgressBar& addProgressBar(const Rect& bounds) override;
+    TreeView& addTreeView(const Rect& bounds) override;
+
+    QWidget& nativeWidget() override;
+
+ private:
+    class Frame;
+
+    template <class Kind>
+    Kind& add(std::unique_ptr<Kind> control, const Rect& bounds);
+    void bringToFront();
+    void setModal(bool modal);
+    void sizeChanged();
+    bool closeRequested();
+    void hidden();
+
+    TwipScale scale_;
+    Dialogs& dialogs_;
+    const Language& language_;
+    std::unique_ptr<Frame> frame_;
+    std::vector<std::unique_ptr<Control>> controls_;
+    /// The size of which `onResize` has been told, or that code has set since; none before the
+    /// window is first shown.
+    QSize knownSize_;
+    bool settingSize_ = false;
+    /// The loop that waits for the window to be hidden, while it is modal.
+    QEventLoop* modalLoop_ = nullptr;
+};
+
+}  // namespace pelk

@@ -1,0 +1,143 @@
+#include "addin/Connect.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/core_platform.h"
+#include "tests/support/memory_mail.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kReminder =
+    "There are more than 7 days since you last scanned your emails. Do you want to scan them now?";
+
+class ConnectTest : public ::testing::Test {
+ protected:
+    CorePlatform core;
+    Driver& driver = core.driver();
+    MemoryMailClient client;
+
+    void SetUp() override { client.stores = {{"Post", {mail("a@x", {"b@x"})}, {}}}; }
+    void TearDown() override { client.buttons.clear(); }
+
+    void saveDatabaseScannedAt(const std::string& date) {
+        const std::unique_ptr<Database> database = emptyDatabase();
+        database->setDate(date);
+        core.files.folders.insert("/data/pelk");
+        core.storage().saveDatabase(*database);
+    }
+    std::vector<std::string> captions() {
+        std::vector<std::string> captions;
+        for (const MemoryMailClient::Button& button : client.buttons)
+            captions.push_back(button.caption);
+        return captions;
+    }
+};
+
+TEST_F(ConnectTest, putsItsMenuOnTheStandardBarOnceForEachConnection) {
+    Connect connect(core.toolkit(), core.platform());
+    const std::vector<std::string> menu{"View your community", "Check for new e-mails", "About"};
+    for (int connection = 0; connection < 2; ++connection) {
+        connect.OnConnection(client);
+        EXPECT_EQ(captions(), menu);
+        EXPECT_EQ(client.popups.back(), "Standard/Pelk/Pelk popup/!<Pelk.Connect>");
+        EXPECT_EQ(client.buttons.front().tag, "Pelk view");
+        EXPECT_EQ(client.buttons.front().action, "!<Pelk.Connect>");
+        connect.OnDisconnection();
+        EXPECT_TRUE(client.buttons.empty());
+    }
+}
+
+/// The view of a database, opened by its button, as far as the windows of the toolkit show it.
+class ViewTest : public ConnectTest {
+ protected:
+    /// Clicks View; the scan form, when it opens, is started, cancelled or just closed.
+    void clickView(Connect& connect, const char* scanFormButton) {
+        connect.OnConnection(client);
+        bool scanFormSeen = false;
+        if (scanFormButton != nullptr)
+            driver.later([&] {
+                scanFormSeen = true;
+                driver.clickButton(scanFormButton);
+            });
+        client.button("View your community")->clicked();
+        EXPECT_EQ(scanFormSeen, scanFormButton != nullptr);
+        driver.settle();
+        EXPECT_TRUE(driver.isWindowShown("Relations Tree"));
+        EXPECT_FALSE(driver.isWindowShown("Check for new e-mails"));
+        connect.OnDisconnection();
+        EXPECT_FALSE(driver.isWindowShown("Relations Tree"));
+    }
+    std::string totalMails() { return core.storage().loadDatabase()->totalMails(); }
+};
+
+TEST_F(ViewTest, scansFirstWhenTheDatabaseWasNeverScanned) {
+    Connect connect(core.toolkit(), core.platform());
+    clickView(connect, "Start");
+    EXPECT_EQ(totalMails(), "1");
+}
+
+TEST_F(ViewTest, opensAtOnceWhenTheLastScanIsSevenDaysOld) {
+    saveDatabaseScannedAt("2026-11-15T10:30:00");
+    Connect connect(core.toolkit(), core.platform());
+    clickView(connect, nullptr);
+}
+
+TEST_F(ViewTest, asksWhetherToScanWhenTheLastScanIsOlder) {
+    saveDatabaseScannedAt("2026-11-15T10:29:00");
+    Connect connect(core.toolkit(), core.platform());
+    core.dialogs.expectMessage(kReminder, Buttons::YesNo, Answer::No);
+    clickView(connect, nullptr);
+    EXPECT_EQ(totalMails(), "0");
+    core.dialogs.expectMessage(kReminder, Buttons::YesNo, Answer::Yes);
+    clickView(connect, "Cancel");
+}
+
+TEST_F(ConnectTest, tellsFirstAndLaterScansApart) {
+    for (const bool first : {true, false}) {
+        saveDatabaseScannedAt(first ? "1970-01-01T00:00:00" : "2020-01-01T00:00:00");
+        Connect connect(core.toolkit(), core.platform());
+        connect.OnConnection(client);
+        driver.later([&] {
+            const std::string label =
+                std::string(first ? "You must first scan your mailbox."
+                                  : "Only newer e-mails will be scanned.") +
+                " This process may take a while. The deleted and outbox folders will NOT be "
+                "scanned.";
+            EXPECT_TRUE(driver.isLabelShown(label));
+            EXPECT_TRUE(driver.isLabelShown("Please click the start button!"));
+            driver.clickButton("Cancel");
+        });
+        client.button("Check for new e-mails")->clicked();
+        connect.OnDisconnection();
+    }
+}
+
+TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
+    Connect connect(core.toolkit(), core.platform());
+    connect.OnConnection(client);
+    client.button("About")->clicked();
+    driver.settle();
+    EXPECT_TRUE(driver.isWindowShown("About Pelk"));
+    EXPECT_TRUE(driver.isLabelShown(
+        "Pelk " PELK_VERSION "\nA contact management and a connections finder tool."));
+    driver.clickButton("OK");
+    EXPECT_FALSE(driver.isWindowShown("About Pelk"));
+    connect.OnDisconnection();
+}
+
+TEST_F(ConnectTest, goesOnWithoutADatabaseThatCannotBeRead) {
+    saveDatabaseScannedAt("2020-01-01T00:00:00");
+    const std::string before = core.files.files["/data/pelk/pelk.db"];
+    core.files.readsFail = true;
+    core.dialogs.expectMessage("/data/pelk/pelk.db cannot be read.");
+    Connect connect(core.toolkit(), core.platform());
+    connect.OnConnection(client);
+    EXPECT_THROW(client.button("View your community")->clicked(), Error);
+    EXPECT_THROW(client.button("Check for new e-mails")->clicked(), Error);
+    connect.OnDisconnection();
+    EXPECT_EQ(core.files.files["/data/pelk/pelk.db"], before);
+}
+
+}  // namespace
+}  // namespace pelk

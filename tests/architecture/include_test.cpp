@@ -1,0 +1,117 @@
+// The core stays portable: its files include the standard library, the platform's interfaces and
+// each other, along the arrows of docs/architecture.md, and nothing else.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace pelk {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// The core folders, each with the core folders whose headers it may include beside its own.
+const std::map<std::string, std::set<std::string>> kArrows{
+    {"platform", {}},
+    {"db", {}},
+    {"scan", {"db"}},
+    {"views", {"db"}},
+    {"maintenance", {"views", "db"}},
+    {"links", {"views", "db"}},
+    {"addin", {"db", "scan", "views", "maintenance", "links"}},
+};
+
+struct Include {
+    std::string from;
+    std::string target;
+    bool quoted = false;
+};
+
+std::vector<Include> includesOf(const fs::path& root, const fs::path& file) {
+    static const std::regex directive("\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"].*");
+    std::vector<Include> includes;
+    std::ifstream stream(file);
+    for (std::string line; std::getline(stream, line);)
+        if (std::smatch match; std::regex_match(line, match, directive))
+            includes.push_back({fs::relative(file, root).string(), match[2], match[1] == "\""});
+    return includes;
+}
+
+/// The includes of the files that stand directly in the folders of the core.
+std::vector<Include> coreIncludes(const fs::path& root) {
+    std::vector<Include> includes;
+    for (const auto& [folder, arrows] : kArrows) {
+        if (!fs::is_directory(root / folder))
+            continue;
+        for (const fs::directory_entry& file : fs::directory_iterator(root / folder))
+            if (file.path().extension() == ".h" || file.path().extension() == ".cpp")
+                for (const Include& include : includesOf(root, file.path()))
+                    includes.push_back(include);
+    }
+    return includes;
+}
+
+/// Headers of the standard library have neither folder, nor ending, nor capitals.
+bool mayInclude(const Include& include) {
+    static const std::regex standardHeader("[a-z_]+");
+    if (!include.quoted)
+        return std::regex_match(include.target, standardHeader);
+    const std::string from = include.from.substr(0, include.from.find('/'));
+    const std::string to = include.target.substr(0, include.target.rfind('/'));
+    return to == from || to == "platform" || kArrows.at(from).contains(to);
+}
+
+bool reachesItself(const std::string& start, const std::map<std::string, std::set<std::string>>& graph) {
+    std::set<std::string> seen;
+    std::vector<std::string> open{start};
+    while (!open.empty()) {
+        const std::string file = open.back();
+        open.pop_back();
+        const auto found = graph.find(file);
+        if (found == graph.end())
+            continue;
+        for (const std::string& next : found->second) {
+            if (next == start)
+                return true;
+            if (seen.insert(next).second)
+                open.push_back(next);
+        }
+    }
+    return false;
+}
+
+TEST(Includes, ofTheCoreStayInsideItsBounds) {
+    const std::vector<Include> includes = coreIncludes(PELK_SOURCE_DIR);
+    EXPECT_GT(includes.size(), 100U) << "the files of the core were not found";
+    for (const Include& include : includes)
+        EXPECT_TRUE(mayInclude(include)) << include.from << " includes " << include.target;
+}
+
+TEST(Includes, goRoundInNoCircle) {
+    std::map<std::string, std::set<std::string>> graph;
+    for (const Include& include : coreIncludes(PELK_SOURCE_DIR))
+        if (include.quoted)
+            graph[include.from].insert(include.target);
+    for (const auto& [file, targets] : graph)
+        EXPECT_FALSE(reachesItself(file, graph)) << file;
+}
+
+TEST(Includes, areToldApart) {
+    for (const Include& include :
+         {Include{"db/a.cpp", "QString", false}, Include{"db/a.cpp", "pugixml.hpp", false},
+          Include{"db/a.cpp", "sys/stat.h", false}, Include{"db/a.cpp", "views/strength.h", true},
+          Include{"views/a.h", "scan/scanner.h", true},
+          Include{"db/a.cpp", "platform/desktop/posix_files.h", true},
+          Include{"platform/a.h", "db/database.h", true}})
+        EXPECT_FALSE(mayInclude(include)) << include.target;
+}
+
+}  // namespace
+}  // namespace pelk

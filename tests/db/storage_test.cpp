@@ -1,0 +1,167 @@
+#include "db/storage.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "db/database_cipher.h"
+#include "tests/support/core_platform.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kFile = "/data/pelk/pelk.db";
+
+class StorageTest : public ::testing::Test {
+ protected:
+    CorePlatform core;
+    MemoryFiles& files = core.files;
+    ScriptedDialogs& dialogs = core.dialogs;
+    Storage& storage = core.storage();
+
+    /// A saved database of one contact, whose file holds `saved`.
+    std::unique_ptr<Database> saveOne() {
+        std::unique_ptr<Database> database = storage.loadDatabase();
+        database->addContact("Ann", "ann@a.example");
+        storage.saveDatabase(*database);
+        saved = files.files[kFile];
+        return database;
+    }
+    std::string saved;
+};
+
+TEST_F(StorageTest, createsFolderAndFileAtTheFirstStart) {
+    const std::unique_ptr<Database> database = storage.loadDatabase();
+    ASSERT_TRUE(database);
+    EXPECT_EQ(database->date(), "1970-01-01T00:00:00");
+    EXPECT_TRUE(files.folderExists("/data/pelk"));
+    ASSERT_TRUE(files.fileExists(kFile));
+    EXPECT_EQ(files.files.size(), 1U);
+    EXPECT_TRUE(files.files[kFile].ends_with("\r\n"));
+    EXPECT_EQ(files.files[kFile].find("pelkDB"), std::string::npos);
+}
+
+TEST_F(StorageTest, savesLoadsAndSavesTheSameBytes) {
+    const std::unique_ptr<Database> database = saveOne();
+    const std::unique_ptr<Database> loaded = storage.loadDatabase();
+    EXPECT_EQ(loaded->xml(), database->xml());
+    storage.saveDatabase(*loaded);
+    EXPECT_EQ(files.files[kFile], saved);
+    storage.exportDatabase(*loaded, "/copy.db");
+    EXPECT_EQ(files.files["/copy.db"], saved);
+    EXPECT_EQ(storage.importDatabase("/copy.db")->xml(), database->xml());
+}
+
+TEST_F(StorageTest, aFailureOfAnyStepOfASaveLeavesAFileThatLoads) {
+    const std::unique_ptr<Database> database = saveOne();
+    database->addContact("Bob", "bob@b.example");
+    int failures = 0;
+    for (int step = 1;; ++step) {
+        files.files = {{kFile, saved}};
+        files.steps = 0;
+        files.failAt = step;
+        bool failed = false;
+        try {
+            storage.saveDatabase(*database);
+        } catch (const Error&) {
+            failed = true;
+        }
+        files.failAt = 0;
+        ASSERT_EQ(storage.loadDatabase()->contactCount(), failed ? 1U : 2U) << "step " << step;
+        if (!failed)
+            break;
+        ++failures;
+        EXPECT_EQ(files.files.size(), 1U) << "step " << step << " left a file behind";
+    }
+    EXPECT_EQ(failures, 5) << "create, write, flush, close, replace";
+}
+
+TEST_F(StorageTest, setsADamagedFileAside) {
+    saveOne();
+    const std::string damaged = "cut short" + saved;
+    files.files = {{kFile, damaged}, {std::string(kFile) + ".damaged", "an earlier one"}};
+    dialogs.expectMessage("The database file /data/pelk/pelk.db cannot be used. It does not begin "
+                          "as a database file does. It has been kept as "
+                          "/data/pelk/pelk.db.damaged-2, and Pelk goes on with an empty database.",
+                          Buttons::Ok, Answer::Ok);
+    EXPECT_EQ(storage.loadDatabase()->contactCount(), 0U);
+    EXPECT_EQ(files.files[std::string(kFile) + ".damaged-2"], damaged);
+    EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");
+}
+
+TEST_F(StorageTest, writesNothingOverAFileThatCannotBeRead) {
+    saveOne();
+    files.readsFail = true;
+    EXPECT_THROW(storage.loadDatabase(), Error);
+    EXPECT_EQ(files.files[kFile], saved);
+}
+
+TEST_F(StorageTest, tellsWhenThereIsNoDataFolder) {
+    const std::unique_ptr<Database> database = saveOne();
+    core.shell.folder.reset();
+    const std::string message = "Serious error, cannot access the application data directory !";
+    dialogs.expectMessage(message, Buttons::Ok, Answer::Ok);
+    EXPECT_FALSE(storage.loadDatabase());
+    dialogs.expectMessage(message, Buttons::Ok, Answer::Ok);
+    files.steps = 0;
+    storage.saveDatabase(*database);
+    EXPECT_EQ(files.steps, 0);
+}
+
+TEST_F(StorageTest, keepsTheOldFileWhenTheDatabaseIsReplaced) {
+    const std::unique_ptr<Database> database = saveOne();
+    database->addContact("Bob", "bob@b.example");
+    const std::string kept = storage.replaceDatabase(*database);
+    EXPECT_EQ(files.files[kept], saved);
+    EXPECT_EQ(storage.loadDatabase()->contactCount(), 2U);
+}
+
+TEST_F(StorageTest, refusesAForeignImportAndNamesIt) {
+    for (const char* content : {"", "PELK1:", "PELK1:AAAA", "<pelkDB/>"}) {
+        files.files["/in.db"] = content;
+        try {
+            storage.importDatabase("/in.db");
+            ADD_FAILURE() << content;
+        } catch (const Error& error) {
+            EXPECT_NE(std::string(error.what()).find("/in.db"), std::string::npos);
+        }
+    }
+}
+
+DatabaseCipher keyedCipher(const Crypto& crypto) {
+    DatabaseCipher cipher(crypto);
+    cipher.setKey("TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD");
+    return cipher;
+}
+
+TEST(DatabaseCipher, writesTheSameBytesOnEveryPlatform) {
+    const OpensslCrypto crypto;
+    DatabaseCipher cipher = keyedCipher(crypto);
+    cipher.setPlainText("<pelkDB/>");
+    EXPECT_EQ(cipher.cipherText(), "PELK1:sEhkB/v+nHc6t0BYSN7A1dtkJjqUSdF5DQlyXyvpcAhZ8BoqUA==");
+}
+
+TEST(DatabaseCipher, detectsAChangeOfAnyByte) {
+    const OpensslCrypto crypto;
+    DatabaseCipher writer = keyedCipher(crypto);
+    writer.setPlainText("a text with some umlauts: äöü");
+    const std::string text = writer.cipherText();
+    DatabaseCipher reader = keyedCipher(crypto);
+    reader.setCipherText(text + "\r\n");
+    EXPECT_EQ(reader.plainText(), "a text with some umlauts: äöü");
+    for (std::size_t at = 0; at < text.size(); ++at)
+        for (const char other : {'A', 'B', '=', ' ', '\n', '\0', '\xFF'}) {
+            std::string changed = text;
+            changed[at] = other;
+            if (changed == text)
+                continue;
+            EXPECT_THROW(reader.setCipherText(changed), Error) << at;
+        }
+    for (std::size_t length = 0; length < text.size(); ++length)
+        EXPECT_THROW(reader.setCipherText(text.substr(0, length)), Error) << length;
+    EXPECT_THROW(reader.setCipherText(text + "AAAA"), Error);
+}
+
+}  // namespace
+}  // namespace pelk

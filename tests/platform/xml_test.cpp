@@ -1,0 +1,86 @@
+#include "platform/xml.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/desktop/pugi_document.h"
+
+namespace pelk {
+namespace {
+
+class XmlTest : public ::testing::Test {
+ protected:
+    std::unique_ptr<XmlDocument> document = createPugiDocument();
+};
+
+TEST_F(XmlTest, writesTheOneForm) {
+    ASSERT_TRUE(document->loadXml("<?xml version='1.0' encoding='UTF-16' ?>\n<!-- lost -->\n"
+                                  "<a b='1'  c = \"&lt;&#65;&quot;'\" >\r\n <d ></d> <e/>\n</a>\n"));
+    document->root().firstChild().setAttribute("f", "& < > \" ' ü 李");
+    EXPECT_EQ(document->xml(), "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"
+                               "<a b=\"1\" c=\"&lt;A&quot;'\">"
+                               "<d f=\"&amp; &lt; > &quot; ' ü 李\"/><e/></a>");
+}
+
+TEST_F(XmlTest, refusesWhatIsNoOneWellFormedDocument) {
+    for (const std::string& text :
+         {std::string(), std::string("text"), std::string("<a>"), std::string("<a></b>"),
+          std::string("<a/><b/>"), std::string("<a/>junk"), std::string("<a b='1' b='2'/>"),
+          std::string("<a><b c='' c=''/></a>"), std::string("<a b='x & y'/>"),
+          std::string("<a b='&unknown;'/>"), std::string("<a b='&#0;'/>"),
+          std::string("<a b='&#xD800;'/>"), std::string("<a b='\x01'/>"),
+          std::string("<a b='\xFF'/>"), std::string("<a b='\0'/>", 10),
+          std::string("<!DOCTYPE a [<!ENTITY e 'x'>]><a/>")}) {
+        EXPECT_FALSE(document->loadXml(text)) << text;
+        EXPECT_NE(document->parseError(), "");
+        EXPECT_FALSE(document->root());
+    }
+    EXPECT_TRUE(document->loadXml("<a><!-- & --><![CDATA[ & ]]></a>"));
+    EXPECT_EQ(document->parseError(), "");
+}
+
+TEST_F(XmlTest, survivesDeepNesting) {
+    constexpr int kDepth = 200000;
+    std::string text;
+    for (int level = 0; level < kDepth; ++level)
+        text += "<a>";
+    for (int level = 0; level < kDepth; ++level)
+        text += "</a>";
+    EXPECT_TRUE(document->loadXml(text));
+    EXPECT_FALSE(document->xml().empty());
+}
+
+TEST_F(XmlTest, walksAndEditsElements) {
+    ASSERT_TRUE(document->loadXml("<r>text<a x='1'/>text<b/></r>"));
+    const XmlElement root = document->root();
+    const XmlElement a = root.firstChild();
+    EXPECT_EQ(a.name(), "a");
+    EXPECT_EQ(a.nextSibling().name(), "b");
+    EXPECT_FALSE(a.nextSibling().nextSibling());
+    EXPECT_EQ(a.parent(), root);
+    EXPECT_FALSE(root.parent());
+    EXPECT_EQ(a.attribute("y"), std::nullopt);
+    a.setAttribute("y", "");
+    EXPECT_EQ(a.attribute("y"), "");
+    a.setAttribute("x", "2");
+    const XmlElement added = root.appendElement("c");
+    EXPECT_EQ(root.select("c").front(), added);
+    a.nextSibling().remove();
+    const std::string xml = document->xml();
+    EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>text<a x=\"2\" y=\"\"/>text<c/></r>");
+}
+
+TEST_F(XmlTest, selectsInDocumentOrder) {
+    ASSERT_TRUE(document->loadXml("<r n='5'><a i='1'><b/></a><a i='2'/>tail</r>"));
+    const XmlElement root = document->root();
+    EXPECT_EQ(root.select("/r/a").size(), 2U);
+    EXPECT_EQ(root.select("a[@i='2'] | a[@i='1']")[0].text("i"), "1");
+    EXPECT_EQ(root.firstChild().select("b").size(), 1U);
+    EXPECT_EQ(root.firstChild().select("/r").front(), root);
+    EXPECT_EQ(root.selectText("/r/@n"), "5");
+    EXPECT_EQ(root.selectText("/r/@m"), std::nullopt);
+    for (const char* query : {"/r/a[@i='o'x']", "", "count(a)", "//["})
+        EXPECT_THROW(root.select(query), MalformedQuery) << query;
+}
+
+}  // namespace
+}  // namespace pelk

@@ -1,0 +1,115 @@
+#include "scan/ParseForm.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/core_platform.h"
+#include "tests/support/memory_mail.h"
+
+namespace pelk {
+namespace {
+
+class ParseFormTest : public ::testing::Test {
+ protected:
+    CorePlatform core;
+    Driver& driver = core.driver();
+    MemoryMailClient client;
+    std::unique_ptr<Database> database = core.storage().loadDatabase();
+    ParseForm form{core.toolkit(), core.platform(), core.storage()};
+    int viewsOpened = 0;
+
+    void SetUp() override {
+        client.stores = {{"Post", {mail("a@x", {"b@x"})}, {{"Sent", {mail("b@x", {"a@x"})}, {}}}}};
+        form.database = database.get();
+        form.mailClient = &client;
+        form.openView = [this] { ++viewsOpened; };
+    }
+    void showAndDo(std::function<void()> act) {
+        driver.later(std::move(act));
+        form.showModal("What a scan does.", "Please click the start button!");
+    }
+    std::string savedDate() { return core.storage().loadDatabase()->date(); }
+};
+
+TEST_F(ParseFormTest, showsItsTextsWhole) {
+    showAndDo([this] {
+        EXPECT_EQ(driver.textOf(form.staticLabel), "What a scan does.");
+        EXPECT_EQ(driver.textOf(form.DynamicLabel), "Please click the start button!");
+        form.staticLabel.setText("You must first scan your mailbox. This process may take a while. "
+                                 "The deleted and outbox folders will NOT be scanned.");
+        EXPECT_TRUE(driver.showsWholeText(form.staticLabel));
+        EXPECT_TRUE(driver.showsWholeText(form.DynamicLabel));
+        EXPECT_TRUE(driver.showsWholeText(form.startButton));
+        EXPECT_TRUE(driver.showsWholeText(form.cancelButton));
+        driver.close(*form.window);
+    });
+    EXPECT_EQ(viewsOpened, 0);
+}
+
+TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
+    std::vector<std::string> seen;
+    core.dialogs.onPendingEvents = [&] {
+        EXPECT_FALSE(driver.isEnabled(form.startButton));
+        EXPECT_FALSE(driver.isEnabled(form.cancelButton));
+        driver.close(*form.window);
+        EXPECT_TRUE(driver.isVisible(*form.window)) << "a scan cannot be interrupted";
+        EXPECT_EQ(driver.progressOf(form.parsingProgress).maximum, 2);
+        seen.push_back(driver.textOf(form.DynamicLabel));
+    };
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_EQ(seen, (std::vector<std::string>{"Reading Post", "Reading Sent"}));
+    EXPECT_FALSE(driver.isVisible(*form.window));
+    EXPECT_EQ(viewsOpened, 1);
+    EXPECT_EQ(core.dialogs.busyPointers(), (std::vector<bool>{true, false}));
+    EXPECT_EQ(savedDate(), "2026-11-22T10:30:00");
+    EXPECT_EQ(database->strongestWeight(), 2);
+    EXPECT_TRUE(driver.isEnabled(form.startButton));
+    EXPECT_EQ(driver.progressOf(form.parsingProgress).value, 1);
+}
+
+TEST_F(ParseFormTest, cancelOpensTheViewAndChangesNothing) {
+    showAndDo([this] { driver.click(form.cancelButton); });
+    EXPECT_EQ(viewsOpened, 1);
+    EXPECT_FALSE(driver.isVisible(*form.window));
+    EXPECT_EQ(database->totalMails(), "0");
+    EXPECT_EQ(savedDate(), "1970-01-01T00:00:00");
+}
+
+TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
+    core.files.steps = 0;
+    core.files.failAt = 2;
+    core.dialogs.expectMessage("/data/pelk/pelk.db.new cannot be written. The e-mails have been "
+                               "counted, but the result is not saved. Click the start button to "
+                               "save it.");
+    showAndDo([this] {
+        driver.click(form.startButton);
+        EXPECT_TRUE(driver.isVisible(*form.window));
+        EXPECT_EQ(core.dialogs.busyPointers().back(), false);
+        EXPECT_EQ(savedDate(), "1970-01-01T00:00:00");
+        driver.click(form.startButton);
+    });
+    EXPECT_EQ(viewsOpened, 1);
+    EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2") << "nothing is counted twice";
+}
+
+TEST_F(ParseFormTest, tellsOnceThatTheDatabaseIsFull) {
+    database = loadDocument("<pelkDB date='1970-01-01T00:00:00' totalContacts='32766'><contacts/>"
+                            "<relations/></pelkDB>");
+    form.database = database.get();
+    core.dialogs.expectMessage(kDatabaseFullMessage);
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_EQ(viewsOpened, 1);
+    EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2");
+}
+
+TEST_F(ParseFormTest, aMailClientThatRefusesLeavesTheDateAsItWas) {
+    client.refusesSession = true;
+    core.dialogs.expectMessage("The mail client refuses access to its mail.");
+    showAndDo([this] {
+        driver.click(form.startButton);
+        driver.close(*form.window);
+    });
+    EXPECT_EQ(database->date(), "1970-01-01T00:00:00");
+}
+
+}  // namespace
+}  // namespace pelk

@@ -1,0 +1,56 @@
+#pragma once
+// A whole platform for the core: a real toolkit, cipher and XML, with files, folders and a clock
+// that the test holds in its hand.
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "db/default_documents.h"
+#include "db/storage.h"
+#include "platform/desktop/openssl_crypto.h"
+#include "platform/desktop/pugi_document.h"
+#include "platform/platform.h"
+#include "tests/support/memory_files.h"
+#include "tests/support/test_platform.h"
+
+namespace pelk {
+
+class FixedShell : public Shell {
+ public:
+    std::optional<std::string> folder = "/data";
+    std::optional<std::string> applicationDataFolder() override { return folder; }
+};
+
+class FixedClock : public Clock {
+ public:
+    LocalTime time{2026, 11, 22, 10, 30, 0};
+    LocalTime now() override { return time; }
+};
+
+inline std::unique_ptr<Database> loadDocument(std::string_view xml) {
+    std::unique_ptr<XmlDocument> document = createPugiDocument();
+    EXPECT_TRUE(document->loadXml(xml)) << document->parseError();
+    return std::make_unique<Database>(std::move(document));
+}
+
+inline std::unique_ptr<Database> emptyDatabase() {
+    return loadDocument(kFirstStartDocument);
+}
+
+class CorePlatform : public TestPlatform {
+ public:
+    MemoryFiles files;
+    FixedShell shell;
+    FixedClock clock;
+    OpensslCrypto crypto;
+
+    const Platform& platform() const { return platform_; }
+    Storage& storage() { return storage_; }
+
+ private:
+    Platform platform_{files, shell, clock, language(), crypto, dialogs, createPugiDocument};
+    Storage storage_{platform_};
+};
+
+}  // namespace pelk

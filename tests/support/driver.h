@@ -1,0 +1,92 @@
+#pragma once
+// Acts on windows as a user does and reads what they show, by way of the toolkit's native widgets
+// and never through the interface under test. One implementation for each toolkit.
+//
+// A mistake of the test (no such row, a window that is hidden) fails the test. An act that opens
+// a modal window returns when that window is closed: what is to happen meanwhile is handed to
+// `later` first.
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/tree_model.h"
+
+namespace pelk {
+
+/// The row numbers from the top level down to a row; none for the root.
+using TreePath = std::vector<int>;
+
+struct TreeRow {
+    std::string text;
+    std::optional<Color> color;
+    TreeImage image = TreeImage::None;
+    bool hasExpander = false;
+    bool expanded = false;
+};
+
+struct Progress {
+    int minimum = 0;
+    int maximum = 0;
+    int value = 0;
+};
+
+enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk };
+
+class Driver {
+ public:
+    virtual ~Driver() = default;
+
+    /// Handles all events that wait.
+    virtual void settle() = 0;
+    /// Runs `act` as soon as events are handled, in a modal window for one.
+    virtual void later(std::function<void()> act) = 0;
+
+    /// What the user sees of windows that the test does not hold itself: whether one with that
+    /// caption is shown, whether the active one has a label with that text, and a click on the
+    /// active one's button with that text.
+    virtual bool isWindowShown(const std::string& caption) = 0;
+    virtual bool isLabelShown(const std::string& text) = 0;
+    virtual void clickButton(const std::string& text) = 0;
+
+    virtual bool isVisible(Window& window) = 0;
+    virtual std::string captionOf(Window& window) = 0;
+    /// Drags the window's edge until the inner area has that size, or the least it can have.
+    virtual void resize(Window& window, Size inner) = 0;
+    /// Clicks the close button of the window.
+    virtual void close(Window& window) = 0;
+    /// Presses a key while the window is the active one.
+    virtual void press(Window& window, Key key) = 0;
+    /// Saves a picture of the inner area as a PNG file.
+    virtual void screenshot(Window& window, const std::string& file) = 0;
+
+    /// In twips of the inner area.
+    virtual Rect boundsOf(Control& control) = 0;
+    virtual bool isEnabled(Control& control) = 0;
+    virtual bool hasFocus(Control& control) = 0;
+    virtual void giveFocus(Control& control) = 0;
+    virtual std::string textOf(Label& label) = 0;
+    virtual std::string textOf(Button& button) = 0;
+    /// Whether the text fits into the control.
+    virtual bool showsWholeText(Label& label) = 0;
+    virtual bool showsWholeText(Button& button) = 0;
+    /// Clicks with the mouse where the button is; whatever is in its way gets the click.
+    virtual void click(Button& button) = 0;
+    virtual Progress progressOf(ProgressBar& bar) = 0;
+
+    /// The rows under `parent`, whether it is expanded or not.
+    virtual std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent = {}) = 0;
+    /// Scrolls to the row, whose parents are expanded, and clicks its expander.
+    virtual void expand(TreeView& tree, const TreePath& row) = 0;
+    virtual void collapse(TreeView& tree, const TreePath& row) = 0;
+    /// Scrolls to the row and clicks it.
+    virtual void clickRow(TreeView& tree, const TreePath& row) = 0;
+    /// Whether the row is within the visible part of the tree.
+    virtual bool isInView(TreeView& tree, const TreePath& row) = 0;
+    virtual std::optional<std::string> selectedText(TreeView& tree) = 0;
+};
+
+}  // namespace pelk

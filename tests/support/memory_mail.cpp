@@ -1,0 +1,130 @@
+#include "tests/support/memory_mail.h"
+
+namespace pelk {
+namespace {
+
+MailPerson requireAddress(const MailPerson& person) {
+    if (person.address.empty())
+        throw Error("The address is not available.");
+    return person;
+}
+
+class Item : public MailItem {
+ public:
+    explicit Item(MemoryItem item) : item_(std::move(item)) {}
+    LocalTime creationTime() override { return item_.created; }
+    std::optional<MailPerson> replyRecipient() override {
+        return item_.hasSender ? std::optional(requireAddress(item_.sender)) : std::nullopt;
+    }
+    int recipientCount() override { return static_cast<int>(item_.recipients.size()); }
+    MailPerson recipient(int index) override {
+        return requireAddress(item_.recipients.at(static_cast<std::size_t>(index) - 1));
+    }
+
+ private:
+    MemoryItem item_;
+};
+
+std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders);
+
+class Folder : public MailFolder {
+ public:
+    explicit Folder(const MemoryFolder& folder) : folder_(folder) {}
+    std::string name() override { return folder_.name; }
+    int defaultItemType() override { return folder_.itemType; }
+    std::unique_ptr<MailFolders> folders() override { return walk(folder_.folders); }
+    int itemCount() override {
+        if (folder_.refuses)
+            throw Error("Access to the folder " + folder_.name + " was refused.");
+        return static_cast<int>(folder_.items.size());
+    }
+    std::shared_ptr<MailItem> mailItem(int index) override {
+        const MemoryItem& item = folder_.items.at(static_cast<std::size_t>(index) - 1);
+        if (!item.isMail)
+            throw NotAMailItem();
+        return std::make_shared<Item>(item);
+    }
+
+ private:
+    const MemoryFolder& folder_;
+};
+
+class Folders : public MailFolders {
+ public:
+    explicit Folders(const std::vector<MemoryFolder>& folders) : folders_(folders) {}
+    std::unique_ptr<MailFolder> first() override {
+        at_ = 0;
+        return next();
+    }
+    std::unique_ptr<MailFolder> next() override {
+        return at_ < folders_.size() ? std::make_unique<Folder>(folders_[at_++]) : nullptr;
+    }
+
+ private:
+    const std::vector<MemoryFolder>& folders_;
+    std::size_t at_ = 0;
+};
+
+std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders) {
+    return std::make_unique<Folders>(folders);
+}
+
+class Session : public MailSession {
+ public:
+    explicit Session(const std::vector<MemoryFolder>& stores) : stores_(stores) {}
+    std::unique_ptr<MailFolders> folders() override { return walk(stores_); }
+    bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
+        return folder.name() == (kind == DefaultFolder::Outbox ? "Outbox" : "Deleted Items");
+    }
+
+ private:
+    const std::vector<MemoryFolder>& stores_;
+};
+
+using Buttons = std::list<MemoryMailClient::Button>;
+
+class MenuButton : public CommandButton {
+ public:
+    MenuButton(Buttons& buttons, Buttons::iterator self) : buttons_(buttons), self_(self) {}
+    void remove() override { buttons_.erase(self_); }
+
+ private:
+    Buttons& buttons_;
+    Buttons::iterator self_;
+};
+
+class Popup : public CommandPopup {
+ public:
+    explicit Popup(Buttons& buttons) : buttons_(buttons) {}
+    std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
+                                             std::string_view action,
+                                             std::function<void()> clicked) override {
+        buttons_.push_back(
+            {std::string(caption), std::string(tag), std::string(action), std::move(clicked)});
+        return std::make_unique<MenuButton>(buttons_, std::prev(buttons_.end()));
+    }
+
+ private:
+    Buttons& buttons_;
+};
+
+}  // namespace
+
+std::unique_ptr<MailSession> MemoryMailClient::session() {
+    if (refusesSession)
+        throw Error("The mail client refuses access to its mail.");
+    return std::make_unique<Session>(stores);
+}
+
+std::unique_ptr<CommandPopup> MemoryMailClient::addPopup(std::string_view bar,
+                                                         std::string_view caption,
+                                                         std::string_view tag,
+                                                         std::string_view action) {
+    std::string popup;
+    for (const std::string_view part : {bar, caption, tag, action})
+        popup += (popup.empty() ? "" : "/") + std::string(part);
+    popups.push_back(popup);
+    return std::make_unique<Popup>(buttons);
+}
+
+}  // namespace pelk

@@ -1,0 +1,79 @@
+#pragma once
+// A mail client in memory, built by hand in a test.
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/mail_client.h"
+
+namespace pelk {
+
+/// An item of a folder. One that is no e-mail has `isMail` false; a recipient or a sender without
+/// an address fails when it is read.
+struct MemoryItem {
+    LocalTime created{2020, 1, 1, 0, 0, 0};
+    MailPerson sender;
+    std::vector<MailPerson> recipients;
+    bool isMail = true;
+    bool hasSender = true;
+};
+
+struct MemoryFolder {
+    std::string name;
+    std::vector<MemoryItem> items;
+    std::vector<MemoryFolder> folders;
+    int itemType = kMailItemType;
+    bool refuses = false;
+};
+
+class MemoryMailClient : public MailClient {
+ public:
+    std::vector<MemoryFolder> stores;
+    bool refusesSession = false;
+
+    struct Button {
+        std::string caption;
+        std::string tag;
+        std::string action;
+        std::function<void()> clicked;
+    };
+    /// The buttons that stand in the menu, with "bar/caption/tag" of the pop-ups they are in.
+    std::list<Button> buttons;
+    std::vector<std::string> popups;
+
+    Button* button(const std::string& caption) {
+        for (Button& button : buttons)
+            if (button.caption == caption)
+                return &button;
+        return nullptr;
+    }
+
+    std::unique_ptr<MailSession> session() override;
+    std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
+                                           std::string_view tag, std::string_view action) override;
+};
+
+/// A person whose name is the local part of the address.
+inline MailPerson person(const std::string& address) {
+    return {address.substr(0, address.find('@')), address};
+}
+
+inline MemoryItem mail(const std::string& from, const std::vector<std::string>& to,
+                       LocalTime created = {2020, 1, 1, 0, 0, 0}) {
+    MemoryItem item{created, person(from), {}};
+    for (const std::string& address : to)
+        item.recipients.push_back(person(address));
+    return item;
+}
+
+inline MemoryItem report() {
+    MemoryItem item;
+    item.isMail = false;
+    return item;
+}
+
+}  // namespace pelk

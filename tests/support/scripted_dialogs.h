@@ -1,0 +1,90 @@
+#pragma once
+// Boxes answered by a script: the boxes that a test expects, in their order, with what the user
+// answers. A box that is not next in the script fails the test, and so does one that never came.
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace pelk {
+
+class ScriptedDialogs : public Dialogs {
+ public:
+    ~ScriptedDialogs() override { expectAllShown(); }
+
+    void expectMessage(const std::string& text, Buttons buttons = Buttons::Ok,
+                       Answer answer = Answer::Ok) {
+        script_.push_back({"message \"" + text + "\" " + nameOf(buttons), answer, ""});
+    }
+    void expectInput(const std::string& title, const std::string& prompt,
+                     const std::string& initial, const std::string& answer) {
+        script_.push_back({inputCall(title, prompt, initial), Answer::Ok, answer});
+    }
+    /// Fails the test for each box that has not come yet, and forgets them.
+    void expectAllShown() {
+        for (const Step& step : script_)
+            ADD_FAILURE() << "This box never came: " << step.call;
+        script_.clear();
+    }
+
+    /// Runs when the program lets pending events be handled.
+    std::function<void()> onPendingEvents;
+    /// What the program asked for the pointer, in order.
+    const std::vector<bool>& busyPointers() const { return busyPointers_; }
+
+    Answer message(const std::string& text, Buttons buttons) override {
+        return next("message \"" + text + "\" " + nameOf(buttons), closing(buttons)).answer;
+    }
+    std::string input(const std::string& title, const std::string& prompt,
+                      const std::string& initial) override {
+        return next(inputCall(title, prompt, initial), Answer::Cancel).text;
+    }
+    void setBusyPointer(bool busy) override { busyPointers_.push_back(busy); }
+    void processPendingEvents() override {
+        if (onPendingEvents)
+            onPendingEvents();
+    }
+
+ private:
+    struct Step {
+        std::string call;
+        Answer answer = Answer::Ok;
+        std::string text;
+    };
+
+    static std::string nameOf(Buttons buttons) {
+        return buttons == Buttons::Ok ? "Ok" : buttons == Buttons::OkCancel ? "OkCancel" : "YesNo";
+    }
+    static Answer closing(Buttons buttons) {
+        return buttons == Buttons::Ok         ? Answer::Ok
+               : buttons == Buttons::OkCancel ? Answer::Cancel
+                                              : Answer::No;
+    }
+    static std::string inputCall(const std::string& title, const std::string& prompt,
+                                 const std::string& initial) {
+        return "input \"" + title + "\" \"" + prompt + "\" \"" + initial + "\"";
+    }
+
+    /// An unexpected box leaves the script where it is, and is closed.
+    Step next(const std::string& call, Answer closed) {
+        if (script_.empty() || script_.front().call != call) {
+            ADD_FAILURE() << "Unexpected box: " << call
+                          << "\nExpected: " << (script_.empty() ? "none" : script_.front().call);
+            return {call, closed, ""};
+        }
+        Step step = std::move(script_.front());
+        script_.pop_front();
+        return step;
+    }
+
+    std::deque<Step> script_;
+    std::vector<bool> busyPointers_;
+};
+
+}  // namespace pelk

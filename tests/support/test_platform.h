@@ -1,0 +1,34 @@
+#pragma once
+// The toolkit under test with all that a test of windows needs. A test that uses no more than this
+// runs on every toolkit.
+
+#include <memory>
+
+#include "platform/controls.h"
+#include "platform/language.h"
+#include "tests/support/driver.h"
+#include "tests/support/scripted_dialogs.h"
+
+namespace pelk {
+
+// Each toolkit's test library defines these. A toolkit must not outlive its dialogs and language.
+std::unique_ptr<Language> makeLanguage();
+std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language);
+std::unique_ptr<Driver> makeDriver();
+
+/// Windows of the toolkit must be destroyed before this is.
+class TestPlatform {
+ public:
+    ScriptedDialogs dialogs;
+
+    const Language& language() const { return *language_; }
+    Toolkit& toolkit() { return *toolkit_; }
+    Driver& driver() { return *driver_; }
+
+ private:
+    std::unique_ptr<Language> language_ = makeLanguage();
+    std::unique_ptr<Toolkit> toolkit_ = makeToolkit(dialogs, *language_);
+    std::unique_ptr<Driver> driver_ = makeDriver();
+};
+
+}  // namespace pelk
