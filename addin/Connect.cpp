@@ -39,10 +39,10 @@ void Connect::OnDisconnection() {
 void Connect::buildMenu() {
     const std::unique_ptr<CommandPopup> popup =
         mailClient_->addPopup("Standard", "Pelk", "Pelk popup", kAction);
-    PelkButtonView = addButton(*popup, "View your community", "Pelk view",
-                               &Connect::PelkButtonView_Click);
-    PelkButtonParse = addButton(*popup, "Check for new e-mails", "Pelk parse",
-                                &Connect::PelkButtonParse_Click);
+    PelkButtonView =
+        addButton(*popup, "View your community", "Pelk view", &Connect::PelkButtonView_Click);
+    PelkButtonParse =
+        addButton(*popup, "Check for new e-mails", "Pelk parse", &Connect::PelkButtonParse_Click);
     PelkButtonAbout = addButton(*popup, "About", "Pelk about", &Connect::PelkButtonAbout_Click);
 }
 
@@ -99,8 +99,9 @@ void Connect::openView() {
 
 Database& Connect::requireDatabase() {
     if (!database_)
-        throw Error("The contact database could not be loaded. Nothing is shown or changed until "
-                    "the fault is mended and the mail client is started again.");
+        throw Error(
+            "The contact database could not be loaded. Nothing is shown or changed until "
+            "the fault is mended and the mail client is started again.");
     return *database_;
 }
 

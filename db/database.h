@@ -128,8 +128,7 @@ class Database {
     /// In document order; the indexes below hold positions in it.
     std::vector<RelationEntry> relations_;
     std::unordered_map<std::uint32_t, std::uint32_t> relationByPair_;
-    std::vector<Positions> relationsByContact_ =
-        std::vector<Positions>(kMaxContactId + 1);
+    std::vector<Positions> relationsByContact_ = std::vector<Positions>(kMaxContactId + 1);
 
     std::uint64_t revision_ = 0;
 };

@@ -22,8 +22,7 @@ void DatabaseCipher::setKey(std::string_view key) {
 void DatabaseCipher::setPlainText(std::string_view text) {
     const std::string nonce = nonceOf(text);
     cipherText_ = kVersion;
-    cipherText_ +=
-        crypto_.base64(nonce + crypto_.seal(sealingKey_, nonce, kVersion, text));
+    cipherText_ += crypto_.base64(nonce + crypto_.seal(sealingKey_, nonce, kVersion, text));
 }
 
 void DatabaseCipher::setCipherText(std::string_view text) {

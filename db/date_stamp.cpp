@@ -18,7 +18,8 @@ std::int64_t secondsSince1970(const LocalTime& time) {
     const sys_days midnight = year{time.year} / month{static_cast<unsigned>(time.month)} /
                               day{static_cast<unsigned>(time.day)};
     const std::int64_t days = midnight.time_since_epoch().count();
-    return days * kSecondsPerDay + (time.hour * 60 + time.minute) * 60 + time.second;
+    const std::int64_t minutes = std::int64_t{time.hour} * 60 + time.minute;
+    return days * kSecondsPerDay + minutes * 60 + time.second;
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ double readNumber(std::string_view text) {
     if (text.empty() || (!isDigit(text.front()) && text.front() != '.'))
         return 0;
     double number = 0;
-    const auto read = std::from_chars(text.data(), text.data() + text.size(), number,
-                                      std::chars_format::fixed);
+    const auto read =
+        std::from_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed);
     if (read.ec == std::errc::result_out_of_range)
         number = std::numeric_limits<double>::max();
     return negative ? -number : number;

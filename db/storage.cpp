@@ -78,8 +78,8 @@ std::unique_ptr<Database> Storage::parse(std::string_view xml) {
 std::optional<std::string> Storage::databaseFolder() {
     const std::optional<std::string> data = platform_.shell.applicationDataFolder();
     if (!data) {
-        platform_.dialogs.message(
-            "Serious error, cannot access the application data directory !", Buttons::Ok);
+        platform_.dialogs.message("Serious error, cannot access the application data directory !",
+                                  Buttons::Ok);
         return std::nullopt;
     }
     const std::string folder = platform_.files.join(*data, kFolderName);
@@ -109,9 +109,10 @@ std::unique_ptr<Database> Storage::decipher(const std::string& content) {
 
 /// A name beside the path under which nothing stands yet.
 std::string Storage::freeName(const std::string& path, const std::string& purpose) {
-    std::string name = path + "." + purpose;
+    const std::string first = path + "." + purpose;
+    std::string name = first;
     for (int number = 2; platform_.files.fileExists(name); ++number)
-        name = path + "." + purpose + "-" + std::to_string(number);
+        name = first + "-" + std::to_string(number);
     return name;
 }
 

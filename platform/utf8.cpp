@@ -65,11 +65,9 @@ std::string cleanText(std::string_view text) {
     clean.reserve(text.size());
     while (!text.empty()) {
         const Character character = readCharacter(text);
-        if (!character.valid)
-            clean += kReplacement;
-        else if (isControl(character.code))
+        if (character.valid && isControl(character.code))
             clean += ' ';
-        else if (!mayStandInXml(character.code))
+        else if (!character.valid || !mayStandInXml(character.code))
             clean += kReplacement;
         else
             clean += text.substr(0, character.length);

@@ -42,8 +42,7 @@ class XmlLibrary {
     virtual Node appendElement(Node parent, const char* name) const = 0;
     virtual void remove(Node node) const = 0;
     virtual std::vector<Node> select(Node context, const std::string& query) const = 0;
-    virtual std::optional<std::string> selectText(Node context,
-                                                  const std::string& query) const = 0;
+    virtual std::optional<std::string> selectText(Node context, const std::string& query) const = 0;
 };
 
 /// A reference to one element, or to none. Copies refer to the same element. An element that was
@@ -52,7 +51,8 @@ class XmlElement {
  public:
     XmlElement() = default;
     /// Takes over a retained node, which may be null.
-    XmlElement(const XmlLibrary& library, XmlLibrary::Node node) : library_(&library), node_(node) {}
+    XmlElement(const XmlLibrary& library, XmlLibrary::Node node)
+        : library_(&library), node_(node) {}
     XmlElement(const XmlElement& other) : library_(other.library_), node_(other.node_) {
         if (node_ != nullptr)
             library_->retain(node_);

@@ -23,8 +23,8 @@ Rect buttonAt(int left) {
 ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
     : window(toolkit.createWindow()),
       staticLabel(window->addLabel(kStaticBounds,
-                                    "Only newer e-mails will be scanned. This process may take a "
-                                    "while. The deleted and outbox folders will NOT be scanned.")),
+                                   "Only newer e-mails will be scanned. This process may take a "
+                                   "while. The deleted and outbox folders will NOT be scanned.")),
       DynamicLabel(window->addLabel(kDynamicBounds, "Please click the start button !")),
       parsingProgress(window->addProgressBar(kProgressBounds)),
       startButton(window->addButton(buttonAt(kStartLeft), "Start")),

@@ -128,8 +128,8 @@ void ShowForm::formResize() {
 
 /// Goes through the nodes in the order in which they were added, related contacts among them.
 void ShowForm::gotoButtonClick() {
-    const std::string answer = platform_.dialogs.input(
-        "", "Enter the first letters of the contact you want to find:", "");
+    const std::string answer =
+        platform_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");
     if (answer.empty())
         return;
     TreeModel& tree = presTree.model();

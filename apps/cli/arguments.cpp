@@ -46,8 +46,8 @@ struct Command {
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 constexpr std::array kCommands{
-    Command{"", 0, kAnyNumber},   Command{"scan", 1, kAnyNumber}, Command{"contacts", 0, 0},
-    Command{"relations", 1, 1},   Command{"dump", 0, 0},          Command{"load", 1, 1},
+    Command{"", 0, kAnyNumber}, Command{"scan", 1, kAnyNumber}, Command{"contacts", 0, 0},
+    Command{"relations", 1, 1}, Command{"dump", 0, 0},          Command{"load", 1, 1},
     Command{"export", 1, 1},
 };
 

@@ -76,8 +76,8 @@ void CommandRun::lock() {
 }
 
 void CommandRun::scan() {
-    const std::unique_ptr<MailSession> session = openMailSession(
-        arguments_.operands, {arguments_.outboxNames, arguments_.deletedNames});
+    const std::unique_ptr<MailSession> session =
+        openMailSession(arguments_.operands, {arguments_.outboxNames, arguments_.deletedNames});
     lock();
     const std::string since = database().date();
     ScanOutcome outcome;

@@ -80,12 +80,12 @@ std::size_t endOfTag(std::string_view xml) {
 void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database& database,
                   bool json) {
     if (json) {
-        print(out, QJsonDocument(QJsonObject{
-                       {"mails", outcome.mails},
-                       {"newContacts", static_cast<qint64>(outcome.contacts)},
-                       {"newRelations", static_cast<qint64>(outcome.relations)},
-                       {"contacts", static_cast<qint64>(database.contactCount())},
-                       {"relations", static_cast<qint64>(database.relationCount())}}));
+        print(out, QJsonDocument(
+                       QJsonObject{{"mails", outcome.mails},
+                                   {"newContacts", static_cast<qint64>(outcome.contacts)},
+                                   {"newRelations", static_cast<qint64>(outcome.relations)},
+                                   {"contacts", static_cast<qint64>(database.contactCount())},
+                                   {"relations", static_cast<qint64>(database.relationCount())}}));
         return;
     }
     out << "e-mails counted: " << outcome.mails << '\n'

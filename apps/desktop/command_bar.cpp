@@ -43,10 +43,9 @@ class MenuPopup : public CommandPopup {
                                              std::function<void()> clicked) override {
         QAction* const action = menu_.addAction(toText(caption));
         action->setObjectName(toText(tag));
-        QObject::connect(action, &QAction::triggered, action,
-                         [&dialogs = dialogs_, handler = std::move(clicked)] {
-                             guarded(dialogs, handler);
-                         });
+        QObject::connect(
+            action, &QAction::triggered, action,
+            [&dialogs = dialogs_, handler = std::move(clicked)] { guarded(dialogs, handler); });
         return std::make_unique<MenuButton>(action);
     }
 

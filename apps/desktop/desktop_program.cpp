@@ -24,8 +24,7 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
     const Platform platform = desktop.with(dialogs);
     QtToolkit toolkit(dialogs, desktop.language());
-    MainWindow window(arguments.operands, {arguments.outboxNames, arguments.deletedNames},
-                      dialogs);
+    MainWindow window(arguments.operands, {arguments.outboxNames, arguments.deletedNames}, dialogs);
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     Connect connect(toolkit, platform);

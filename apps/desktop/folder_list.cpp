@@ -16,8 +16,8 @@ FolderList::FolderList(MailSession& session) {
 }
 
 QModelIndex FolderList::startIndex() const {
-    const QList<QStandardItem*> inboxes = model_.findItems(
-        QStringLiteral("inbox"), Qt::MatchFixedString | Qt::MatchRecursive);
+    const QList<QStandardItem*> inboxes =
+        model_.findItems(QStringLiteral("inbox"), Qt::MatchFixedString | Qt::MatchRecursive);
     return inboxes.isEmpty() ? model_.index(0, 0) : inboxes.first()->index();
 }
 
@@ -27,8 +27,9 @@ StoredFolder& FolderList::folderOf(const QModelIndex& index) const {
 
 void FolderList::add(QStandardItem& parent, MailFolders& folders) {
     for (std::unique_ptr<MailFolder> folder = folders.first(); folder; folder = folders.next()) {
-        auto* const item = new QStandardItem(QApplication::style()->standardIcon(QStyle::SP_DirIcon),
-                                             QString::fromStdString(folder->name()));
+        auto* const item =
+            new QStandardItem(QApplication::style()->standardIcon(QStyle::SP_DirIcon),
+                              QString::fromStdString(folder->name()));
         item->setEditable(false);
         item->setData(static_cast<qulonglong>(folders_.size()), kFolderRole);
         parent.appendRow(item);

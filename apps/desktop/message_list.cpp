@@ -69,7 +69,8 @@ QVariant MessageList::headerData(int section, Qt::Orientation orientation, int r
 
 const MessageList::Row& MessageList::row(int number) const {
     const auto found = rows_.find(number);
-    return found != rows_.end() ? found->second : rows_.emplace(number, readRow(number)).first->second;
+    return found != rows_.end() ? found->second
+                                : rows_.emplace(number, readRow(number)).first->second;
 }
 
 /// A message that cannot be read says so in its row.

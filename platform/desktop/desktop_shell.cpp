@@ -17,7 +17,7 @@ std::string environment(const char* name) {
 /// Empty when the environment does not tell.
 std::string usualDataFolder() {
     // A relative path in the variable is to be ignored, by the rules for these folders.
-    if (const std::string folder = environment("XDG_DATA_HOME"); folder.starts_with('/'))
+    if (std::string folder = environment("XDG_DATA_HOME"); folder.starts_with('/'))
         return folder;
     const std::string home = environment("HOME");
     return home.empty() ? home : home + "/.local/share";

@@ -46,8 +46,8 @@ CipherContext createContext() {
 std::string OpensslCrypto::hmacSha256(std::string_view key, std::string_view data) const {
     std::string digest(EVP_MAX_MD_SIZE, '\0');
     unsigned int size = 0;
-    require(HMAC(EVP_sha256(), key.data(), sizeOf(key), bytesOf(data), data.size(),
-                 bytesOf(digest), &size) != nullptr);
+    require(HMAC(EVP_sha256(), key.data(), sizeOf(key), bytesOf(data), data.size(), bytesOf(digest),
+                 &size) != nullptr);
     digest.resize(size);
     return digest;
 }
@@ -81,8 +81,8 @@ std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string
     require(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
                                bytesOf(nonce)) == 1);
     require(EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    require(EVP_DecryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(text),
-                              sizeOf(text)) == 1);
+    require(EVP_DecryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(text), sizeOf(text)) ==
+            1);
     require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) == 1);
     if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) != 1)
         return std::nullopt;

@@ -71,7 +71,7 @@ std::string folderOf(const std::string& path) {
 }
 
 bool hasType(const std::string& path, mode_t type) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == type;
 }
 
@@ -96,7 +96,7 @@ void PosixFiles::createFolder(const std::string& path) {
 
 std::string PosixFiles::readWholeFile(const std::string& path) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    struct stat status{};
+    struct stat status {};
     if (file.get() < 0 || ::fstat(file.get(), &status) != 0)
         fail(path, "read");
     std::string content;

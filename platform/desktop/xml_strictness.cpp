@@ -102,7 +102,7 @@ std::string faultOfDocument(const pugi::xml_document& document) {
     if (roots != 1)
         return std::to_string(roots) + " root elements";
     DoubledAttribute doubled;
-    pugi::xml_node(document).traverse(doubled);
+    document.root().traverse(doubled);
     return doubled.found ? "an attribute that stands twice" : "";
 }
 

@@ -119,8 +119,8 @@ TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
     client.button("About")->clicked();
     driver.settle();
     EXPECT_TRUE(driver.isWindowShown("About Pelk"));
-    EXPECT_TRUE(driver.isLabelShown(
-        "Pelk " PELK_VERSION "\nA contact management and a connections finder tool."));
+    EXPECT_TRUE(driver.isLabelShown("Pelk " PELK_VERSION
+                                    "\nA contact management and a connections finder tool."));
     driver.clickButton("OK");
     EXPECT_FALSE(driver.isWindowShown("About Pelk"));
     connect.OnDisconnection();

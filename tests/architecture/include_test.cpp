@@ -68,7 +68,8 @@ bool mayInclude(const Include& include) {
     return to == from || to == "platform" || kArrows.at(from).contains(to);
 }
 
-bool reachesItself(const std::string& start, const std::map<std::string, std::set<std::string>>& graph) {
+bool reachesItself(const std::string& start,
+                   const std::map<std::string, std::set<std::string>>& graph) {
     std::set<std::string> seen;
     std::vector<std::string> open{start};
     while (!open.empty()) {

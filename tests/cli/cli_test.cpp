@@ -37,7 +37,8 @@ class CliTest : public ::testing::Test {
     /// Runs the program with its database in the test's own folder.
     Outcome run(const std::string& arguments, const std::string& input = "") {
         const std::string errors = folder.path() + "/errors";
-        const std::string command = "cd " + folder.path() + " && env -u DISPLAY -u WAYLAND_DISPLAY"
+        const std::string command = "cd " + folder.path() +
+                                    " && env -u DISPLAY -u WAYLAND_DISPLAY"
                                     " -u QT_QPA_PLATFORM " PELK_PROGRAM " --data data " +
                                     arguments + " 2>" + errors + " <" +
                                     folder.write("input", input);
@@ -69,12 +70,14 @@ TEST_F(CliTest, scansOnceAndListsWhatItFound) {
     EXPECT_EQ(first.errors, "");
     EXPECT_EQ(first.status, 0);
     const Outcome second = run("scan Inbox --json");
-    EXPECT_EQ(second.output, "{\n    \"contacts\": 3,\n    \"mails\": 0,\n    \"newContacts\": 0,\n"
-                             "    \"newRelations\": 0,\n    \"relations\": 2\n}\n");
+    EXPECT_EQ(second.output,
+              "{\n    \"contacts\": 3,\n    \"mails\": 0,\n    \"newContacts\": 0,\n"
+              "    \"newRelations\": 0,\n    \"relations\": 2\n}\n");
     EXPECT_NE(second.errors.find("Only e-mails that came after the last scan"), std::string::npos);
-    EXPECT_EQ(run("contacts").output, "    1  Ann Smith (ann@a.example)\n"
-                                      "    2  Bob (bob@b.example)\n"
-                                      "    3  cy@c.example (cy@c.example)\n");
+    EXPECT_EQ(run("contacts").output,
+              "    1  Ann Smith (ann@a.example)\n"
+              "    2  Bob (bob@b.example)\n"
+              "    3  cy@c.example (cy@c.example)\n");
     const std::string relations = "strong      2      2  Bob\nmedium      1      3  cy@c.example\n";
     EXPECT_EQ(run("relations 1").output, relations);
     EXPECT_EQ(run("relations Ann@A.example").output, relations);
@@ -93,7 +96,8 @@ TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
 
     const Outcome loaded = run("load -", edited);
     EXPECT_EQ(loaded.status, 0) << loaded.errors;
-    EXPECT_EQ(loaded.output, "contacts: 3\nrelations: 2\nprevious database: data/pelk/pelk.db.old\n");
+    EXPECT_EQ(loaded.output,
+              "contacts: 3\nrelations: 2\nprevious database: data/pelk/pelk.db.old\n");
     EXPECT_EQ(contentOf(database + ".old"), before);
     EXPECT_EQ(run("dump").output, edited);
     folder.write("original.xml", dump);
@@ -104,9 +108,10 @@ TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
 }
 
 TEST_F(CliTest, loadsADocumentThatIsReallyUtf16) {
-    const std::string text = "<?xml version='1.0' encoding='UTF-16'?><pelkDB "
-                             "date='2020-01-01T00:00:00' totalMails='0' totalContacts='0' "
-                             "maxInd='50' minInd='5'><contacts/><relations total='0'/></pelkDB>";
+    const std::string text =
+        "<?xml version='1.0' encoding='UTF-16'?><pelkDB "
+        "date='2020-01-01T00:00:00' totalMails='0' totalContacts='0' "
+        "maxInd='50' minInd='5'><contacts/><relations total='0'/></pelkDB>";
     std::string wide = "\xFF\xFE";
     for (const char c : text)
         wide += {c, '\0'};

@@ -72,8 +72,7 @@ TEST(Database, refusesWhatIsNoContactDatabase) {
 }
 
 TEST(Database, refusesTheContactThatHasNoId) {
-    Database database = load(
-        "<pelkDB totalContacts='32766'><contacts/><relations/></pelkDB>");
+    Database database = load("<pelkDB totalContacts='32766'><contacts/><relations/></pelkDB>");
     EXPECT_EQ(database.addContact("last", "last@a.example"), kMaxContactId);
     const std::string before = database.xml();
     EXPECT_THROW(database.addContact("more", "more@a.example"), ContactLimitReached);
@@ -82,8 +81,7 @@ TEST(Database, refusesTheContactThatHasNoId) {
 
 TEST(Database, readsForeignNumbersLeniently) {
     Database database = load(documentOf(contactXml("12abc", "a@x"),
-                                        relationXml("1", "2", "7.9x") +
-                                            relationXml("3", "x", "") +
+                                        relationXml("1", "2", "7.9x") + relationXml("3", "x", "") +
                                             relationXml("4", "99999", "-5")));
     EXPECT_EQ(database.contactIdByAddress("a@x"), 12);
     EXPECT_FALSE(database.contact(12)) << "a query for 12 does not find 12abc";
@@ -170,11 +168,16 @@ TEST(DocumentCheck, namesEachFault) {
     const std::string two = one + contactXml("2", "b@x");
     EXPECT_EQ(faultOf(documentOf(two, relationXml("1", "2", "3"))), "");
     for (const std::string& xml : {
-             documentOf(contactXml("0", "a@x"), ""), documentOf(contactXml("10", "a@x"), ""),
-             documentOf(contactXml("01", "a@x"), ""), documentOf(one + contactXml("1", "b@x"), ""),
-             documentOf(one + contactXml("2", "a@x"), ""), documentOf(contactXml("1", "A@x"), ""),
-             documentOf(two, relationXml("2", "1", "3")), documentOf(two, relationXml("1", "1", "3")),
-             documentOf(two, relationXml("1", "5", "3")), documentOf(two, relationXml("1", "2", "-3")),
+             documentOf(contactXml("0", "a@x"), ""),
+             documentOf(contactXml("10", "a@x"), ""),
+             documentOf(contactXml("01", "a@x"), ""),
+             documentOf(one + contactXml("1", "b@x"), ""),
+             documentOf(one + contactXml("2", "a@x"), ""),
+             documentOf(contactXml("1", "A@x"), ""),
+             documentOf(two, relationXml("2", "1", "3")),
+             documentOf(two, relationXml("1", "1", "3")),
+             documentOf(two, relationXml("1", "5", "3")),
+             documentOf(two, relationXml("1", "2", "-3")),
              documentOf(two, relationXml("1", "2", "3") + relationXml("1", "2", "4")),
              std::string("<pelkDB><contacts/><relations/></pelkDB>"),
              std::string("<pelkDB date='2020-01-01T00:00:00' totalMails='0' totalContacts='0' "

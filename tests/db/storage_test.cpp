@@ -81,10 +81,11 @@ TEST_F(StorageTest, setsADamagedFileAside) {
     saveOne();
     const std::string damaged = "cut short" + saved;
     files.files = {{kFile, damaged}, {std::string(kFile) + ".damaged", "an earlier one"}};
-    dialogs.expectMessage("The database file /data/pelk/pelk.db cannot be used. It does not begin "
-                          "as a database file does. It has been kept as "
-                          "/data/pelk/pelk.db.damaged-2, and Pelk goes on with an empty database.",
-                          Buttons::Ok, Answer::Ok);
+    dialogs.expectMessage(
+        "The database file /data/pelk/pelk.db cannot be used. It does not begin "
+        "as a database file does. It has been kept as "
+        "/data/pelk/pelk.db.damaged-2, and Pelk goes on with an empty database.",
+        Buttons::Ok, Answer::Ok);
     EXPECT_EQ(storage.loadDatabase()->contactCount(), 0U);
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged-2"], damaged);
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");

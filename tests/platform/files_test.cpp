@@ -18,7 +18,7 @@ namespace pelk {
 namespace {
 
 int modeOf(const std::string& path) {
-    struct stat status{};
+    struct stat status {};
     return ::stat(path.c_str(), &status) == 0 ? static_cast<int>(status.st_mode & 0777) : -1;
 }
 
@@ -75,10 +75,14 @@ TEST_F(FilesTest, tellsFilesAndFoldersApart) {
 TEST_F(FilesTest, namesThePathAndTheReasonOfAFailure) {
     const std::string missing = files.join(folder.path(), "no/file");
     const std::string reason = ": No such file or directory.";
-    EXPECT_EQ(messageOf([&] { files.readWholeFile(missing); }), missing + " cannot be read" + reason);
-    EXPECT_EQ(messageOf([&] { files.createFile(missing); }), missing + " cannot be written" + reason);
-    EXPECT_EQ(messageOf([&] { files.createFolder(missing); }), missing + " cannot be created" + reason);
-    EXPECT_EQ(messageOf([&] { files.removeFile(missing); }), missing + " cannot be removed" + reason);
+    EXPECT_EQ(messageOf([&] { files.readWholeFile(missing); }),
+              missing + " cannot be read" + reason);
+    EXPECT_EQ(messageOf([&] { files.createFile(missing); }),
+              missing + " cannot be written" + reason);
+    EXPECT_EQ(messageOf([&] { files.createFolder(missing); }),
+              missing + " cannot be created" + reason);
+    EXPECT_EQ(messageOf([&] { files.removeFile(missing); }),
+              missing + " cannot be removed" + reason);
     EXPECT_EQ(messageOf([&] { files.replaceFile(path, missing); }),
               missing + " cannot be replaced" + reason);
     EXPECT_NE(messageOf([&] { files.readWholeFile(folder.path()); }), "");

@@ -13,12 +13,14 @@ class XmlTest : public ::testing::Test {
 };
 
 TEST_F(XmlTest, writesTheOneForm) {
-    ASSERT_TRUE(document->loadXml("<?xml version='1.0' encoding='UTF-16' ?>\n<!-- lost -->\n"
-                                  "<a b='1'  c = \"&lt;&#65;&quot;'\" >\r\n <d ></d> <e/>\n</a>\n"));
+    ASSERT_TRUE(
+        document->loadXml("<?xml version='1.0' encoding='UTF-16' ?>\n<!-- lost -->\n"
+                          "<a b='1'  c = \"&lt;&#65;&quot;'\" >\r\n <d ></d> <e/>\n</a>\n"));
     document->root().firstChild().setAttribute("f", "& < > \" ' ü 李");
-    EXPECT_EQ(document->xml(), "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"
-                               "<a b=\"1\" c=\"&lt;A&quot;'\">"
-                               "<d f=\"&amp; &lt; > &quot; ' ü 李\"/><e/></a>");
+    EXPECT_EQ(document->xml(),
+              "<?xml version=\"1.0\" encoding=\"UTF-16\"?>"
+              "<a b=\"1\" c=\"&lt;A&quot;'\">"
+              "<d f=\"&amp; &lt; > &quot; ' ü 李\"/><e/></a>");
 }
 
 TEST_F(XmlTest, refusesWhatIsNoOneWellFormedDocument) {

@@ -34,8 +34,9 @@ TEST_F(ParseFormTest, showsItsTextsWhole) {
     showAndDo([this] {
         EXPECT_EQ(driver.textOf(form.staticLabel), "What a scan does.");
         EXPECT_EQ(driver.textOf(form.DynamicLabel), "Please click the start button!");
-        form.staticLabel.setText("You must first scan your mailbox. This process may take a while. "
-                                 "The deleted and outbox folders will NOT be scanned.");
+        form.staticLabel.setText(
+            "You must first scan your mailbox. This process may take a while. "
+            "The deleted and outbox folders will NOT be scanned.");
         EXPECT_TRUE(driver.showsWholeText(form.staticLabel));
         EXPECT_TRUE(driver.showsWholeText(form.DynamicLabel));
         EXPECT_TRUE(driver.showsWholeText(form.startButton));
@@ -77,9 +78,10 @@ TEST_F(ParseFormTest, cancelOpensTheViewAndChangesNothing) {
 TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
     core.files.steps = 0;
     core.files.failAt = 2;
-    core.dialogs.expectMessage("/data/pelk/pelk.db.new cannot be written. The e-mails have been "
-                               "counted, but the result is not saved. Click the start button to "
-                               "save it.");
+    core.dialogs.expectMessage(
+        "/data/pelk/pelk.db.new cannot be written. The e-mails have been "
+        "counted, but the result is not saved. Click the start button to "
+        "save it.");
     showAndDo([this] {
         driver.click(form.startButton);
         EXPECT_TRUE(driver.isVisible(*form.window));
@@ -92,8 +94,9 @@ TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
 }
 
 TEST_F(ParseFormTest, tellsOnceThatTheDatabaseIsFull) {
-    database = loadDocument("<pelkDB date='1970-01-01T00:00:00' totalContacts='32766'><contacts/>"
-                            "<relations/></pelkDB>");
+    database = loadDocument(
+        "<pelkDB date='1970-01-01T00:00:00' totalContacts='32766'><contacts/>"
+        "<relations/></pelkDB>");
     form.database = database.get();
     core.dialogs.expectMessage(kDatabaseFullMessage);
     showAndDo([this] { driver.click(form.startButton); });

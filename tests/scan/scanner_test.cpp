@@ -24,9 +24,7 @@ class ScannerTest : public ::testing::Test {
     SilentProgress progress;
     Database database = std::move(*emptyDatabase());
 
-    ScanOutcome scan() {
-        return Scanner(database, language, progress).scan(*client.session());
-    }
+    ScanOutcome scan() { return Scanner(database, language, progress).scan(*client.session()); }
     ScanOutcome scanItems(std::vector<MemoryItem> items) {
         client.stores = {{"Store", std::move(items), {}}};
         return scan();
@@ -41,9 +39,9 @@ class ScannerTest : public ::testing::Test {
 };
 
 TEST_F(ScannerTest, countsAnEmailAndEachPairOfSenderAndRecipient) {
-    const ScanOutcome outcome = scanItems({mail("Ann@A", {"bob@b", "CY@c", "dee@d"}),
-                                           mail("bob@b", {"ann@a", "ann@a"}),
-                                           mail("ann@a", {"ann@a"})});
+    const ScanOutcome outcome =
+        scanItems({mail("Ann@A", {"bob@b", "CY@c", "dee@d"}), mail("bob@b", {"ann@a", "ann@a"}),
+                   mail("ann@a", {"ann@a"})});
     EXPECT_EQ(database.totalMails(), "3");
     EXPECT_EQ(database.contactCount(), 4U);
     EXPECT_EQ(database.relationCount(), 3U);
@@ -110,8 +108,9 @@ TEST_F(ScannerTest, aFaultAbandonsOnlyItsStep) {
 }
 
 TEST_F(ScannerTest, endsInOrderWhenTheDatabaseIsFull) {
-    database = std::move(*loadDocument("<pelkDB date='1970-01-01T00:00:00' totalContacts='32765'><contacts/>"
-                    "<relations/></pelkDB>"));
+    database = std::move(
+        *loadDocument("<pelkDB date='1970-01-01T00:00:00' totalContacts='32765'><contacts/>"
+                      "<relations/></pelkDB>"));
     const ScanOutcome outcome =
         scanItems({mail("a@x", {"b@x", "c@x"}), mail("a@x", {"b@x"}), mail("d@x", {"a@x"})});
     EXPECT_TRUE(outcome.databaseFull);

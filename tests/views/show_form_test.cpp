@@ -53,8 +53,8 @@ class ShowFormTest : public ::testing::Test {
         return texts;
     }
     void goTo(const std::string& answer) {
-        core.dialogs.expectInput(
-            "", "Enter the first letters of the contact you want to find:", "", answer);
+        core.dialogs.expectInput("", "Enter the first letters of the contact you want to find:", "",
+                                 answer);
         driver.click(form.gotoButton);
     }
 };
@@ -86,8 +86,11 @@ TEST_F(ShowFormTest, expandsAContactIntoItsColouredRelations) {
     EXPECT_EQ(rows[2].image, TreeImage::One);
     EXPECT_FALSE(rows[2].hasExpander);
 
-    driver.expand(form.presTree, {3, });
-    EXPECT_EQ(texts({3}), (std::vector<std::string>{"Ann", "Carl"})) << "a self-relation shows once";
+    driver.expand(form.presTree, {
+                                     3,
+                                 });
+    EXPECT_EQ(texts({3}), (std::vector<std::string>{"Ann", "Carl"}))
+        << "a self-relation shows once";
     driver.expand(form.presTree, {1});
     EXPECT_EQ(texts({1}), std::vector<std::string>{}) << "a contact without relations";
 }
@@ -96,8 +99,9 @@ TEST_F(ShowFormTest, collapsingEmptiesANodeUntilItIsExpandedAgain) {
     driver.expand(form.presTree, {0});
     driver.collapse(form.presTree, {0});
     EXPECT_EQ(texts({0}), (std::vector<std::string>{"Loading..."}));
-    database = loadDocument(std::string(kCommunity).replace(
-        std::string(kCommunity).find("minInd='5'"), 10, "minInd='60'"));
+    database =
+        loadDocument(std::string(kCommunity)
+                         .replace(std::string(kCommunity).find("minInd='5'"), 10, "minInd='60'"));
     form.database = database.get();
     driver.expand(form.presTree, {0});
     EXPECT_EQ(texts({0}), (std::vector<std::string>{"bob", "Carl", "Zoe"}));
@@ -152,9 +156,9 @@ TEST_F(ShowFormTest, laysOutItsControlsFromTheBottomEdge) {
     EXPECT_TRUE(near(driver.boundsOf(form.presTree).width, inner.width));
     EXPECT_TRUE(near(driver.boundsOf(form.presTree).height, inner.height - 600));
     EXPECT_TRUE(near(driver.boundsOf(form.gotoButton).top, inner.height - 250));
-    for (Control* control : {static_cast<Control*>(&form.dLabel1),
-                             static_cast<Control*>(&form.dLabel2),
-                             static_cast<Control*>(&form.refreshButton)})
+    for (Control* control :
+         {static_cast<Control*>(&form.dLabel1), static_cast<Control*>(&form.dLabel2),
+          static_cast<Control*>(&form.refreshButton)})
         EXPECT_TRUE(near(driver.boundsOf(*control).top, inner.height - 550));
     for (Button* button : {&form.gotoButton, &form.refreshButton})
         EXPECT_TRUE(driver.showsWholeText(*button));

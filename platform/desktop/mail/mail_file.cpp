@@ -14,7 +14,7 @@ namespace pelk {
 
 void failReading(const std::string& path) {
     const std::string reason = std::generic_category().message(errno);
-    throw Error("Cannot read " + path + ": " + reason);
+    throw Error(path + " cannot be read: " + reason + ".");
 }
 
 std::shared_ptr<const MailFile> MailFile::open(const std::string& path) {
@@ -27,7 +27,7 @@ std::shared_ptr<const MailFile> MailFile::open(const std::string& path) {
     if (::fstat(descriptor, &status) != 0)
         failReading(path);
     if (!S_ISREG(status.st_mode))
-        throw Error("Cannot read " + path + ": it is not a file");
+        throw Error(path + " cannot be read: it is not a file.");
     file->size_ = static_cast<std::uint64_t>(status.st_size);
     file->modified_ = status.st_mtim.tv_sec;
     return file;
@@ -52,7 +52,7 @@ std::size_t MailFile::read(std::uint64_t offset, char* bytes, std::size_t length
 }
 
 void MailFile::failChanged() const {
-    throw Error("Cannot read " + path_ + ": it was changed by another program");
+    throw Error(path_ + " cannot be read: it was changed by another program.");
 }
 
 FileStart startOf(const std::string& path) {

@@ -34,7 +34,7 @@ class DiskFolder : public StoredFolder {
     std::shared_ptr<MailItem> mailItem(int index) override {
         ListedMessage listed = listedMessage(index);
         if (listed.kind != ItemKind::Mail)
-            throw Error(describe(index) + " is no e-mail");
+            throw NotAMailItem();
         return std::move(listed.message);
     }
 
@@ -72,7 +72,7 @@ class DiskFolder : public StoredFolder {
 
     ListedMessage listedMessage(int index) {
         if (index < 1 || index > itemCount())
-            throw Error(describe(index) + " does not exist");
+            throw Error(describe(index) + " does not exist.");
         return messages()->message(static_cast<std::size_t>(index) - 1);
     }
 
@@ -137,7 +137,7 @@ class DiskSession : public MailSession {
 
 }  // namespace
 
-std::unique_ptr<MailSession> openMailSession(std::vector<std::string> paths,
+std::unique_ptr<MailSession> openMailSession(const std::vector<std::string>& paths,
                                              MailStoreOptions options) {
     return std::make_unique<DiskSession>(paths, std::move(options));
 }

@@ -40,7 +40,7 @@ struct MailStoreOptions {
 /// A folder is looked at when it is first asked for its items, and shows these from then on,
 /// whatever happens to it on disk. Items outlive their folder. A folder or message that cannot be
 /// read, or is gone, fails with an `Error` when it is read, and leaves the others as they are.
-std::unique_ptr<MailSession> openMailSession(std::vector<std::string> paths,
+std::unique_ptr<MailSession> openMailSession(const std::vector<std::string>& paths,
                                              MailStoreOptions options);
 
 }  // namespace pelk

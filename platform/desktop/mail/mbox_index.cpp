@@ -31,7 +31,7 @@ bool isDoubtful(std::string_view text) {
 
 /// The same, quickly told for nearly every slash.
 bool mayBeDoubtful(char following) {
-    return std::memchr("cCrR( \t\r\n", following, 9) != nullptr;
+    return std::string_view("cCrR( \t\r\n").find(following) != std::string_view::npos;
 }
 
 class MboxScan {

@@ -14,7 +14,7 @@ namespace {
 [[noreturn]] void failUnknown(const std::string& path) {
     throw Error(path +
                 " holds no mail that can be read: neither an mbox, nor a Maildir, nor .eml "
-                "files");
+                "files.");
 }
 
 /// The last part of `path`, also for "." and the like.

@@ -34,7 +34,7 @@ int StoredMessage::recipientCount() {
 MailPerson StoredMessage::recipient(int index) {
     if (index < 1 || index > recipientCount()) {
         throw Error("A message in " + place_.file->path() + " has no recipient " +
-                    std::to_string(index));
+                    std::to_string(index) + ".");
     }
     return recipients()[static_cast<std::size_t>(index) - 1];
 }

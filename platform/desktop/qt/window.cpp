@@ -90,7 +90,6 @@ void QtWindow::showModal() {
         bringToFront();
         return;
     }
-    frame_->hide();  // a window that is shown cannot become modal
     setModal(true);
     bringToFront();
     if (frame_->isVisible()) {  // unless its first handler has hidden it
@@ -104,7 +103,7 @@ void QtWindow::showModal() {
 }
 
 /// A modal window is a dialog of the window that was active, so that the window system keeps it
-/// in front of that.
+/// in front of that. A window that is shown is hidden by the change.
 void QtWindow::setModal(bool modal) {
     frame_->setWindowFlags(modal ? Qt::Dialog : Qt::Window);
     frame_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
