@@ -7,7 +7,6 @@
 
 #include "db/document_check.h"
 #include "db/queries.h"
-#include "platform/desktop/locale_language.h"
 #include "tests/support/core_platform.h"
 
 namespace pelk {
@@ -62,7 +61,7 @@ TEST(Database, writesTheDocumentToTheLetter) {
         R"(<relations total="0"><relation part1="1" part2="2" weight="2"/></relations></pelkDB>)";
     EXPECT_EQ(database.xml(), expected);
     EXPECT_EQ(load(expected).xml(), expected);
-    EXPECT_NO_THROW(requireSoundDocument(database.root(), LocaleLanguage()));
+    EXPECT_NO_THROW(requireSoundDocument(database.root(), *makeLanguage()));
 }
 
 TEST(Database, refusesWhatIsNoContactDatabase) {
@@ -155,10 +154,10 @@ TEST(Database, indexesEqualTheirQueriesOnRandomDocumentsEditedAtRandom) {
 }
 
 TEST(DocumentCheck, namesEachFault) {
-    const LocaleLanguage language;
+    const std::unique_ptr<Language> language = makeLanguage();
     const auto faultOf = [&language](const std::string& xml) -> std::string {
         try {
-            requireSoundDocument(load(xml).root(), language);
+            requireSoundDocument(load(xml).root(), *language);
         } catch (const Error& error) {
             return error.what();
         }

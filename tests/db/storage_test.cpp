@@ -137,18 +137,18 @@ DatabaseCipher keyedCipher(const Crypto& crypto) {
 }
 
 TEST(DatabaseCipher, writesTheSameBytesOnEveryPlatform) {
-    const OpensslCrypto crypto;
-    DatabaseCipher cipher = keyedCipher(crypto);
+    const std::unique_ptr<Crypto> crypto = makeCrypto();
+    DatabaseCipher cipher = keyedCipher(*crypto);
     cipher.setPlainText("<pelkDB/>");
     EXPECT_EQ(cipher.cipherText(), "PELK1:sEhkB/v+nHc6t0BYSN7A1dtkJjqUSdF5DQlyXyvpcAhZ8BoqUA==");
 }
 
 TEST(DatabaseCipher, detectsAChangeOfAnyByte) {
-    const OpensslCrypto crypto;
-    DatabaseCipher writer = keyedCipher(crypto);
+    const std::unique_ptr<Crypto> crypto = makeCrypto();
+    DatabaseCipher writer = keyedCipher(*crypto);
     writer.setPlainText("a text with some umlauts: äöü");
     const std::string text = writer.cipherText();
-    DatabaseCipher reader = keyedCipher(crypto);
+    DatabaseCipher reader = keyedCipher(*crypto);
     reader.setCipherText(text + "\r\n");
     EXPECT_EQ(reader.plainText(), "a text with some umlauts: äöü");
     for (std::size_t at = 0; at < text.size(); ++at)

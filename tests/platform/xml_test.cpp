@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/desktop/pugi_document.h"
+#include "tests/support/adapters.h"
 
 namespace pelk {
 namespace {
 
 class XmlTest : public ::testing::Test {
  protected:
-    std::unique_ptr<XmlDocument> document = createPugiDocument();
+    std::unique_ptr<XmlDocument> document = makeXmlDocument();
 };
 
 TEST_F(XmlTest, writesTheOneForm) {

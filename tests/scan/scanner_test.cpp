@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/desktop/locale_language.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/memory_mail.h"
 
@@ -19,12 +18,12 @@ class SilentProgress : public ScanProgress {
 
 class ScannerTest : public ::testing::Test {
  protected:
-    LocaleLanguage language;
+    const std::unique_ptr<Language> language = makeLanguage();
     MemoryMailClient client;
     SilentProgress progress;
     Database database = std::move(*emptyDatabase());
 
-    ScanOutcome scan() { return Scanner(database, language, progress).scan(*client.session()); }
+    ScanOutcome scan() { return Scanner(database, *language, progress).scan(*client.session()); }
     ScanOutcome scanItems(std::vector<MemoryItem> items) {
         client.stores = {{"Store", std::move(items), {}}};
         return scan();

@@ -8,8 +8,6 @@
 
 #include "db/default_documents.h"
 #include "db/storage.h"
-#include "platform/desktop/openssl_crypto.h"
-#include "platform/desktop/pugi_document.h"
 #include "platform/platform.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/test_platform.h"
@@ -29,7 +27,7 @@ class FixedClock : public Clock {
 };
 
 inline std::unique_ptr<Database> loadDocument(std::string_view xml) {
-    std::unique_ptr<XmlDocument> document = createPugiDocument();
+    std::unique_ptr<XmlDocument> document = makeXmlDocument();
     EXPECT_TRUE(document->loadXml(xml)) << document->parseError();
     return std::make_unique<Database>(std::move(document));
 }
@@ -43,13 +41,13 @@ class CorePlatform : public TestPlatform {
     MemoryFiles files;
     FixedShell shell;
     FixedClock clock;
-    OpensslCrypto crypto;
+    const std::unique_ptr<Crypto> crypto = makeCrypto();
 
     const Platform& platform() const { return platform_; }
     Storage& storage() { return storage_; }
 
  private:
-    Platform platform_{files, shell, clock, language(), crypto, dialogs, createPugiDocument};
+    Platform platform_{files, shell, clock, language(), *crypto, dialogs, makeXmlDocument};
     Storage storage_{platform_};
 };
 

@@ -12,7 +12,6 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "platform/desktop/locale_language.h"
 #include "platform/desktop/qt/control.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/toolkit.h"
@@ -255,10 +254,6 @@ class QtDriver : public Driver {
 };
 
 }  // namespace
-
-std::unique_ptr<Language> makeLanguage() {
-    return std::make_unique<LocaleLanguage>("en_US");
-}
 
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language) {
     return std::make_unique<QtToolkit>(dialogs, language);

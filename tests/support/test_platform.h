@@ -6,13 +6,13 @@
 
 #include "platform/controls.h"
 #include "platform/language.h"
+#include "tests/support/adapters.h"
 #include "tests/support/driver.h"
 #include "tests/support/scripted_dialogs.h"
 
 namespace pelk {
 
 // Each toolkit's test library defines these. A toolkit must not outlive its dialogs and language.
-std::unique_ptr<Language> makeLanguage();
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language);
 std::unique_ptr<Driver> makeDriver();
 

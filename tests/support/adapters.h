@@ -1,0 +1,19 @@
+#pragma once
+// The platform's adapters that need no window, as the tests make them. Each platform's test
+// library defines these functions.
+
+#include <memory>
+
+#include "platform/crypto.h"
+#include "platform/files.h"
+#include "platform/language.h"
+#include "platform/xml.h"
+
+namespace pelk {
+
+std::unique_ptr<Language> makeLanguage();
+std::unique_ptr<Crypto> makeCrypto();
+std::unique_ptr<FileSystem> makeFiles();
+std::unique_ptr<XmlDocument> makeXmlDocument();
+
+}  // namespace pelk
