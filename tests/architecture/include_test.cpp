@@ -7,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <vector>
@@ -35,12 +34,18 @@ struct Include {
 };
 
 std::vector<Include> includesOf(const fs::path& root, const fs::path& file) {
-    static const std::regex directive("\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"].*");
+    const std::string directive = "#include ";
     std::vector<Include> includes;
     std::ifstream stream(file);
-    for (std::string line; std::getline(stream, line);)
-        if (std::smatch match; std::regex_match(line, match, directive))
-            includes.push_back({fs::relative(file, root).string(), match[2], match[1] == "\""});
+    for (std::string line; std::getline(stream, line);) {
+        if (!line.starts_with(directive))
+            continue;
+        const bool quoted = line[directive.size()] == '"';
+        const std::size_t start = directive.size() + 1;
+        const std::size_t end = line.find(quoted ? '"' : '>', start);
+        includes.push_back(
+            {fs::relative(file, root).string(), line.substr(start, end - start), quoted});
+    }
     return includes;
 }
 
@@ -60,9 +65,8 @@ std::vector<Include> coreIncludes(const fs::path& root) {
 
 /// Headers of the standard library have neither folder, nor ending, nor capitals.
 bool mayInclude(const Include& include) {
-    static const std::regex standardHeader("[a-z_]+");
     if (!include.quoted)
-        return std::regex_match(include.target, standardHeader);
+        return include.target.find_first_not_of("abcdefghijklmnopqrstuvwxyz_") == std::string::npos;
     const std::string from = include.from.substr(0, include.from.find('/'));
     const std::string to = include.target.substr(0, include.target.rfind('/'));
     return to == from || to == "platform" || kArrows.at(from).contains(to);
