@@ -58,8 +58,8 @@ std::string weightText(double weight) {
 }  // namespace
 
 ContactLimitReached::ContactLimitReached()
-    : Error("The database is full: it holds " + std::to_string(kMaxContactId) +
-            " contacts, and no more can be numbered.") {}
+    : Error("The database is full: all of its " + std::to_string(kMaxContactId) +
+            " contact numbers are taken.") {}
 
 int Relation::partnerOf(int id) const {
     if (part1 == id)

@@ -8,8 +8,8 @@
 namespace pelk {
 
 const char* const kDatabaseFullMessage =
-    "The database is full: it holds 32767 contacts, the most that it can. People who were met for "
-    "the first time in this scan have been left out; everything else has been counted.";
+    "The database is full: all of its 32767 contact numbers are taken. People who were met for the "
+    "first time in this scan have been left out; everything else has been counted.";
 
 Scanner::Scanner(Database& database, const Language& language, ScanProgress& progress)
     : database_(database), language_(language), progress_(progress), cutOff_(database.date()) {}
