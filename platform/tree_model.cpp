@@ -110,10 +110,18 @@ TreeNode* TreeModel::nextByIndex(const TreeNode& node) {
     return next == nodes_.end() ? nullptr : &*next;
 }
 
+void TreeModel::suspendRedraw() {
+    suspended_ = true;
+    if (listener_ != nullptr)
+        listener_->redrawSuspended();
+}
+
 void TreeModel::resumeRedraw() {
     suspended_ = false;
     for (TreeNode* parent : std::exchange(unannounced_, {}))
         announce(*parent);
+    if (listener_ != nullptr)
+        listener_->redrawResumed();
 }
 
 /// Whether the native tree knows of the node: it and all its ancestors are among the rows shown.

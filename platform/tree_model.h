@@ -85,6 +85,9 @@ class TreeListener {
     virtual void beforeClear() = 0;
     virtual void afterClear() = 0;
     virtual void changed(TreeNode& node) = 0;
+    /// Nothing needs to be painted until redraw is resumed.
+    virtual void redrawSuspended() {}
+    virtual void redrawResumed() {}
 };
 
 class TreeModel {
@@ -131,7 +134,7 @@ class TreeModel {
     TreeNode* nextByIndex(const TreeNode& node);
 
     /// Until redraw is resumed, the native tree does not hear of nodes that are added.
-    void suspendRedraw() { suspended_ = true; }
+    void suspendRedraw();
     void resumeRedraw();
 
  private:

@@ -31,6 +31,8 @@ class XmlLibrary {
     /// Each node that is handed out has been retained for its receiver, who releases it.
     virtual void retain(Node node) const = 0;
     virtual void release(Node node) const = 0;
+    /// Whether two nodes that are not the same pointer stand for the same element.
+    virtual bool same(Node, Node) const { return false; }
 
     virtual std::string name(Node node) const = 0;
     virtual std::optional<std::string> attribute(Node node, const char* name) const = 0;
@@ -71,7 +73,11 @@ class XmlElement {
 
     explicit operator bool() const { return node_ != nullptr; }
     /// True when both refer to the same element of the same document, or both to none.
-    friend bool operator==(const XmlElement& a, const XmlElement& b) { return a.node_ == b.node_; }
+    friend bool operator==(const XmlElement& a, const XmlElement& b) {
+        return a.node_ == b.node_ ||
+               (a.node_ != nullptr && b.node_ != nullptr && a.library_ == b.library_ &&
+                a.library_->same(a.node_, b.node_));
+    }
 
     std::string name() const { return library_->name(node_); }
     /// The attribute's value; nothing when the element has no such attribute.

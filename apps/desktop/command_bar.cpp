@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/desktop/qt/guard.h"
+#include "platform/guard.h"
 
 namespace pelk {
 namespace {

@@ -8,7 +8,7 @@
 #include <QToolBar>
 
 #include "apps/desktop/command_bar.h"
-#include "platform/desktop/qt/guard.h"
+#include "platform/guard.h"
 
 namespace pelk {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/desktop/qt/guard.h"
+#include "platform/guard.h"
 
 namespace pelk {
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "platform/desktop/qt/images.h"
-#include "platform/desktop/qt/text_color.h"
+#include "platform/readable_color.h"
 
 namespace pelk {
 
@@ -46,12 +46,19 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
         case Qt::DecorationRole:
             return treeIcon(node.image());
         case Qt::ForegroundRole:
-            if (node.color())
-                return readableColor(*node.color(), view_.palette().base().color());
-            return {};
+            return node.color() ? QVariant(shownColor(*node.color())) : QVariant();
         default:
             return {};
     }
+}
+
+QColor TreeItemModel::shownColor(const Color& color) const {
+    const QColor base = view_.palette().base().color();
+    const Color background{static_cast<std::uint8_t>(base.red()),
+                           static_cast<std::uint8_t>(base.green()),
+                           static_cast<std::uint8_t>(base.blue())};
+    const Color readable = readableColor(color, background);
+    return {readable.red, readable.green, readable.blue};
 }
 
 void TreeItemModel::beforeInsert(TreeNode& parent, int firstRow, int lastRow) {

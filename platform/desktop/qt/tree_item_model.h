@@ -2,6 +2,7 @@
 // The portable tree model as Qt's views read it. Nothing is copied: an index points to its node.
 
 #include <QAbstractItemModel>
+#include <QColor>
 
 #include "platform/tree_model.h"
 
@@ -39,6 +40,8 @@ class TreeItemModel : public QAbstractItemModel, public TreeListener {
 
  private:
     QModelIndex indexAt(const TreeNode& node) const;
+    /// The colour as the view's background allows it.
+    QColor shownColor(const Color& color) const;
 
     TreeModel& tree_;
     const QWidget& view_;

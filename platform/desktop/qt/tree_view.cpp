@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/desktop/qt/guard.h"
+#include "platform/guard.h"
 
 namespace pelk {
 

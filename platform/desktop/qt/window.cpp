@@ -7,10 +7,10 @@
 #include <QWindow>
 #include <utility>
 
-#include "platform/desktop/qt/guard.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/simple_controls.h"
 #include "platform/desktop/qt/tree_view.h"
+#include "platform/guard.h"
 
 namespace pelk {
 

@@ -12,7 +12,6 @@
 #include <random>
 
 #include "platform/desktop/qt/images.h"
-#include "platform/desktop/qt/text_color.h"
 #include "platform/desktop/qt/tree_view.h"
 #include "platform/desktop/qt/twip_scale.h"
 #include "tests/support/test_platform.h"
@@ -34,21 +33,6 @@ TEST(QtLook, PixelsSurviveTheWayThroughTwips) {
             const TwipScale scale(pixelsPerTwip);
             ASSERT_EQ(scale.pixels(scale.twips(pixels)), pixels) << pixelsPerTwip;
         }
-}
-
-TEST(QtLook, ColoursAreLightenedOnADarkBackgroundOnly) {
-    constexpr Color kColors[] = {{255, 0, 0}, {100, 100, 100}, {0, 0, 255}, {192, 192, 192}};
-    for (const Color color : kColors) {
-        const QColor exact(color.red, color.green, color.blue);
-        EXPECT_EQ(readableColor(color, Qt::white), exact);
-        EXPECT_EQ(readableColor(color, QColor(239, 239, 239)), exact);
-    }
-    EXPECT_EQ(readableColor({192, 192, 192}, Qt::black), QColor(192, 192, 192));
-    const QColor blue = readableColor({0, 0, 255}, QColor(35, 35, 35));
-    EXPECT_EQ(blue.blue(), 255);
-    EXPECT_GT(blue.green(), 90);
-    EXPECT_LT(blue.green(), 160) << "it is to be blue still";
-    EXPECT_GT(readableColor({100, 100, 100}, Qt::black).red(), 110);
 }
 
 /// What of a picture of 16 pixels is drawn, colours apart.

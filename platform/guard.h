@@ -1,5 +1,6 @@
 #pragma once
-// The way from a Qt event into a form: no exception passes it, as Qt could not carry one on.
+// The way from a toolkit's event into a form: no exception passes it, as no toolkit could carry one
+// on.
 
 #include <functional>
 

@@ -1,14 +1,12 @@
 #pragma once
 // Text colours that can be read on the user's background.
 
-#include <QColor>
-
 #include "platform/tree_model.h"
 
 namespace pelk {
 
 /// The colour as it is on a light background. On a dark one it is lightened, as far as it takes
 /// to stand out from it.
-QColor readableColor(const Color& color, const QColor& background);
+Color readableColor(const Color& color, const Color& background);
 
 }  // namespace pelk

@@ -1,4 +1,4 @@
-#include "platform/desktop/qt/guard.h"
+#include "platform/guard.h"
 
 #include <optional>
 #include <string>
