@@ -24,31 +24,38 @@ Connect::Connect(Toolkit& toolkit, const Platform& platform)
 }
 
 void Connect::OnConnection(MailClient& mailClient) {
-    mailClient_ = &mailClient;
+    keepMailClient(mailClient);
     buildMenu();
 }
 
 void Connect::OnDisconnection() {
-    for (auto* button : {&PelkButtonView, &PelkButtonParse, &PelkButtonAbout})
-        if (const std::unique_ptr<CommandButton> removed = std::move(*button))
+    for (const Command& command : commands())
+        if (const std::unique_ptr<CommandButton> removed = std::move(this->*command.button))
             removed->remove();
     forms_.unload();
     mailClient_ = nullptr;
 }
 
+std::span<const Connect::Command> Connect::commands() {
+    static constexpr Command kCommands[] = {
+        {"View your community", "Pelk view",
+         "Shows the people you write with, and how strong their relations are.",
+         &Connect::PelkButtonView_Click, &Connect::PelkButtonView},
+        {"Check for new e-mails", "Pelk parse",
+         "Counts the e-mails that came in or went out since you last scanned your mailbox.",
+         &Connect::PelkButtonParse_Click, &Connect::PelkButtonParse},
+        {"About", "Pelk about", "Shows the version of Pelk.", &Connect::PelkButtonAbout_Click,
+         &Connect::PelkButtonAbout},
+    };
+    return kCommands;
+}
+
 void Connect::buildMenu() {
     const std::unique_ptr<CommandPopup> popup =
         mailClient_->addPopup("Standard", "Pelk", "Pelk popup", kAction);
-    PelkButtonView =
-        addButton(*popup, "View your community", "Pelk view", &Connect::PelkButtonView_Click);
-    PelkButtonParse =
-        addButton(*popup, "Check for new e-mails", "Pelk parse", &Connect::PelkButtonParse_Click);
-    PelkButtonAbout = addButton(*popup, "About", "Pelk about", &Connect::PelkButtonAbout_Click);
-}
-
-std::unique_ptr<CommandButton> Connect::addButton(CommandPopup& popup, const char* caption,
-                                                  const char* tag, void (Connect::*clicked)()) {
-    return popup.addButton(caption, tag, kAction, [this, clicked] { (this->*clicked)(); });
+    for (const Command& command : commands())
+        this->*command.button = popup->addButton(command.caption, command.tag, kAction,
+                                                 [this, &command] { run(command); });
 }
 
 void Connect::PelkButtonView_Click() {

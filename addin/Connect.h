@@ -3,7 +3,7 @@
 // bar, and opens the forms.
 
 #include <memory>
-#include <vector>
+#include <span>
 
 #include "addin/forms.h"
 #include "db/storage.h"
@@ -15,6 +15,18 @@ namespace pelk {
 
 class Connect {
  public:
+    /// One of the things that the user can have done, wherever the mail client offers them.
+    struct Command {
+        const char* caption;
+        /// Names the command to the mail client.
+        const char* tag;
+        /// What it does, as a sentence for a tip.
+        const char* description;
+        void (Connect::*clicked)();
+        /// Where its button is kept while it stands in the menu.
+        std::unique_ptr<CommandButton> Connect::*button;
+    };
+
     /// Loads the database. When that fails the user is told, and every command that needs the
     /// database says so again; nothing is written over what could not be read.
     Connect(Toolkit& toolkit, const Platform& platform);
@@ -22,13 +34,19 @@ class Connect {
     /// Keeps the mail client, which must stay until disconnection, and builds the menu. Throws
     /// `Error` when the client refuses.
     void OnConnection(MailClient& mailClient);
+    /// The two halves of `OnConnection`, for a client that has no window yet, or that has another
+    /// place than a menu for the commands.
+    void keepMailClient(MailClient& mailClient) { mailClient_ = &mailClient; }
+    void buildMenu();
     /// Takes the buttons out of the menu, unloads the forms and lets go of the mail client.
     void OnDisconnection();
 
+    /// All commands, in the order of the menu.
+    static std::span<const Command> commands();
+    /// Does what a click on the command's button does.
+    void run(const Command& command) { (this->*command.clicked)(); }
+
  private:
-    void buildMenu();
-    std::unique_ptr<CommandButton> addButton(CommandPopup& popup, const char* caption,
-                                             const char* tag, void (Connect::*clicked)());
     void PelkButtonView_Click();
     void PelkButtonParse_Click();
     void PelkButtonAbout_Click();
