@@ -28,12 +28,13 @@ install_missing() {
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev libpugixml-dev
   libssl-dev)
 
-# build_linux TARGET...: builds these targets, printing the output only when something fails.
-build_linux() {
-  local log=build/linux/build.log
-  mkdir -p build/linux
-  echo "Building (log: $log)"
-  { cmake --preset linux && cmake --build --preset linux --target "$@"; } >"$log" 2>&1 || {
+# build PRESET TARGET...: builds these targets, printing the output only when something fails.
+build() {
+  local preset=$1 log=build/$1/build.log
+  shift
+  mkdir -p "build/$preset"
+  echo "Building for $preset (log: $log)"
+  { cmake --preset "$preset" && cmake --build --preset "$preset" --target "$@"; } >"$log" 2>&1 || {
     tail -n 60 "$log" >&2
     exit 1
   }

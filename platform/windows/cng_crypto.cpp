@@ -1,0 +1,159 @@
+#include "platform/windows/cng_crypto.h"
+
+#include <windows.h>
+// The line above comes first.
+#include <bcrypt.h>
+#include <wincrypt.h>
+
+#include <climits>
+
+#include "platform/error.h"
+
+namespace pelk {
+namespace {
+
+constexpr std::size_t kTagSize = 16;
+constexpr std::size_t kDigestSize = 32;
+/// STATUS_AUTH_TAG_MISMATCH, whose header cannot be used beside windows.h.
+constexpr NTSTATUS kTagMismatch = static_cast<NTSTATUS>(0xC000A002);
+
+/// The library reads its input through pointers to what might be changed.
+UCHAR* bytesOf(std::string_view text) {
+    return reinterpret_cast<UCHAR*>(const_cast<char*>(text.data()));
+}
+
+/// The library counts in 32 bits, and base64 needs a third more than the bytes.
+ULONG sizeOf(std::string_view text) {
+    if (text.size() > INT_MAX / 2)
+        throw Error("The database is too large to be enciphered.");
+    return static_cast<ULONG>(text.size());
+}
+
+void require(bool success) {
+    if (!success)
+        throw Error("The system's cryptographic library failed.");
+}
+
+/// An algorithm of the library, with a hash or a key of it.
+class Algorithm {
+ public:
+    Algorithm(const wchar_t* name, ULONG flags) {
+        require(BCryptOpenAlgorithmProvider(&algorithm_, name, nullptr, flags) >= 0);
+    }
+    Algorithm(const Algorithm&) = delete;
+    Algorithm& operator=(const Algorithm&) = delete;
+    ~Algorithm() {
+        if (hash_ != nullptr)
+            BCryptDestroyHash(hash_);
+        if (key_ != nullptr)
+            BCryptDestroyKey(key_);
+        BCryptCloseAlgorithmProvider(algorithm_, 0);
+    }
+
+    BCRYPT_HASH_HANDLE createHash(std::string_view secret) {
+        require(BCryptCreateHash(algorithm_, &hash_, nullptr, 0, bytesOf(secret), sizeOf(secret),
+                                 0) >= 0);
+        return hash_;
+    }
+
+    BCRYPT_KEY_HANDLE createGcmKey(std::string_view key) {
+        std::wstring mode = BCRYPT_CHAIN_MODE_GCM;
+        const auto size = static_cast<ULONG>((mode.size() + 1) * sizeof(wchar_t));
+        require(BCryptSetProperty(algorithm_, BCRYPT_CHAINING_MODE,
+                                  reinterpret_cast<UCHAR*>(mode.data()), size, 0) >= 0);
+        require(BCryptGenerateSymmetricKey(algorithm_, &key_, nullptr, 0, bytesOf(key), sizeOf(key),
+                                           0) >= 0);
+        return key_;
+    }
+
+ private:
+    BCRYPT_ALG_HANDLE algorithm_ = nullptr;
+    BCRYPT_HASH_HANDLE hash_ = nullptr;
+    BCRYPT_KEY_HANDLE key_ = nullptr;
+};
+
+/// What goes with a GCM operation beside the text. `tag` is written by one, read by the other.
+BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO modeInfo(std::string_view nonce, std::string_view header,
+                                               std::string_view tag) {
+    BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info;
+    BCRYPT_INIT_AUTH_MODE_INFO(info);
+    info.pbNonce = bytesOf(nonce);
+    info.cbNonce = sizeOf(nonce);
+    info.pbAuthData = bytesOf(header);
+    info.cbAuthData = sizeOf(header);
+    info.pbTag = bytesOf(tag);
+    info.cbTag = sizeOf(tag);
+    return info;
+}
+
+}  // namespace
+
+std::string CngCrypto::hmacSha256(std::string_view key, std::string_view data) const {
+    Algorithm algorithm(BCRYPT_SHA256_ALGORITHM, BCRYPT_ALG_HANDLE_HMAC_FLAG);
+    const BCRYPT_HASH_HANDLE hash = algorithm.createHash(key);
+    std::string digest(kDigestSize, '\0');
+    require(BCryptHashData(hash, bytesOf(data), sizeOf(data), 0) >= 0);
+    require(BCryptFinishHash(hash, bytesOf(digest), sizeOf(digest), 0) >= 0);
+    return digest;
+}
+
+std::string CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
+                            std::string_view plain) const {
+    Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
+    const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
+    std::string sealed(plain.size() + kTagSize, '\0');
+    BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info =
+        modeInfo(nonce, header, std::string_view(sealed).substr(plain.size()));
+    ULONG written = 0;
+    require(BCryptEncrypt(handle, bytesOf(plain), sizeOf(plain), &info, nullptr, 0, bytesOf(sealed),
+                          sizeOf(plain), &written, 0) >= 0);
+    require(written == plain.size());
+    return sealed;
+}
+
+std::optional<std::string> CngCrypto::open(std::string_view key, std::string_view nonce,
+                                           std::string_view header, std::string_view sealed) const {
+    if (sealed.size() < kTagSize)
+        return std::nullopt;
+    const std::string_view text = sealed.substr(0, sealed.size() - kTagSize);
+    Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
+    const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
+    BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info =
+        modeInfo(nonce, header, sealed.substr(text.size()));
+    std::string plain(text.size(), '\0');
+    ULONG written = 0;
+    const NTSTATUS status = BCryptDecrypt(handle, bytesOf(text), sizeOf(text), &info, nullptr, 0,
+                                          bytesOf(plain), sizeOf(plain), &written, 0);
+    if (status == kTagMismatch)
+        return std::nullopt;
+    require(status >= 0 && written == plain.size());
+    return plain;
+}
+
+std::string CngCrypto::base64(std::string_view bytes) const {
+    if (bytes.empty())
+        return {};
+    // The library ends its text with a NUL.
+    DWORD size = sizeOf(bytes) / 3 * 4 + 5;
+    std::string text(size, '\0');
+    require(CryptBinaryToStringA(bytesOf(bytes), sizeOf(bytes),
+                                 CRYPT_STRING_BASE64 | CRYPT_STRING_NOCRLF, text.data(),
+                                 &size) != FALSE);
+    text.resize(size);
+    return text;
+}
+
+std::string CngCrypto::fromBase64(std::string_view text) const {
+    // The library would take a length of 0 for a text that ends in a NUL.
+    if (text.empty())
+        return {};
+    DWORD size = sizeOf(text);
+    std::string bytes(size, '\0');
+    if (!CryptStringToBinaryA(text.data(), sizeOf(text), CRYPT_STRING_BASE64, bytesOf(bytes), &size,
+                              nullptr, nullptr))
+        return {};
+    bytes.resize(size);
+    return bytes;
+}
+
+}  // namespace pelk

@@ -1,0 +1,116 @@
+#pragma once
+// Owners of what COM hands out: interfaces, strings, variants.
+
+#include <windows.h>
+// The line above comes first.
+#include <oleauto.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "platform/windows/wide_text.h"
+
+namespace pelk {
+
+/// Holds one reference to an interface, or none.
+template <typename Interface>
+class ComPtr {
+ public:
+    ComPtr() = default;
+    ComPtr(std::nullptr_t) {}
+    /// Adds a reference of its own.
+    explicit ComPtr(Interface* pointer) : pointer_(pointer) {
+        if (pointer_ != nullptr)
+            pointer_->AddRef();
+    }
+    ComPtr(const ComPtr& other) : ComPtr(other.pointer_) {}
+    ComPtr(ComPtr&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
+    ComPtr& operator=(ComPtr other) noexcept {
+        std::swap(pointer_, other.pointer_);
+        return *this;
+    }
+    ~ComPtr() { reset(); }
+
+    void reset() {
+        // The pointer is gone before the object is: releasing it may run anything.
+        if (Interface* const pointer = std::exchange(pointer_, nullptr))
+            pointer->Release();
+    }
+    /// Gives the reference away.
+    Interface* detach() { return std::exchange(pointer_, nullptr); }
+    /// Takes over a reference that somebody else added.
+    static ComPtr attach(Interface* pointer) {
+        ComPtr owner;
+        owner.pointer_ = pointer;
+        return owner;
+    }
+    /// Where a function puts an interface that it hands out; what was held is released.
+    Interface** put() {
+        reset();
+        return &pointer_;
+    }
+
+    Interface* get() const { return pointer_; }
+    Interface* operator->() const { return pointer_; }
+    explicit operator bool() const { return pointer_ != nullptr; }
+
+    /// The object's other interface; none when it has no such.
+    template <typename Other>
+    ComPtr<Other> query(const IID& iid) const {
+        ComPtr<Other> other;
+        if (pointer_ != nullptr &&
+            FAILED(pointer_->QueryInterface(iid, reinterpret_cast<void**>(other.put()))))
+            return {};
+        return other;
+    }
+
+ private:
+    Interface* pointer_ = nullptr;
+};
+
+/// A BSTR. The null string is the empty one.
+class Bstr {
+ public:
+    Bstr() = default;
+    explicit Bstr(std::wstring_view text)
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+    explicit Bstr(std::string_view utf8) : Bstr(std::wstring_view(toWide(utf8))) {}
+    Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
+    Bstr& operator=(Bstr other) noexcept {
+        std::swap(text_, other.text_);
+        return *this;
+    }
+    ~Bstr() { SysFreeString(text_); }
+
+    BSTR get() const { return text_; }
+    BSTR detach() { return std::exchange(text_, nullptr); }
+    BSTR* put() {
+        SysFreeString(std::exchange(text_, nullptr));
+        return &text_;
+    }
+    std::wstring_view wide() const { return {text_, SysStringLen(text_)}; }
+    std::string utf8() const { return toUtf8(wide()); }
+
+ private:
+    BSTR text_ = nullptr;
+};
+
+/// A VARIANT, cleared at the end.
+class Variant : public VARIANT {
+ public:
+    Variant() { VariantInit(this); }
+    explicit Variant(std::string_view utf8) : Variant() {
+        vt = VT_BSTR;
+        bstrVal = Bstr(utf8).detach();
+    }
+    Variant(const Variant& other) : Variant() { VariantCopy(this, const_cast<Variant*>(&other)); }
+    Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
+    Variant& operator=(Variant other) noexcept {
+        std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
+        return *this;
+    }
+    ~Variant() { VariantClear(this); }
+};
+
+}  // namespace pelk

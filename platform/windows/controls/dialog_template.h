@@ -1,0 +1,16 @@
+#pragma once
+// The template of a dialog whose controls are made later.
+
+#include <windows.h>
+
+namespace pelk {
+
+/// No controls, no font, no title.
+struct EmptyTemplate {
+    explicit EmptyTemplate(DWORD style) { header.style = style; }
+
+    DLGTEMPLATE header = {};
+    WORD menuClassAndTitle[3] = {};
+};
+
+}  // namespace pelk

@@ -1,0 +1,88 @@
+#include "platform/windows/controls/dialogs.h"
+
+#include "platform/windows/controls/box.h"
+#include "platform/windows/controls/pointer.h"
+#include "platform/windows/wide_text.h"
+
+namespace pelk {
+
+namespace {
+
+constexpr const wchar_t* kProgramName = L"Pelk";
+constexpr BoxButton kOk{IDOK, L"OK"};
+constexpr BoxButton kCancel{IDCANCEL, L"Cancel"};
+constexpr BoxButton kYes{IDYES, L"&Yes"};
+constexpr BoxButton kNo{IDNO, L"&No"};
+
+/// Shows the normal pointer while a box waits for the user.
+class PointerForBox {
+ public:
+    PointerForBox() : busy_(isPointerBusy()) { setPointerBusy(false); }
+    ~PointerForBox() { setPointerBusy(busy_); }
+    PointerForBox(const PointerForBox&) = delete;
+    PointerForBox& operator=(const PointerForBox&) = delete;
+
+ private:
+    bool busy_;
+};
+
+std::vector<BoxButton> buttonsOf(Buttons buttons) {
+    switch (buttons) {
+        case Buttons::OkCancel:
+            return {kOk, kCancel};
+        case Buttons::YesNo:
+            return {kYes, kNo};
+        case Buttons::Ok:
+            break;
+    }
+    return {kOk};
+}
+
+Answer answerOf(int button) {
+    switch (button) {
+        case IDYES:
+            return Answer::Yes;
+        case IDNO:
+            return Answer::No;
+        case IDCANCEL:
+            return Answer::Cancel;
+        default:
+            return Answer::Ok;
+    }
+}
+
+}  // namespace
+
+Answer Win32Dialogs::message(const std::string& text, Buttons buttons) {
+    const PointerForBox pointer;
+    const std::vector<BoxButton> shown = buttonsOf(buttons);
+    return answerOf(Box(kProgramName, toWide(text), shown, shown.back().id).show());
+}
+
+std::string Win32Dialogs::input(const std::string& title, const std::string& prompt,
+                                const std::string& initial) {
+    const PointerForBox pointer;
+    Box box(title.empty() ? kProgramName : toWide(title), toWide(prompt), {kOk, kCancel}, IDCANCEL);
+    box.addLine(toWide(initial));
+    return box.show() == IDOK ? toUtf8(box.line()) : std::string();
+}
+
+void Win32Dialogs::setBusyPointer(bool busy) {
+    if (busy != isPointerBusy())
+        setPointerBusy(busy);
+}
+
+/// A request to quit is the host's; it is left for the host's own loop.
+void Win32Dialogs::processPendingEvents() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace pelk

@@ -1,0 +1,18 @@
+#pragma once
+// Message and input boxes, the pointer, and the pending events.
+
+#include "platform/dialogs.h"
+
+namespace pelk {
+
+/// Boxes stand over the window of this thread that is active, and keep the user from all others.
+class Win32Dialogs : public Dialogs {
+ public:
+    Answer message(const std::string& text, Buttons buttons) override;
+    std::string input(const std::string& title, const std::string& prompt,
+                      const std::string& initial) override;
+    void setBusyPointer(bool busy) override;
+    void processPendingEvents() override;
+};
+
+}  // namespace pelk

@@ -1,0 +1,19 @@
+#pragma once
+// A flag that is set for the length of a scope.
+
+namespace pelk {
+
+/// Sets the flag, and puts back what it was.
+class FlagScope {
+ public:
+    explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag = true; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+    ~FlagScope() { flag_ = before_; }
+
+ private:
+    bool& flag_;
+    bool before_;
+};
+
+}  // namespace pelk

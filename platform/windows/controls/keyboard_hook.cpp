@@ -1,0 +1,62 @@
+#include "platform/windows/controls/keyboard_hook.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/windows/controls/module.h"
+
+namespace pelk {
+
+namespace {
+
+struct Hook {
+    HHOOK handle = nullptr;
+    std::vector<HWND> windows;
+};
+
+Hook& theHook() {
+    static Hook hook;
+    return hook;
+}
+
+bool isKeyOfOurs(const MSG& message) {
+    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
+        return false;
+    const auto& windows = theHook().windows;
+    return std::find(windows.begin(), windows.end(), GetAncestor(message.hwnd, GA_ROOT)) !=
+           windows.end();
+}
+
+/// A key that the dialog has handled reaches the host's loop as a message of no meaning.
+LRESULT CALLBACK messageTaken(int code, WPARAM how, LPARAM lparam) {
+    MSG& message = *reinterpret_cast<MSG*>(lparam);
+    if (code == HC_ACTION && how == PM_REMOVE && isKeyOfOurs(message)) {
+        MSG copy = message;
+        if (IsDialogMessageW(GetAncestor(message.hwnd, GA_ROOT), &copy)) {
+            message.message = WM_NULL;
+            message.wParam = 0;
+            message.lParam = 0;
+        }
+    }
+    return CallNextHookEx(nullptr, code, how, lparam);
+}
+
+}  // namespace
+
+KeyboardNavigation::KeyboardNavigation(HWND window) : window_(window) {
+    Hook& hook = theHook();
+    hook.windows.push_back(window);
+    if (hook.handle == nullptr)
+        hook.handle = SetWindowsHookExW(WH_GETMESSAGE, messageTaken, nullptr, GetCurrentThreadId());
+}
+
+KeyboardNavigation::~KeyboardNavigation() {
+    Hook& hook = theHook();
+    std::erase(hook.windows, window_);
+    if (!hook.windows.empty())
+        return;
+    UnhookWindowsHookEx(hook.handle);
+    hook.handle = nullptr;
+}
+
+}  // namespace pelk

@@ -1,0 +1,58 @@
+#include "platform/windows/controls/module.h"
+
+namespace pelk {
+
+namespace {
+
+HANDLE createControlsContext() {
+    const HINSTANCE module = ownModule();
+    constexpr WORD kManifest = 2;
+    if (FindResourceW(module, MAKEINTRESOURCEW(kManifest), MAKEINTRESOURCEW(24)) == nullptr)
+        return INVALID_HANDLE_VALUE;
+    ACTCTXW context = {};
+    context.cbSize = sizeof context;
+    context.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+    context.hModule = module;
+    context.lpResourceName = MAKEINTRESOURCEW(kManifest);
+    return CreateActCtxW(&context);
+}
+
+/// Lives as long as the module: windows made under it may ask for it at any time.
+HANDLE controlsContext() {
+    static const HANDLE context = createControlsContext();
+    return context;
+}
+
+/// Sets the thread's awareness of pixel density and returns the one before; null where Windows
+/// has no such thing, and for null.
+HANDLE setDensityContext(HANDLE context) {
+    using Setter = HANDLE(WINAPI*)(HANDLE);
+    static const auto setter = reinterpret_cast<Setter>(reinterpret_cast<void*>(
+        GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetThreadDpiAwarenessContext")));
+    return setter != nullptr && context != nullptr ? setter(context) : nullptr;
+}
+
+}  // namespace
+
+HINSTANCE ownModule() {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<LPCWSTR>(&createControlsContext), &module);
+    return module;
+}
+
+WindowScope::WindowScope() {
+    const auto systemAware = reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-2));
+    const HANDLE context = controlsContext();
+    activated_ = context != INVALID_HANDLE_VALUE && ActivateActCtx(context, &cookie_);
+    densityBefore_ = setDensityContext(systemAware);
+}
+
+WindowScope::~WindowScope() {
+    setDensityContext(densityBefore_);
+    if (activated_)
+        DeactivateActCtx(0, cookie_);
+}
+
+}  // namespace pelk

@@ -1,0 +1,223 @@
+#include "platform/windows/controls/tree_items.h"
+#include "platform/readable_color.h"
+
+#include <utility>
+
+#include "platform/windows/wide_text.h"
+
+namespace pelk {
+
+namespace {
+
+COLORREF toNative(const Color& color) {
+    return RGB(color.red, color.green, color.blue);
+}
+
+Color fromNative(COLORREF color) {
+    return {GetRValue(color), GetGValue(color), GetBValue(color)};
+}
+
+/// A change of fewer rows is painted sooner than all that is in view.
+constexpr int kManyRows = 16;
+
+constexpr WPARAM kRedrawOff = 0;
+constexpr WPARAM kRedrawOn = static_cast<WPARAM>(-1);
+
+bool isHighContrast() {
+    HIGHCONTRASTW contrast = {};
+    contrast.cbSize = sizeof contrast;
+    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+int CALLBACK compareRows(LPARAM one, LPARAM other, LPARAM) {
+    return reinterpret_cast<TreeNode*>(one)->row() - reinterpret_cast<TreeNode*>(other)->row();
+}
+
+/// An item that knows no more than its node.
+TVITEMW askingItem() {
+    TVITEMW item = {};
+    item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
+    item.pszText = LPSTR_TEXTCALLBACKW;
+    item.iImage = I_IMAGECALLBACK;
+    item.iSelectedImage = I_IMAGECALLBACK;
+    item.cChildren = I_CHILDRENCALLBACK;
+    return item;
+}
+
+}  // namespace
+
+/// Nothing is painted or measured while many items come or go.
+class TreeItems::RedrawHold {
+ public:
+    RedrawHold(TreeItems& items, int rows) : items_(items), holds_(rows >= kManyRows) {
+        if (holds_)
+            items_.holdRedraw();
+    }
+    RedrawHold(const RedrawHold&) = delete;
+    RedrawHold& operator=(const RedrawHold&) = delete;
+    ~RedrawHold() {
+        if (holds_)
+            items_.releaseRedraw();
+    }
+
+ private:
+    TreeItems& items_;
+    bool holds_;
+};
+
+HTREEITEM TreeItems::itemOf(const TreeNode& node) const {
+    const auto found = items_.find(&node);
+    return found == items_.end() ? nullptr : found->second;
+}
+
+HTREEITEM TreeItems::itemOrRoot(const TreeNode& node) const {
+    return node.parent() == nullptr ? TVI_ROOT : itemOf(node);
+}
+
+TreeNode* TreeItems::nodeOf(HTREEITEM item) const {
+    TVITEMW asked = {};
+    asked.mask = TVIF_PARAM;
+    asked.hItem = item;
+    if (item == nullptr || !SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&asked)))
+        return nullptr;
+    return reinterpret_cast<TreeNode*>(asked.lParam);
+}
+
+TreeNode* TreeItems::selected() const {
+    return nodeOf(reinterpret_cast<HTREEITEM>(SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_CARET, 0)));
+}
+
+void TreeItems::fillIn(TVITEMW& item) const {
+    const TreeNode& node = *reinterpret_cast<const TreeNode*>(item.lParam);
+    if ((item.mask & TVIF_TEXT) != 0)
+        lstrcpynW(item.pszText, toWide(node.text()).c_str(), item.cchTextMax);
+    if ((item.mask & TVIF_IMAGE) != 0)
+        item.iImage = static_cast<int>(node.image());
+    if ((item.mask & TVIF_SELECTEDIMAGE) != 0)
+        item.iSelectedImage = static_cast<int>(node.image());
+    if ((item.mask & TVIF_CHILDREN) != 0)
+        item.cChildren = node.shownCount() > 0 ? 1 : 0;
+}
+
+/// On a selected row, and where the user has asked for high contrast, the system's own colours can
+/// be read and ours perhaps not.
+LRESULT TreeItems::paint(NMTVCUSTOMDRAW& drawing) const {
+    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return isHighContrast() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
+    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT ||
+        (drawing.nmcd.uItemState & CDIS_SELECTED) != 0)
+        return CDRF_DODEFAULT;
+    const auto* const node = reinterpret_cast<const TreeNode*>(drawing.nmcd.lItemlParam);
+    if (node != nullptr && node->color())
+        drawing.clrText =
+            toNative(readableColor(*node->color(), fromNative(GetSysColor(COLOR_WINDOW))));
+    return CDRF_DODEFAULT;
+}
+
+void TreeItems::itemGone(const TVITEMW& item) {
+    const auto* const node = reinterpret_cast<const TreeNode*>(item.lParam);
+    items_.erase(node);
+    if (onGone)
+        onGone(*node);
+}
+
+void TreeItems::beforeInsert(TreeNode& parent, int firstRow, int lastRow) {
+    changing_ = &parent;
+    firstRow_ = firstRow;
+    lastRow_ = lastRow;
+}
+
+void TreeItems::afterInsert() {
+    const RedrawHold hold(*this, lastRow_ - firstRow_ + 1);
+    insertRows(*changing_, firstRow_, lastRow_);
+}
+
+/// Each behind the one before it, which spares the native tree a search for the last.
+void TreeItems::insertRows(const TreeNode& parent, int firstRow, int lastRow) {
+    TVINSERTSTRUCTW inserted = {};
+    inserted.hParent = itemOrRoot(parent);
+    const auto childAt = [&parent](int row) {
+        return parent.children()[static_cast<std::size_t>(row)];
+    };
+    inserted.hInsertAfter = firstRow == 0 ? TVI_FIRST : itemOf(*childAt(firstRow - 1));
+    for (int row = firstRow; row <= lastRow; ++row) {
+        const TreeNode* const node = childAt(row);
+        inserted.item = askingItem();
+        inserted.item.mask |= TVIF_PARAM;
+        inserted.item.lParam = reinterpret_cast<LPARAM>(node);
+        inserted.hInsertAfter = reinterpret_cast<HTREEITEM>(
+            SendMessageW(tree_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&inserted)));
+        items_[node] = inserted.hInsertAfter;
+        if (node->shownCount() > 0)
+            insertRows(*node, 0, node->shownCount() - 1);
+    }
+}
+
+/// Windows would select a neighbour.
+void TreeItems::deselectIfIn(const TreeNode& parent, int firstRow, int lastRow) const {
+    const TreeNode* at = selected();
+    while (at != nullptr && at->parent() != &parent)
+        at = at->parent();
+    if (at != nullptr && at->row() >= firstRow && at->row() <= lastRow)
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, 0);
+}
+
+void TreeItems::beforeRemove(TreeNode& parent, int firstRow, int lastRow) {
+    const RedrawHold hold(*this, lastRow - firstRow + 1);
+    deselectIfIn(parent, firstRow, lastRow);
+    for (int row = firstRow; row <= lastRow; ++row) {
+        const HTREEITEM item = itemOf(*parent.children()[static_cast<std::size_t>(row)]);
+        SendMessageW(tree_, TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(item));
+    }
+    changing_ = &parent;
+}
+
+void TreeItems::afterRemove() {
+    if (onLoss)
+        onLoss(*changing_);
+}
+
+void TreeItems::afterReorder(TreeNode& parent) {
+    const RedrawHold hold(*this, parent.shownCount());
+    TVSORTCB sort = {itemOrRoot(parent), compareRows, 0};
+    SendMessageW(tree_, TVM_SORTCHILDRENCB, 0, reinterpret_cast<LPARAM>(&sort));
+}
+
+void TreeItems::beforeClear() {
+    holdRedraw();
+    SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, 0);
+    while (const LRESULT first = SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_ROOT, 0))
+        SendMessageW(tree_, TVM_DELETEITEM, 0, first);
+    releaseRedraw();
+}
+
+void TreeItems::changed(TreeNode& node) {
+    TVITEMW item = askingItem();
+    item.hItem = itemOf(node);
+    SendMessageW(tree_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+void TreeItems::redrawSuspended() {
+    if (!std::exchange(suspended_, true))
+        holdRedraw();
+}
+
+void TreeItems::redrawResumed() {
+    if (std::exchange(suspended_, false))
+        releaseRedraw();
+}
+
+void TreeItems::holdRedraw() {
+    if (holds_++ == 0)
+        SendMessageW(tree_, WM_SETREDRAW, kRedrawOff, 0);
+}
+
+void TreeItems::releaseRedraw() {
+    if (--holds_ > 0)
+        return;
+    SendMessageW(tree_, WM_SETREDRAW, kRedrawOn, 0);
+    InvalidateRect(tree_, nullptr, TRUE);
+}
+
+}  // namespace pelk

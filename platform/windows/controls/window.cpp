@@ -1,0 +1,283 @@
+#include "platform/windows/controls/window.h"
+
+#include <algorithm>
+
+#include "platform/guard.h"
+#include "platform/windows/controls/dialog_template.h"
+#include "platform/windows/controls/flag_scope.h"
+#include "platform/windows/controls/pointer.h"
+#include "platform/windows/controls/simple_controls.h"
+#include "platform/windows/controls/tree_view.h"
+#include "platform/windows/wide_text.h"
+
+namespace pelk {
+
+namespace {
+
+/// Numbers of controls, clear of those that Enter and Esc stand for.
+constexpr int kFirstControl = 100;
+
+bool isSame(const SIZE& one, const SIZE& other) {
+    return one.cx == other.cx && one.cy == other.cy;
+}
+
+}  // namespace
+
+Win32Window::Win32Window(const Look& look, Dialogs& dialogs, const Language& language)
+    : look_(look), dialogs_(dialogs), language_(language) {
+    const WindowScope scope;
+    const EmptyTemplate empty(WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN);
+    handle_ = CreateDialogIndirectParamW(ownModule(), &empty.header, nullptr, procedure,
+                                         reinterpret_cast<LPARAM>(this));
+    if (handle_ == nullptr)
+        throw Error("Windows has no room for another window.");
+    SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(look.largeIcon()));
+    SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(look.smallIcon()));
+    navigation_ = std::make_unique<KeyboardNavigation>(handle_);
+}
+
+Win32Window::~Win32Window() {
+    modal_.reset();
+    navigation_.reset();
+    SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    DestroyWindow(handle_);
+}
+
+void Win32Window::setCaption(const std::string& caption) {
+    SetWindowTextW(handle_, toWide(caption).c_str());
+}
+
+void Win32Window::setInnerSize(Size size) {
+    resizeTo(look_.scale().pixels(size));
+}
+
+void Win32Window::setMinimumInnerSize(Size size) {
+    minimum_ = look_.scale().pixels(size);
+    resizeTo(size_);
+}
+
+Size Win32Window::innerSize() const {
+    return look_.scale().twips(size_);
+}
+
+/// Sets the size for code: no handler hears of it.
+void Win32Window::resizeTo(SIZE inner) {
+    const FlagScope setting(settingSize_);
+    const SIZE frame =
+        frameSize({std::max(inner.cx, minimum_.cx), std::max(inner.cy, minimum_.cy)});
+    SetWindowPos(handle_, nullptr, 0, 0, frame.cx, frame.cy,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    if (knownSize_)
+        knownSize_ = size_;
+}
+
+SIZE Win32Window::frameSize(SIZE inner) const {
+    RECT frame = {0, 0, inner.cx, inner.cy};
+    AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_EXSTYLE)));
+    return {frame.right - frame.left, frame.bottom - frame.top};
+}
+
+void Win32Window::show() {
+    ModalSession::windowShown(handle_);
+    bringToFront();
+}
+
+void Win32Window::bringToFront() {
+    if (!knownSize_)
+        placeInMiddle();
+    ShowWindow(handle_, IsIconic(handle_) ? SW_RESTORE : SW_SHOW);
+    SetForegroundWindow(handle_);
+    sizeChanged();
+}
+
+/// In the middle of the screen that the user works on.
+void Win32Window::placeInMiddle() const {
+    const HWND active = GetActiveWindow();
+    MONITORINFO monitor = {};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(
+        MonitorFromWindow(active != nullptr ? active : handle_, MONITOR_DEFAULTTOPRIMARY),
+        &monitor);
+    const SIZE frame = frameSize(size_);
+    const RECT& space = monitor.rcWork;
+    SetWindowPos(handle_, nullptr, std::max(space.left, (space.left + space.right - frame.cx) / 2),
+                 std::max(space.top, (space.top + space.bottom - frame.cy) / 2), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Win32Window::showModal() {
+    if (modal_ != nullptr) {
+        bringToFront();
+        return;
+    }
+    const HWND active = GetActiveWindow();
+    setOwner(active != handle_ ? active : nullptr);
+    modal_ = std::make_unique<ModalSession>(handle_);
+    bringToFront();
+    runUntilHidden();
+    hide();
+    setOwner(nullptr);
+}
+
+/// A window with an owner stays in front of it, and cannot be minimized on its own.
+void Win32Window::setOwner(HWND owner) const {
+    SetWindowLongPtrW(handle_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+    const auto style = GetWindowLongPtrW(handle_, GWL_STYLE) & ~LONG_PTR{WS_MINIMIZEBOX};
+    SetWindowLongPtrW(handle_, GWL_STYLE, owner == nullptr ? style | WS_MINIMIZEBOX : style);
+    SetWindowPos(handle_, nullptr, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+/// A request to quit is the host's; it is left for the host's own loop.
+void Win32Window::runUntilHidden() const {
+    MSG message;
+    while (isVisible()) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got == 0)
+            PostQuitMessage(static_cast<int>(message.wParam));
+        if (got <= 0)
+            return;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+/// The others are free before this one goes, or Windows would activate some other program.
+void Win32Window::hide() {
+    if (modal_ != nullptr) {
+        modal_.reset();
+        PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the loop that waits for this
+    }
+    ShowWindow(handle_, SW_HIDE);
+}
+
+bool Win32Window::isVisible() const {
+    return IsWindowVisible(handle_) != FALSE;
+}
+
+ControlPlace Win32Window::nextPlace() const {
+    return {handle_, kFirstControl + static_cast<int>(controls_.size()), look_};
+}
+
+Label& Win32Window::addLabel(const Rect& bounds, const std::string& text) {
+    Label& label = add(std::make_unique<Win32Label>(nextPlace()), bounds);
+    label.setText(text);
+    return label;
+}
+
+Button& Win32Window::addButton(const Rect& bounds, const std::string& text) {
+    return add(std::make_unique<Win32Button>(nextPlace(), text, dialogs_), bounds);
+}
+
+ProgressBar& Win32Window::addProgressBar(const Rect& bounds) {
+    return add(std::make_unique<Win32ProgressBar>(nextPlace()), bounds);
+}
+
+TreeView& Win32Window::addTreeView(const Rect& bounds) {
+    return add(std::make_unique<Win32TreeView>(nextPlace(), dialogs_, language_), bounds);
+}
+
+template <class Kind>
+Kind& Win32Window::add(std::unique_ptr<Kind> control, const Rect& bounds) {
+    Kind& added = *control;
+    natives_.push_back(control.get());
+    controls_.push_back(std::move(control));
+    added.setBounds(bounds);
+    return added;
+}
+
+NativeControl* Win32Window::controlOf(int id) const {
+    const auto index = static_cast<std::size_t>(id - kFirstControl);
+    return id >= kFirstControl && index < natives_.size() ? natives_[index] : nullptr;
+}
+
+INT_PTR CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(window, DWLP_USER, lparam);
+        return FALSE;
+    }
+    auto* const self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, DWLP_USER));
+    INT_PTR result = FALSE;
+    if (self != nullptr && self->handle_ != nullptr)
+        guarded(self->dialogs_, [&] { result = self->handleMessage(message, wparam, lparam); });
+    return result;
+}
+
+/// What a dialog's procedure returns: whether the message is handled.
+INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+    switch (message) {
+        case WM_COMMAND:
+            return handleCommand(LOWORD(wparam), HIWORD(wparam));
+        case WM_NOTIFY:
+            return handleNotification(*reinterpret_cast<NMHDR*>(lparam));
+        case WM_CLOSE:
+            closeRequested();
+            return TRUE;
+        case WM_SIZE:
+            if (wparam != SIZE_MINIMIZED) {
+                size_ = {LOWORD(lparam), HIWORD(lparam)};
+                sizeChanged();
+            }
+            return TRUE;
+        case WM_GETMINMAXINFO: {
+            const SIZE least = frameSize(minimum_);
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.cx, least.cy};
+            return TRUE;
+        }
+        case WM_SETCURSOR:
+            return showBusyPointer(handle_);
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+            colorsChanged(message);
+            return FALSE;
+        default:
+            return FALSE;
+    }
+}
+
+INT_PTR Win32Window::handleCommand(WORD id, WORD notification) {
+    if (id == IDCANCEL && modal_ != nullptr)  // Esc
+        closeRequested();
+    if (NativeControl* const control = controlOf(id))
+        control->commanded(notification);
+    return TRUE;
+}
+
+INT_PTR Win32Window::handleNotification(NMHDR& header) {
+    NativeControl* const control = controlOf(static_cast<int>(header.idFrom));
+    if (control == nullptr || control->handle() != header.hwndFrom)
+        return FALSE;
+    SetWindowLongPtrW(handle_, DWLP_MSGRESULT, control->notified(header));
+    return TRUE;
+}
+
+void Win32Window::sizeChanged() {
+    if (settingSize_ || !isVisible() || (knownSize_ && isSame(*knownSize_, size_)))
+        return;
+    knownSize_ = size_;
+    if (const auto handler = onResize)
+        guarded(dialogs_, handler);
+}
+
+/// A handler that fails must not keep the user in the window. The task bar can ask a window that
+/// a modal one keeps the user from.
+void Win32Window::closeRequested() {
+    if (!IsWindowEnabled(handle_))
+        return;
+    bool hidden = true;
+    if (const auto handler = onCloseRequest)
+        guarded(dialogs_, [&] { hidden = handler(); });
+    if (hidden)
+        hide();
+}
+
+/// Controls hear of new colours from the window they are in.
+void Win32Window::colorsChanged(UINT message) const {
+    if (message == WM_SYSCOLORCHANGE)
+        for (const NativeControl* control : natives_)
+            SendMessageW(control->handle(), message, 0, 0);
+    RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+}  // namespace pelk

@@ -1,0 +1,76 @@
+#pragma once
+// A top-level window with its controls: a dialog without a template, in the host's message loop.
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/dialogs.h"
+#include "platform/windows/controls/keyboard_hook.h"
+#include "platform/windows/controls/modal_session.h"
+#include "platform/windows/controls/native_control.h"
+
+namespace pelk {
+
+class Win32Window : public Window, public NativeHandle {
+ public:
+    /// Faults of handlers go to `dialogs`. The references must outlive the window.
+    Win32Window(const Look& look, Dialogs& dialogs, const Language& language);
+    ~Win32Window() override;
+
+    void setCaption(const std::string& caption) override;
+    void setInnerSize(Size size) override;
+    void setMinimumInnerSize(Size size) override;
+    Size innerSize() const override;
+
+    void show() override;
+    void showModal() override;
+    void hide() override;
+    bool isVisible() const override;
+
+    Label& addLabel(const Rect& bounds, const std::string& text) override;
+    Button& addButton(const Rect& bounds, const std::string& text) override;
+    ProgressBar& addProgressBar(const Rect& bounds) override;
+    TreeView& addTreeView(const Rect& bounds) override;
+
+    HWND handle() const override { return handle_; }
+
+ private:
+    static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR handleMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    INT_PTR handleCommand(WORD id, WORD notification);
+    INT_PTR handleNotification(NMHDR& header);
+
+    NativeControl* controlOf(int id) const;
+    template <class Kind>
+    Kind& add(std::unique_ptr<Kind> control, const Rect& bounds);
+    ControlPlace nextPlace() const;
+
+    SIZE frameSize(SIZE inner) const;
+    void resizeTo(SIZE inner);
+    void placeInMiddle() const;
+    void bringToFront();
+    void setOwner(HWND owner) const;
+    void runUntilHidden() const;
+    void sizeChanged();
+    void closeRequested();
+    void colorsChanged(UINT message) const;
+
+    const Look& look_;
+    Dialogs& dialogs_;
+    const Language& language_;
+    HWND handle_ = nullptr;
+    std::unique_ptr<KeyboardNavigation> navigation_;
+    std::vector<std::unique_ptr<Control>> controls_;
+    std::vector<NativeControl*> natives_;
+    SIZE size_ = {};
+    SIZE minimum_ = {};
+    /// The size of which `onResize` has been told, or that code has set since; none before the
+    /// window is first shown.
+    std::optional<SIZE> knownSize_;
+    bool settingSize_ = false;
+    /// While the window is modal.
+    std::unique_ptr<ModalSession> modal_;
+};
+
+}  // namespace pelk

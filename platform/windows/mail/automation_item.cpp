@@ -1,0 +1,110 @@
+#include "platform/windows/mail/automation_item.h"
+
+#include <optional>
+#include <utility>
+
+namespace pelk {
+namespace {
+
+constexpr IID kMailItemInterface{
+    0x00063034, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+
+constexpr const char* kSmtpAddressProperty = "http://schemas.microsoft.com/mapi/proptag/0x39FE001E";
+
+/// The year that stands for "no date".
+constexpr int kNoDateYear = 4501;
+
+bool isDirectoryEntry(const std::string& address) {
+    return address.starts_with("/o=") || address.starts_with("/O=");
+}
+
+/// What `lookUp` finds; empty when the mail client refuses.
+template <typename LookUp>
+std::string textIfAny(const LookUp& lookUp) {
+    try {
+        return lookUp();
+    } catch (const Error&) {
+        return {};
+    }
+}
+
+/// The internet address of a recipient in the server's directory; empty when nobody knows it.
+std::string smtpAddress(const Dispatch& recipient) {
+    const std::string stored = textIfAny([&recipient] {
+        return recipient.object("PropertyAccessor", "a property accessor")
+            .text("GetProperty", {variantOf(kSmtpAddressProperty)});
+    });
+    if (!stored.empty())
+        return stored;
+    return textIfAny([&recipient] {
+        return recipient.object("AddressEntry", "an address entry")
+            .object("GetExchangeUser", "a user of the server")
+            .text("PrimarySmtpAddress");
+    });
+}
+
+class AutomationItem : public MailItem {
+ public:
+    AutomationItem(Dispatch item, std::shared_ptr<DirectoryAddresses> addresses)
+        : item_(std::move(item)), addresses_(std::move(addresses)) {}
+
+    LocalTime creationTime() override {
+        const Variant value = item_.call("CreationTime");
+        SYSTEMTIME time{};
+        if (value.vt != VT_DATE || VariantTimeToSystemTime(value.date, &time) == FALSE ||
+            time.wYear >= kNoDateYear)
+            throw Error("An e-mail has no date of creation.");
+        return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
+    }
+
+    /// Asks for a reply, which alone knows whom the sender wants answers to go to. It is let go of
+    /// unseen, and so leaves no trace.
+    std::optional<MailPerson> replyRecipient() override {
+        const Dispatch recipients =
+            item_.object("Reply", "a reply").object("Recipients", "the recipients");
+        if (recipients.number("Count") < 1)
+            return std::nullopt;
+        return person(recipients, 1);
+    }
+
+    int recipientCount() override {
+        return item_.object("Recipients", "the recipients").number("Count");
+    }
+
+    MailPerson recipient(int index) override {
+        return person(item_.object("Recipients", "the recipients"), index);
+    }
+
+ private:
+    MailPerson person(const Dispatch& recipients, int index) {
+        const Dispatch recipient = recipients.object("Item", "a recipient", {variantOf(index)});
+        MailPerson person{recipient.text("Name"), recipient.text("Address")};
+        if (isDirectoryEntry(person.address))
+            person.address = internetAddress(recipient, person.address);
+        return person;
+    }
+
+    /// The entry itself stands in for an address that nobody knows.
+    std::string internetAddress(const Dispatch& recipient, const std::string& entry) {
+        const auto known = addresses_->find(entry);
+        if (known != addresses_->end())
+            return known->second;
+        const std::string found = smtpAddress(recipient);
+        return (*addresses_)[entry] = found.empty() ? entry : found;
+    }
+
+    Dispatch item_;
+    std::shared_ptr<DirectoryAddresses> addresses_;
+};
+
+}  // namespace
+
+std::shared_ptr<MailItem> openMailItem(const Dispatch& item,
+                                       std::shared_ptr<DirectoryAddresses> addresses) {
+    std::optional<Dispatch> mail = item.narrowed(kMailItemInterface);
+    if (!mail)
+        throw NotAMailItem();
+    return std::make_shared<AutomationItem>(std::move(*mail), std::move(addresses));
+}
+
+}  // namespace pelk

@@ -1,0 +1,22 @@
+#pragma once
+// One e-mail of the mail client.
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "platform/mail_client.h"
+#include "platform/windows/mail/dispatch.h"
+
+namespace pelk {
+
+/// The internet addresses found for people of the mail server's own directory, whom the mail client
+/// names by their directory entry ("/o=…/cn=…"). Each is looked up once, as that may ask the
+/// server.
+using DirectoryAddresses = std::map<std::string, std::string>;
+
+/// Throws `NotAMailItem` when the item is something else.
+std::shared_ptr<MailItem> openMailItem(const Dispatch& item,
+                                       std::shared_ptr<DirectoryAddresses> addresses);
+
+}  // namespace pelk

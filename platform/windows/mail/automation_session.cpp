@@ -1,0 +1,89 @@
+#include "platform/windows/mail/automation_session.h"
+
+#include <optional>
+#include <utility>
+
+#include "platform/windows/mail/automation_item.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kFolder = "a folder";
+
+std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
+                                         std::shared_ptr<DirectoryAddresses> addresses);
+
+class AutomationFolder : public MailFolder {
+ public:
+    AutomationFolder(Dispatch folder, std::shared_ptr<DirectoryAddresses> addresses)
+        : folder_(std::move(folder)), addresses_(std::move(addresses)) {}
+
+    std::string entryId() const { return folder_.text("EntryID"); }
+
+    std::string name() override { return folder_.text("Name"); }
+    int defaultItemType() override { return folder_.number("DefaultItemType"); }
+    std::unique_ptr<MailFolders> folders() override { return openFolders(folder_, addresses_); }
+    int itemCount() override { return items().number("Count"); }
+    std::shared_ptr<MailItem> mailItem(int index) override {
+        return openMailItem(items().object("Item", "an item", {variantOf(index)}), addresses_);
+    }
+
+ private:
+    Dispatch items() const { return folder_.object("Items", "the items"); }
+
+    Dispatch folder_;
+    std::shared_ptr<DirectoryAddresses> addresses_;
+};
+
+/// Holds one collection all the time: each has a position of its own.
+class AutomationFolders : public MailFolders {
+ public:
+    AutomationFolders(Dispatch folders, std::shared_ptr<DirectoryAddresses> addresses)
+        : folders_(std::move(folders)), addresses_(std::move(addresses)) {}
+
+    std::unique_ptr<MailFolder> first() override { return step("GetFirst"); }
+    std::unique_ptr<MailFolder> next() override { return step("GetNext"); }
+
+ private:
+    std::unique_ptr<MailFolder> step(const char* member) {
+        std::optional<Dispatch> folder = folders_.objectIfAny(member, kFolder);
+        if (!folder)
+            return nullptr;
+        return std::make_unique<AutomationFolder>(std::move(*folder), addresses_);
+    }
+
+    Dispatch folders_;
+    std::shared_ptr<DirectoryAddresses> addresses_;
+};
+
+std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
+                                         std::shared_ptr<DirectoryAddresses> addresses) {
+    return std::make_unique<AutomationFolders>(parent.object("Folders", "the folders"),
+                                               std::move(addresses));
+}
+
+class AutomationSession : public MailSession {
+ public:
+    explicit AutomationSession(Dispatch nameSpace) : nameSpace_(std::move(nameSpace)) {}
+
+    std::unique_ptr<MailFolders> folders() override { return openFolders(nameSpace_, addresses_); }
+
+    /// Folders are compared by their ids, as the same folder is another object each time.
+    bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
+        const Dispatch wanted =
+            nameSpace_.object("GetDefaultFolder", kFolder, {variantOf(static_cast<int>(kind))});
+        return dynamic_cast<AutomationFolder&>(folder).entryId() == wanted.text("EntryID");
+    }
+
+ private:
+    Dispatch nameSpace_;
+    std::shared_ptr<DirectoryAddresses> addresses_ = std::make_shared<DirectoryAddresses>();
+};
+
+}  // namespace
+
+std::unique_ptr<MailSession> openSession(Dispatch nameSpace) {
+    return std::make_unique<AutomationSession>(std::move(nameSpace));
+}
+
+}  // namespace pelk

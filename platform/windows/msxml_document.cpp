@@ -1,0 +1,274 @@
+#include "platform/windows/msxml_document.h"
+
+#include "platform/windows/com.h"
+// The line above brings windows.h, on which this one builds.
+#include <msxml2.h>
+
+#include <algorithm>
+#include <iterator>
+
+#include "platform/utf8.h"
+#include "platform/windows/xml_form.h"
+#include "platform/windows/xml_markup.h"
+
+namespace pelk {
+namespace {
+
+/// The versions 6.0, 4.0 and 3.0, in the order in which they are tried.
+constexpr CLSID kDocumentClasses[] = {
+    {0x88D96A05, 0xF192, 0x11D4, {0xA6, 0x5F, 0x00, 0x40, 0x96, 0x32, 0x51, 0xE5}},
+    {0x88D969C0, 0xF192, 0x11D4, {0xA6, 0x5F, 0x00, 0x40, 0x96, 0x32, 0x51, 0xE5}},
+    {0xF5078F32, 0xC551, 0x11D3, {0x89, 0xB9, 0x00, 0x00, 0xF8, 0x1F, 0xE2, 0x21}}};
+constexpr IID kDocument2 = {
+    0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
+
+/// As many levels as MSXML 6.0 takes.
+constexpr int kDeepestNesting = 256;
+
+void require(HRESULT result, const char* what) {
+    if (FAILED(result))
+        throw Error(std::string("The system's XML library failed to ") + what + ".");
+}
+
+/// An element is held by its element interface, which is its node interface, too.
+IXMLDOMElement* wrap(XmlLibrary::Node node) {
+    return static_cast<IXMLDOMElement*>(node);
+}
+
+ComPtr<IXMLDOMElement> asElement(const ComPtr<IXMLDOMNode>& node) {
+    return node.query<IXMLDOMElement>(IID_IXMLDOMElement);
+}
+
+bool isElement(const ComPtr<IXMLDOMNode>& node) {
+    DOMNodeType type = NODE_INVALID;
+    return SUCCEEDED(node->get_nodeType(&type)) && type == NODE_ELEMENT;
+}
+
+/// The first of `node` and the siblings after it that is an element.
+XmlLibrary::Node elementFrom(ComPtr<IXMLDOMNode> node) {
+    while (node && !isElement(node)) {
+        ComPtr<IXMLDOMNode> next;
+        node->get_nextSibling(next.put());
+        node = std::move(next);
+    }
+    return asElement(node).detach();
+}
+
+class MsxmlLibrary : public XmlLibrary {
+ public:
+    void retain(Node node) const override { wrap(node)->AddRef(); }
+    void release(Node node) const override { wrap(node)->Release(); }
+
+    /// One element may be behind several objects, so a mark is put on one of them and looked for
+    /// on the other.
+    bool same(Node a, Node b) const override {
+        constexpr const char* mark = "pelk-same-element";
+        setAttribute(a, mark, "");
+        const bool found = attribute(b, mark).has_value();
+        wrap(a)->removeAttribute(Bstr(std::string_view(mark)).get());
+        return found;
+    }
+
+    std::string name(Node node) const override {
+        Bstr name;
+        require(wrap(node)->get_nodeName(name.put()), "name an element");
+        return name.utf8();
+    }
+
+    std::optional<std::string> attribute(Node node, const char* name) const override {
+        Variant value;
+        const HRESULT result = wrap(node)->getAttribute(Bstr(std::string_view(name)).get(), &value);
+        if (result != S_OK || value.vt != VT_BSTR)
+            return std::nullopt;
+        return toUtf8({value.bstrVal, SysStringLen(value.bstrVal)});
+    }
+
+    void setAttribute(Node node, const char* name, const std::string& value) const override {
+        require(wrap(node)->setAttribute(Bstr(std::string_view(name)).get(), Variant(value)),
+                "change an attribute");
+    }
+
+    Node firstChild(Node node) const override {
+        ComPtr<IXMLDOMNode> child;
+        wrap(node)->get_firstChild(child.put());
+        return elementFrom(std::move(child));
+    }
+
+    Node nextSibling(Node node) const override {
+        ComPtr<IXMLDOMNode> next;
+        wrap(node)->get_nextSibling(next.put());
+        return elementFrom(std::move(next));
+    }
+
+    Node parent(Node node) const override {
+        ComPtr<IXMLDOMNode> parent;
+        wrap(node)->get_parentNode(parent.put());
+        return asElement(parent).detach();
+    }
+
+    Node appendElement(Node parent, const char* name) const override {
+        ComPtr<IXMLDOMDocument> document;
+        ComPtr<IXMLDOMElement> element;
+        ComPtr<IXMLDOMNode> added;
+        require(wrap(parent)->get_ownerDocument(document.put()), "find a document");
+        require(document->createElement(Bstr(std::string_view(name)).get(), element.put()),
+                "create an element");
+        require(wrap(parent)->appendChild(element.get(), added.put()), "add an element");
+        return element.detach();
+    }
+
+    void remove(Node node) const override {
+        ComPtr<IXMLDOMNode> parent;
+        ComPtr<IXMLDOMNode> removed;
+        wrap(node)->get_parentNode(parent.put());
+        require(parent ? parent->removeChild(wrap(node), removed.put()) : E_FAIL,
+                "remove an element");
+    }
+
+    std::vector<Node> select(Node context, const std::string& query) const override {
+        const ComPtr<IXMLDOMNodeList> found = evaluate(context, query);
+        std::vector<ComPtr<IXMLDOMElement>> elements;
+        for (ComPtr<IXMLDOMNode> node; found->nextNode(node.put()) == S_OK && node;)
+            if (ComPtr<IXMLDOMElement> element = asElement(node))
+                elements.push_back(std::move(element));
+        std::vector<Node> nodes(elements.size());
+        std::transform(elements.begin(), elements.end(), nodes.begin(),
+                       [](ComPtr<IXMLDOMElement>& element) { return element.detach(); });
+        return nodes;
+    }
+
+    std::optional<std::string> selectText(Node context, const std::string& query) const override {
+        ComPtr<IXMLDOMNode> first;
+        if (evaluate(context, query)->nextNode(first.put()) != S_OK || !first)
+            return std::nullopt;
+        Bstr text;
+        require(first->get_text(text.put()), "read a text");
+        return text.utf8();
+    }
+
+ private:
+    static ComPtr<IXMLDOMNodeList> evaluate(Node context, const std::string& query) {
+        ComPtr<IXMLDOMNodeList> found;
+        if (FAILED(wrap(context)->selectNodes(Bstr(query).get(), found.put())) || !found)
+            throw MalformedQuery(query);
+        return found;
+    }
+};
+
+const MsxmlLibrary& library() {
+    static const MsxmlLibrary theLibrary;
+    return theLibrary;
+}
+
+/// What the text must not hold although the library would read it; empty when it holds nothing of
+/// that kind. Found out beforehand, as entities can swell and deep nesting can exhaust the stack.
+std::string faultOfText(std::string_view text) {
+    if (!isXmlText(text))
+        return "bytes that are not UTF-8 text";
+    int depth = 0;
+    while (!text.empty()) {
+        const MarkupKind kind = takeMarkup(text).kind;
+        if (kind == MarkupKind::DocumentType)
+            return "a document type";
+        if (kind == MarkupKind::EndTag)
+            --depth;
+        if (kind == MarkupKind::StartTag && ++depth > kDeepestNesting)
+            return "elements nested deeper than " + std::to_string(kDeepestNesting) + " levels";
+    }
+    return {};
+}
+
+/// The text without the mark and declaration that it may begin with: they speak of the encoding
+/// that it had elsewhere.
+std::string_view withoutDeclaration(std::string_view text) {
+    if (text.starts_with("\xEF\xBB\xBF"))
+        text.remove_prefix(3);
+    if (text.starts_with("<?xml "))
+        takeMarkup(text);
+    return text;
+}
+
+ComPtr<IXMLDOMDocument2> createDocument() {
+    ComPtr<IXMLDOMDocument2> document;
+    for (const CLSID& version : kDocumentClasses)
+        if (SUCCEEDED(CoCreateInstance(version, nullptr, CLSCTX_INPROC_SERVER, kDocument2,
+                                       reinterpret_cast<void**>(document.put()))))
+            return document;
+    throw Error("The system has no XML library (MSXML 6.0 or 3.0).");
+}
+
+class MsxmlDocument : public XmlDocument {
+ public:
+    MsxmlDocument() : document_(createDocument()) {
+        document_->put_async(VARIANT_FALSE);
+        document_->put_resolveExternals(VARIANT_FALSE);
+        document_->put_validateOnParse(VARIANT_FALSE);
+        // What is read is written as it was; white space between elements is passed over here.
+        document_->put_preserveWhiteSpace(VARIANT_TRUE);
+        require(document_->setProperty(Bstr(std::string_view("SelectionLanguage")).get(),
+                                       Variant("XPath")),
+                "set its query language");
+        // Versions before 6.0 do not know this one; document types do not reach them either.
+        Variant yes;
+        yes.vt = VT_BOOL;
+        yes.boolVal = VARIANT_TRUE;
+        document_->setProperty(Bstr(std::string_view("ProhibitDTD")).get(), yes);
+    }
+
+    bool loadXml(std::string_view text) override {
+        error_ = faultOfText(text);
+        if (error_.empty()) {
+            VARIANT_BOOL loaded = VARIANT_FALSE;
+            const Bstr wide(withoutDeclaration(text));
+            if (document_->loadXML(wide.get(), &loaded) != S_OK || loaded != VARIANT_TRUE)
+                error_ = reasonOfFailure();
+        }
+        if (!error_.empty())
+            document_ = MsxmlDocument().document_;
+        return error_.empty();
+    }
+
+    std::string parseError() const override { return error_; }
+
+    std::string xml() const override {
+        ComPtr<IXMLDOMElement> element;
+        Bstr text;
+        document_->get_documentElement(element.put());
+        if (element)
+            require(element->get_xml(text.put()), "write a document");
+        return inOneForm(text.utf8());
+    }
+
+    XmlElement root() const override {
+        ComPtr<IXMLDOMElement> element;
+        document_->get_documentElement(element.put());
+        return {library(), element.detach()};
+    }
+
+ private:
+    std::string reasonOfFailure() const {
+        ComPtr<IXMLDOMParseError> fault;
+        Bstr reason;
+        long line = 0;
+        if (FAILED(document_->get_parseError(fault.put())) || !fault)
+            return "no well-formed text";
+        fault->get_reason(reason.put());
+        fault->get_line(&line);
+        std::string text = reason.utf8();
+        text.erase(text.find_last_not_of(" \t\r\n.") + 1);
+        if (text.empty())
+            return "no well-formed text";
+        return line > 0 ? text + " in line " + std::to_string(line) : text;
+    }
+
+    ComPtr<IXMLDOMDocument2> document_;
+    std::string error_;
+};
+
+}  // namespace
+
+std::unique_ptr<XmlDocument> createMsxmlDocument() {
+    return std::make_unique<MsxmlDocument>();
+}
+
+}  // namespace pelk

@@ -1,0 +1,22 @@
+#pragma once
+// The file system of Windows.
+
+#include "platform/files.h"
+
+namespace pelk {
+
+/// What is created takes its access rights from the folder it stands in: within a user's profile
+/// it is open to that user alone.
+class WindowsFiles : public FileSystem {
+ public:
+    std::string join(const std::string& folder, const std::string& name) const override;
+    bool folderExists(const std::string& path) override;
+    bool fileExists(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::string readWholeFile(const std::string& path) override;
+    std::unique_ptr<WritableFile> createFile(const std::string& path) override;
+    void replaceFile(const std::string& from, const std::string& to) override;
+    void removeFile(const std::string& path) override;
+};
+
+}  // namespace pelk

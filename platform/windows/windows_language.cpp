@@ -1,0 +1,121 @@
+#include "platform/windows/windows_language.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <numeric>
+
+#include "platform/windows/wide_text.h"
+
+namespace pelk {
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+}
+
+char lowerAscii(char byte) {
+    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
+}
+
+std::string lowerAscii(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](char byte) { return lowerAscii(byte); });
+    return lower;
+}
+
+bool isUtf8(std::string_view text) {
+    return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
+                               static_cast<int>(text.size()), nullptr, 0) > 0;
+}
+
+/// Changes the letters of a text, each for one of the same length, by the full rules of Unicode and
+/// those of no locale.
+std::wstring inCase(DWORD mapping, const std::wstring& text) {
+    const int size = static_cast<int>(text.size());
+    std::wstring mapped(text.size(), L'\0');
+    const int written = LCMapStringEx(LOCALE_NAME_INVARIANT, mapping | LCMAP_LINGUISTIC_CASING,
+                                      text.data(), size, mapped.data(), size, nullptr, nullptr, 0);
+    return written == size ? mapped : text;
+}
+
+/// Letters that differ in case alone are the same in it.
+std::wstring foldCase(std::string_view text) {
+    const std::wstring wide = toWide(text);
+    return inCase(LCMAP_LOWERCASE, inCase(LCMAP_UPPERCASE, wide));
+}
+
+/// Makes bytes by whose order texts stand in the locale's alphabet.
+class SortKeys {
+ public:
+    explicit SortKeys(const std::wstring& locale) : locale_(locale) {}
+
+    std::string keyOf(std::string_view text) {
+        const std::wstring wide = toWide(text);
+        if (wide.empty())
+            return {};
+        // Long enough for nearly every text, which then is mapped once and not twice.
+        buffer_.resize(std::max(buffer_.size(), wide.size() * 16 + 64));
+        int size = map(wide, static_cast<int>(buffer_.size()));
+        if (size == 0) {
+            buffer_.resize(static_cast<std::size_t>(map(wide, 0)));
+            size = map(wide, static_cast<int>(buffer_.size()));
+        }
+        return buffer_.substr(0, static_cast<std::size_t>(size));
+    }
+
+ private:
+    /// Sizes of sort keys count bytes although the type says characters.
+    int map(const std::wstring& text, int room) {
+        return LCMapStringEx(locale_.c_str(), LCMAP_SORTKEY | LINGUISTIC_IGNORECASE, text.data(),
+                             static_cast<int>(text.size()),
+                             reinterpret_cast<wchar_t*>(buffer_.data()), room, nullptr, nullptr, 0);
+    }
+
+    const std::wstring& locale_;
+    std::string buffer_;
+};
+
+}  // namespace
+
+WindowsLanguage::WindowsLanguage() {
+    wchar_t name[LOCALE_NAME_MAX_LENGTH] = {};
+    GetUserDefaultLocaleName(name, LOCALE_NAME_MAX_LENGTH);
+    locale_ = name;
+}
+
+std::vector<std::size_t> WindowsLanguage::alphabeticalOrder(
+    const std::vector<std::string_view>& texts) const {
+    SortKeys sortKeys(locale_);
+    std::vector<std::string> keys;
+    keys.reserve(texts.size());
+    for (const std::string_view text : texts)
+        keys.push_back(sortKeys.keyOf(text));
+    std::vector<std::size_t> order(texts.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(), [&keys](std::size_t left, std::size_t right) {
+        return keys[left] < keys[right];
+    });
+    return order;
+}
+
+bool WindowsLanguage::startsWith(std::string_view text, std::string_view start) const {
+    if (isAscii(text) && isAscii(start))
+        return text.size() >= start.size() &&
+               std::equal(start.begin(), start.end(), text.begin(), [](char left, char right) {
+                   return lowerAscii(left) == lowerAscii(right);
+               });
+    return foldCase(text).starts_with(foldCase(start));
+}
+
+/// Character by character, so that the length in characters stays. Text that is not UTF-8 has its
+/// Latin letters changed and all else left as it is: it must not become another one's text.
+std::string WindowsLanguage::lowerCase(std::string_view text) const {
+    if (isAscii(text) || !isUtf8(text))
+        return lowerAscii(text);
+    return toUtf8(inCase(LCMAP_LOWERCASE, toWide(text)));
+}
+
+}  // namespace pelk

@@ -1,0 +1,26 @@
+#pragma once
+// Order and letter case of the user's locale, from the tables of Windows.
+
+#include <string>
+
+#include "platform/language.h"
+
+namespace pelk {
+
+class WindowsLanguage : public Language {
+ public:
+    /// The locale that the user has set.
+    WindowsLanguage();
+    /// The locale of that name, such as "sv-SE".
+    explicit WindowsLanguage(std::wstring locale) : locale_(std::move(locale)) {}
+
+    std::vector<std::size_t> alphabeticalOrder(
+        const std::vector<std::string_view>& texts) const override;
+    bool startsWith(std::string_view text, std::string_view start) const override;
+    std::string lowerCase(std::string_view text) const override;
+
+ private:
+    std::wstring locale_;
+};
+
+}  // namespace pelk

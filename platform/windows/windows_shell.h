@@ -1,0 +1,20 @@
+#pragma once
+// The user's folders and clock on Windows.
+
+#include "platform/clock.h"
+#include "platform/shell.h"
+
+namespace pelk {
+
+/// The data folder is the one for programs' data in the user's roaming profile.
+class WindowsShell : public Shell {
+ public:
+    std::optional<std::string> applicationDataFolder() override;
+};
+
+class WindowsClock : public Clock {
+ public:
+    LocalTime now() override;
+};
+
+}  // namespace pelk

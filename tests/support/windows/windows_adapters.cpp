@@ -1,0 +1,31 @@
+#include <windows.h>
+// The line above comes first.
+#include <objbase.h>
+
+#include "platform/windows/cng_crypto.h"
+#include "platform/windows/msxml_document.h"
+#include "platform/windows/windows_files.h"
+#include "platform/windows/windows_language.h"
+#include "tests/support/adapters.h"
+
+namespace pelk {
+
+std::unique_ptr<Language> makeLanguage() {
+    return std::make_unique<WindowsLanguage>(L"en-US");
+}
+
+std::unique_ptr<Crypto> makeCrypto() {
+    return std::make_unique<CngCrypto>();
+}
+
+std::unique_ptr<FileSystem> makeFiles() {
+    return std::make_unique<WindowsFiles>();
+}
+
+std::unique_ptr<XmlDocument> makeXmlDocument() {
+    // The mail client has COM ready on the thread on which the program runs.
+    static const HRESULT ready = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    return SUCCEEDED(ready) ? createMsxmlDocument() : nullptr;
+}
+
+}  // namespace pelk
