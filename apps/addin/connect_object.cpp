@@ -1,0 +1,173 @@
+#include "apps/addin/connect_object.h"
+
+#include <string>
+
+#include "apps/addin/ribbon.h"
+#include "platform/guard.h"
+
+namespace pelk {
+namespace {
+
+/// From this version on the mail client's window has a ribbon, and command bars are a relic in it.
+constexpr int kFirstVersionWithRibbon = 14;
+
+enum Member : DISPID {
+    kOnConnection = 1,
+    kOnDisconnection = 2,
+    kOnAddInsUpdate = 3,
+    kOnStartupComplete = 4,
+    kOnBeginShutdown = 5,
+    // Apart from the five above, whose numbers are given.
+    kRibbonClick = 100,
+};
+
+constexpr NamedMember kMembers[] = {
+    {L"OnConnection", kOnConnection},       {L"OnDisconnection", kOnDisconnection},
+    {L"OnAddInsUpdate", kOnAddInsUpdate},   {L"OnStartupComplete", kOnStartupComplete},
+    {L"OnBeginShutdown", kOnBeginShutdown}, {kRibbonCallback, kRibbonClick},
+};
+
+/// Argument `index` in the order of the declaration, which is the reverse of how they come; an
+/// empty one when it is missing. What is passed by reference is looked up.
+Variant argument(const DISPPARAMS* parameters, UINT index) {
+    Variant value;
+    if (parameters != nullptr && index < parameters->cArgs)
+        VariantCopyInd(&value, &parameters->rgvarg[parameters->cArgs - 1 - index]);
+    return value;
+}
+
+ConnectMode modeIn(const VARIANT& value) {
+    return static_cast<ConnectMode>(value.vt == VT_I4 ? value.lVal : 0);
+}
+
+}  // namespace
+
+ConnectObject::ConnectObject() {
+    guarded(dialogs_, [this] { connect_.emplace(toolkit_, platform_.with(dialogs_)); });
+}
+
+/// A mail client in a hurry goes without saying goodbye.
+ConnectObject::~ConnectObject() {
+    guarded(dialogs_, [this] { disconnect(); });
+}
+
+HRESULT ConnectObject::OnConnection(IDispatch* application, ConnectMode mode, IDispatch*,
+                                    SAFEARRAY**) {
+    guarded(dialogs_, [this, application, mode] { connect(application, mode); });
+    return S_OK;
+}
+
+HRESULT ConnectObject::OnDisconnection(int, SAFEARRAY**) {
+    guarded(dialogs_, [this] { disconnect(); });
+    return S_OK;
+}
+
+HRESULT ConnectObject::OnAddInsUpdate(SAFEARRAY**) {
+    return S_OK;
+}
+
+HRESULT ConnectObject::OnStartupComplete(SAFEARRAY**) {
+    guarded(dialogs_, [this] {
+        if (std::exchange(menuIsDue_, false))
+            connect_->buildMenu();
+    });
+    return S_OK;
+}
+
+HRESULT ConnectObject::OnBeginShutdown(SAFEARRAY**) {
+    return S_OK;
+}
+
+HRESULT ConnectObject::GetCustomUI(BSTR ribbonId, BSTR* xml) {
+    if (xml == nullptr)
+        return E_POINTER;
+    *xml = nullptr;
+    guarded(dialogs_, [this, ribbonId, xml] {
+        const std::wstring_view id(ribbonId, SysStringLen(ribbonId));
+        if (connect_ && !hasMenu_ && id == kMailWindowRibbon)
+            *xml = Bstr(ribbonXml(Connect::commands())).detach();
+    });
+    return S_OK;
+}
+
+HRESULT ConnectObject::Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*,
+                              EXCEPINFO*, UINT*) {
+    switch (id) {
+        case kOnConnection:
+            return OnConnection(objectIn(argument(parameters, 0)).get(),
+                                modeIn(argument(parameters, 1)), nullptr, nullptr);
+        case kOnDisconnection:
+            return OnDisconnection(0, nullptr);
+        case kOnAddInsUpdate:
+            return OnAddInsUpdate(nullptr);
+        case kOnStartupComplete:
+            return OnStartupComplete(nullptr);
+        case kOnBeginShutdown:
+            return OnBeginShutdown(nullptr);
+        case kRibbonClick:
+            runCommand([this, parameters] { runByTag(argument(parameters, 0)); });
+            return S_OK;
+        default:
+            return DISP_E_MEMBERNOTFOUND;
+    }
+}
+
+std::span<const NamedMember> ConnectObject::members() const {
+    return kMembers;
+}
+
+/// While the mail client starts, its window may not be there yet: the menu is then tried again when
+/// the start is complete.
+void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
+    disconnect();
+    if (!connect_ || disconnectionIsDue_)
+        return;
+    client_ = std::make_unique<AutomationClient>(
+        application, [this](const std::function<void()>& clicked) { runCommand(clicked); });
+    connect_->keepMailClient(*client_);
+    hasMenu_ = client_->majorVersion() < kFirstVersionWithRibbon;
+    if (!hasMenu_)
+        return;
+    try {
+        connect_->buildMenu();
+    } catch (const Error&) {
+        if (mode != ConnectMode::Startup)
+            throw;
+        menuIsDue_ = true;
+    }
+}
+
+/// A command under way may be inside a form, which must not vanish under it: the connection then
+/// ends right after the command.
+void ConnectObject::disconnect() {
+    disconnectionIsDue_ = running_ > 0;
+    if (disconnectionIsDue_ || !client_)
+        return;
+    const std::unique_ptr<AutomationClient> leaving = std::move(client_);
+    menuIsDue_ = false;
+    connect_->OnDisconnection();
+}
+
+/// Runs the command of the ribbon's button.
+void ConnectObject::runByTag(const VARIANT& ribbonControl) {
+    ComPtr<IDispatch> control = objectIn(ribbonControl);
+    if (!control || !client_)
+        return;
+    const std::string tag =
+        Dispatch(std::move(control), "a button", std::make_shared<MemberIds>()).text("Tag");
+    for (const Connect::Command& command : Connect::commands())
+        if (command.tag == tag)
+            connect_->run(command);
+}
+
+/// The object lives on until the command has ended, whatever the mail client does meanwhile.
+void ConnectObject::runCommand(const std::function<void()>& act) {
+    const ComPtr<ConnectObject> self(this);
+    ++running_;
+    guarded(dialogs_, act);
+    --running_;
+    if (running_ == 0 && disconnectionIsDue_)
+        guarded(dialogs_, [this] { disconnect(); });
+}
+
+}  // namespace pelk

@@ -1,0 +1,80 @@
+// The four functions that COM calls the DLL by. There is no DllMain: the mail client counts what
+// happens there against the add-in's start.
+
+#include <windows.h>
+// The line above comes first.
+#include <objbase.h>
+
+#include <string>
+
+#include "apps/addin/addin_interfaces.h"
+#include "apps/addin/cipher_object.h"
+#include "apps/addin/class_factory.h"
+#include "apps/addin/connect_object.h"
+#include "apps/addin/registration.h"
+#include "platform/windows/controls/module.h"
+
+namespace pelk {
+namespace {
+
+template <typename Object>
+HRESULT handOutFactory(REFIID iid, void** object) {
+    return ComPtr<ClassFactory<Object>>::attach(new ClassFactory<Object>())
+        ->QueryInterface(iid, object);
+}
+
+HRESULT findFactory(const CLSID& classId, REFIID iid, void** object) {
+    if (classId == kConnectClass)
+        return handOutFactory<ConnectObject>(iid, object);
+    if (classId == kDatabaseCipherClass)
+        return handOutFactory<CipherObject>(iid, object);
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+/// Where this DLL was loaded from.
+std::wstring ownPath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(ownModule(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(path.size() * 2);
+    }
+}
+
+}  // namespace
+}  // namespace pelk
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** object) {
+    if (object == nullptr)
+        return E_POINTER;
+    *object = nullptr;
+    try {
+        return pelk::findFactory(classId, iid, object);
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+STDAPI DllCanUnloadNow() {
+    return pelk::ModuleLock::isHeld() ? S_FALSE : S_OK;
+}
+
+STDAPI DllRegisterServer() {
+    try {
+        return HRESULT_FROM_WIN32(pelk::registerServer(pelk::ownPath()));
+    } catch (...) {
+        return E_FAIL;
+    }
+}
+
+STDAPI DllUnregisterServer() {
+    try {
+        return HRESULT_FROM_WIN32(pelk::unregisterServer());
+    } catch (...) {
+        return E_FAIL;
+    }
+}

@@ -1,0 +1,180 @@
+// The mail client's automation, against a stand-in of it: what is read, how faults come through,
+// what is held.
+
+#include <gtest/gtest.h>
+
+#include "platform/windows/mail/automation_client.h"
+#include "scan/scanner.h"
+#include "tests/support/core_platform.h"
+#include "tests/windows/stand_in_client.h"
+
+namespace pelk {
+namespace {
+
+class SilentProgress : public ScanProgress {
+ public:
+    void folderStarted(const std::string&) override {}
+    void itemsCounted(int) override {}
+    void itemStarted(int) override {}
+};
+
+class AutomationTest : public ::testing::Test {
+ protected:
+    const std::unique_ptr<Language> language = makeLanguage();
+    const std::unique_ptr<Database> database = emptyDatabase();
+    SilentProgress progress;
+    StandInClient host;
+    AutomationClient client{host.application().get(),
+                            [](const std::function<void()>& clicked) { clicked(); }};
+
+    ScanOutcome scan(Database& into, MailClient& from) {
+        return Scanner(into, *language, progress).scan(*from.session());
+    }
+    ScanOutcome scanItems(std::vector<MemoryItem> items) {
+        host.mail.stores = {{"Store", std::move(items), {{"Outbox", {}, {}}}}};
+        host.mail.stores[0].folders.push_back({"Deleted Items", {}, {}});
+        return scan(*database, client);
+    }
+};
+
+std::vector<MemoryFolder> mailbox() {
+    MemoryItem unsent = mail("", {"b@x"});
+    unsent.hasSender = false;
+    MemoryItem halfMissing = mail("a@x", {"", "c@x"}, {2024, 2, 29, 23, 59, 59});
+    MemoryFolder calendar{"Kalender", {mail("no@x", {"no@y"})}, {}, 1};
+    calendar.folders = {{"Einladungen \xC3\xA4", {report(), mail("yes@x", {"yes@y"})}, {}}};
+    MemoryFolder deleted{"Deleted Items", {mail("no@x", {"no@y"})}, {}};
+    deleted.folders = {{"Kept", {mail("kept@x", {"yes@y"})}, {}}};
+    MemoryFolder refusing{"Broken", {mail("no@x", {"no@y"})}, {}};
+    refusing.refuses = true;
+    return {{"Post",
+             {mail("\xC3\xA4nn@x", {"b@x", "c@x"}), report(), unsent, halfMissing},
+             {calendar, deleted, {"Outbox", {mail("no@x", {"no@y"})}, {}}, refusing}}};
+}
+
+TEST_F(AutomationTest, givesTheScannerWhatTheMailboxHoldsAndKeepsNothingOpen) {
+    MemoryMailClient memory;
+    memory.stores = host.mail.stores = mailbox();
+    const std::unique_ptr<Database> expected = emptyDatabase();
+    const ScanOutcome wanted = scan(*expected, memory);
+    const ScanOutcome outcome = scan(*database, client);
+    EXPECT_EQ(database->xml(), expected->xml());
+    EXPECT_EQ(database->totalMails(), "6") << "each report counts the e-mail before it once more";
+    EXPECT_EQ(outcome.faults, wanted.faults);
+    EXPECT_EQ(host.mail.openItems, 0);
+    EXPECT_LE(host.mail.mostOpenItems, 3) << "the last e-mail, the next, and a reply";
+}
+
+TEST_F(AutomationTest, tellsDefaultFoldersByTheirIdsAndNotByName) {
+    host.mail.stores = mailbox();
+    host.mail.stores.push_back({"Archive", {}, {{"Outbox", {mail("old@x", {"b@x"})}, {}}}});
+    scan(*database, client);
+    EXPECT_NE(database->contactIdByAddress("old@x"), 0);
+    EXPECT_EQ(database->contactIdByAddress("no@x"), 0);
+}
+
+TEST_F(AutomationTest, looksUpAddressesOfTheServersDirectory) {
+    host.mail.directory = {{"/o=Firm/cn=ann", "Ann@firm.x"}, {"/O=Firm/cn=bob", "bob@firm.x"}};
+    for (const bool byProperty : {true, false}) {
+        host.mail.directoryKnowsProperty = byProperty;
+        const auto fresh = emptyDatabase();
+        host.mail.stores = {
+            {"Store", {mail("/o=Firm/cn=ann", {"/O=Firm/cn=bob", "/o=Firm/cn=gone"})}, {}}};
+        host.mail.stores[0].folders = {{"Outbox", {}, {}}, {"Deleted Items", {}, {}}};
+        const ScanOutcome outcome = scan(*fresh, client);
+        EXPECT_EQ(outcome.faults, 0) << outcome.firstFault;
+        EXPECT_NE(fresh->contactIdByAddress("ann@firm.x"), 0);
+        EXPECT_NE(fresh->contactIdByAddress("bob@firm.x"), 0);
+        EXPECT_NE(fresh->contactIdByAddress("/o=firm/cn=gone"), 0);
+    }
+}
+
+TEST_F(AutomationTest, passesOverEmailsWithoutADate) {
+    const ScanOutcome outcome =
+        scanItems({mail("a@x", {"b@x"}, kNoDate), mail("c@x", {"d@x"}, {2026, 11, 22, 9, 59, 59})});
+    EXPECT_EQ(database->totalMails(), "1");
+    EXPECT_EQ(database->contactIdByAddress("a@x"), 0);
+    EXPECT_EQ(outcome.firstFault, "An e-mail has no date of creation.");
+}
+
+TEST_F(AutomationTest, reportsFaultsInTheWordsOfTheMailClient) {
+    EXPECT_EQ(scanItems({mail("a@x", {""})}).firstFault,
+              "The mail client refuses Address of a recipient: The address is missing.");
+    host.mail.refusesPeople = true;
+    EXPECT_EQ(scanItems({mail("a@x", {"b@x"})}).firstFault,
+              "The mail client refuses Recipients of a reply: error 0x80004004");
+    EXPECT_THROW(AutomationClient(nullptr, {}), Error);
+}
+
+TEST_F(AutomationTest, readsTheMajorVersion) {
+    EXPECT_EQ(client.majorVersion(), 12);
+    host.version = "16.0.0.17328";
+    EXPECT_EQ(client.majorVersion(), 16);
+    StandInClient silent;
+    silent.version.clear();
+    EXPECT_EQ(AutomationClient(silent.application().get(), {}).majorVersion(), 0);
+}
+
+class MenuTest : public AutomationTest {
+ protected:
+    std::unique_ptr<CommandPopup> addPopup() {
+        return client.addPopup("Standard", "Pelk", "Pelk popup", "!<Pelk.Connect>");
+    }
+};
+
+TEST_F(MenuTest, standsOnTheBarOnceWithItsButtons) {
+    int clicks = 0;
+    addPopup()->addButton("Left over", "old", "", [] {});
+    const auto popup = addPopup();
+    const auto button =
+        popup->addButton("About", "Pelk about", "!<Pelk.Connect>", [&] { ++clicks; });
+    ASSERT_EQ(host.standardBar->controls.size(), 1U);
+    const BarControl& menu = *host.standardBar->controls[0];
+    EXPECT_EQ(menu.caption, "Pelk");
+    EXPECT_EQ(menu.action, "!<Pelk.Connect>");
+    EXPECT_EQ(menu.type, 10);
+    EXPECT_TRUE(menu.temporary && menu.visible);
+    ASSERT_EQ(menu.controls.size(), 1U);
+    EXPECT_EQ(menu.controls[0]->tag, "Pelk about");
+    EXPECT_EQ(menu.controls[0]->type, 1);
+    EXPECT_EQ(menu.controls[0]->style, 2);
+    EXPECT_TRUE(menu.controls[0]->temporary && menu.controls[0]->visible);
+    EXPECT_TRUE(host.click("About"));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MenuTest, aButtonMayBeRemovedFromWithinItsClick) {
+    std::unique_ptr<CommandButton> button;
+    int after = 0;
+    const std::string captured(100, 'x');
+    button = addPopup()->addButton("About", "Pelk about", "", [&, captured] {
+        const std::unique_ptr<CommandButton> removed = std::move(button);
+        removed->remove();
+        after = static_cast<int>(captured.size());
+    });
+    EXPECT_TRUE(host.click("About"));
+    EXPECT_EQ(after, 100) << "the handler lives until it returns";
+    EXPECT_TRUE(host.menu().empty());
+}
+
+TEST_F(MenuTest, aButtonThatIsForgottenIsDeadAndOneThatIsGoneIsRemovedInPeace) {
+    const auto popup = addPopup();
+    popup->addButton("Forgotten", "1", "", [] { FAIL(); });
+    EXPECT_FALSE(host.click("Forgotten"));
+    const auto gone = popup->addButton("Gone", "2", "", [] {});
+    host.standardBar->controls[0]->controls.clear();
+    gone->remove();
+}
+
+TEST_F(MenuTest, refusalsAreErrors) {
+    EXPECT_THROW(client.addPopup("Other", "Pelk", "Pelk popup", ""), Error);
+    const auto popup = addPopup();
+    host.refusesControls = true;
+    EXPECT_THROW(popup->addButton("About", "1", "", [] {}), Error);
+    EXPECT_THROW(addPopup(), Error);
+    host.hasWindow = false;
+    EXPECT_THROW(addPopup(), Error);
+}
+
+}  // namespace
+}  // namespace pelk
