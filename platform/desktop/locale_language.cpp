@@ -7,25 +7,11 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/ascii.h"
+
 namespace pelk {
 
 namespace {
-
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
-}
-
-char lowerAscii(char byte) {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
-}
-
-std::string lowerAscii(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char byte) { return lowerAscii(byte); });
-    return lower;
-}
 
 QByteArrayView toQt(std::string_view text) {
     return {text.data(), static_cast<qsizetype>(text.size())};

@@ -5,26 +5,11 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/ascii.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
 namespace {
-
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
-}
-
-char lowerAscii(char byte) {
-    return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
-}
-
-std::string lowerAscii(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char byte) { return lowerAscii(byte); });
-    return lower;
-}
 
 bool isUtf8(std::string_view text) {
     return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(),
