@@ -53,6 +53,27 @@ TEST_F(StorageTest, savesLoadsAndSavesTheSameBytes) {
     EXPECT_EQ(storage.importDatabase("/copy.db")->xml(), database->xml());
 }
 
+/// A database as the Linux program wrote it.
+constexpr const char* kForeignFile =
+    "PELK1:V/zb/OW16UUwFYa/VHiBlOoUacIDSCKVk0vlnse7F9luLN8f+V5uNbUkPiop05c+zpcT7H8A"
+    "ZXgdlepkWDot8AqoYsQXcEu5KWWpta6o0bYLp4JBBgfC9L29Fes2uH3kgnN4aTYzsUpWuumaaevTWD"
+    "oFcyiTkId5HkyLyFWh56HjLjMGgoyw3r7lEd1Xh5JmPxszqkIH77x7fh7mqPirarz3hud0EYzS4vP3"
+    "OM0tAqbq6kcBVvvhm6y9MhXYKZveRH/yDsuRK+yIwrWZ0jDJo8rQQ5sVFNmTQ9NdBdlzTh6/7Kkn70"
+    "pNzqTKPa4GmkcgwkLGkw4L2HeNTt3WnxjNW+ETNwD0YLQrOxm2Ro689lW3Kd4B+6ZU4Rut7+942OUQ"
+    "ohqSVGVvtBMBFnb/t1gzgReHTa4PJHBBqAgr006QTIeaR8v75wIzQIubkVs1F5E+hJ6X8liK29btGe"
+    "U4vek11zjitioePNDhYKXzPdVaIOPRGexr8elLZNbMfLGszXPuwWZuLdRsOMPbLI78DJ5noxyoxuz1"
+    "L8sX2GXIPj+D9fjIZM3W10Z9RhfV0LbpPZT4d1SLTp3+oTHtWAuRrL0OBMCr6K3/WA=="
+    "\r\n";
+
+TEST_F(StorageTest, opensAFileOfAnotherPlatformAndWritesTheSameBytes) {
+    files.folders.insert("/data/pelk");
+    files.files[kFile] = kForeignFile;
+    const std::unique_ptr<Database> database = storage.loadDatabase();
+    EXPECT_EQ(database->contact(1)->name, "Zoë \"Ω\" 李 & <Co>");
+    storage.saveDatabase(*database);
+    EXPECT_EQ(files.files[kFile], kForeignFile);
+}
+
 TEST_F(StorageTest, aFailureOfAnyStepOfASaveLeavesAFileThatLoads) {
     const std::unique_ptr<Database> database = saveOne();
     database->addContact("Bob", "bob@b.example");
