@@ -7,6 +7,8 @@ set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 export WINEPREFIX="${WINEPREFIX:-$root/build/windows/prefix}" WINEARCH=win64 WINEDEBUG=-all
+# File names are UTF-8 whatever the caller's locale is.
+export LC_ALL=C.UTF-8
 # A crash ends the program at once instead of waiting in a debugger.
 export WINEDLLOVERRIDES="winedbg.exe=d"
 

@@ -60,8 +60,6 @@ class Driver {
     virtual void close(Window& window) = 0;
     /// Presses a key while the window is the active one.
     virtual void press(Window& window, Key key) = 0;
-    /// Saves a picture of the inner area as a PNG file.
-    virtual void screenshot(Window& window, const std::string& file) = 0;
 
     /// In twips of the inner area.
     virtual Rect boundsOf(Control& control) = 0;

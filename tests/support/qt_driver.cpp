@@ -166,10 +166,6 @@ class QtDriver : public Driver {
     void press(Window& window, Key key) override {
         QTest::keyClick(native<QWidget>(window).windowHandle(), toQt(key));
     }
-    void screenshot(Window& window, const std::string& file) override {
-        EXPECT_TRUE(native<QWidget>(window).grab().save(QString::fromStdString(file))) << file;
-    }
-
     Rect boundsOf(Control& control) override {
         const QWidget& widget = native<QWidget>(control);
         return scale_.twips(QRect(widget.mapTo(widget.window(), QPoint()), widget.size()));

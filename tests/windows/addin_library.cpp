@@ -1,6 +1,7 @@
 #include "tests/windows/addin_library.h"
 
 #include <gtest/gtest.h>
+#include <process.h>
 #include <sddl.h>
 #include <shlobj.h>
 
@@ -28,13 +29,13 @@ std::wstring userClassesInKernel() {
 void linkKey(const std::wstring& key) {
     const std::wstring target = userClassesInKernel() + key;
     HKEY link = nullptr;
+    // It may be there already.
     if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + key).c_str(), 0, nullptr,
                         REG_OPTION_CREATE_LINK, KEY_CREATE_LINK | KEY_SET_VALUE, nullptr, &link,
-                        nullptr) != ERROR_SUCCESS)
-        return;  // It is there already.
-    RegSetValueExW(link, L"SymbolicLinkValue", 0, REG_LINK,
-                   reinterpret_cast<const BYTE*>(target.data()),
-                   static_cast<DWORD>(target.size() * sizeof(wchar_t)));
+                        nullptr) == 0)
+        RegSetValueExW(link, L"SymbolicLinkValue", 0, REG_LINK,
+                       reinterpret_cast<const BYTE*>(target.data()),
+                       static_cast<DWORD>(target.size() * sizeof(wchar_t)));
     RegCloseKey(link);
 }
 
@@ -77,20 +78,8 @@ ComPtr<IUnknown> AddinLibrary::createUnknown(const CLSID& classId) {
 }
 
 bool runRegistrar(bool unregister) {
-    std::wstring command =
-        std::wstring(L"regsvr32 /s ") + (unregister ? L"/u " : L"") + L"\"" + libraryPath() + L"\"";
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                       &startup, &process) == FALSE)
-        return false;
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD status = 1;
-    GetExitCodeProcess(process.hProcess, &status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return status == 0;
+    return _wspawnlp(_P_WAIT, L"regsvr32", L"regsvr32", L"/s", unregister ? L"/u" : L"/s",
+                     (L"\"" + libraryPath() + L"\"").c_str(), nullptr) == 0;
 }
 
 void linkUserClasses() {

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/windows/mail/automation_client.h"
 #include "scan/scanner.h"
 #include "tests/support/core_platform.h"
@@ -21,7 +23,7 @@ class SilentProgress : public ScanProgress {
 class AutomationTest : public ::testing::Test {
  protected:
     const std::unique_ptr<Language> language = makeLanguage();
-    const std::unique_ptr<Database> database = emptyDatabase();
+    std::unique_ptr<Database> database = emptyDatabase();
     SilentProgress progress;
     StandInClient host;
     AutomationClient client{host.application().get(),
@@ -31,9 +33,13 @@ class AutomationTest : public ::testing::Test {
         return Scanner(into, *language, progress).scan(*from.session());
     }
     ScanOutcome scanItems(std::vector<MemoryItem> items) {
-        host.mail.stores = {{"Store", std::move(items), {{"Outbox", {}, {}}}}};
-        host.mail.stores[0].folders.push_back({"Deleted Items", {}, {}});
+        database = emptyDatabase();
+        const MemoryFolder outbox{"Outbox", {}, {}};
+        host.mail.stores = {{"Store", std::move(items), {outbox, {"Deleted Items", {}, {}}}}};
         return scan(*database, client);
+    }
+    std::unique_ptr<CommandPopup> addPopup() {
+        return client.addPopup("Standard", "Pelk", "Pelk popup", "!<Pelk.Connect>");
     }
 };
 
@@ -49,55 +55,44 @@ std::vector<MemoryFolder> mailbox() {
     refusing.refuses = true;
     return {{"Post",
              {mail("\xC3\xA4nn@x", {"b@x", "c@x"}), report(), unsent, halfMissing},
-             {calendar, deleted, {"Outbox", {mail("no@x", {"no@y"})}, {}}, refusing}}};
+             {calendar, deleted, {"Outbox", {mail("no@x", {"no@y"})}, {}}, refusing}},
+            {"Archive", {}, {{"Outbox", {mail("old@x", {"b@x"})}, {}}}}};
 }
 
 TEST_F(AutomationTest, givesTheScannerWhatTheMailboxHoldsAndKeepsNothingOpen) {
     MemoryMailClient memory;
     memory.stores = host.mail.stores = mailbox();
+    memory.stores.back().folders[0].name = "No outbox by its id";
     const std::unique_ptr<Database> expected = emptyDatabase();
     const ScanOutcome wanted = scan(*expected, memory);
     const ScanOutcome outcome = scan(*database, client);
     EXPECT_EQ(database->xml(), expected->xml());
-    EXPECT_EQ(database->totalMails(), "6") << "each report counts the e-mail before it once more";
+    EXPECT_EQ(database->totalMails(), "7") << "each report counts the e-mail before it once more";
+    EXPECT_NE(database->contactIdByAddress("old@x"), 0) << "its folder has the name of the outbox";
+    EXPECT_EQ(database->contactIdByAddress("no@x"), 0);
     EXPECT_EQ(outcome.faults, wanted.faults);
     EXPECT_EQ(host.mail.openItems, 0);
     EXPECT_LE(host.mail.mostOpenItems, 3) << "the last e-mail, the next, and a reply";
-}
-
-TEST_F(AutomationTest, tellsDefaultFoldersByTheirIdsAndNotByName) {
-    host.mail.stores = mailbox();
-    host.mail.stores.push_back({"Archive", {}, {{"Outbox", {mail("old@x", {"b@x"})}, {}}}});
-    scan(*database, client);
-    EXPECT_NE(database->contactIdByAddress("old@x"), 0);
-    EXPECT_EQ(database->contactIdByAddress("no@x"), 0);
 }
 
 TEST_F(AutomationTest, looksUpAddressesOfTheServersDirectory) {
     host.mail.directory = {{"/o=Firm/cn=ann", "Ann@firm.x"}, {"/O=Firm/cn=bob", "bob@firm.x"}};
     for (const bool byProperty : {true, false}) {
         host.mail.directoryKnowsProperty = byProperty;
-        const auto fresh = emptyDatabase();
-        host.mail.stores = {
-            {"Store", {mail("/o=Firm/cn=ann", {"/O=Firm/cn=bob", "/o=Firm/cn=gone"})}, {}}};
-        host.mail.stores[0].folders = {{"Outbox", {}, {}}, {"Deleted Items", {}, {}}};
-        const ScanOutcome outcome = scan(*fresh, client);
+        const ScanOutcome outcome =
+            scanItems({mail("/o=Firm/cn=ann", {"/O=Firm/cn=bob", "/o=Firm/cn=gone"})});
         EXPECT_EQ(outcome.faults, 0) << outcome.firstFault;
-        EXPECT_NE(fresh->contactIdByAddress("ann@firm.x"), 0);
-        EXPECT_NE(fresh->contactIdByAddress("bob@firm.x"), 0);
-        EXPECT_NE(fresh->contactIdByAddress("/o=firm/cn=gone"), 0);
+        EXPECT_NE(database->contactIdByAddress("ann@firm.x"), 0);
+        EXPECT_NE(database->contactIdByAddress("bob@firm.x"), 0);
+        EXPECT_NE(database->contactIdByAddress("/o=firm/cn=gone"), 0);
     }
 }
 
-TEST_F(AutomationTest, passesOverEmailsWithoutADate) {
-    const ScanOutcome outcome =
-        scanItems({mail("a@x", {"b@x"}, kNoDate), mail("c@x", {"d@x"}, {2026, 11, 22, 9, 59, 59})});
+TEST_F(AutomationTest, passesOverWhatIsFaultyAndReportsItInTheWordsOfTheMailClient) {
+    EXPECT_EQ(scanItems({mail("a@x", {"b@x"}, kNoDate), mail("c@x", {"d@x"})}).firstFault,
+              "An e-mail has no date of creation.");
     EXPECT_EQ(database->totalMails(), "1");
     EXPECT_EQ(database->contactIdByAddress("a@x"), 0);
-    EXPECT_EQ(outcome.firstFault, "An e-mail has no date of creation.");
-}
-
-TEST_F(AutomationTest, reportsFaultsInTheWordsOfTheMailClient) {
     EXPECT_EQ(scanItems({mail("a@x", {""})}).firstFault,
               "The mail client refuses Address of a recipient: The address is missing.");
     host.mail.refusesPeople = true;
@@ -115,14 +110,7 @@ TEST_F(AutomationTest, readsTheMajorVersion) {
     EXPECT_EQ(AutomationClient(silent.application().get(), {}).majorVersion(), 0);
 }
 
-class MenuTest : public AutomationTest {
- protected:
-    std::unique_ptr<CommandPopup> addPopup() {
-        return client.addPopup("Standard", "Pelk", "Pelk popup", "!<Pelk.Connect>");
-    }
-};
-
-TEST_F(MenuTest, standsOnTheBarOnceWithItsButtons) {
+TEST_F(AutomationTest, putsTheMenuOnTheBarOnceWithItsButtons) {
     int clicks = 0;
     addPopup()->addButton("Left over", "old", "", [] {});
     const auto popup = addPopup();
@@ -130,20 +118,20 @@ TEST_F(MenuTest, standsOnTheBarOnceWithItsButtons) {
         popup->addButton("About", "Pelk about", "!<Pelk.Connect>", [&] { ++clicks; });
     ASSERT_EQ(host.standardBar->controls.size(), 1U);
     const BarControl& menu = *host.standardBar->controls[0];
-    EXPECT_EQ(menu.caption, "Pelk");
-    EXPECT_EQ(menu.action, "!<Pelk.Connect>");
-    EXPECT_EQ(menu.type, 10);
-    EXPECT_TRUE(menu.temporary && menu.visible);
     ASSERT_EQ(menu.controls.size(), 1U);
-    EXPECT_EQ(menu.controls[0]->tag, "Pelk about");
-    EXPECT_EQ(menu.controls[0]->type, 1);
-    EXPECT_EQ(menu.controls[0]->style, 2);
-    EXPECT_TRUE(menu.controls[0]->temporary && menu.controls[0]->visible);
+    const BarControl& inside = *menu.controls[0];
+    const auto looks = [](const BarControl& control) {
+        return std::tuple(control.caption, control.tag, control.action, control.type);
+    };
+    EXPECT_EQ(looks(menu), std::tuple("Pelk", "Pelk popup", "!<Pelk.Connect>", 10));
+    EXPECT_EQ(looks(inside), std::tuple("About", "Pelk about", "!<Pelk.Connect>", 1));
+    EXPECT_EQ(inside.style, 2);
+    EXPECT_TRUE(menu.temporary && menu.visible && inside.temporary && inside.visible);
     EXPECT_TRUE(host.click("About"));
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(MenuTest, aButtonMayBeRemovedFromWithinItsClick) {
+TEST_F(AutomationTest, removesAButtonWithinItsClickWhenForgottenAndWhenGone) {
     std::unique_ptr<CommandButton> button;
     int after = 0;
     const std::string captured(100, 'x');
@@ -155,9 +143,6 @@ TEST_F(MenuTest, aButtonMayBeRemovedFromWithinItsClick) {
     EXPECT_TRUE(host.click("About"));
     EXPECT_EQ(after, 100) << "the handler lives until it returns";
     EXPECT_TRUE(host.menu().empty());
-}
-
-TEST_F(MenuTest, aButtonThatIsForgottenIsDeadAndOneThatIsGoneIsRemovedInPeace) {
     const auto popup = addPopup();
     popup->addButton("Forgotten", "1", "", [] { FAIL(); });
     EXPECT_FALSE(host.click("Forgotten"));
@@ -166,7 +151,7 @@ TEST_F(MenuTest, aButtonThatIsForgottenIsDeadAndOneThatIsGoneIsRemovedInPeace) {
     gone->remove();
 }
 
-TEST_F(MenuTest, refusalsAreErrors) {
+TEST_F(AutomationTest, reportsRefusedMenus) {
     EXPECT_THROW(client.addPopup("Other", "Pelk", "Pelk popup", ""), Error);
     const auto popup = addPopup();
     host.refusesControls = true;

@@ -2,13 +2,15 @@
 // An automation object made of functions, as the mail client's own objects look from outside.
 
 #include <functional>
-#include <map>
+#include <memory>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "platform/windows/com.h"
 #include "platform/windows/com_object.h"
+#include "platform/windows/mail/dispatch.h"
 
 namespace pelk {
 
@@ -20,50 +22,63 @@ struct Raised {
 
 using Arguments = std::vector<Variant>;
 
-inline Variant variantOf(IDispatch* object) {
-    Variant variant;
-    variant.vt = VT_DISPATCH;
-    variant.pdispVal = object;
-    if (object != nullptr)
-        object->AddRef();
-    return variant;
+inline Variant variantOf(Variant value) {
+    return value;
 }
 
 template <typename Interface>
 Variant variantOf(const ComPtr<Interface>& object) {
-    return variantOf(static_cast<IDispatch*>(object.get()));
+    Variant variant;
+    variant.vt = VT_DISPATCH;
+    variant.pdispVal = static_cast<IDispatch*>(ComPtr<Interface>(object).detach());
+    return variant;
+}
+
+inline void assign(std::string& place, const Variant& value) {
+    place = toUtf8({value.bstrVal, SysStringLen(value.bstrVal)});
+}
+template <typename Number>
+void assign(Number& place, const Variant& value) {
+    place = std::is_same_v<Number, bool> ? value.boolVal != VARIANT_FALSE : value.lVal;
 }
 
 template <typename... More>
 class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
  public:
-    using Call = std::function<Variant(const Arguments&)>;
-    using Put = std::function<void(const Variant&)>;
-
-    /// A property or method, by the name and number that it has in the mail client.
-    void member(const wchar_t* name, DISPID id, Call call) {
-        names_.push_back({name, id});
-        calls_[id] = std::move(call);
+    /// A property or method that answers what the function returns, an object, text or number. The
+    /// function may do without the arguments.
+    template <typename Function>
+    void member(const wchar_t* name, Function function) {
+        if constexpr (std::is_invocable_v<Function>)
+            add(name, [function](const Arguments&) { return variantOf(function()); });
+        else
+            add(name, [function](const Arguments& given) { return variantOf(function(given)); });
     }
-    void writable(const wchar_t* name, DISPID id, Call call, Put put) {
-        member(name, id, std::move(call));
-        puts_[id] = std::move(put);
+    template <typename Value>
+    void writable(const wchar_t* name, std::shared_ptr<Value> place) {
+        member(name, [place] { return *place; });
+        members_.back().put = [place](const Variant& value) { assign(*place, value); };
     }
     /// The object is of the dual interface with that identifier.
     void setKind(const IID& iid) { kind_ = iid; }
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT*) override {
+        if (id < 0 || static_cast<std::size_t>(id) >= members_.size())
+            return DISP_E_MEMBERNOTFOUND;
+        const Member& member = members_[static_cast<std::size_t>(id)];
+        const auto first = static_cast<const Variant*>(parameters->rgvarg);
+        if ((flags & DISPATCH_PROPERTYPUT) != 0) {
+            if (!member.put || parameters->cArgs != 1 || parameters->cNamedArgs != 1 ||
+                parameters->rgdispidNamedArgs[0] != DISPID_PROPERTYPUT)
+                return DISP_E_PARAMNOTFOUND;
+            member.put(*first);
+            return S_OK;
+        }
         try {
-            const Arguments arguments(
-                std::make_reverse_iterator(variants(parameters) + parameters->cArgs),
-                std::make_reverse_iterator(variants(parameters)));
-            if ((flags & DISPATCH_PROPERTYPUT) != 0)
-                return write(id, *parameters, arguments);
-            const auto call = calls_.find(id);
-            if (call == calls_.end())
-                return DISP_E_MEMBERNOTFOUND;
-            Variant value = call->second(arguments);
+            Variant value =
+                member.call(Arguments(std::make_reverse_iterator(first + parameters->cArgs),
+                                      std::make_reverse_iterator(first)));
             if (result != nullptr)
                 std::swap(*result, static_cast<VARIANT&>(value));
             return S_OK;
@@ -73,19 +88,14 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
     }
 
  private:
-    static const Variant* variants(const DISPPARAMS* parameters) {
-        return static_cast<const Variant*>(parameters->rgvarg);
-    }
+    struct Member {
+        std::function<Variant(const Arguments&)> call;
+        std::function<void(const Variant&)> put;
+    };
 
-    HRESULT write(DISPID id, const DISPPARAMS& parameters, const Arguments& arguments) {
-        if (parameters.cNamedArgs != 1 || parameters.rgdispidNamedArgs[0] != DISPID_PROPERTYPUT ||
-            arguments.size() != 1)
-            return DISP_E_PARAMNOTFOUND;
-        const auto put = puts_.find(id);
-        if (put == puts_.end())
-            return DISP_E_MEMBERNOTFOUND;
-        put->second(arguments[0]);
-        return S_OK;
+    void add(const wchar_t* name, std::function<Variant(const Arguments&)> call) {
+        names_.push_back({name, static_cast<DISPID>(members_.size())});
+        members_.push_back({std::move(call), {}});
     }
 
     /// The text is filled in when it is asked for, which a caller must not forget.
@@ -107,14 +117,28 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
 
     IID kind_ = IID_NULL;
     std::vector<NamedMember> names_;
-    std::map<DISPID, Call> calls_;
-    std::map<DISPID, Put> puts_;
+    std::vector<Member> members_;
 };
 
 using ScriptedObject = ScriptedObjectWith<>;
+using Served = ComPtr<ScriptedObject>;
 
-inline ComPtr<ScriptedObject> makeObject() {
-    return ComPtr<ScriptedObject>::attach(new ScriptedObject());
+inline Served makeObject() {
+    return Served::attach(new ScriptedObject());
+}
+
+/// A collection behind a pointer: `itemAt` makes an object of an item.
+template <typename Pointer, typename Function>
+Served makeList(Pointer list, Function itemAt) {
+    const Served served = makeObject();
+    served->member(L"Count", [list] { return static_cast<int>(list->size()); });
+    served->member(L"Item", [list, itemAt](const Arguments& arguments) {
+        const int index = arguments.empty() || arguments[0].vt != VT_I4 ? 0 : arguments[0].lVal;
+        if (index < 1 || static_cast<std::size_t>(index) > list->size())
+            throw Raised{E_INVALIDARG, "Array index out of bounds."};
+        return itemAt((*list)[static_cast<std::size_t>(index) - 1]);
+    });
+    return served;
 }
 
 }  // namespace pelk

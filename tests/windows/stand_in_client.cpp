@@ -5,9 +5,7 @@
 #include <olectl.h>
 
 #include <algorithm>
-#include <functional>
 
-#include "platform/windows/mail/dispatch.h"
 #include "tests/windows/scripted_object.h"
 
 namespace pelk {
@@ -16,25 +14,15 @@ namespace {
 constexpr IID kClickEvents{
     0x000C0351, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-Variant nothing() {
-    return variantOf(static_cast<IDispatch*>(nullptr));
-}
-
-std::string textIn(const Variant& value) {
-    return value.vt == VT_BSTR ? toUtf8({value.bstrVal, SysStringLen(value.bstrVal)}) : "";
-}
-
 /// The control as an object; a button reports its clicks through itself.
 class ControlObject : public ScriptedObjectWith<IConnectionPointContainer, IConnectionPoint> {
  public:
     explicit ControlObject(std::shared_ptr<BarControl> control) : control_(std::move(control)) {}
 
     HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override {
-        if (iid != kClickEvents)
-            return CONNECT_E_NOCONNECTION;
-        *point = this;
-        AddRef();
-        return S_OK;
+        return iid == kClickEvents
+                   ? QueryInterface(IID_IConnectionPoint, reinterpret_cast<void**>(point))
+                   : E_FAIL;
     }
     /// As the mail client does, asks for the interface of the events itself.
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
@@ -67,40 +55,28 @@ class ControlObject : public ScriptedObjectWith<IConnectionPointContainer, IConn
 
 using Control = std::shared_ptr<BarControl>;
 
-Variant serveControls(StandInClient& client, const Control& parent);
+Served serveControls(StandInClient& client, const Control& parent);
 
-Variant serveControl(StandInClient& client, const Control& control, const Control& parent) {
-    auto served = ComPtr<ControlObject>::attach(new ControlObject(control));
-    const auto text = [&served, &control](const wchar_t* name, DISPID id,
-                                          std::string BarControl::*field) {
-        served->writable(
-            name, id,
-            [control, field](const Arguments&) {
-                return Variant(std::string_view((*control).*field));
-            },
-            [control, field](const Variant& value) { (*control).*field = textIn(value); });
-    };
-    text(L"Caption", 0x60040003, &BarControl::caption);
-    text(L"OnAction", 0x6004001A, &BarControl::action);
-    text(L"Tag", 0x60040023, &BarControl::tag);
-    served->writable(
-        L"Visible", 0x60040029, [control](const Arguments&) { return variantOf(control->visible); },
-        [control](const Variant& value) { control->visible = value.boolVal != VARIANT_FALSE; });
-    served->writable(
-        L"Style", 0x6005000A, [control](const Arguments&) { return variantOf(control->style); },
-        [control](const Variant& value) { control->style = value.lVal; });
-    served->member(L"Controls", 0x60050001,
-                   [&client, control](const Arguments&) { return serveControls(client, control); });
-    served->member(L"Delete", 0x60040007, [control, parent](const Arguments&) {
+ComPtr<ControlObject> serveControl(StandInClient& client, const Control& control,
+                                   const Control& parent) {
+    const auto served = ComPtr<ControlObject>::attach(new ControlObject(control));
+    served->writable(L"Caption", std::shared_ptr<std::string>(control, &control->caption));
+    served->writable(L"OnAction", std::shared_ptr<std::string>(control, &control->action));
+    served->writable(L"Tag", std::shared_ptr<std::string>(control, &control->tag));
+    served->writable(L"Visible", std::shared_ptr<bool>(control, &control->visible));
+    served->writable(L"Style", std::shared_ptr<int>(control, &control->style));
+    served->member(L"Controls", [&client, control] { return serveControls(client, control); });
+    served->member(L"Delete", [control, parent] {
         if (std::erase(parent->controls, control) == 0)
             throw Raised{E_FAIL, "The control is gone."};
         return Variant();
     });
-    return variantOf(served);
+    return served;
 }
 
 /// Optional arguments that are not given must say so.
-Variant addControl(StandInClient& client, const Control& parent, const Arguments& arguments) {
+ComPtr<ControlObject> addControl(StandInClient& client, const Control& parent,
+                                 const Arguments& arguments) {
     if (client.refusesControls)
         throw Raised{E_FAIL, "No room on the tool bar."};
     if (arguments.size() != 5 || arguments[0].vt != VT_I4 || arguments[4].vt != VT_BOOL ||
@@ -109,59 +85,53 @@ Variant addControl(StandInClient& client, const Control& parent, const Arguments
         }))
         throw Raised{DISP_E_TYPEMISMATCH, ""};
     const auto control = std::make_shared<BarControl>();
-    control->type = arguments[0].lVal;
-    control->temporary = arguments[4].boolVal != VARIANT_FALSE;
+    assign(control->type, arguments[0]);
+    assign(control->temporary, arguments[4]);
     parent->controls.push_back(control);
     return serveControl(client, control, parent);
 }
 
-Variant serveControls(StandInClient& client, const Control& parent) {
-    auto controls = makeObject();
-    controls->member(L"Count", 0x60030001, [parent](const Arguments&) {
-        return variantOf(static_cast<int>(parent->controls.size()));
-    });
-    controls->member(L"Item", 0, [&client, parent](const Arguments& arguments) {
-        return serveControl(client,
-                            parent->controls.at(static_cast<std::size_t>(arguments.at(0).lVal) - 1),
-                            parent);
-    });
-    controls->member(L"Add", 0x60030000, [&client, parent](const Arguments& arguments) {
+Served serveControls(StandInClient& client, const Control& parent) {
+    const Served controls =
+        makeList(std::shared_ptr<std::vector<Control>>(parent, &parent->controls),
+                 [&client, parent](const Control& control) {
+                     return serveControl(client, control, parent);
+                 });
+    controls->member(L"Add", [&client, parent](const Arguments& arguments) {
         return addControl(client, parent, arguments);
     });
-    return variantOf(controls);
+    return controls;
 }
 
-Variant serveBars(StandInClient& client) {
-    auto bars = makeObject();
-    bars->member(L"Item", 0, [&client](const Arguments& arguments) {
-        if (arguments.size() != 1 || textIn(arguments[0]) != "Standard")
-            throw Raised{E_INVALIDARG, "There is no such bar."};
-        auto bar = makeObject();
-        bar->member(L"Controls", 0x60040003, [&client](const Arguments&) {
-            return serveControls(client, client.standardBar);
-        });
-        return variantOf(bar);
+/// The member gives what `serve` makes for this text alone.
+template <typename Function>
+void addNamed(const Served& object, const wchar_t* member, std::string_view text, Function serve) {
+    object->member(member, [text, serve](const Arguments& arguments) {
+        if (arguments.size() != 1 || arguments[0].vt != VT_BSTR ||
+            Bstr(arguments[0].bstrVal).utf8() != text)
+            throw Raised{E_INVALIDARG, "There is nothing of that name."};
+        return serve();
     });
-    return variantOf(bars);
 }
 
-Variant serveWindow(StandInClient& client) {
+Served serveWindow(StandInClient& client) {
     if (!client.hasWindow)
-        return nothing();
-    auto window = makeObject();
-    window->member(L"CommandBars", 0x2100,
-                   [&client](const Arguments&) { return serveBars(client); });
-    return variantOf(window);
+        return {};
+    const Served bar = makeObject();
+    bar->member(L"Controls", [&client] { return serveControls(client, client.standardBar); });
+    const Served bars = makeObject();
+    addNamed(bars, L"Item", "Standard", [bar] { return bar; });
+    const Served window = makeObject();
+    window->member(L"CommandBars", [bars] { return bars; });
+    return window;
 }
 
 /// A copy of the sinks is told: the click may change them, or the menu itself.
 bool fireClick(const std::vector<ComPtr<IDispatch>> sinks) {
     VARIANT_BOOL cancel = VARIANT_FALSE;
-    Variant arguments[2];
+    Variant arguments[2] = {{}, variantOf(Served())};
     arguments[0].vt = VT_BOOL | VT_BYREF;
     arguments[0].pboolVal = &cancel;
-    arguments[1].vt = VT_DISPATCH;
-    arguments[1].pdispVal = nullptr;
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
     int told = 0;
     for (const ComPtr<IDispatch>& sink : sinks)
@@ -174,18 +144,11 @@ bool fireClick(const std::vector<ComPtr<IDispatch>> sinks) {
 }  // namespace
 
 ComPtr<IDispatch> StandInClient::application() {
-    auto application = makeObject();
-    application->member(L"GetNamespace", 0x110, [this](const Arguments& arguments) {
-        if (arguments.size() != 1 || textIn(arguments[0]) != "MAPI")
-            throw Raised{E_INVALIDARG, "There is no such name space."};
-        return variantOf(serveMail(mail));
-    });
-    application->member(L"ActiveExplorer", 0x111,
-                        [this](const Arguments&) { return serveWindow(*this); });
+    const Served application = makeObject();
+    addNamed(application, L"GetNamespace", "MAPI", [this] { return serveMail(mail); });
+    application->member(L"ActiveExplorer", [this] { return serveWindow(*this); });
     if (!version.empty())
-        application->member(L"Version", 0x116, [this](const Arguments&) {
-            return Variant(std::string_view(version));
-        });
+        application->member(L"Version", [this] { return version; });
     return application.query<IDispatch>(IID_IDispatch);
 }
 
@@ -204,12 +167,6 @@ bool StandInClient::click(const std::string& caption) {
             if (button->caption == caption)
                 return fireClick(button->sinks);
     return false;
-}
-
-ComPtr<IDispatch> ribbonControl(const std::string& tag) {
-    auto control = makeObject();
-    control->member(L"Tag", 3, [tag](const Arguments&) { return Variant(std::string_view(tag)); });
-    return control.query<IDispatch>(IID_IDispatch);
 }
 
 }  // namespace pelk

@@ -43,7 +43,4 @@ class StandInClient {
     bool click(const std::string& caption);
 };
 
-/// What the ribbon hands over with a click on a button.
-ComPtr<IDispatch> ribbonControl(const std::string& tag);
-
 }  // namespace pelk

@@ -13,7 +13,6 @@
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/controls/window_text.h"
 #include "tests/support/test_platform.h"
-#include "tests/support/windows/win_picture.h"
 
 namespace pelk {
 
@@ -24,31 +23,9 @@ HWND native(Shown& shown) {
     return dynamic_cast<NativeHandle&>(shown).handle();
 }
 
-WPARAM toVirtualKey(Key key) {
-    switch (key) {
-        case Key::Enter:
-            return VK_RETURN;
-        case Key::Escape:
-            return VK_ESCAPE;
-        case Key::Tab:
-            return VK_TAB;
-        case Key::Up:
-            return VK_UP;
-        case Key::Down:
-            return VK_DOWN;
-        case Key::Left:
-            return VK_LEFT;
-        case Key::Right:
-            return VK_RIGHT;
-        case Key::Plus:
-            return VK_ADD;
-        case Key::Minus:
-            return VK_SUBTRACT;
-        case Key::Asterisk:
-            break;
-    }
-    return VK_MULTIPLY;
-}
+/// In the order of `Key`.
+constexpr WPARAM kVirtualKeys[] = {VK_RETURN, VK_ESCAPE, VK_TAB, VK_UP,       VK_DOWN,
+                                   VK_LEFT,   VK_RIGHT,  VK_ADD, VK_SUBTRACT, VK_MULTIPLY};
 
 /// Handles what waits, as the host's loop does: it knows nothing of our windows.
 void handleMessages() {
@@ -295,15 +272,11 @@ class WinDriver : public Driver {
         SetActiveWindow(top);
         const HWND focus = GetFocus();
         const HWND target = focus != nullptr && GetAncestor(focus, GA_ROOT) == top ? focus : top;
-        PostMessageW(target, WM_KEYDOWN, toVirtualKey(key), 1);
-        PostMessageW(target, WM_KEYUP, toVirtualKey(key), 1 | 3LL << 30);
+        const WPARAM code = kVirtualKeys[static_cast<std::size_t>(key)];
+        PostMessageW(target, WM_KEYDOWN, code, 1);
+        PostMessageW(target, WM_KEYUP, code, 1 | 3LL << 30);
         settle();
     }
-    void screenshot(Window& window, const std::string& file) override {
-        settle();
-        EXPECT_TRUE(savePicture(native(window), file)) << file;
-    }
-
     Rect boundsOf(Control& control) override {
         RECT place = {};
         GetWindowRect(native(control), &place);

@@ -1,0 +1,39 @@
+#pragma once
+// The platform's own files, in a folder for one test.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "platform/error.h"
+#include "tests/support/adapters.h"
+#include "tests/support/temporary_folder.h"
+
+namespace pelk {
+
+/// What `act` reports as an `Error`; empty for none.
+inline std::string messageOf(const std::function<void()>& act) {
+    try {
+        act();
+    } catch (const Error& error) {
+        return error.what();
+    }
+    return "";
+}
+
+class FilesTest : public ::testing::Test {
+ protected:
+    TemporaryFolder folder;
+    const std::unique_ptr<FileSystem> files = makeFiles();
+    std::string path = files->join(folder.path(), "Änne 李.db");
+
+    void write(const std::string& target, const std::string& content) {
+        const std::unique_ptr<WritableFile> file = files->createFile(target);
+        file->write(content);
+        file->flushToDisk();
+        file->close();
+    }
+};
+
+}  // namespace pelk

@@ -1,0 +1,50 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/adapters.h"
+
+namespace pelk {
+namespace {
+
+class LanguageTest : public ::testing::Test {
+ protected:
+    const std::unique_ptr<Language> language = makeLanguage();
+
+    std::string inOrder(const std::vector<std::string_view>& texts) const {
+        std::string all;
+        for (const std::size_t position : language->alphabeticalOrder(texts))
+            (all += texts[position]) += ' ';
+        return all;
+    }
+};
+
+TEST_F(LanguageTest, ordersForPeople) {
+    EXPECT_EQ(inOrder({"bob", "Zoe", "Ärla", "ann", "Bea", "", "zeta"}),
+              " ann Ärla Bea bob zeta Zoe ");
+    EXPECT_EQ(inOrder({"a10", "a9", "a1"}), "a1 a10 a9 ");
+    EXPECT_EQ(inOrder({"ANN", "bob", "ann", "Ann"}), "ANN ann Ann bob ");
+    EXPECT_EQ(language->alphabeticalOrder({"\xff\xfe", "a", "\xff\xfe"}).size(), 3U);
+    EXPECT_EQ(inOrder({}), "");
+}
+
+TEST_F(LanguageTest, findsStartsWithoutRegardToCase) {
+    using Pair = std::pair<std::string_view, std::string_view>;
+    for (const auto& [text, start] :
+         {Pair("Ann Smith", "an"), Pair("ann", ""), Pair("", ""), Pair("åSA", "ÅsA"),
+          Pair("ΣΊΣΥΦΟΣ", "σίσυφος"), Pair("a\xff", "A\xff"), Pair("Kelvin", "\u212A"),
+          Pair("𐐀b", "𐐨B")})
+        EXPECT_TRUE(language->startsWith(text, start)) << text << " and " << start;
+    const std::string_view part = std::string_view("annex").substr(0, 2);
+    for (const auto& [text, start] : {Pair("an", "ann"), Pair("", "a"), Pair("Asa", "Å"),
+                                      Pair("Å", "Ås"), Pair("a[", "a{"), Pair(part, "ann")})
+        EXPECT_FALSE(language->startsWith(text, start)) << text << " and " << start;
+}
+
+TEST_F(LanguageTest, lowersCaseAndLeavesAllElse) {
+    EXPECT_EQ(language->lowerCase("J.Smith@IN.Example[@Z`"), "j.smith@in.example[@z`");
+    EXPECT_EQ(language->lowerCase("ÅSA ΣΣ \u212A 𐐀 ı ß €"), "åsa σσ k 𐐨 ı ß €");
+    EXPECT_EQ(language->lowerCase("AB\xff\xc5 Å"), "ab\xff\xc5 Å") << "not UTF-8";
+    EXPECT_EQ(language->lowerCase(""), "");
+}
+
+}  // namespace
+}  // namespace pelk
