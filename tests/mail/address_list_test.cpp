@@ -12,48 +12,36 @@ std::string listOf(std::string_view field) {
     return text;
 }
 
-struct Sample {
-    const char* field;
-    const char* people;
-};
-
-void check(const std::vector<Sample>& samples) {
-    for (const Sample& sample : samples)
-        EXPECT_EQ(listOf(sample.field), sample.people) << sample.field;
+void check(const std::vector<std::pair<const char*, const char*>>& samples) {
+    for (const auto& [field, people] : samples)
+        EXPECT_EQ(listOf(field), people) << field;
 }
 
 TEST(AddressListTest, readsWhatFollowsTheRules) {
-    check({{"", ""},
-           {"a@x", "a@x=a@x"},
-           {"Jane Doe <Jane@X.org>, <b@y>", "Jane Doe=Jane@X.org; b@y=b@y"},
+    check({{"Jane Doe <Jane@X.org>, <b@y>", "Jane Doe=Jane@X.org; b@y=b@y"},
            {"\"Doe, Jane \\\"J\\\"\" <a@x>, a@x", "Doe, Jane \"J\"=a@x; a@x=a@x"},
            {"a@x (Jane (at home) Doe)", "Jane (at home) Doe=a@x"},
            {"\"jane doe\"@x.org", "\"jane doe\"@x.org=\"jane doe\"@x.org"},
            {"jane @ x . org (c), <b @ y . org>", "c=jane@x.org; b@y.org=b@y.org"},
            {"a@[IPv6:1::2], b@y", "a@[IPv6:1::2]=a@[IPv6:1::2]; b@y=b@y"},
            {"<@r1,@r2:a@x>", "a@x=a@x"},
-           {"Team: a@x, Bob <b@y>;, c@z", "a@x=a@x; Bob=b@y; c@z=c@z"},
-           {"undisclosed recipients:;", ""},
-           {"root, Jane <jane>", "root=root; Jane=jane"},
-           {"'@lunn.ch", "'@lunn.ch='@lunn.ch"},
-           {"Jane <a@xn--mnchen-3ya.de>", "Jane=a@xn--mnchen-3ya.de"}});
+           {"Team: a@x, Bob <b@y>;, none:;, c@z", "a@x=a@x; Bob=b@y; c@z=c@z"},
+           {"root, Jane <jane>", "root=root; Jane=jane"}});
 }
 
 TEST(AddressListTest, findsTheAddressInWhatDoesNot) {
     check({{"a@x; b@y", "a@x=a@x; b@y=b@y"},
-           {"Jane Doe a@x", "Jane Doe=a@x"},
            {"J. Doe a@x.", "J. Doe=a@x"},
            {"a@x b@y <c@z> <d@z>", "a@x b@y=c@z; d@z=d@z"},
            {"a@x b@y", "a@x=a@x; b@y=b@y"},
            {"<a@x> Jane", "Jane=a@x"},
-           {"a..b@x, .a@x", "a..b@x=a..b@x; .a@x=.a@x"},
+           {".a..b@x", ".a..b@x=.a..b@x"},
            {"mailto:a@x, Jane <MAILTO:b@y>", "a@x=a@x; Jane=b@y"},
            {"Jane <jane doe@x>", "Jane=doe@x"},
            {"\"a@x\", \"Jane <b@y>\"", "a@x=a@x; Jane=b@y"},
            {"\"Jane <a@x>, b@y", "Jane=a@x; b@y=b@y"},
-           {"Jane (home <a@x>, Bob <b@y", "Jane (home=a@x; Bob=b@y"},
+           {"Jane (home <a@x>, Bob <b@y, c@z", "Jane (home=a@x; Bob=b@y; c@z=c@z"},
            {"Jane <<a@x>>, Bob b@y>", "Jane=a@x; Bob=b@y"},
-           {"Jane <a@x, b@y>", "Jane=a@x; b@y=b@y"},
            {"a@x <>", "a@x=a@x"},
            {"Jane <>, <>, Jane Doe, \"Jane\", @x, a@, <@x>", ""}});
 }
@@ -64,8 +52,7 @@ TEST(AddressListTest, decodesNamesIntoCleanText) {
            {"=?utf-8?Q?Doe, Jane (home)?= <a@x>", "Doe, Jane (home)=a@x"},
            {"=?utf-8?Q?Jane_=3Ca=40x=3E?=", "Jane=a@x"},
            {"J\xC3\xA4ne <a@x>, J\xE4ne \x80 <m\xFCller@x>", "Jäne=a@x; Jäne €=müller@x"},
-           {"=?utf-8?q?J=0Aa=09n=C2=85e?= <a@x>", "J a n e=a@x"},
-           {"=?utf-8?q?=EF=BF=BF?= <a\xC2\x85\xEF\xBF\xBE@x>", "a@x=a@x"},
+           {"=?utf-8?q?J=0Aa=09n=C2=85e?= <a\xC2\x85\xEF\xBF\xBE@x>", "J a n e=a@x"},
            {"=?nonsense?q?Jane?= <a@x>", "Jane=a@x"},
            {"=?utf-8?q?Jane <a@x>", "=?utf-8?q?Jane=a@x"}});
 }

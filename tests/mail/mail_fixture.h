@@ -21,27 +21,23 @@ inline std::string mbox(const std::string& subject) {
 }
 
 /// Folders as "name[subjects](subfolders)". A star marks an item that is no e-mail, a mark of
-/// exclamation what cannot be read.
+/// exclamation a folder that cannot be read.
 inline std::string describe(MailFolders& folders) {
     std::string text;
-    try {
-        for (auto folder = folders.first(); folder; folder = folders.next()) {
-            text += (text.empty() ? "" : " ") + folder->name() + "[";
-            try {
-                auto& stored = dynamic_cast<StoredFolder&>(*folder);
-                for (int i = 1, count = folder->itemCount(); i <= count; ++i) {
-                    const MessageSummary summary = stored.summary(i);
-                    text += (i > 1 ? " " : "") + summary.subject;
-                    text += summary.kind == ItemKind::Mail ? "" : "*";
-                }
-            } catch (const Error&) {
-                text += "!";
+    for (auto folder = folders.first(); folder; folder = folders.next()) {
+        text += (text.empty() ? "" : " ") + folder->name() + "[";
+        try {
+            auto& stored = dynamic_cast<StoredFolder&>(*folder);
+            for (int i = 1, count = folder->itemCount(); i <= count; ++i) {
+                const MessageSummary summary = stored.summary(i);
+                text += (i > 1 ? " " : "") + summary.subject;
+                text += summary.kind == ItemKind::Mail ? "" : "*";
             }
-            const std::string inner = describe(*folder->folders());
-            text += "]" + (inner.empty() ? "" : "(" + inner + ")");
+        } catch (const Error&) {
+            text += "!";
         }
-    } catch (const Error&) {
-        text += "!";
+        const std::string inner = describe(*folder->folders());
+        text += "]" + (inner.empty() ? "" : "(" + inner + ")");
     }
     return text;
 }

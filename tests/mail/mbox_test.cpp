@@ -1,5 +1,6 @@
 #include <filesystem>
 
+#include "platform/desktop/mail/message_time.h"
 #include "platform/error.h"
 #include "tests/mail/mail_fixture.h"
 
@@ -13,51 +14,63 @@ TEST_F(MboxTest, beginsAMessageBehindAnEmptyLine) {
                          "From x\r\nSubject: 2\r\n\r\nText\r\nFrom x\r\n\r\nFrom y\nSubject: 3\n\n"
                          ">From x\n \nFrom x\n\nfrom x\n\n From x\n\nFrom\n\nFromm");
     EXPECT_EQ(treeOf("a"), "a[1 2 3]");
-    files.write("b", "From x\nSubject: 1");
-    EXPECT_EQ(treeOf("b"), "b[1]");
-    files.write("c", "From x\n\nFrom x\n\nFrom ");
-    EXPECT_EQ(openFolder("c")->itemCount(), 3);
-    files.write("d", "");
-    EXPECT_EQ(treeOf("d"), "d[]");
+    files.write("b", "From x\n\nFrom x\n\nFrom ");
+    EXPECT_EQ(openFolder("b")->itemCount(), 3);
+    files.write("c", "");
+    EXPECT_EQ(treeOf("c"), "c[]");
 }
 
 // The file is read a megabyte at a time; what parts messages, and what makes one doubtful, may lie
 // across the seam.
 TEST_F(MboxTest, findsEveryMessageOfALargeFile) {
-    const std::size_t seam = 1 << 20;
     const std::string request =
-        "From x\r\nSubject: m\r\nContent-Type: text/calendar; method=REPLY\r\n\r\n";
+        "\r\n\r\nFrom x\r\nSubject: m\r\nContent-Type: text/calendar; method=REPLY\r\n\r\n";
     for (std::size_t shift = 0; shift < 580; shift += shift == 70 ? 420 : 1) {
         std::string text = mbox("1");
-        text += std::string(seam - shift - text.size(), 'x') + "\r\n\r\n";
+        text.resize((1 << 20) - shift, 'x');
         files.write("box", text + request + mbox("2") + std::string(2000, 'x'));
         ASSERT_EQ(treeOf("box"), "box[1 m* 2]") << shift;
     }
 }
 
-TEST_F(MboxTest, handsOutItemsThatOutliveTheFolder) {
-    files.write("box", mbox("1") + mbox("2"));
-    std::shared_ptr<MailItem> item = openFolder("box")->mailItem(2);
-    std::filesystem::remove(files.path() + "/box");
-    EXPECT_EQ(item->creationTime(), (LocalTime{2001, 1, 2, 4, 4, 5}));
-    EXPECT_EQ(item->replyRecipient()->name, "Jane");
-    EXPECT_EQ(item->recipient(1).address, "bob@x.org");
-}
-
-TEST_F(MboxTest, failsWhenTheFileWasChanged) {
+TEST_F(MboxTest, handsOutItemsThatOutliveTheFolderButNotTheMessage) {
     const std::string path = files.write("box", mbox("1") + mbox("2"));
     const auto folder = openFolder("box");
-    ASSERT_EQ(folder->itemCount(), 2);
     const auto item = folder->mailItem(2);
+    const auto other = openFolder("box")->mailItem(2);
+    EXPECT_THROW(folder->mailItem(0), Error);
+    EXPECT_THROW(folder->mailItem(3), Error);
     std::filesystem::resize_file(path, 50);
     EXPECT_THROW(item->recipientCount(), Error);
     files.write("box", "Changed " + mbox("1") + mbox("2"));
     EXPECT_THROW(item->recipientCount(), Error);
-    EXPECT_THROW(folder->mailItem(0), Error);
-    EXPECT_THROW(folder->mailItem(3), Error);
     files.write("box", mbox("1") + mbox("2") + mbox("3"));
     EXPECT_EQ(folder->itemCount(), 2);
     EXPECT_EQ(item->recipientCount(), 1);
+    std::filesystem::remove(path);
+    EXPECT_EQ(other->creationTime(), (LocalTime{2001, 1, 2, 4, 4, 5}));
+    EXPECT_EQ(other->replyRecipient()->name, "Jane");
+    EXPECT_EQ(other->recipient(1).address, "bob@x.org");
+}
+
+TEST_F(MboxTest, readsTheTimeInTheLineBetweenMessages) {
+    constexpr std::int64_t kMoment = 978404645;  // 2001-01-02 03:04:05 UTC
+    for (const char* const line :
+         {"From jane@x.org Tue Jan  2 03:04:05 2001", "From - Tue Jan 02 03:04:05 2001\r",
+          "From \"jane doe 12:30\"@x Tue Jan  2 03:04:05 2001",
+          "From a@b Tue Jan  2 04:04:05 +0100 2001", "From a@b Tue Jan  2 02:04:05 2001 -0100",
+          "From a@b Tue Jan  2 04:04:05 CET 2001", "From Tue Jan  2 03:04:05 2001",
+          "From a@b Tue JAN  2 03:04:05 XYZ 2001 remote from host",
+          "From a@b Tue Jan  2 03:04:05 01", "From a@b Tue, 2 Jan 2001 03:04:05 +0000"})
+        EXPECT_EQ(fromLineTime(line), kMoment) << line;
+    EXPECT_EQ(fromLineTime("From a@b Tue Jan  2 03:04 2001"), kMoment - 5);
+    EXPECT_EQ(fromLineTime("From a@b Fri Dec 31 23:59:60 99"), 946684800);
+    for (const char* const line :
+         {"From ", "From a@b Tue Jan  2 03:04:05", "From a@b Tue Feb 30 03:04:05 2001",
+          "From a@b Tue Jan  2 24:04:05 2001", "From a@b Tue Jan  2 03:60:05 2001",
+          "From a@b Wed Dec 31 23:00:00 1969", "From a@b Tue Jan  2 03:04:05 +9900 2001",
+          "From a@b Tue Jan  2 03:04:05 20011", "From a@b Tue 2 03:04:05 2001", "From a 1:22 1:2:"})
+        EXPECT_EQ(fromLineTime(line), kNoTime) << line;
 }
 
 }  // namespace
