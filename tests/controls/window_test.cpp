@@ -16,10 +16,16 @@ class Windows : public testing::Test {
         window_->onResize = [this] { ++resizes_; };
     }
 
-    void expectInnerSize(Size expected) {
+    bool isVisible() {
+        EXPECT_EQ(driver_.isVisible(*window_), window_->isVisible());
+        return window_->isVisible();
+    }
+    void expectSize(Size expected, int resizes) {
+        driver_.settle();
         const Size found = window_->innerSize();
         EXPECT_NEAR(found.width, expected.width, 8);
         EXPECT_NEAR(found.height, expected.height, 8);
+        EXPECT_EQ(resizes_, resizes);
     }
 
     TestPlatform platform_;
@@ -28,145 +34,106 @@ class Windows : public testing::Test {
     int resizes_ = 0;
 };
 
-TEST_F(Windows, AreCreatedHiddenAndShownOnRequest) {
-    window_->setCaption("Relations [*] & Åsa");
-    EXPECT_EQ(driver_.captionOf(*window_), "Relations [*] & Åsa");
-    EXPECT_FALSE(driver_.isVisible(*window_));
-    EXPECT_FALSE(window_->isVisible());
-    for (int i = 0; i < 2; ++i) {
-        window_->show();
-        EXPECT_TRUE(driver_.isVisible(*window_));
-        EXPECT_TRUE(window_->isVisible());
-    }
-    window_->hide();
-    EXPECT_FALSE(driver_.isVisible(*window_));
-}
-
 TEST_F(Windows, TellOfSizesThatCodeHasNotSet) {
-    expectInnerSize({6000, 3000});
-    EXPECT_EQ(resizes_, 0);
+    expectSize({6000, 3000}, 0);
     window_->show();
-    driver_.settle();
-    EXPECT_EQ(resizes_, 1) << "when first shown";
-    expectInnerSize({6000, 3000});
-
+    expectSize({6000, 3000}, 1);
     driver_.resize(*window_, {7000, 3500});
-    EXPECT_EQ(resizes_, 2);
-    expectInnerSize({7000, 3500});
+    expectSize({7000, 3500}, 2);
 
+    // No setter calls a handler, neither now nor when the window is shown again.
     window_->setInnerSize({5000, 2500});
+    expectSize({5000, 2500}, 2);
     window_->hide();
     window_->setInnerSize({5500, 2500});
     window_->show();
-    driver_.settle();
-    expectInnerSize({5500, 2500});
-    EXPECT_EQ(resizes_, 2) << "no setter calls a handler";
+    expectSize({5500, 2500}, 2);
 
     window_->setMinimumInnerSize({4000, 2000});
     driver_.resize(*window_, {1000, 1000});
-    expectInnerSize({4000, 2000});
-    EXPECT_EQ(resizes_, 3);
-    window_->onResize = nullptr;
-    driver_.resize(*window_, {5000, 3000});
+    expectSize({4000, 2000}, 3);
 }
 
-TEST_F(Windows, AreHiddenByTheirCloseButtonUnlessTheHandlerRefuses) {
+TEST_F(Windows, AreCreatedHiddenAndClosedUnlessTheHandlerRefuses) {
+    window_->setCaption("Relations [*] & Åsa");
+    EXPECT_EQ(driver_.captionOf(*window_), "Relations [*] & Åsa");
+    EXPECT_FALSE(isVisible());
+    window_->show();
     window_->show();
     driver_.press(*window_, Key::Escape);
-    EXPECT_TRUE(driver_.isVisible(*window_)) << "Esc closes modal windows only";
+    EXPECT_TRUE(isVisible()) << "Esc closes modal windows only";
     driver_.close(*window_);
-    EXPECT_FALSE(driver_.isVisible(*window_));
+    EXPECT_FALSE(isVisible());
 
     int requests = 0;
-    bool answer = false;
-    window_->onCloseRequest = [&] {
-        ++requests;
-        return answer;
-    };
+    window_->onCloseRequest = [&requests] { return ++requests == 2; };
     window_->show();
     driver_.close(*window_);
-    EXPECT_TRUE(driver_.isVisible(*window_));
-    answer = true;
+    EXPECT_TRUE(isVisible());
     driver_.close(*window_);
-    EXPECT_FALSE(driver_.isVisible(*window_));
+    EXPECT_FALSE(isVisible());
     window_->show();
     window_->hide();
+    EXPECT_FALSE(isVisible());
     EXPECT_EQ(requests, 2) << "code that hides a window asks nobody";
-
-    window_->onCloseRequest = [this]() -> bool {
-        window_->hide();
-        throw Error("Nothing is saved.");
-    };
-    platform_.dialogs.expectMessage("Nothing is saved.");
-    window_->show();
-    driver_.close(*window_);
-    EXPECT_FALSE(driver_.isVisible(*window_));
-}
-
-TEST_F(Windows, AreNotLockedByACloseHandlerThatFails) {
-    window_->onCloseRequest = []() -> bool { throw Error("Nothing is saved."); };
-    platform_.dialogs.expectMessage("Nothing is saved.");
-    driver_.later([this] { driver_.close(*window_); });
-    window_->showModal();
-    EXPECT_FALSE(driver_.isVisible(*window_));
 }
 
 TEST_F(Windows, ModalOnesKeepTheUserFromAllOthers) {
-    int outerClicks = 0;
-    int innerClicks = 0;
+    int clicks = 0;
     Button& outer = window_->addButton({0, 0, 1000, 250}, "outer");
     const auto modal = platform_.toolkit().createWindow();
     modal->setInnerSize({3000, 1000});
     Button& inner = modal->addButton({0, 0, 1000, 250}, "inner");
-    inner.onClick = [&] {
-        ++innerClicks;
-        modal->hide();
-    };
+    inner.onClick = [&] { modal->hide(); };
     outer.onClick = [&] {
-        ++outerClicks;
+        ++clicks;
         driver_.later([&] {
-            EXPECT_TRUE(driver_.isVisible(*modal));
             driver_.click(outer);
             driver_.close(*window_);
             driver_.click(inner);
         });
         modal->showModal();
         EXPECT_FALSE(driver_.isVisible(*modal));
-        EXPECT_EQ(innerClicks, outerClicks);
     };
     modal->show();  // not modal yet
     window_->show();
     driver_.click(outer);
-    EXPECT_EQ(outerClicks, 1);
-    EXPECT_TRUE(driver_.isVisible(*window_));
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(isVisible());
     driver_.click(outer);
-    EXPECT_EQ(outerClicks, 2) << "the other window is free again, and the modal one opens again";
+    EXPECT_EQ(clicks, 2) << "the other window is free again, and the modal one opens again";
 }
 
 TEST_F(Windows, ModalOnesEndHoweverTheyAreHidden) {
     int requests = 0;
-    window_->onCloseRequest = [&] { return ++requests == 2; };
-    driver_.later([&] {
+    window_->onCloseRequest = [&requests] { return ++requests == 2; };
+    driver_.later([this] {
         driver_.press(*window_, Key::Escape);
-        EXPECT_TRUE(driver_.isVisible(*window_));
+        EXPECT_TRUE(isVisible());
         driver_.press(*window_, Key::Escape);
     });
     window_->showModal();
     EXPECT_EQ(requests, 2);
 
-    window_->show();
-    driver_.later([&] { window_->hide(); });
+    window_->onCloseRequest = []() -> bool { throw Error("Nothing is saved."); };
+    platform_.dialogs.expectMessage("Nothing is saved.");
+    driver_.later([this] { driver_.close(*window_); });
     window_->showModal();
-    EXPECT_FALSE(driver_.isVisible(*window_));
+    EXPECT_FALSE(isVisible()) << "a handler that fails keeps nobody in the window";
+
+    window_->show();
+    driver_.later([this] { window_->hide(); });
+    window_->showModal();
+    EXPECT_FALSE(isVisible());
 
     const auto brief = platform_.toolkit().createWindow();
-    brief->onResize = [&] { brief->hide(); };
+    brief->onResize = [&brief] { brief->hide(); };
     brief->showModal();
     EXPECT_FALSE(driver_.isVisible(*brief));
 
     window_->show();
     driver_.press(*window_, Key::Escape);
-    EXPECT_TRUE(driver_.isVisible(*window_)) << "it is modal no longer";
+    EXPECT_TRUE(isVisible()) << "it is modal no longer";
 }
 
 }  // namespace

@@ -27,63 +27,48 @@ void whenShown(std::function<void(Box&)> act) {
     });
 }
 
-struct Shown {
-    QString title;
-    QString text;
-    QStringList buttons;
+struct Message {
+    Buttons buttons;
+    QStringList shown;
+    /// Where none is pressed, the box is closed.
+    QString pressed;
     Answer answer;
 };
 
-/// Shows a message and presses the button that bears the text; closes the box when none is named.
-Shown messageAnswered(const std::string& text, Buttons buttons, const QString& press = {}) {
-    QtDialogs dialogs;
-    Shown shown;
-    whenShown<QMessageBox>([&](QMessageBox& box) {
-        shown.title = box.windowTitle();
-        shown.text = box.findChild<QLabel*>("qt_msgbox_label")->text();
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        QAbstractButton* pressed = nullptr;
-        for (QAbstractButton* button : box.buttons()) {
-            shown.buttons << button->text().remove('&');
-            if (shown.buttons.last() == press)
-                pressed = button;
-        }
-        if (pressed != nullptr)
-            pressed->click();
-        else
-            box.close();
-    });
-    shown.answer = dialogs.message(text, buttons);
-    return shown;
-}
-
 TEST(QtDialogs, MessagesShowWhatIsAskedAndReturnTheButton) {
-    const Shown ok = messageAnswered("5 < 6 & <b>Åsa</b>", Buttons::Ok);
-    EXPECT_EQ(ok.title, "Pelk");
-    EXPECT_EQ(ok.text, "5 < 6 & <b>Åsa</b>");
-    EXPECT_EQ(ok.buttons, QStringList("OK"));
-    EXPECT_EQ(ok.answer, Answer::Ok);
-
-    const Shown cancel = messageAnswered("?", Buttons::OkCancel);
-    EXPECT_EQ(cancel.buttons, QStringList({"OK", "Cancel"}));
-    EXPECT_EQ(cancel.answer, Answer::Cancel);
-    EXPECT_EQ(messageAnswered("?", Buttons::OkCancel, "OK").answer, Answer::Ok);
-    EXPECT_EQ(messageAnswered("?", Buttons::OkCancel, "Cancel").answer, Answer::Cancel);
-
-    const Shown no = messageAnswered("?", Buttons::YesNo);
-    EXPECT_EQ(no.buttons, QStringList({"Yes", "No"}));
-    EXPECT_EQ(no.answer, Answer::No);
-    EXPECT_EQ(messageAnswered("?", Buttons::YesNo, "Yes").answer, Answer::Yes);
-    EXPECT_EQ(messageAnswered("?", Buttons::YesNo, "No").answer, Answer::No);
+    const std::vector<Message> messages = {
+        {Buttons::Ok, {"OK"}, "", Answer::Ok},
+        {Buttons::OkCancel, {"OK", "Cancel"}, "", Answer::Cancel},
+        {Buttons::OkCancel, {"OK", "Cancel"}, "OK", Answer::Ok},
+        {Buttons::YesNo, {"Yes", "No"}, "", Answer::No},
+        {Buttons::YesNo, {"Yes", "No"}, "Yes", Answer::Yes},
+    };
+    for (const Message& message : messages) {
+        whenShown<QMessageBox>([&message](QMessageBox& box) {
+            EXPECT_EQ(box.windowTitle(), "Pelk");
+            EXPECT_EQ(box.text(), "5 < 6 & <b>Åsa</b>");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            QStringList shown;
+            QAbstractButton* pressed = nullptr;
+            for (QAbstractButton* button : box.buttons()) {
+                shown << button->text().remove('&');
+                if (shown.last() == message.pressed)
+                    pressed = button;
+            }
+            EXPECT_EQ(shown, message.shown);
+            pressed != nullptr ? pressed->click() : static_cast<void>(box.close());
+        });
+        EXPECT_EQ(QtDialogs().message("5 < 6 & <b>Åsa</b>", message.buttons), message.answer);
+    }
 }
 
 TEST(QtDialogs, InputReturnsTheLineOrNothing) {
     QtDialogs dialogs;
     whenShown<QInputDialog>([](QInputDialog& box) {
         EXPECT_EQ(box.windowTitle(), "Rename");
-        EXPECT_EQ(box.findChild<QLabel*>()->text(), "First <i>letters</i>:");
+        EXPECT_EQ(box.labelText(), "First <i>letters</i>:");
         EXPECT_EQ(box.findChild<QLabel*>()->textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.findChild<QLineEdit*>()->text(), "as");
+        EXPECT_EQ(box.textValue(), "as");
         box.findChild<QLineEdit*>()->setText("Åsa");
         box.accept();
     });
@@ -99,17 +84,15 @@ TEST(QtDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
     QtDialogs dialogs;
     dialogs.setBusyPointer(true);
     dialogs.setBusyPointer(true);
-    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     whenShown<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         box.close();
     });
     dialogs.message("?", Buttons::Ok);
-    EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     dialogs.setBusyPointer(false);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-    dialogs.setBusyPointer(false);
 }
 
 }  // namespace
