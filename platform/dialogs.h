@@ -1,5 +1,6 @@
 #pragma once
-// Modal boxes, the pointer, and the pending events of the user interface.
+// Modal boxes, files to choose, the clipboard, the pointer, and the pending events of the
+// user interface.
 
 #include <string>
 
@@ -18,6 +19,16 @@ class Dialogs {
     /// Asks for a line of text. Empty when the user cancels.
     virtual std::string input(const std::string& title, const std::string& prompt,
                               const std::string& initial) = 0;
+
+    /// Asks for a file to open, which must exist, or for one to write, with a question before one
+    /// is replaced. `filter` names the kinds of files and their patterns in turn, separated by "|":
+    /// "Texts (*.txt)|*.txt|All files (*.*)|*.*". Returns the path, empty when the user cancels.
+    virtual std::string openFile(const std::string& title, const std::string& filter) = 0;
+    virtual std::string saveFile(const std::string& title, const std::string& filter) = 0;
+
+    /// Replaces what is on the clipboard by plain text. Throws `Error` when another program keeps
+    /// the clipboard to itself.
+    virtual void copyToClipboard(const std::string& text) = 0;
 
     /// Shows the hourglass pointer over all windows, or the normal one again. Not counted.
     virtual void setBusyPointer(bool busy) = 0;

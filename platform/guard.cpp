@@ -9,6 +9,17 @@ namespace pelk {
 
 namespace {
 
+/// There is one thread.
+int actsUnderWay = 0;
+
+class ActCount {
+ public:
+    ActCount() { ++actsUnderWay; }
+    ActCount(const ActCount&) = delete;
+    ActCount& operator=(const ActCount&) = delete;
+    ~ActCount() { --actsUnderWay; }
+};
+
 std::optional<std::string> faultOf(const std::function<void()>& act) {
     try {
         act();
@@ -25,11 +36,16 @@ std::optional<std::string> faultOf(const std::function<void()>& act) {
 }  // namespace
 
 void guarded(Dialogs& dialogs, const std::function<void()>& act) noexcept {
+    const ActCount count;
     try {
         if (const auto fault = faultOf(act))
             dialogs.message(*fault, Buttons::Ok);
     } catch (...) {  // Not even the box can be shown: the fault ends here all the same.
     }
+}
+
+int guardedActs() {
+    return actsUnderWay;
 }
 
 }  // namespace pelk

@@ -12,4 +12,8 @@ namespace pelk {
 /// an unexpected one.
 void guarded(Dialogs& dialogs, const std::function<void()>& act) noexcept;
 
+/// How many acts are under way, one inside another: a handler that shows a box or lets pending
+/// events be handled has further ones inside it.
+int guardedActs();
+
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// What the system around the program knows: the user's folders.
+// What the system around the program knows and does: the user's folders, and other programs.
 
 #include <optional>
 #include <string>
@@ -12,6 +12,12 @@ class Shell {
     /// The folder in which programs keep this user's data. It exists; nothing is returned when
     /// the system cannot name or make it.
     virtual std::optional<std::string> applicationDataFolder() = 0;
+    /// The folder from which the program was loaded, where that is the user's own; nothing where
+    /// programs are installed for everybody.
+    virtual std::optional<std::string> ownFolder() = 0;
+    /// Starts a program that shows the help to the user, and does not wait for it. Throws `Error`
+    /// when it cannot be started.
+    virtual void openHelp() = 0;
 };
 
 }  // namespace pelk

@@ -151,6 +151,8 @@ void TreeModel::forget(TreeNode& node) {
         byKey_.erase(node.key_);
     if (!unannounced_.empty())
         std::erase(unannounced_, &node);
+    if (listener_ != nullptr)
+        listener_->forgotten(node);
     nodes_.erase(node.self_);
 }
 

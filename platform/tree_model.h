@@ -85,6 +85,9 @@ class TreeListener {
     virtual void beforeClear() = 0;
     virtual void afterClear() = 0;
     virtual void changed(TreeNode& node) = 0;
+    /// The node is about to go away, which the native tree may never have heard of; not called
+    /// when all nodes go.
+    virtual void forgotten(const TreeNode&) {}
     /// Nothing needs to be painted until redraw is resumed.
     virtual void redrawSuspended() {}
     virtual void redrawResumed() {}

@@ -76,4 +76,25 @@ std::string cleanText(std::string_view text) {
     return clean;
 }
 
+std::string utf16FileBytes(std::string_view text) {
+    std::string bytes;
+    bytes.reserve(2 * text.size() + 2);
+    const auto append = [&bytes](std::uint32_t unit) {
+        bytes += static_cast<char>(unit & 0xFFU);
+        bytes += static_cast<char>(unit >> 8U);
+    };
+    append(0xFEFF);
+    while (!text.empty()) {
+        const Character character = readCharacter(text);
+        if (character.code < 0x10000) {
+            append(character.code);
+        } else {
+            append(0xD800 + ((character.code - 0x10000) >> 10U));
+            append(0xDC00 + ((character.code - 0x10000) & 0x3FFU));
+        }
+        text.remove_prefix(character.length);
+    }
+    return bytes;
+}
+
 }  // namespace pelk

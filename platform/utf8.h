@@ -1,5 +1,5 @@
 #pragma once
-// UTF-8 that a document can carry.
+// UTF-8 that a document can carry, and its other form in files.
 
 #include <string>
 #include <string_view>
@@ -12,5 +12,8 @@ bool isXmlText(std::string_view text);
 /// The text with every byte that is not UTF-8, and every character that XML cannot carry,
 /// replaced by U+FFFD, and every control character (tab and line ends among them) by a blank.
 std::string cleanText(std::string_view text);
+
+/// Valid UTF-8 as the bytes of a UTF-16 file: little-endian, after a byte order mark.
+std::string utf16FileBytes(std::string_view text);
 
 }  // namespace pelk

@@ -42,6 +42,7 @@ class XmlLibrary {
     virtual Node nextSibling(Node node) const = 0;
     virtual Node parent(Node node) const = 0;
     virtual Node appendElement(Node parent, const char* name) const = 0;
+    virtual Node appendCopy(Node parent, Node original) const = 0;
     virtual void remove(Node node) const = 0;
     virtual std::vector<Node> select(Node context, const std::string& query) const = 0;
     virtual std::optional<std::string> selectText(Node context, const std::string& query) const = 0;
@@ -99,6 +100,11 @@ class XmlElement {
     /// Creates an element as the last child of this one.
     XmlElement appendElement(const char* name) const {
         return {*library_, library_->appendElement(node_, name)};
+    }
+    /// Appends a copy of an element, with all below it, as the last child of this one. The original
+    /// may stand in another document of the same kind.
+    XmlElement appendCopy(const XmlElement& original) const {
+        return {*library_, library_->appendCopy(node_, original.node_)};
     }
     /// Takes this element with all below it out of the document.
     void remove() const { library_->remove(node_); }

@@ -1,10 +1,13 @@
 #include "platform/desktop/desktop_shell.h"
 
+#include <QProcess>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
+
+#include "platform/error.h"
 
 namespace pelk {
 namespace {
@@ -36,6 +39,18 @@ bool makeFolder(const std::filesystem::path& path) {
     return true;
 }
 
+/// The first page of the help: where it is installed, or built. Empty when it is in neither place.
+std::string firstHelpPage() {
+    std::error_code error;
+    const std::filesystem::path prefix =
+        std::filesystem::read_symlink("/proc/self/exe", error).parent_path().parent_path();
+    for (const char* folder : {"share/doc/pelk/help", "share/help"})
+        if (const std::filesystem::path page = prefix / folder / "index.html";
+            std::filesystem::is_regular_file(page, error))
+            return page.string();
+    return {};
+}
+
 }  // namespace
 
 std::optional<std::string> DesktopShell::applicationDataFolder() {
@@ -43,6 +58,15 @@ std::optional<std::string> DesktopShell::applicationDataFolder() {
     if (folder.empty() || !makeFolder(folder))
         return std::nullopt;
     return folder;
+}
+
+void DesktopShell::openHelp() {
+    const std::string page = firstHelpPage();
+    if (page.empty())
+        throw Error("The help is not installed.");
+    if (!QProcess::startDetached("xdg-open", {QString::fromStdString(page)}))
+        throw Error("The help cannot be opened, as xdg-open does not start. It is in " + page +
+                    ".");
 }
 
 LocalTime SystemClock::now() {

@@ -9,12 +9,14 @@
 namespace pelk {
 
 /// The data folder is the one that the user names, else $XDG_DATA_HOME, else ~/.local/share. It is
-/// created, open to its owner alone, when it is missing.
+/// created, open to its owner alone, when it is missing. The help is shown by the user's browser.
 class DesktopShell : public Shell {
  public:
     /// An empty `dataFolder` stands for the usual one.
     explicit DesktopShell(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
     std::optional<std::string> applicationDataFolder() override;
+    std::optional<std::string> ownFolder() override { return std::nullopt; }
+    void openHelp() override;
 
  private:
     std::string dataFolder_;

@@ -54,6 +54,10 @@ class PugiLibrary : public XmlLibrary {
         return unwrap(wrap(parent).append_child(name));
     }
 
+    Node appendCopy(Node parent, Node original) const override {
+        return unwrap(wrap(parent).append_copy(wrap(original)));
+    }
+
     void remove(Node node) const override { wrap(node).parent().remove_child(wrap(node)); }
 
     std::vector<Node> select(Node context, const std::string& query) const override {

@@ -117,6 +117,14 @@ class MsxmlLibrary : public XmlLibrary {
         return element.detach();
     }
 
+    Node appendCopy(Node parent, Node original) const override {
+        ComPtr<IXMLDOMNode> copy;
+        ComPtr<IXMLDOMNode> added;
+        require(wrap(original)->cloneNode(VARIANT_TRUE, copy.put()), "copy an element");
+        require(wrap(parent)->appendChild(copy.get(), added.put()), "add an element");
+        return asElement(added).detach();
+    }
+
     void remove(Node node) const override {
         ComPtr<IXMLDOMNode> parent;
         ComPtr<IXMLDOMNode> removed;

@@ -4,9 +4,27 @@
 // The line above comes first.
 #include <shlobj.h>
 
+#include "platform/error.h"
+#include "platform/windows/controls/module.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
+namespace {
+
+std::wstring folderOfModule() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(ownModule(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path.substr(0, path.rfind(L'\\'));
+        }
+        path.resize(2 * path.size());
+    }
+}
+
+}  // namespace
 
 std::optional<std::string> WindowsShell::applicationDataFolder() {
     wchar_t path[MAX_PATH];
@@ -14,6 +32,25 @@ std::optional<std::string> WindowsShell::applicationDataFolder() {
     if (SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path) != S_OK)
         return std::nullopt;
     return toUtf8(path);
+}
+
+std::optional<std::string> WindowsShell::ownFolder() {
+    return toUtf8(folderOfModule());
+}
+
+/// The viewer itself tells the user when the file is not there.
+void WindowsShell::openHelp() {
+    std::wstring command = L"hh.exe \"" + folderOfModule() + L"\\pelk.chm\"";
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESHOWWINDOW;
+    startup.wShowWindow = SW_SHOWNORMAL;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &startup, &process))
+        throw Error("The help cannot be opened: Windows does not start hh.exe.");
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
 }
 
 LocalTime WindowsClock::now() {

@@ -6,10 +6,13 @@
 
 namespace pelk {
 
-/// The data folder is the one for programs' data in the user's roaming profile.
+/// The data folder is the one for programs' data in the user's roaming profile. The own folder is
+/// the add-in's, where its help file stands, too.
 class WindowsShell : public Shell {
  public:
     std::optional<std::string> applicationDataFolder() override;
+    std::optional<std::string> ownFolder() override;
+    void openHelp() override;
 };
 
 class WindowsClock : public Clock {

@@ -1,4 +1,4 @@
-// What every toolkit must do with labels, buttons, progress bars and the places of controls.
+// What every toolkit must do with the simple controls and the places of all.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ class Controls : public testing::Test {
 
 TEST_F(Controls, ShowTheirTextsAsTheyAre) {
     Label& label = window_->addLabel({0, 0, 3000, 250}, "gyp & <b>Åsa</b>");
-    Button& button = window_->addButton({0, 300, 2000, 250}, "Find & go");
+    Button& button = window_->addButton({0, 300, 2000, 250}, "Find && &go");
     window_->show();
     EXPECT_EQ(driver_.textOf(label), "gyp & <b>Åsa</b>");
     EXPECT_EQ(driver_.textOf(button), "Find & go");
@@ -99,6 +99,93 @@ TEST_F(Controls, ShowWhatTheirHandlersThrow) {
     button.onClick = [] { throw std::runtime_error("seven"); };
     platform_.dialogs.expectMessage("Unexpected fault: seven");
     driver_.click(button);
+}
+
+TEST_F(Controls, PicturesShowTheirImage) {
+    const auto all = {TreeImage::Contact, TreeImage::Many, TreeImage::One, TreeImage::Two,
+                      TreeImage::Three};
+    std::vector<Picture*> pictures;
+    for (const TreeImage image : all)
+        pictures.push_back(
+            &window_->addPicture({400 * static_cast<int>(image), 0, 300, 300}, image));
+    window_->show();
+    for (const TreeImage image : all)
+        EXPECT_EQ(driver_.imageOf(*pictures[static_cast<std::size_t>(image) - 1]), image);
+}
+
+TEST_F(Controls, OneOptionAtMostIsChecked) {
+    OptionButton& first = window_->addOptionButton({0, 0, 2000, 250}, "Keep && &go");
+    window_->addLabel({0, 250, 2000, 250}, "or");
+    OptionButton& second = window_->addOptionButton({0, 500, 2000, 250}, "second");
+    first.onClick = [this] { ++clicks_; };
+    second.onClick = [] { throw Error("Not now."); };
+    window_->show();
+    const auto checked = [&] {
+        EXPECT_EQ(driver_.isChecked(first), first.isChecked());
+        EXPECT_EQ(driver_.isChecked(second), second.isChecked());
+        return std::pair(first.isChecked(), second.isChecked());
+    };
+    EXPECT_EQ(driver_.textOf(first), "Keep & go");
+    EXPECT_TRUE(driver_.showsWholeText(first));
+    EXPECT_EQ(checked(), std::pair(false, false));
+    first.setChecked(true);
+    EXPECT_EQ(checked(), std::pair(true, false));
+    second.setChecked(true);
+    EXPECT_EQ(checked(), std::pair(false, true));
+    second.setChecked(false);
+    EXPECT_EQ(checked(), std::pair(false, false));
+
+    EXPECT_EQ(clicks_, 0);
+    driver_.click(first);
+    driver_.click(first);
+    EXPECT_EQ(clicks_, 2);
+    EXPECT_EQ(checked(), std::pair(true, false));
+    first.setEnabled(false);
+    platform_.dialogs.expectMessage("Not now.");
+    driver_.click(second);
+    driver_.click(first);
+    EXPECT_EQ(checked(), std::pair(false, true));
+    EXPECT_EQ(clicks_, 2);
+}
+
+TEST_F(Controls, TextBoxesTellOfWhatTheUserEdits) {
+    TextBox& box = window_->addTextBox({0, 0, 3000, 250});
+    std::vector<std::string> heard;
+    box.onChange = [&] { heard.push_back(box.text()); };
+    window_->show();
+    box.setText("<b>Åsa</b> & co");
+    EXPECT_EQ(driver_.textOf(box), "<b>Åsa</b> & co");
+    EXPECT_EQ(heard.size(), 0u);
+    driver_.type(box, "Öl€");
+    EXPECT_EQ(heard, (std::vector<std::string>{"Ö", "Öl", "Öl€"}));
+    driver_.type(box, "");
+    EXPECT_EQ(heard.back(), "");
+    EXPECT_EQ(driver_.textOf(box), "");
+    box.onChange = [] { throw Error("Too long."); };
+    platform_.dialogs.expectMessage("Too long.");
+    driver_.type(box, "&");
+    EXPECT_EQ(box.text(), "&");
+}
+
+TEST_F(Controls, SlidersTellOfEachStep) {
+    Slider& slider = window_->addSlider({0, 0, 3000, 300});
+    std::vector<int> heard;
+    slider.onChange = [&] { heard.push_back(slider.value()); };
+    window_->show();
+    slider.setRange(0, 100);
+    slider.setValue(500);
+    EXPECT_EQ(driver_.valueOf(slider), 100);
+    slider.setRange(-10, 40);
+    EXPECT_EQ(slider.value(), 40);
+    slider.setValue(5);
+    EXPECT_EQ(heard.size(), 0u);
+    driver_.move(slider, 7);
+    driver_.move(slider, 6);
+    EXPECT_EQ(heard, (std::vector<int>{6, 7, 6}));
+    EXPECT_EQ(driver_.valueOf(slider), 6);
+    slider.onChange = [] { throw Error("Stuck."); };
+    platform_.dialogs.expectMessage("Stuck.");
+    driver_.move(slider, 5);
 }
 
 TEST_F(Controls, ProgressStaysInItsRange) {

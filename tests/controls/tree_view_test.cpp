@@ -214,6 +214,100 @@ TEST_F(Tree, KeepsTheSelectionOnItsNode) {
     EXPECT_EQ(driver_.selectedText(tree_), "Carl") << "it does not stay out of sight";
 }
 
+TEST_F(Tree, ExpandsForCodeWithoutTellingOfIt) {
+    tree_.setExpanded(ann_, true);
+    tree_.setExpanded(bob_, true);
+    model_.add(bob_, "later");
+    EXPECT_EQ(shown(), "Ann(?) bob[later] Carl[?]");
+    model_.suspendRedraw();
+    TreeNode& dora = model_.add(model_.root(), "Dora");
+    TreeNode& child = model_.add(dora, "child");
+    TreeNode& leaf = model_.add(child, "leaf");
+    TreeNode& gone = model_.add(model_.root(), "gone");
+    model_.add(gone, "?");
+    for (TreeNode* node : {&carl_, &dora, &child, &leaf, &gone})
+        tree_.setExpanded(*node, true);
+    tree_.setExpanded(ann_, false);
+    tree_.setExpanded(carl_, false);
+    model_.remove(gone);
+    for (const char* text : {"Eve", "Fay"})
+        model_.add(model_.add(model_.root(), text), "?");
+    model_.resumeRedraw();
+    EXPECT_EQ(shown(), "Ann[?] bob[later] Carl[?] Dora(child(leaf)) Eve[?] Fay[?]");
+    tree_.select(&leaf);
+    tree_.setExpanded(dora, false);
+    EXPECT_FALSE(driver_.rows(tree_).at(3).expanded);
+    EXPECT_EQ(driver_.selectedText(tree_), "Dora") << "it does not stay out of sight";
+    driver_.settle();
+    EXPECT_EQ(acts_, "");
+}
+
+TEST_F(Tree, TellsOfWhatTheUserSelects) {
+    tree_.onSelect = [this](TreeNode& node) {
+        EXPECT_EQ(tree_.selected(), &node);
+        acts_ += "=" + node.text();
+    };
+    tree_.onDeleteKey = [this] { acts_ += "x"; };
+    driver_.clickRow(tree_, {1});
+    driver_.press(*window_, Key::Down);
+    driver_.press(*window_, Key::Delete);
+    EXPECT_EQ(acts_, "=bob=Carlx");
+
+    model_.remove(carl_);
+    tree_.select(&ann_);
+    model_.sortChildren(model_.root());
+    driver_.expand(tree_, {0});
+    tree_.select(ann_.children()[0]);
+    driver_.collapse(tree_, {0});
+    driver_.settle();
+    EXPECT_EQ(acts_, "=bob=Carlx+Ann-Ann") << "neither code nor an expander selects";
+
+    tree_.onSelect = [](TreeNode&) { throw Error("No such contact."); };
+    platform_.dialogs.expectMessage("No such contact.");
+    driver_.press(*window_, Key::Down);
+    tree_.onSelect = [this](TreeNode&) { model_.clear(); };
+    driver_.press(*window_, Key::Up);
+    EXPECT_EQ(shown(), "");
+}
+
+TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {
+    PopupMenu& menu = window_->addPopupMenu();
+    MenuItem& rename = menu.addItem("Rename");
+    MenuItem& remove = menu.addItem("Delete");
+    using Captions = std::vector<std::string>;
+    EXPECT_EQ(driver_.menuAt(tree_, {0}), Captions()) << "nobody opens one";
+    EXPECT_EQ(driver_.selectedText(tree_), "Ann");
+    tree_.onSelect = [this](TreeNode& node) { acts_ += "=" + node.text(); };
+    tree_.onMenuRequest = [&](ScreenPoint where) {
+        acts_ += "?" + tree_.selected()->text();
+        menu.open(where);
+    };
+    EXPECT_EQ(driver_.menuAt(tree_, {2}), (Captions{"Rename", "Delete"}));
+    EXPECT_EQ(acts_, "=Carl?Carl");
+    rename.setVisible(false);
+    EXPECT_EQ(driver_.menuAt(tree_, {2}), Captions{"Delete"});
+    remove.setVisible(false);
+    EXPECT_EQ(driver_.menuAt(tree_, {2}), Captions());
+    rename.setVisible(true);
+    EXPECT_EQ(driver_.menuAt(tree_, {2}), Captions{"Rename"});
+    driver_.expand(tree_, {0});
+
+    rename.onClick = [] { throw Error("It has no name."); };
+    platform_.dialogs.expectMessage("It has no name.");
+    driver_.chooseAt(tree_, {0, 1}, "Rename");
+    rename.onClick = [this] {
+        model_.remove(*tree_.selected());
+        window_->hide();
+    };
+    driver_.chooseAt(tree_, {0, 1}, "Rename");
+    EXPECT_FALSE(driver_.isVisible(*window_));
+    EXPECT_EQ(shown(), "Ann(X[?]) bob Carl[?]");
+    tree_.onMenuRequest = [](ScreenPoint) { throw Error("Nothing to choose from."); };
+    platform_.dialogs.expectMessage("Nothing to choose from.");
+    window_->show();
+    EXPECT_EQ(driver_.menuAt(tree_, {1}), Captions());
+}
+
 }  // namespace
 
 }  // namespace pelk

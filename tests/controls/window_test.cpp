@@ -136,6 +136,28 @@ TEST_F(Windows, ModalOnesEndHoweverTheyAreHidden) {
     EXPECT_TRUE(isVisible()) << "it is modal no longer";
 }
 
+TEST_F(Windows, AreBusyButWhereTheArrowIsKept) {
+    const auto other = platform_.toolkit().createWindow();
+    Button& outside = other->addButton({0, 0, 1000, 250}, "outside");
+    Button& kept = window_->addButton({0, 0, 1000, 250}, "Cancel");
+    std::vector<Control*> controls = {&window_->addLabel({0, 300, 1000, 250}, "text"),
+                                      &window_->addButton({1000, 0, 1000, 250}, "OK"),
+                                      &window_->addTextBox({1000, 300, 1000, 250}),
+                                      &window_->addListView({0, 600, 1000, 1000}),
+                                      &window_->addTreeView({1000, 600, 1000, 1000})};
+    kept.keepArrowPointer();
+    window_->show();
+    for (const bool busy : {true, true, false}) {
+        window_->setBusyPointer(busy);
+        for (Control* control : controls)
+            EXPECT_EQ(driver_.pointerOver(*control), busy ? Pointer::Busy : Pointer::Arrow);
+        EXPECT_EQ(driver_.pointerOver(kept), Pointer::Arrow);
+    }
+    window_->setBusyPointer(true);
+    other->show();
+    EXPECT_EQ(driver_.pointerOver(outside), Pointer::Arrow);
+}
+
 }  // namespace
 
 }  // namespace pelk

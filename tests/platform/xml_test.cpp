@@ -73,6 +73,22 @@ TEST_F(XmlTest, walksAndEditsElements) {
     EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>text<a x=\"2\" y=\"\"/>text<c/></r>");
 }
 
+TEST_F(XmlTest, copiesElementsFromAnyDocument) {
+    ASSERT_TRUE(document->loadXml("<r><a x='1'><b>text</b></a><c/></r>"));
+    const std::unique_ptr<XmlDocument> other = makeXmlDocument();
+    ASSERT_TRUE(other->loadXml("<r><a x='2&quot;'><d y='3'/></a></r>"));
+    const XmlElement root = document->root();
+    const XmlElement own = root.appendCopy(root.firstChild());
+    const XmlElement foreign = root.appendCopy(other->root().firstChild());
+    own.setAttribute("x", "4");
+    other->root().firstChild().remove();
+    EXPECT_EQ(foreign.firstChild().text("y"), "3");
+    const std::string xml = document->xml();
+    EXPECT_EQ(xml.substr(xml.find("<r>")),
+              "<r><a x=\"1\"><b>text</b></a><c/><a x=\"4\"><b>text</b></a>"
+              "<a x=\"2&quot;\"><d y=\"3\"/></a></r>");
+}
+
 TEST_F(XmlTest, selectsInDocumentOrder) {
     ASSERT_TRUE(document->loadXml("<r n='5'><a i='1'><b/></a><a i='2'/>tail</r>"));
     const XmlElement root = document->root();

@@ -18,6 +18,10 @@ class FixedShell : public Shell {
  public:
     std::optional<std::string> folder = "/data";
     std::optional<std::string> applicationDataFolder() override { return folder; }
+    std::optional<std::string> own = "/addin";
+    int helpOpened = 0;
+    std::optional<std::string> ownFolder() override { return own; }
+    void openHelp() override { ++helpOpened; }
 };
 
 class FixedClock : public Clock {

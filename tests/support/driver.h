@@ -34,7 +34,9 @@ struct Progress {
     int value = 0;
 };
 
-enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk };
+enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk, Delete };
+
+enum class Pointer { Arrow, Busy };
 
 class Driver {
  public:
@@ -74,6 +76,23 @@ class Driver {
     /// Clicks with the mouse where the button is; whatever is in its way gets the click.
     virtual void click(Button& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
+    /// The image that is shown.
+    virtual TreeImage imageOf(Picture& picture) = 0;
+    virtual std::string textOf(OptionButton& button) = 0;
+    virtual bool showsWholeText(OptionButton& button) = 0;
+    virtual bool isChecked(OptionButton& button) = 0;
+    virtual void click(OptionButton& button) = 0;
+    virtual std::string textOf(TextBox& box) = 0;
+    /// Replaces the text by typing, a key at a time.
+    virtual void type(TextBox& box, const std::string& text) = 0;
+    virtual int valueOf(Slider& slider) = 0;
+    /// Moves the slider to the value with the keyboard.
+    virtual void move(Slider& slider, int value) = 0;
+    virtual std::vector<std::string> rowsOf(ListView& list) = 0;
+    /// Selects these rows, and no others, by clicking them.
+    virtual void selectRows(ListView& list, const std::vector<int>& rows) = 0;
+    /// The pointer over the control: what Windows or Qt shows there now.
+    virtual Pointer pointerOver(Control& control) = 0;
 
     /// The rows under `parent`, whether it is expanded or not.
     virtual std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent = {}) = 0;
@@ -82,6 +101,11 @@ class Driver {
     virtual void collapse(TreeView& tree, const TreePath& row) = 0;
     /// Scrolls to the row and clicks it.
     virtual void clickRow(TreeView& tree, const TreePath& row) = 0;
+    /// Presses and releases the right button over the row. Returns the captions of the menu that
+    /// opens, none when none does, and closes it.
+    virtual std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) = 0;
+    /// The same, and chooses the item with that caption. Returns when its handler has run.
+    virtual void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) = 0;
     /// Whether the row is within the visible part of the tree.
     virtual bool isInView(TreeView& tree, const TreePath& row) = 0;
     virtual std::optional<std::string> selectedText(TreeView& tree) = 0;

@@ -1,21 +1,25 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRegularExpression>
+#include <QRadioButton>
+#include <QSlider>
 #include <QTest>
 #include <QTimer>
 #include <QTreeView>
 #include <QWindow>
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/desktop/qt/control.h"
-#include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "platform/desktop/qt/twip_scale.h"
+#include "tests/support/qt_acts.h"
 #include "tests/support/test_platform.h"
 
 namespace pelk {
@@ -25,89 +29,6 @@ namespace {
 template <class Widget, class Shown>
 Widget& native(Shown& shown) {
     return dynamic_cast<Widget&>(dynamic_cast<NativeWidget&>(shown).nativeWidget());
-}
-
-Qt::Key toQt(Key key) {
-    switch (key) {
-        case Key::Enter:
-            return Qt::Key_Return;
-        case Key::Escape:
-            return Qt::Key_Escape;
-        case Key::Tab:
-            return Qt::Key_Tab;
-        case Key::Up:
-            return Qt::Key_Up;
-        case Key::Down:
-            return Qt::Key_Down;
-        case Key::Left:
-            return Qt::Key_Left;
-        case Key::Right:
-            return Qt::Key_Right;
-        case Key::Plus:
-            return Qt::Key_Plus;
-        case Key::Minus:
-            return Qt::Key_Minus;
-        case Key::Asterisk:
-            break;
-    }
-    return Qt::Key_Asterisk;
-}
-
-/// An invalid index, and a failed test, when there is no such row.
-QModelIndex indexAt(const QTreeView& view, const TreePath& path) {
-    QModelIndex index;
-    for (const int row : path) {
-        index = view.model()->index(row, 0, index);
-        if (!index.isValid()) {
-            ADD_FAILURE() << "The tree has no row " << testing::PrintToString(path);
-            return index;
-        }
-    }
-    return index;
-}
-
-TreeImage imageOf(const QModelIndex& index) {
-    const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
-    if (icon.isNull())
-        return TreeImage::None;
-    for (const TreeImage image :
-         {TreeImage::Contact, TreeImage::Many, TreeImage::One, TreeImage::Two, TreeImage::Three})
-        if (icon.cacheKey() == treeIcon(image).cacheKey())
-            return image;
-    ADD_FAILURE() << "An unknown image";
-    return TreeImage::None;
-}
-
-std::optional<Color> colorOf(const QModelIndex& index) {
-    const QVariant value = index.data(Qt::ForegroundRole);
-    if (!value.isValid())
-        return std::nullopt;
-    const QColor color = value.value<QBrush>().color();
-    return Color{static_cast<std::uint8_t>(color.red()), static_cast<std::uint8_t>(color.green()),
-                 static_cast<std::uint8_t>(color.blue())};
-}
-
-/// Clicks at a point of the widget, by way of its window: a modal window keeps the click away, and
-/// so does a widget in front.
-void clickAt(QWidget& widget, const QPoint& point) {
-    QWidget& top = *widget.window();
-    if (widget.isVisible() && widget.rect().contains(point))
-        QTest::mouseClick(top.windowHandle(), Qt::LeftButton, {}, widget.mapTo(&top, point));
-    else
-        ADD_FAILURE() << "A click on what is not shown";
-}
-
-/// Scrolls to the row, and returns its place in the viewport.
-QRect scrolledTo(QTreeView& view, const TreePath& row) {
-    const QModelIndex index = indexAt(view, row);
-    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
-        if (view.isExpanded(above))
-            continue;
-        ADD_FAILURE() << "Row " << testing::PrintToString(row) << " is under a closed one";
-        return {};
-    }
-    view.scrollTo(index);
-    return view.visualRect(index);
 }
 
 /// The modal window, else the one that was shown last; its child of that kind and text, or null.
@@ -178,13 +99,7 @@ class QtDriver : public Driver {
     }
     void giveFocus(Control& control) override { native<QWidget>(control).setFocus(); }
     std::string textOf(Label& label) override { return native<QLabel>(label).text().toStdString(); }
-    std::string textOf(Button& button) override {
-        // "&&" shows one "&"; "&x" shows a marked "x".
-        return native<QPushButton>(button)
-            .text()
-            .replace(QRegularExpression("&(.)"), "\\1")
-            .toStdString();
-    }
+    std::string textOf(Button& button) override { return shownText(native<QPushButton>(button)); }
     bool showsWholeText(Label& label) override {
         const QLabel& widget = native<QLabel>(label);
         const QRect space = widget.contentsRect();
@@ -206,14 +121,79 @@ class QtDriver : public Driver {
         return {widget.minimum(), widget.maximum(), widget.value()};
     }
 
+    TreeImage imageOf(Picture& picture) override { return imageIn(native<QWidget>(picture)); }
+    std::string textOf(OptionButton& button) override {
+        return shownText(native<QRadioButton>(button));
+    }
+    bool showsWholeText(OptionButton& button) override {
+        const QRadioButton& widget = native<QRadioButton>(button);
+        const QSize needed = widget.minimumSizeHint();
+        return needed.width() <= widget.width() && needed.height() <= widget.height();
+    }
+    bool isChecked(OptionButton& button) override {
+        return native<QRadioButton>(button).isChecked();
+    }
+    void click(OptionButton& button) override {
+        QRadioButton& widget = native<QRadioButton>(button);
+        clickAt(widget, {widget.height() / 2, widget.height() / 2});
+    }
+    std::string textOf(TextBox& box) override {
+        return native<QLineEdit>(box).displayText().toStdString();
+    }
+    void type(TextBox& box, const std::string& text) override {
+        QLineEdit& widget = native<QLineEdit>(box);
+        widget.setFocus();
+        widget.selectAll();
+        QWindow* const window = widget.window()->windowHandle();
+        if (text.empty())
+            QTest::keyClick(window, Qt::Key_Delete);
+        for (const QChar letter : QString::fromStdString(text))
+            QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, {});
+    }
+    int valueOf(Slider& slider) override { return native<QSlider>(slider).value(); }
+    void move(Slider& slider, int value) override {
+        QSlider& widget = native<QSlider>(slider);
+        widget.setFocus();
+        for (int steps = std::abs(value - widget.value()); steps > 0; --steps)
+            QTest::keyClick(widget.window()->windowHandle(),
+                            value > widget.value() ? Qt::Key_Right : Qt::Key_Left);
+    }
+    std::vector<std::string> rowsOf(ListView& list) override {
+        const QListView& view = native<QListView>(list);
+        std::vector<std::string> rows;
+        for (int row = 0; row < view.model()->rowCount(); ++row)
+            rows.push_back(view.model()->index(row, 0).data().toString().toStdString());
+        return rows;
+    }
+    void selectRows(ListView& list, const std::vector<int>& rows) override {
+        QListView& view = native<QListView>(list);
+        view.clearSelection();
+        for (const int row : rows) {
+            const QModelIndex index = view.model()->index(row, 0);
+            view.scrollTo(index);
+            clickAt(*view.viewport(), view.visualRect(index).center(), Qt::LeftButton,
+                    row == rows.front() ? Qt::NoModifier : Qt::ControlModifier);
+        }
+    }
+    Pointer pointerOver(Control& control) override {
+        const QWidget& widget = native<QWidget>(control);
+        const QWidget* const inner = widget.childAt(widget.rect().center());
+        const QCursor* const overall = QGuiApplication::overrideCursor();
+        const QCursor shown = overall != nullptr ? *overall
+                              : inner != nullptr ? inner->cursor()
+                                                 : widget.cursor();
+        return shown.shape() == Qt::WaitCursor ? Pointer::Busy : Pointer::Arrow;
+    }
+
     std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent) override {
         const QTreeView& view = native<QTreeView>(tree);
         const QModelIndex above = indexAt(view, parent);
         std::vector<TreeRow> rows;
         for (int row = 0; row < view.model()->rowCount(above); ++row) {
             const QModelIndex index = view.model()->index(row, 0, above);
-            rows.push_back({index.data().toString().toStdString(), colorOf(index), imageOf(index),
-                            view.model()->hasChildren(index), view.isExpanded(index)});
+            rows.push_back({index.data().toString().toStdString(), colorOfRow(index),
+                            imageOfRow(index), view.model()->hasChildren(index),
+                            view.isExpanded(index)});
         }
         return rows;
     }
@@ -222,6 +202,26 @@ class QtDriver : public Driver {
     void clickRow(TreeView& tree, const TreePath& row) override {
         QTreeView& view = native<QTreeView>(tree);
         clickAt(*view.viewport(), scrolledTo(view, row).center());
+    }
+    std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) override {
+        std::vector<std::string> captions;
+        const QMenu* const menu = openMenu(tree, row);
+        for (const QAction* action : actionsOf(menu))
+            captions.push_back(shownText(*action));
+        if (menu != nullptr)
+            QTest::keyClick(menu->windowHandle(), Qt::Key_Escape);
+        return captions;
+    }
+    void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) override {
+        const QMenu* const menu = openMenu(tree, row);
+        for (QAction* action : actionsOf(menu))
+            if (shownText(*action) == caption) {
+                QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {},
+                                  menu->actionGeometry(action).center());
+                settle();
+                return;
+            }
+        ADD_FAILURE() << "No item " << caption;
     }
     bool isInView(TreeView& tree, const TreePath& row) override {
         QTreeView& view = native<QTreeView>(tree);
@@ -237,6 +237,18 @@ class QtDriver : public Driver {
     }
 
  private:
+    static QMenu* openMenu(TreeView& tree, const TreePath& row) {
+        QTreeView& view = native<QTreeView>(tree);
+        clickAt(*view.viewport(), scrolledTo(view, row).center(), Qt::RightButton);
+        QMenu* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        EXPECT_FALSE(menu != nullptr && menu->isEmpty()) << "A menu without items";
+        return menu;
+    }
+    static QList<QAction*> actionsOf(const QMenu* menu) {
+        QList<QAction*> actions = menu != nullptr ? menu->actions() : QList<QAction*>();
+        actions.removeIf([](const QAction* action) { return !action->isVisible(); });
+        return actions;
+    }
     static void clickExpander(TreeView& tree, const TreePath& row, bool expanded) {
         QTreeView& view = native<QTreeView>(tree);
         const QModelIndex index = indexAt(view, row);

@@ -26,6 +26,10 @@ class ScriptedDialogs : public Dialogs {
                      const std::string& initial, const std::string& answer) {
         script_.push_back({inputCall(title, prompt, initial), Answer::Ok, answer});
     }
+    void expectFile(const std::string& title, const std::string& filter,
+                    const std::string& answer) {
+        script_.push_back({"file \"" + title + "\" " + filter, Answer::Ok, answer});
+    }
     /// Fails the test for each box that has not come yet, and forgets them.
     void expectAllShown() {
         for (const Step& step : script_)
@@ -37,6 +41,8 @@ class ScriptedDialogs : public Dialogs {
     std::function<void()> onPendingEvents;
     /// What the program asked for the pointer, in order.
     const std::vector<bool>& busyPointers() const { return busyPointers_; }
+    /// What the program copied last.
+    std::string clipboard;
 
     Answer message(const std::string& text, Buttons buttons) override {
         return next("message \"" + text + "\" " + nameOf(buttons), closing(buttons)).answer;
@@ -45,6 +51,13 @@ class ScriptedDialogs : public Dialogs {
                       const std::string& initial) override {
         return next(inputCall(title, prompt, initial), Answer::Cancel).text;
     }
+    std::string openFile(const std::string& title, const std::string& filter) override {
+        return next("file \"" + title + "\" " + filter, Answer::Cancel).text;
+    }
+    std::string saveFile(const std::string& title, const std::string& filter) override {
+        return openFile(title, filter);
+    }
+    void copyToClipboard(const std::string& text) override { clipboard = text; }
     void setBusyPointer(bool busy) override { busyPointers_.push_back(busy); }
     void processPendingEvents() override {
         if (onPendingEvents)

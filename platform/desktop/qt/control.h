@@ -27,6 +27,7 @@ class QtControl : public Interface, public NativeWidget {
     Rect bounds() const override { return scale_.twips(widget_.geometry()); }
     void setBounds(const Rect& bounds) override { widget_.setGeometry(scale_.pixels(bounds)); }
     void setEnabled(bool enabled) override { widget_.setEnabled(enabled); }
+    void keepArrowPointer() override { widget_.setCursor(Qt::ArrowCursor); }
     QWidget& nativeWidget() override { return widget_; }
 
  protected:

@@ -1,11 +1,14 @@
 #include "platform/desktop/qt/dialogs.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 
+#include "platform/desktop/qt/file_dialog.h"
 #include "platform/desktop/qt/images.h"
+#include "platform/error.h"
 
 namespace pelk {
 
@@ -93,6 +96,25 @@ std::string QtDialogs::input(const std::string& title, const std::string& prompt
     for (QLabel* label : box.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
+}
+
+std::string QtDialogs::openFile(const std::string& title, const std::string& filter) {
+    const PointerForBox pointer(*this, busy_);
+    return chooseFile(owner(), QFileDialog::AcceptOpen, title, filter);
+}
+
+std::string QtDialogs::saveFile(const std::string& title, const std::string& filter) {
+    const PointerForBox pointer(*this, busy_);
+    return chooseFile(owner(), QFileDialog::AcceptSave, title, filter);
+}
+
+void QtDialogs::copyToClipboard(const std::string& text) {
+    const QString copied = QString::fromStdString(text);
+    QClipboard& clipboard = *QGuiApplication::clipboard();
+    clipboard.setText(copied);
+    // Qt itself does not tell whether the clipboard was to be had.
+    if (clipboard.text() != copied)
+        throw Error("The text could not be copied: another program keeps the clipboard.");
 }
 
 void QtDialogs::setBusyPointer(bool busy) {

@@ -1,7 +1,9 @@
 #include "platform/desktop/qt/simple_controls.h"
 
+#include <QPainter>
 #include <algorithm>
 
+#include "platform/desktop/qt/images.h"
 #include "platform/guard.h"
 
 namespace pelk {
@@ -26,15 +28,45 @@ void QtLabel::setText(const std::string& text) {
     widget_.align();
 }
 
+void PictureWidget::paintEvent(QPaintEvent*) {
+    const int side = std::min(width(), height());
+    QPainter painter(this);
+    treeIcon(image_).paint(&painter, (width() - side) / 2, (height() - side) / 2, side, side,
+                           Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+}
+
+QtPicture::QtPicture(QWidget& parent, const TwipScale& scale, TreeImage image)
+    : QtControl(parent, scale) {
+    widget_.setImage(image);
+}
+
 QtButton::QtButton(QWidget& parent, const TwipScale& scale, const std::string& text,
                    Dialogs& dialogs)
     : QtControl(parent, scale) {
-    widget_.setText(QString::fromStdString(text).replace('&', "&&"));
+    widget_.setText(QString::fromStdString(text));
     widget_.setAutoDefault(true);  // so that Enter presses the button that has the focus
     QObject::connect(&widget_, &QPushButton::clicked, [this, &dialogs] {
         if (const auto handler = onClick)
             guarded(dialogs, handler);
     });
+}
+
+QtOptionButton::QtOptionButton(QWidget& parent, const TwipScale& scale, const std::string& text,
+                               QButtonGroup& group, Dialogs& dialogs)
+    : QtControl(parent, scale) {
+    widget_.setText(QString::fromStdString(text));
+    group.addButton(&widget_);
+    QObject::connect(&widget_, &QRadioButton::clicked, [this, &dialogs] {
+        if (const auto handler = onClick)
+            guarded(dialogs, handler);
+    });
+}
+
+void QtOptionButton::setChecked(bool checked) {
+    // An exclusive group does not let go of its last checked button.
+    widget_.group()->setExclusive(checked);
+    widget_.setChecked(checked);
+    widget_.group()->setExclusive(true);
 }
 
 QtProgressBar::QtProgressBar(QWidget& parent, const TwipScale& scale) : QtControl(parent, scale) {

@@ -1,9 +1,11 @@
 #pragma once
-// Label, button and progress bar.
+// Label, picture, buttons and progress bar.
 
+#include <QButtonGroup>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "platform/desktop/qt/control.h"
 #include "platform/dialogs.h"
@@ -27,10 +29,38 @@ class QtLabel : public QtControl<Label, TextWidget> {
     void repaint() override { widget_.repaint(); }
 };
 
+/// An image of the tree, as large as fits.
+class PictureWidget : public QWidget {
+ public:
+    PictureWidget(QWidget* parent) : QWidget(parent) {}
+    void setImage(TreeImage image) { image_ = image; }
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+
+ private:
+    TreeImage image_ = TreeImage::None;
+};
+
+class QtPicture : public QtControl<Picture, PictureWidget> {
+ public:
+    QtPicture(QWidget& parent, const TwipScale& scale, TreeImage image);
+};
+
 class QtButton : public QtControl<Button, QPushButton> {
  public:
     /// Faults of the click's handler go to `dialogs`.
     QtButton(QWidget& parent, const TwipScale& scale, const std::string& text, Dialogs& dialogs);
+};
+
+class QtOptionButton : public QtControl<OptionButton, QRadioButton> {
+ public:
+    /// Of the buttons of `group` one at most is checked. Faults of the click's handler go to
+    /// `dialogs`.
+    QtOptionButton(QWidget& parent, const TwipScale& scale, const std::string& text,
+                   QButtonGroup& group, Dialogs& dialogs);
+    void setChecked(bool checked) override;
+    bool isChecked() const override { return widget_.isChecked(); }
 };
 
 class QtProgressBar : public QtControl<ProgressBar, QProgressBar> {

@@ -1,9 +1,6 @@
 #include "platform/desktop/qt/tree_view.h"
 
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <algorithm>
 #include <utility>
 
 #include "platform/guard.h"
@@ -20,67 +17,9 @@ bool isBelow(QModelIndex index, const QModelIndex& ancestor) {
 
 }  // namespace
 
-TreeWidget::TreeWidget(QWidget* parent) : QTreeView(parent) {
-    setHeaderHidden(true);
-    setUniformRowHeights(true);
-    setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    // Texts wider than the view are reached by scrolling, not cut. Only the rows in view are
-    // measured: all of them would take too long.
-    header()->setStretchLastSection(false);
-    header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header()->setResizeContentsPrecision(0);
-    const int image = std::max(16, fontMetrics().height());
-    setIconSize({image, image});
-}
-
-void TreeWidget::reset() {
-    widestRow_ = 0;
-    QTreeView::reset();
-}
-
-int TreeWidget::sizeHintForColumn(int column) const {
-    widestRow_ = std::max(widestRow_, QTreeView::sizeHintForColumn(column));
-    return widestRow_;
-}
-
-void TreeWidget::scrollContentsBy(int dx, int dy) {
-    QTreeView::scrollContentsBy(dx, dy);
-    if (dy != 0)
-        header()->resizeSections(QHeaderView::ResizeToContents);
-}
-
-void TreeWidget::focusInEvent(QFocusEvent* event) {
-    const QScopedValueRollback<bool> taking(takingFocus_, true);
-    QTreeView::focusInEvent(event);
-}
-
-/// Qt moves to the first row when the view gets the focus and nothing is selected.
-QModelIndex TreeWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    return takingFocus_ ? QModelIndex() : QTreeView::moveCursor(action, modifiers);
-}
-
-/// Nodes are filled when they are opened, so opening all that stands below one has no end.
-void TreeWidget::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Asterisk)
-        expand(currentIndex());
-    else
-        QTreeView::keyPressEvent(event);
-}
-
-/// Qt selects a neighbour when the selected row goes away.
-void TreeWidget::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
-    QModelIndex at = currentIndex();
-    while (at.isValid() && at.parent() != parent)
-        at = at.parent();
-    if (at.isValid() && at.row() >= first && at.row() <= last)
-        selectionModel()->clear();
-    QTreeView::rowsAboutToBeRemoved(parent, first, last);
-}
-
 QtTreeView::QtTreeView(QWidget& parent, const TwipScale& scale, Dialogs& dialogs,
                        const Language& language)
-    : QtControl(parent, scale, language), dialogs_(dialogs), items_(model(), widget_) {
+    : QtControl(parent, scale, language), dialogs_(dialogs), items_(*this) {
     model().setListener(&items_);
     widget_.setModel(&items_);
     QObject::connect(&widget_, &QTreeView::expanded,
@@ -89,6 +28,22 @@ QtTreeView::QtTreeView(QWidget& parent, const TwipScale& scale, Dialogs& dialogs
                      [this](const QModelIndex& index) { userCollapsed(index); });
     QObject::connect(&items_, &QAbstractItemModel::rowsRemoved,
                      [this](const QModelIndex& index) { closeIfEmpty(index); });
+    connectUserActs();
+}
+
+void QtTreeView::connectUserActs() {
+    widget_.onSelect = [this](const QModelIndex& index) {
+        if (const auto handler = onSelect)
+            guarded(dialogs_, [&] { handler(items_.nodeAt(index)); });
+    };
+    widget_.onMenuRequest = [this](QPoint where) {
+        if (const auto handler = onMenuRequest)
+            guarded(dialogs_, [&] { handler({where.x(), where.y()}); });
+    };
+    widget_.onDeleteKey = [this] {
+        if (const auto handler = onDeleteKey)
+            guarded(dialogs_, handler);
+    };
 }
 
 QtTreeView::~QtTreeView() {
@@ -99,28 +54,56 @@ QtTreeView::~QtTreeView() {
 void QtTreeView::select(TreeNode* node) {
     const QScopedValueRollback<bool> silence(silent_, true);
     const QModelIndex index = node == nullptr ? QModelIndex() : items_.indexOf(*node);
-    if (!index.isValid()) {
-        widget_.selectionModel()->clear();
-        return;
-    }
-    for (QModelIndex at = index.parent(); at.isValid(); at = at.parent())
+    for (QModelIndex at = index.parent(); at.isValid(); at = at.parent()) {
+        items_.dropWish(items_.nodeAt(at));
         widget_.expand(at);
-    widget_.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    widget_.scrollTo(index);
+    }
+    widget_.selectForCode(index);
+    if (index.isValid())
+        widget_.scrollTo(index);
+}
+
+void QtTreeView::setExpanded(TreeNode& node, bool expanded) {
+    if (items_.isSuspended())
+        items_.expandLater(node, expanded);
+    else
+        expandNow(node, expanded);
+}
+
+void QtTreeView::expandNow(const TreeNode& node, bool expanded) {
+    const QModelIndex index = items_.indexOf(node);
+    if (!index.isValid() || (expanded && !items_.hasChildren(index)))
+        return;
+    if (!expanded)
+        bringOutSelection(index);
+    const QScopedValueRollback<bool> silence(silent_, true);
+    // Qt then lays the rows out once, however many nodes are opened, and not at each of them.
+    widget_.scheduleDelayedItemsLayout();
+    widget_.setExpanded(index, expanded);
+}
+
+/// The selection does not stay below a closed node, where it cannot be seen.
+void QtTreeView::bringOutSelection(const QModelIndex& closed) {
+    if (isBelow(widget_.selectedIndex(), closed))
+        widget_.selectForCode(closed);
 }
 
 TreeNode* QtTreeView::selected() {
-    const QModelIndex index = selectedIndex();
+    const QModelIndex index = widget_.selectedIndex();
     return index.isValid() ? &items_.nodeAt(index) : nullptr;
-}
-
-QModelIndex QtTreeView::selectedIndex() const {
-    const QModelIndexList indexes = widget_.selectionModel()->selectedIndexes();
-    return indexes.isEmpty() ? QModelIndex() : indexes.first();
 }
 
 void QtTreeView::repaint() {
     widget_.viewport()->repaint();
+}
+
+QtTreeView::Items::Items(QtTreeView& view)
+    : TreeItemModel(view.model(), view.widget_), view_(view) {}
+
+void QtTreeView::Items::redrawResumed() {
+    suspended_ = false;
+    for (const auto& [node, expanded] : std::exchange(wishes_, {}))
+        view_.expandNow(*node, expanded);
 }
 
 void QtTreeView::userExpanded(QModelIndex index) {
@@ -141,9 +124,7 @@ void QtTreeView::userExpanded(QModelIndex index) {
 void QtTreeView::userCollapsed(QModelIndex index) {
     if (silent_)
         return;
-    // The selection does not stay where it cannot be seen.
-    if (isBelow(selectedIndex(), index))
-        widget_.selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    bringOutSelection(index);
     if (const auto handler = onCollapse)
         guarded(dialogs_, [&] { handler(items_.nodeAt(index)); });
 }

@@ -2,33 +2,14 @@
 // The tree control over the portable model.
 
 #include <QPersistentModelIndex>
-#include <QTreeView>
+#include <unordered_map>
 
 #include "platform/desktop/qt/control.h"
 #include "platform/desktop/qt/tree_item_model.h"
+#include "platform/desktop/qt/tree_widget.h"
 #include "platform/dialogs.h"
 
 namespace pelk {
-
-/// A tree view that selects nothing of its own accord, opens one level at a time, and is as wide
-/// inside as the widest row seen since it was last empty.
-class TreeWidget : public QTreeView {
- public:
-    explicit TreeWidget(QWidget* parent);
-    void reset() override;
-
- protected:
-    int sizeHintForColumn(int column) const override;
-    void scrollContentsBy(int dx, int dy) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
-    void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) override;
-
- private:
-    bool takingFocus_ = false;
-    mutable int widestRow_ = 0;
-};
 
 /// A node that has lost its last child is closed, unless that happens while `onExpand` runs for
 /// it: then its children are counted when the handler has returned.
@@ -40,17 +21,42 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
     void select(TreeNode* node) override;
     TreeNode* selected() override;
+    void setExpanded(TreeNode& node, bool expanded) override;
     void repaint() override;
 
  private:
-    QModelIndex selectedIndex() const;
+    /// The rows, and which of them are to be opened or closed when redraw resumes.
+    class Items : public TreeItemModel {
+     public:
+        explicit Items(QtTreeView& view);
+        bool isSuspended() const { return suspended_; }
+        void expandLater(TreeNode& node, bool expanded) { wishes_[&node] = expanded; }
+        void dropWish(const TreeNode& node) { wishes_.erase(&node); }
+
+        void redrawSuspended() override { suspended_ = true; }
+        void redrawResumed() override;
+        void forgotten(const TreeNode& node) override { dropWish(node); }
+        void beforeClear() override {
+            wishes_.clear();
+            TreeItemModel::beforeClear();
+        }
+
+     private:
+        QtTreeView& view_;
+        bool suspended_ = false;
+        std::unordered_map<const TreeNode*, bool> wishes_;
+    };
+
+    void connectUserActs();
+    void expandNow(const TreeNode& node, bool expanded);
+    void bringOutSelection(const QModelIndex& closed);
     // The index is taken by value: what Qt refers to may go when the handler changes the tree.
     void userExpanded(QModelIndex index);
     void userCollapsed(QModelIndex index);
     void closeIfEmpty(const QModelIndex& index);
 
     Dialogs& dialogs_;
-    TreeItemModel items_;
+    Items items_;
     /// Set while the view is changed by code, which no handler hears of.
     bool silent_ = false;
     QPersistentModelIndex expanding_;

@@ -3,13 +3,17 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QWindow>
 #include <utility>
 
 #include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/list_view.h"
+#include "platform/desktop/qt/popup_menu.h"
 #include "platform/desktop/qt/simple_controls.h"
 #include "platform/desktop/qt/tree_view.h"
+#include "platform/desktop/qt/value_controls.h"
 #include "platform/guard.h"
 
 namespace pelk {
@@ -123,22 +127,55 @@ bool QtWindow::isVisible() const {
     return frame_->isVisible();
 }
 
+void QtWindow::setBusyPointer(bool busy) {
+    busy ? frame_->setCursor(Qt::WaitCursor) : frame_->unsetCursor();
+    // A line of text has a pointer of its own, in front of the window's.
+    for (QLineEdit* line : frame_->findChildren<QLineEdit*>())
+        if (line->cursor().shape() != Qt::ArrowCursor)
+            busy ? line->unsetCursor() : line->setCursor(Qt::IBeamCursor);
+}
+
 Label& QtWindow::addLabel(const Rect& bounds, const std::string& text) {
     Label& label = add(std::make_unique<QtLabel>(*frame_, scale_), bounds);
     label.setText(text);
     return label;
 }
 
+Picture& QtWindow::addPicture(const Rect& bounds, TreeImage image) {
+    return add(std::make_unique<QtPicture>(*frame_, scale_, image), bounds);
+}
+
 Button& QtWindow::addButton(const Rect& bounds, const std::string& text) {
     return add(std::make_unique<QtButton>(*frame_, scale_, text, dialogs_), bounds);
+}
+
+OptionButton& QtWindow::addOptionButton(const Rect& bounds, const std::string& text) {
+    return add(std::make_unique<QtOptionButton>(*frame_, scale_, text, options_, dialogs_), bounds);
+}
+
+TextBox& QtWindow::addTextBox(const Rect& bounds) {
+    return add(std::make_unique<QtTextBox>(*frame_, scale_, dialogs_), bounds);
+}
+
+Slider& QtWindow::addSlider(const Rect& bounds) {
+    return add(std::make_unique<QtSlider>(*frame_, scale_, dialogs_), bounds);
 }
 
 ProgressBar& QtWindow::addProgressBar(const Rect& bounds) {
     return add(std::make_unique<QtProgressBar>(*frame_, scale_), bounds);
 }
 
+ListView& QtWindow::addListView(const Rect& bounds) {
+    return add(std::make_unique<QtListView>(*frame_, scale_), bounds);
+}
+
 TreeView& QtWindow::addTreeView(const Rect& bounds) {
     return add(std::make_unique<QtTreeView>(*frame_, scale_, dialogs_, language_), bounds);
+}
+
+PopupMenu& QtWindow::addPopupMenu() {
+    menus_.push_back(std::make_unique<QtPopupMenu>(*frame_, dialogs_));
+    return *menus_.back();
 }
 
 QWidget& QtWindow::nativeWidget() {

@@ -1,6 +1,7 @@
 #pragma once
 // A top-level window with its controls.
 
+#include <QButtonGroup>
 #include <QEventLoop>
 #include <QWidget>
 #include <memory>
@@ -26,11 +27,18 @@ class QtWindow : public Window, public NativeWidget {
     void showModal() override;
     void hide() override;
     bool isVisible() const override;
+    void setBusyPointer(bool busy) override;
 
     Label& addLabel(const Rect& bounds, const std::string& text) override;
+    Picture& addPicture(const Rect& bounds, TreeImage image) override;
     Button& addButton(const Rect& bounds, const std::string& text) override;
+    OptionButton& addOptionButton(const Rect& bounds, const std::string& text) override;
+    TextBox& addTextBox(const Rect& bounds) override;
+    Slider& addSlider(const Rect& bounds) override;
     ProgressBar& addProgressBar(const Rect& bounds) override;
+    ListView& addListView(const Rect& bounds) override;
     TreeView& addTreeView(const Rect& bounds) override;
+    PopupMenu& addPopupMenu() override;
 
     QWidget& nativeWidget() override;
 
@@ -49,7 +57,9 @@ class QtWindow : public Window, public NativeWidget {
     Dialogs& dialogs_;
     const Language& language_;
     std::unique_ptr<Frame> frame_;
+    QButtonGroup options_;
     std::vector<std::unique_ptr<Control>> controls_;
+    std::vector<std::unique_ptr<PopupMenu>> menus_;
     /// The size of which `onResize` has been told, or that code has set since; none before the
     /// window is first shown.
     QSize knownSize_;

@@ -1,6 +1,8 @@
 #include "platform/windows/controls/dialogs.h"
 
 #include "platform/windows/controls/box.h"
+#include "platform/windows/controls/clipboard.h"
+#include "platform/windows/controls/file_dialog.h"
 #include "platform/windows/controls/pointer.h"
 #include "platform/windows/wide_text.h"
 
@@ -65,6 +67,20 @@ std::string Win32Dialogs::input(const std::string& title, const std::string& pro
     Box box(title.empty() ? kProgramName : toWide(title), toWide(prompt), {kOk, kCancel}, IDCANCEL);
     box.addLine(toWide(initial));
     return box.show() == IDOK ? toUtf8(box.line()) : std::string();
+}
+
+std::string Win32Dialogs::openFile(const std::string& title, const std::string& filter) {
+    const PointerForBox pointer;
+    return toUtf8(chooseFile(FilePurpose::Open, toWide(title), toWide(filter)));
+}
+
+std::string Win32Dialogs::saveFile(const std::string& title, const std::string& filter) {
+    const PointerForBox pointer;
+    return toUtf8(chooseFile(FilePurpose::Save, toWide(title), toWide(filter)));
+}
+
+void Win32Dialogs::copyToClipboard(const std::string& text) {
+    putOnClipboard(toWide(text));
 }
 
 void Win32Dialogs::setBusyPointer(bool busy) {

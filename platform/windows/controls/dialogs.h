@@ -1,5 +1,5 @@
 #pragma once
-// Message and input boxes, the pointer, and the pending events.
+// Message, input and file boxes, the clipboard, the pointer, and the pending events.
 
 #include "platform/dialogs.h"
 
@@ -11,6 +11,9 @@ class Win32Dialogs : public Dialogs {
     Answer message(const std::string& text, Buttons buttons) override;
     std::string input(const std::string& title, const std::string& prompt,
                       const std::string& initial) override;
+    std::string openFile(const std::string& title, const std::string& filter) override;
+    std::string saveFile(const std::string& title, const std::string& filter) override;
+    void copyToClipboard(const std::string& text) override;
     void setBusyPointer(bool busy) override;
     void processPendingEvents() override;
 };

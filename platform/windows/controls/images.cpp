@@ -66,6 +66,10 @@ void drawWeak(Canvas& canvas) {
 }
 void drawNothing(Canvas&) {}
 
+/// In the order of `TreeImage`.
+constexpr void (*kTreeDrawings[])(Canvas&) = {drawNothing, drawContact, drawMany,
+                                              drawStrong,  drawMedium,  drawWeak};
+
 void drawProgram(Canvas& canvas) {
     canvas.setColor(kPerson);
     canvas.roundedBox({0, 0}, {16, 16}, 3);
@@ -86,13 +90,16 @@ HICON drawn(void (*drawing)(Canvas&), int size) {
 
 HIMAGELIST createTreeImageList(int size) {
     const HIMAGELIST list = ImageList_Create(size, size, ILC_COLOR32 | ILC_MASK, 6, 0);
-    for (const auto drawing :
-         {drawNothing, drawContact, drawMany, drawStrong, drawMedium, drawWeak}) {
+    for (const auto drawing : kTreeDrawings) {
         const HICON icon = drawn(drawing, size);
         ImageList_ReplaceIcon(list, -1, icon);
         DestroyIcon(icon);
     }
     return list;
+}
+
+HICON createTreeIcon(TreeImage image, int size) {
+    return drawn(kTreeDrawings[static_cast<std::size_t>(image)], size);
 }
 
 HICON createProgramIcon(int size) {

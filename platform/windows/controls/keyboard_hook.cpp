@@ -19,12 +19,21 @@ Hook& theHook() {
     return hook;
 }
 
+/// A menu that is open takes the keys.
+bool isMenuOpen() {
+    GUITHREADINFO thread = {};
+    thread.cbSize = sizeof thread;
+    return GetGUIThreadInfo(GetCurrentThreadId(), &thread) &&
+           (thread.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0;
+}
+
 bool isKeyOfOurs(const MSG& message) {
     if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
         return false;
     const auto& windows = theHook().windows;
     return std::find(windows.begin(), windows.end(), GetAncestor(message.hwnd, GA_ROOT)) !=
-           windows.end();
+               windows.end() &&
+           !isMenuOpen();
 }
 
 /// A key that the dialog has handled reaches the host's loop as a message of no meaning.

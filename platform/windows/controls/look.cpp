@@ -36,7 +36,8 @@ Look::Look()
       treeImages_(createTreeImages(font_)),
       largeIcon_(createProgramIcon(GetSystemMetrics(SM_CXICON))),
       smallIcon_(createProgramIcon(GetSystemMetrics(SM_CXSMICON))) {
-    constexpr DWORD kKinds = ICC_TREEVIEW_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES;
+    constexpr DWORD kKinds = ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES |
+                             ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES;
     const WindowScope scope;
     INITCOMMONCONTROLSEX controls = {sizeof controls, kKinds};
     InitCommonControlsEx(&controls);

@@ -26,6 +26,9 @@ class NativeControl : public NativeHandle {
  public:
     virtual void commanded(WORD /*notification*/) {}
     virtual LRESULT notified(NMHDR&) { return 0; }
+    virtual void scrolled() {}
+    /// Whether the pointer is the arrow over this control, whatever its window shows.
+    virtual bool keepsArrowPointer() const = 0;
 };
 
 /// What a control is made from.
@@ -90,6 +93,8 @@ class Win32Control : public Interface, public NativeControl {
         }
         EnableWindow(handle_, enabled);
     }
+    void keepArrowPointer() override { keepsArrow_ = true; }
+    bool keepsArrowPointer() const override { return keepsArrow_; }
     HWND handle() const override { return handle_; }
 
  protected:
@@ -97,6 +102,7 @@ class Win32Control : public Interface, public NativeControl {
 
  private:
     HWND handle_;
+    bool keepsArrow_ = false;
 };
 
 }  // namespace pelk

@@ -17,12 +17,13 @@ bool isPointerBusy() {
     return busyNow;
 }
 
-INT_PTR showBusyPointer(HWND window) {
-    if (!busyNow)
-        return FALSE;
-    SetCursor(LoadCursorW(nullptr, IDC_WAIT));
-    SetWindowLongPtrW(window, DWLP_MSGRESULT, TRUE);
-    return TRUE;
+void refreshPointer(HWND window) {
+    POINT mouse = {};
+    GetCursorPos(&mouse);
+    const HWND under = WindowFromPoint(mouse);
+    if (under == window || IsChild(window, under))
+        SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
 }
 
 }  // namespace pelk

@@ -9,8 +9,7 @@ namespace pelk {
 void setPointerBusy(bool busy);
 bool isPointerBusy();
 
-/// What a window's procedure answers to WM_SETCURSOR: shows the hourglass over the dialog `window`
-/// and all in it and returns TRUE, or FALSE while nothing is busy.
-INT_PTR showBusyPointer(HWND window);
+/// To be called when `window` gets another pointer: shows it at once if the mouse is over it.
+void refreshPointer(HWND window);
 
 }  // namespace pelk

@@ -3,10 +3,34 @@
 #include <algorithm>
 
 #include "platform/guard.h"
+#include "platform/windows/controls/images.h"
 #include "platform/windows/controls/screen_dc.h"
 #include "platform/windows/controls/window_text.h"
 
 namespace pelk {
+
+namespace {
+
+bool isOptionButton(HWND control) {
+    return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
+}
+
+/// The other option buttons of the window, in their order.
+std::vector<HWND> otherOptionsOf(HWND option) {
+    std::vector<HWND> others;
+    for (HWND control = GetWindow(option, GW_HWNDFIRST); control != nullptr;
+         control = GetWindow(control, GW_HWNDNEXT))
+        if (control != option && isOptionButton(control))
+            others.push_back(control);
+    return others;
+}
+
+void addStyle(HWND control, DWORD style) {
+    SetWindowLongPtrW(control, GWL_STYLE,
+                      GetWindowLongPtrW(control, GWL_STYLE) | static_cast<LONG_PTR>(style));
+}
+
+}  // namespace
 
 Win32Label::Win32Label(const ControlPlace& place)
     : Win32Control(place, {L"STATIC", SS_LEFT | SS_NOPREFIX}) {}
@@ -37,12 +61,28 @@ void Win32Label::align() {
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
+Win32Picture::Win32Picture(const ControlPlace& place, TreeImage image)
+    : Win32Control(place, {L"STATIC", SS_ICON | SS_CENTERIMAGE}), image_(image) {}
+
+Win32Picture::~Win32Picture() {
+    DestroyIcon(icon_);
+}
+
+void Win32Picture::setBounds(const Rect& bounds) {
+    Win32Control::setBounds(bounds);
+    RECT space = {};
+    GetClientRect(handle(), &space);
+    const HICON before = icon_;
+    icon_ =
+        createTreeIcon(image_, static_cast<int>(std::max(1L, std::min(space.right, space.bottom))));
+    SendMessageW(handle(), STM_SETICON, reinterpret_cast<WPARAM>(icon_), 0);
+    if (before != nullptr)
+        DestroyIcon(before);
+}
+
 Win32Button::Win32Button(const ControlPlace& place, const std::string& text, Dialogs& dialogs)
     : Win32Control(place, {L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY | WS_TABSTOP}), dialogs_(dialogs) {
-    std::wstring shown;
-    for (const wchar_t letter : toWide(text))
-        shown += letter == L'&' ? L"&&" : std::wstring(1, letter);
-    SetWindowTextW(handle(), shown.c_str());
+    SetWindowTextW(handle(), toWide(text).c_str());
 }
 
 /// Enter presses the button that has the focus: that one is the default button.
@@ -54,6 +94,58 @@ void Win32Button::commanded(WORD notification) {
     else if (notification == BN_CLICKED)
         if (const auto handler = onClick)
             guarded(dialogs_, handler);
+}
+
+Win32OptionButton::Win32OptionButton(const ControlPlace& place, const std::string& text,
+                                     Dialogs& dialogs)
+    : Win32Control(place, {L"BUTTON", BS_AUTORADIOBUTTON}), dialogs_(dialogs) {
+    SetWindowTextW(handle(), toWide(text).c_str());
+    // The focus alone checks nothing.
+    SendMessageW(handle(), BM_SETDONTCLICK, TRUE, 0);
+    joinGroup();
+}
+
+/// For Windows a group is a run of controls: an option button stands behind the last one, whatever
+/// was added in between. Tab stops at the first until one is checked.
+void Win32OptionButton::joinGroup() const {
+    const std::vector<HWND> others = otherOptionsOf(handle());
+    if (others.empty())
+        addStyle(handle(), WS_GROUP | WS_TABSTOP);
+    else
+        SetWindowPos(handle(), others.back(), 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+void Win32OptionButton::endGroupBefore(HWND control) {
+    const HWND before = GetWindow(control, GW_HWNDPREV);
+    if (before != nullptr && isOptionButton(before) && !isOptionButton(control))
+        addStyle(control, WS_GROUP);
+}
+
+/// Windows clears those that are enabled, and only when the user checks one.
+void Win32OptionButton::clearOthers() const {
+    for (const HWND other : otherOptionsOf(handle()))
+        SendMessageW(other, BM_SETCHECK, BST_UNCHECKED, 0);
+}
+
+void Win32OptionButton::setChecked(bool checked) {
+    if (checked)
+        clearOthers();
+    else if (!isChecked())
+        return;
+    SendMessageW(handle(), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
+    addStyle(handle(), WS_TABSTOP);  // Windows takes it from what is not checked
+}
+
+bool Win32OptionButton::isChecked() const {
+    return SendMessageW(handle(), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void Win32OptionButton::commanded(WORD notification) {
+    if (notification != BN_CLICKED || !isChecked())
+        return;
+    clearOthers();
+    if (const auto handler = onClick)
+        guarded(dialogs_, handler);
 }
 
 Win32ProgressBar::Win32ProgressBar(const ControlPlace& place)

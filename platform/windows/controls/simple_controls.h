@@ -1,5 +1,5 @@
 #pragma once
-// Label, button and progress bar.
+// Label, picture, buttons and progress bar.
 
 #include "platform/dialogs.h"
 #include "platform/windows/controls/native_control.h"
@@ -18,6 +18,18 @@ class Win32Label : public Win32Control<Label> {
     void align();
 };
 
+/// The image is drawn as large as the bounds allow.
+class Win32Picture : public Win32Control<Picture> {
+ public:
+    Win32Picture(const ControlPlace& place, TreeImage image);
+    ~Win32Picture() override;
+    void setBounds(const Rect& bounds) override;
+
+ private:
+    TreeImage image_;
+    HICON icon_ = nullptr;
+};
+
 class Win32Button : public Win32Control<Button> {
  public:
     /// Faults of the click's handler go to `dialogs`.
@@ -25,6 +37,25 @@ class Win32Button : public Win32Control<Button> {
     void commanded(WORD notification) override;
 
  private:
+    Dialogs& dialogs_;
+};
+
+class Win32OptionButton : public Win32Control<OptionButton> {
+ public:
+    /// Faults of the click's handler go to `dialogs`.
+    Win32OptionButton(const ControlPlace& place, const std::string& text, Dialogs& dialogs);
+    void setChecked(bool checked) override;
+    bool isChecked() const override;
+    void commanded(WORD notification) override;
+
+    /// To be called for a control that was just added: the arrow keys do not go on to it from the
+    /// option buttons before it.
+    static void endGroupBefore(HWND control);
+
+ private:
+    void joinGroup() const;
+    void clearOthers() const;
+
     Dialogs& dialogs_;
 };
 

@@ -1,8 +1,9 @@
 #include "platform/windows/controls/tree_items.h"
-#include "platform/readable_color.h"
 
 #include <utility>
 
+#include "platform/readable_color.h"
+#include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
@@ -32,6 +33,16 @@ bool isHighContrast() {
 
 int CALLBACK compareRows(LPARAM one, LPARAM other, LPARAM) {
     return reinterpret_cast<TreeNode*>(one)->row() - reinterpret_cast<TreeNode*>(other)->row();
+}
+
+bool isBelow(const TreeNode* node, const TreeNode& ancestor) {
+    while (node != nullptr && node->parent() != &ancestor)
+        node = node->parent();
+    return node != nullptr;
+}
+
+LPARAM asParameter(HTREEITEM item) {
+    return reinterpret_cast<LPARAM>(item);
 }
 
 /// An item that knows no more than its node.
@@ -88,6 +99,94 @@ TreeNode* TreeItems::selected() const {
     return nodeOf(reinterpret_cast<HTREEITEM>(SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_CARET, 0)));
 }
 
+bool TreeItems::isExpanded(const TreeNode& node) const {
+    const HTREEITEM item = itemOf(node);
+    return item != nullptr &&
+           (SendMessageW(tree_, TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(item), TVIS_EXPANDED) &
+            TVIS_EXPANDED) != 0;
+}
+
+void TreeItems::setExpanded(const TreeNode& node, bool expanded) {
+    if (suspended_)
+        wishes_[&node] = expanded;
+    else
+        expandNow(node, expanded);
+}
+
+void TreeItems::expandAbove(const TreeNode& node) {
+    for (const TreeNode* above = node.parent(); above->parent() != nullptr;
+         above = above->parent()) {
+        wishes_.erase(above);
+        expandNow(*above, true);
+    }
+}
+
+void TreeItems::expandNow(const TreeNode& node, bool expanded) {
+    const HTREEITEM item = itemOf(node);
+    if (item == nullptr || node.shownCount() == 0 || isExpanded(node) == expanded)
+        return;
+    const FlagScope expanding(expanding_);
+    if (!expanded)
+        takeSelectionFromBelow(node);
+    SendMessageW(tree_, TVM_EXPAND, expanded ? TVE_EXPAND : TVE_COLLAPSE, asParameter(item));
+}
+
+void TreeItems::takeSelectionFromBelow(const TreeNode& node) const {
+    if (isBelow(selected(), node))
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, asParameter(itemOf(node)));
+}
+
+/// New items are inserted open. To open or close one later may cost the native tree a walk over all
+/// its rows, so that of many it is cheaper to insert all items again.
+void TreeItems::fulfilWishes() {
+    std::erase_if(wishes_, [this](const auto& wish) {
+        const auto& [node, expanded] = wish;
+        return node->shownCount() == 0 || isExpanded(*node) == expanded;
+    });
+    if (wishes_.size() >= kManyRows)
+        rebuild();
+    else
+        for (const auto& [node, expanded] : wishes_)
+            expandNow(*node, expanded);
+    wishes_.clear();
+}
+
+bool TreeItems::isWishedOpen(const TreeNode& node) const {
+    const auto wish = wishes_.find(&node);
+    return wish != wishes_.end() && wish->second && node.shownCount() > 0;
+}
+
+/// The node itself when all above it are open.
+const TreeNode* TreeItems::highestClosedAbove(const TreeNode& node) const {
+    const TreeNode* highest = &node;
+    for (const TreeNode* above = node.parent(); above->parent() != nullptr; above = above->parent())
+        if (!isExpanded(*above))
+            highest = above;
+    return highest;
+}
+
+/// Inserts all items again, as open as they are or are wished to be.
+void TreeItems::rebuild() {
+    const FlagScope rebuilding(rebuilding_);
+    const auto nodeAt = [this](WPARAM relation) {
+        return nodeOf(
+            reinterpret_cast<HTREEITEM>(SendMessageW(tree_, TVM_GETNEXTITEM, relation, 0)));
+    };
+    const TreeNode* const top = nodeAt(TVGN_FIRSTVISIBLE);
+    const TreeNode* const selection = nodeAt(TVGN_CARET);
+    const TreeNode& root = *nodeAt(TVGN_ROOT)->parent();
+    for (const auto& [node, item] : items_)
+        if (node->shownCount() > 0)
+            wishes_.try_emplace(node, isExpanded(*node));
+    deleteAll();
+    insertRows(root, 0, root.shownCount() - 1);
+    if (selection != nullptr)
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET,
+                     asParameter(itemOf(*highestClosedAbove(*selection))));
+    if (top != nullptr)
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, asParameter(itemOf(*top)));
+}
+
 void TreeItems::fillIn(TVITEMW& item) const {
     const TreeNode& node = *reinterpret_cast<const TreeNode*>(item.lParam);
     if ((item.mask & TVIF_TEXT) != 0)
@@ -118,7 +217,7 @@ LRESULT TreeItems::paint(NMTVCUSTOMDRAW& drawing) const {
 void TreeItems::itemGone(const TVITEMW& item) {
     const auto* const node = reinterpret_cast<const TreeNode*>(item.lParam);
     items_.erase(node);
-    if (onGone)
+    if (onGone && !rebuilding_)
         onGone(*node);
 }
 
@@ -146,6 +245,10 @@ void TreeItems::insertRows(const TreeNode& parent, int firstRow, int lastRow) {
         inserted.item = askingItem();
         inserted.item.mask |= TVIF_PARAM;
         inserted.item.lParam = reinterpret_cast<LPARAM>(node);
+        if (isWishedOpen(*node)) {
+            inserted.item.mask |= TVIF_STATE;
+            inserted.item.state = inserted.item.stateMask = TVIS_EXPANDED;
+        }
         inserted.hInsertAfter = reinterpret_cast<HTREEITEM>(
             SendMessageW(tree_, TVM_INSERTITEMW, 0, reinterpret_cast<LPARAM>(&inserted)));
         items_[node] = inserted.hInsertAfter;
@@ -185,11 +288,16 @@ void TreeItems::afterReorder(TreeNode& parent) {
 }
 
 void TreeItems::beforeClear() {
+    wishes_.clear();
     holdRedraw();
+    deleteAll();
+    releaseRedraw();
+}
+
+void TreeItems::deleteAll() {
     SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, 0);
     while (const LRESULT first = SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_ROOT, 0))
         SendMessageW(tree_, TVM_DELETEITEM, 0, first);
-    releaseRedraw();
 }
 
 void TreeItems::changed(TreeNode& node) {
@@ -204,8 +312,10 @@ void TreeItems::redrawSuspended() {
 }
 
 void TreeItems::redrawResumed() {
-    if (std::exchange(suspended_, false))
-        releaseRedraw();
+    if (!std::exchange(suspended_, false))
+        return;
+    fulfilWishes();
+    releaseRedraw();
 }
 
 void TreeItems::holdRedraw() {

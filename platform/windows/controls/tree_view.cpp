@@ -1,6 +1,9 @@
 #include "platform/windows/controls/tree_view.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
+#include <cstring>
 
 #include "platform/guard.h"
 #include "platform/windows/controls/flag_scope.h"
@@ -12,12 +15,6 @@ namespace {
 constexpr DWORD kStyle = TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT | TVS_SHOWSELALWAYS |
                          TVS_DISABLEDRAGDROP | WS_TABSTOP;
 constexpr LPARAM kDoubleBuffer = 4;
-
-bool isBelow(const TreeNode* node, const TreeNode& ancestor) {
-    while (node != nullptr && node->parent() != &ancestor)
-        node = node->parent();
-    return node != nullptr;
-}
 
 LPARAM asParameter(HTREEITEM item) {
     return reinterpret_cast<LPARAM>(item);
@@ -46,11 +43,9 @@ Win32TreeView::~Win32TreeView() {
 }
 
 void Win32TreeView::select(TreeNode* node) {
-    const FlagScope silence(silent_);
     const HTREEITEM item = node == nullptr ? nullptr : items_.itemOf(*node);
     if (item != nullptr)
-        for (TreeNode* above = node->parent(); above->parent() != nullptr; above = above->parent())
-            expandSilently(*above);
+        items_.expandAbove(*node);
     SendMessageW(handle(), TVM_SELECTITEM, TVGN_CARET, asParameter(item));
     if (item != nullptr)
         SendMessageW(handle(), TVM_ENSUREVISIBLE, 0, asParameter(item));
@@ -77,7 +72,10 @@ LRESULT Win32TreeView::notified(NMHDR& header) {
         case TVN_ITEMEXPANDINGW:
             return changesNothing(reinterpret_cast<NMTREEVIEWW&>(header)) ? TRUE : FALSE;
         case TVN_ITEMEXPANDEDW:
-            noteAct(reinterpret_cast<NMTREEVIEWW&>(header));
+            noteExpansion(reinterpret_cast<NMTREEVIEWW&>(header));
+            return 0;
+        case TVN_SELCHANGEDW:
+            noteSelection(reinterpret_cast<NMTREEVIEWW&>(header));
             return 0;
         default:
             return 0;
@@ -92,25 +90,48 @@ LRESULT CALLBACK Win32TreeView::procedure(HWND window, UINT message, WPARAM wpar
 }
 
 LRESULT Win32TreeView::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_SETFOCUS) {
-        const FlagScope taking(takingFocus_);
-        return callNative(message, wparam, lparam);
-    }
-    if (message != WM_KEYDOWN)
-        return callNative(message, wparam, lparam);
-    if (selectFirstByKey(wparam))
-        return 0;
-    // Nodes are filled when they are opened, so opening all that stands below one has no end.
-    return callNative(message, wparam == VK_MULTIPLY ? VK_ADD : wparam, lparam);
-}
-
-LRESULT Win32TreeView::callNative(UINT message, WPARAM wparam, LPARAM lparam) {
     ++depth_;
-    const LRESULT result = CallWindowProcW(native_, handle(), message, wparam, lparam);
+    const LRESULT result = respond(message, wparam, lparam);
     --depth_;
-    if (depth_ == 0 && !acts_.empty())
+    if (depth_ == 0 && !telling_)
         tellOfActs();
     return result;
+}
+
+LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
+    const POINT point = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+    switch (message) {
+        case WM_SETFOCUS: {
+            const FlagScope taking(takingFocus_);
+            return callNative(message, wparam, lparam);
+        }
+        case WM_KEYDOWN:
+            return keyPressed(wparam, lparam);
+        // The native tree would wait for the release in a loop of its own.
+        case WM_RBUTTONDOWN:
+        case WM_RBUTTONDBLCLK:
+            rightPressed(point);
+            return 0;
+        case WM_RBUTTONUP:  // becomes WM_CONTEXTMENU
+            return DefWindowProcW(handle(), message, wparam, lparam);
+        case WM_CONTEXTMENU:
+            return menuRequested(point) ? 0 : callNative(message, wparam, lparam);
+        default:
+            return callNative(message, wparam, lparam);
+    }
+}
+
+LRESULT Win32TreeView::callNative(UINT message, WPARAM wparam, LPARAM lparam) const {
+    return CallWindowProcW(native_, handle(), message, wparam, lparam);
+}
+
+LRESULT Win32TreeView::keyPressed(WPARAM key, LPARAM lparam) {
+    if (key == VK_DELETE)
+        acts_.push_back({Act::Kind::PressDelete, nullptr, {}});
+    if (key == VK_DELETE || selectFirstByKey(key))
+        return 0;
+    // Nodes are filled when they are opened, so opening all that stands below one has no end.
+    return callNative(WM_KEYDOWN, key == VK_MULTIPLY ? VK_ADD : key, lparam);
 }
 
 /// The arrow keys start from the selected row; without one they go to the first.
@@ -118,8 +139,58 @@ bool Win32TreeView::selectFirstByKey(WPARAM key) {
     const bool moves = key >= VK_PRIOR && key <= VK_DOWN;  // pages, End, Home, arrows
     if (!moves || selected() != nullptr || model().root().shownCount() == 0)
         return false;
-    select(model().root().children().front());
+    TreeNode* const first = model().root().children().front();
+    select(first);
+    acts_.push_back({Act::Kind::Select, first, {}});
     return true;
+}
+
+/// Selects the row at that point of the tree.
+void Win32TreeView::rightPressed(POINT point) {
+    SetFocus(handle());
+    TVHITTESTINFO hit = {};
+    hit.pt = point;
+    SendMessageW(handle(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+    TreeNode* const node = items_.nodeOf(hit.hItem);
+    if (node == nullptr || node == selected())
+        return;
+    SendMessageW(handle(), TVM_SELECTITEM, TVGN_CARET, asParameter(hit.hItem));
+    acts_.push_back({Act::Kind::Select, node, {}});
+}
+
+/// Returns false for a menu that is not the tree's: that of a scroll bar.
+bool Win32TreeView::menuRequested(POINT where) {
+    const bool byKey = where.x == -1 && where.y == -1;
+    if (byKey) {
+        const std::optional<POINT> place = placeOfSelection();
+        if (!place)
+            return true;
+        where = *place;
+    }
+    POINT inside = where;
+    RECT inner = {};
+    ScreenToClient(handle(), &inside);
+    GetClientRect(handle(), &inner);
+    if (!byKey && !PtInRect(&inner, inside))
+        return false;
+    acts_.push_back(
+        {Act::Kind::RequestMenu, nullptr, {static_cast<int>(where.x), static_cast<int>(where.y)}});
+    return true;
+}
+
+/// The lower left corner of the selected row's text, on the screen.
+std::optional<POINT> Win32TreeView::placeOfSelection() const {
+    const TreeNode* const node = items_.selected();
+    if (node == nullptr)
+        return std::nullopt;
+    const HTREEITEM item = items_.itemOf(*node);
+    SendMessageW(handle(), TVM_ENSUREVISIBLE, 0, asParameter(item));
+    RECT row = {};
+    std::memcpy(&row, &item, sizeof item);
+    SendMessageW(handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&row));
+    POINT corner = {row.left, row.bottom};
+    ClientToScreen(handle(), &corner);
+    return corner;
 }
 
 /// The key that expands a node does so again when it is expanded.
@@ -129,17 +200,48 @@ bool Win32TreeView::changesNothing(const NMTREEVIEWW& event) const {
     return (event.action & TVE_TOGGLE) == TVE_EXPAND && (state & TVIS_EXPANDED) != 0;
 }
 
-void Win32TreeView::noteAct(const NMTREEVIEWW& event) {
-    if (!silent_)
-        acts_.push_back({reinterpret_cast<TreeNode*>(event.itemNew.lParam),
-                         (event.itemNew.state & TVIS_EXPANDED) != 0});
+void Win32TreeView::noteExpansion(const NMTREEVIEWW& event) {
+    const bool expanded = (event.itemNew.state & TVIS_EXPANDED) != 0;
+    if (!items_.isExpanding())
+        acts_.push_back({expanded ? Act::Kind::Expand : Act::Kind::Collapse,
+                         reinterpret_cast<TreeNode*>(event.itemNew.lParam),
+                         {}});
+}
+
+void Win32TreeView::noteSelection(const NMTREEVIEWW& event) {
+    const bool byUser = event.action == TVC_BYMOUSE || event.action == TVC_BYKEYBOARD;
+    if (byUser && event.itemNew.hItem != nullptr)
+        acts_.push_back({Act::Kind::Select, reinterpret_cast<TreeNode*>(event.itemNew.lParam), {}});
 }
 
 void Win32TreeView::tellOfActs() {
+    const FlagScope telling(telling_);
     while (!acts_.empty()) {
         const Act act = acts_.front();
         acts_.pop_front();
-        act.expanded ? userExpanded(*act.node) : userCollapsed(*act.node);
+        tellOf(act);
+    }
+}
+
+void Win32TreeView::tellOf(const Act& act) {
+    switch (act.kind) {
+        case Act::Kind::Expand:
+            userExpanded(*act.node);
+            return;
+        case Act::Kind::Collapse:
+            userCollapsed(*act.node);
+            return;
+        case Act::Kind::Select:
+            if (const auto handler = onSelect)
+                guarded(dialogs_, [&] { handler(*act.node); });
+            return;
+        case Act::Kind::RequestMenu:
+            if (const auto handler = onMenuRequest)
+                guarded(dialogs_, [&] { handler(act.where); });
+            return;
+        case Act::Kind::PressDelete:
+            if (const auto handler = onDeleteKey)
+                guarded(dialogs_, handler);
     }
 }
 
@@ -156,21 +258,14 @@ void Win32TreeView::userExpanded(TreeNode& node) {
     if (!there)
         return;
     // The native tree has closed the node if it was without children for a moment.
-    const FlagScope silence(silent_);
-    node.shownCount() == 0 ? closeIfEmpty(node) : expandSilently(node);
+    node.shownCount() == 0 ? closeIfEmpty(node) : items_.setExpanded(node, true);
 }
 
 void Win32TreeView::userCollapsed(TreeNode& node) {
     // The selection does not stay where it cannot be seen.
-    if (isBelow(selected(), node))
-        SendMessageW(handle(), TVM_SELECTITEM, TVGN_CARET, asParameter(items_.itemOf(node)));
+    items_.takeSelectionFromBelow(node);
     if (const auto handler = onCollapse)
         guarded(dialogs_, [&] { handler(node); });
-}
-
-/// Requires: `silent_`.
-void Win32TreeView::expandSilently(const TreeNode& node) {
-    SendMessageW(handle(), TVM_EXPAND, TVE_EXPAND, asParameter(items_.itemOf(node)));
 }
 
 void Win32TreeView::closeIfEmpty(const TreeNode& node) {

@@ -2,6 +2,8 @@
 // The tree control over the portable model.
 
 #include <deque>
+#include <optional>
+#include <vector>
 
 #include "platform/dialogs.h"
 #include "platform/windows/controls/native_control.h"
@@ -22,28 +24,39 @@ class Win32TreeView : public Win32Control<TreeView> {
 
     void select(TreeNode* node) override;
     TreeNode* selected() override { return items_.selected(); }
+    void setExpanded(TreeNode& node, bool expanded) override { items_.setExpanded(node, expanded); }
     void repaint() override;
 
     LRESULT notified(NMHDR& header) override;
 
  private:
-    /// What the user did to a node.
+    /// What the user did.
     struct Act {
-        TreeNode* node;
-        bool expanded;
+        enum class Kind { Expand, Collapse, Select, RequestMenu, PressDelete };
+        Kind kind;
+        /// What it was done to; null for the last two.
+        TreeNode* node = nullptr;
+        /// Where the menu is to open.
+        ScreenPoint where;
     };
 
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT handleMessage(UINT message, WPARAM wparam, LPARAM lparam);
-    LRESULT callNative(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT respond(UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT callNative(UINT message, WPARAM wparam, LPARAM lparam) const;
+    LRESULT keyPressed(WPARAM key, LPARAM lparam);
     bool selectFirstByKey(WPARAM key);
+    void rightPressed(POINT point);
+    bool menuRequested(POINT where);
+    std::optional<POINT> placeOfSelection() const;
 
     bool changesNothing(const NMTREEVIEWW& event) const;
-    void noteAct(const NMTREEVIEWW& event);
+    void noteExpansion(const NMTREEVIEWW& event);
+    void noteSelection(const NMTREEVIEWW& event);
     void tellOfActs();
+    void tellOf(const Act& act);
     void userExpanded(TreeNode& node);
     void userCollapsed(TreeNode& node);
-    void expandSilently(const TreeNode& node);
     void closeIfEmpty(const TreeNode& node);
     bool isExpanding(const TreeNode& node) const;
     void forget(const TreeNode& node);
@@ -53,10 +66,10 @@ class Win32TreeView : public Win32Control<TreeView> {
     WNDPROC native_ = nullptr;
     /// How many messages the native tree is in the middle of.
     int depth_ = 0;
-    /// Set while the tree is changed by code, which no handler hears of.
-    bool silent_ = false;
     bool takingFocus_ = false;
     std::deque<Act> acts_;
+    /// Set while handlers run: what the user does meanwhile is told when they have returned.
+    bool telling_ = false;
     /// The nodes for which `onExpand` runs; null for one that has gone meanwhile.
     std::vector<const TreeNode*> expanding_;
 };

@@ -5,9 +5,12 @@
 #include "platform/guard.h"
 #include "platform/windows/controls/dialog_template.h"
 #include "platform/windows/controls/flag_scope.h"
+#include "platform/windows/controls/list_view.h"
 #include "platform/windows/controls/pointer.h"
+#include "platform/windows/controls/popup_menu.h"
 #include "platform/windows/controls/simple_controls.h"
 #include "platform/windows/controls/tree_view.h"
+#include "platform/windows/controls/value_controls.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
@@ -156,6 +159,11 @@ bool Win32Window::isVisible() const {
     return IsWindowVisible(handle_) != FALSE;
 }
 
+void Win32Window::setBusyPointer(bool busy) {
+    busy_ = busy;
+    refreshPointer(handle_);
+}
+
 ControlPlace Win32Window::nextPlace() const {
     return {handle_, kFirstControl + static_cast<int>(controls_.size()), look_};
 }
@@ -166,16 +174,41 @@ Label& Win32Window::addLabel(const Rect& bounds, const std::string& text) {
     return label;
 }
 
+Picture& Win32Window::addPicture(const Rect& bounds, TreeImage image) {
+    return add(std::make_unique<Win32Picture>(nextPlace(), image), bounds);
+}
+
 Button& Win32Window::addButton(const Rect& bounds, const std::string& text) {
     return add(std::make_unique<Win32Button>(nextPlace(), text, dialogs_), bounds);
+}
+
+OptionButton& Win32Window::addOptionButton(const Rect& bounds, const std::string& text) {
+    return add(std::make_unique<Win32OptionButton>(nextPlace(), text, dialogs_), bounds);
+}
+
+TextBox& Win32Window::addTextBox(const Rect& bounds) {
+    return add(std::make_unique<Win32TextBox>(nextPlace(), dialogs_), bounds);
+}
+
+Slider& Win32Window::addSlider(const Rect& bounds) {
+    return add(std::make_unique<Win32Slider>(nextPlace(), dialogs_), bounds);
 }
 
 ProgressBar& Win32Window::addProgressBar(const Rect& bounds) {
     return add(std::make_unique<Win32ProgressBar>(nextPlace()), bounds);
 }
 
+ListView& Win32Window::addListView(const Rect& bounds) {
+    return add(std::make_unique<Win32ListView>(nextPlace()), bounds);
+}
+
 TreeView& Win32Window::addTreeView(const Rect& bounds) {
     return add(std::make_unique<Win32TreeView>(nextPlace(), dialogs_, language_), bounds);
+}
+
+PopupMenu& Win32Window::addPopupMenu() {
+    menus_.push_back(std::make_unique<Win32PopupMenu>(handle_, dialogs_));
+    return *menus_.back();
 }
 
 template <class Kind>
@@ -184,12 +217,18 @@ Kind& Win32Window::add(std::unique_ptr<Kind> control, const Rect& bounds) {
     natives_.push_back(control.get());
     controls_.push_back(std::move(control));
     added.setBounds(bounds);
+    Win32OptionButton::endGroupBefore(added.handle());
     return added;
 }
 
 NativeControl* Win32Window::controlOf(int id) const {
     const auto index = static_cast<std::size_t>(id - kFirstControl);
     return id >= kFirstControl && index < natives_.size() ? natives_[index] : nullptr;
+}
+
+NativeControl* Win32Window::controlOf(HWND control) const {
+    NativeControl* const found = controlOf(GetDlgCtrlID(control));
+    return found != nullptr && found->handle() == control ? found : nullptr;
 }
 
 INT_PTR CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -226,7 +265,11 @@ INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return TRUE;
         }
         case WM_SETCURSOR:
-            return showBusyPointer(handle_);
+            return choosePointer(reinterpret_cast<HWND>(wparam));
+        case WM_HSCROLL:
+            if (NativeControl* const control = controlOf(reinterpret_cast<HWND>(lparam)))
+                control->scrolled();
+            return TRUE;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             colorsChanged(message);
@@ -245,10 +288,21 @@ INT_PTR Win32Window::handleCommand(WORD id, WORD notification) {
 }
 
 INT_PTR Win32Window::handleNotification(NMHDR& header) {
-    NativeControl* const control = controlOf(static_cast<int>(header.idFrom));
-    if (control == nullptr || control->handle() != header.hwndFrom)
+    NativeControl* const control = controlOf(header.hwndFrom);
+    if (control == nullptr)
         return FALSE;
     SetWindowLongPtrW(handle_, DWLP_MSGRESULT, control->notified(header));
+    return TRUE;
+}
+
+/// Unless the window is busy, Windows chooses.
+INT_PTR Win32Window::choosePointer(HWND under) const {
+    const NativeControl* const control = controlOf(under);
+    const bool arrow = control != nullptr && control->keepsArrowPointer();
+    if (!arrow && !busy_ && !isPointerBusy())
+        return FALSE;
+    SetCursor(LoadCursorW(nullptr, arrow ? IDC_ARROW : IDC_WAIT));
+    SetWindowLongPtrW(handle_, DWLP_MSGRESULT, TRUE);
     return TRUE;
 }
 

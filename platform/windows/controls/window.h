@@ -28,10 +28,18 @@ class Win32Window : public Window, public NativeHandle {
     void hide() override;
     bool isVisible() const override;
 
+    void setBusyPointer(bool busy) override;
+
     Label& addLabel(const Rect& bounds, const std::string& text) override;
+    Picture& addPicture(const Rect& bounds, TreeImage image) override;
     Button& addButton(const Rect& bounds, const std::string& text) override;
+    OptionButton& addOptionButton(const Rect& bounds, const std::string& text) override;
+    TextBox& addTextBox(const Rect& bounds) override;
+    Slider& addSlider(const Rect& bounds) override;
     ProgressBar& addProgressBar(const Rect& bounds) override;
+    ListView& addListView(const Rect& bounds) override;
     TreeView& addTreeView(const Rect& bounds) override;
+    PopupMenu& addPopupMenu() override;
 
     HWND handle() const override { return handle_; }
 
@@ -41,7 +49,10 @@ class Win32Window : public Window, public NativeHandle {
     INT_PTR handleCommand(WORD id, WORD notification);
     INT_PTR handleNotification(NMHDR& header);
 
+    INT_PTR choosePointer(HWND under) const;
+
     NativeControl* controlOf(int id) const;
+    NativeControl* controlOf(HWND control) const;
     template <class Kind>
     Kind& add(std::unique_ptr<Kind> control, const Rect& bounds);
     ControlPlace nextPlace() const;
@@ -63,6 +74,8 @@ class Win32Window : public Window, public NativeHandle {
     std::unique_ptr<KeyboardNavigation> navigation_;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<NativeControl*> natives_;
+    std::vector<std::unique_ptr<PopupMenu>> menus_;
+    bool busy_ = false;
     SIZE size_ = {};
     SIZE minimum_ = {};
     /// The size of which `onResize` has been told, or that code has set since; none before the

@@ -4,10 +4,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTimer>
 
 #include "platform/desktop/qt/dialogs.h"
@@ -93,6 +95,13 @@ TEST(QtDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     dialogs.setBusyPointer(false);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(QtDialogs, CopiesTextAsItIs) {
+    QtDialogs().copyToClipboard("<b>Åsa</b>\n& co");
+    const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
+    EXPECT_EQ(copied.text(), "<b>Åsa</b>\n& co");
+    EXPECT_FALSE(copied.hasHtml());
 }
 
 }  // namespace

@@ -93,7 +93,7 @@ TEST(QtLook, TreeItemModelKeepsQtsRules) {
     window.show();
     for (int step = 0; step < 1500; ++step) {
         TreeNode& node = anyNode();
-        const auto act = below(12);
+        const auto act = below(13);
         if (act < 5)
             model.add(node, std::to_string(below(1000)));
         else if (act == 5)
@@ -108,6 +108,8 @@ TEST(QtLook, TreeItemModelKeepsQtsRules) {
             model.resumeRedraw();
         else if (act == 10 && below(20) == 0)
             below(2) == 0 ? model.clear() : model.removeChildren(node);
+        else if (act == 12)
+            tree.setExpanded(node, below(3) != 0);
         else if (node.parent() != nullptr)
             model.setText(node, "x");
         if (step % 50 == 0)

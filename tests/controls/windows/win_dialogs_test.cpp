@@ -6,6 +6,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/error.h"
 #include "platform/windows/controls/dialogs.h"
 #include "platform/windows/controls/pointer.h"
 #include "platform/windows/controls/window_text.h"
@@ -151,6 +152,31 @@ TEST(WinDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
     dialogs.setBusyPointer(false);
     EXPECT_NE(GetCursor(), wait);
     EXPECT_FALSE(isPointerBusy());
+}
+
+std::wstring clipboardText() {
+    EXPECT_TRUE(OpenClipboard(nullptr));
+    const HANDLE memory = GetClipboardData(CF_UNICODETEXT);
+    const auto* const text = static_cast<const wchar_t*>(GlobalLock(memory));
+    const std::wstring copy = text == nullptr ? L"" : text;
+    GlobalUnlock(memory);
+    CloseClipboard();
+    return copy;
+}
+
+TEST(WinDialogs, CopiesUnlessSomeoneHoldsTheClipboard) {
+    Win32Dialogs dialogs;
+    dialogs.copyToClipboard("gone");
+    dialogs.copyToClipboard("\xC3\x85sa\nBob\r\n\xF0\x9F\x98\x80");
+    EXPECT_EQ(clipboardText(), L"\u00C5sa\r\nBob\r\n\xD83D\xDE00");
+
+    const HWND other =
+        CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(OpenClipboard(other));
+    EXPECT_THROW(dialogs.copyToClipboard("lost"), Error);
+    CloseClipboard();
+    DestroyWindow(other);
+    EXPECT_EQ(clipboardText().substr(0, 3), L"\u00C5sa");
 }
 
 TEST(WinDialogs, PendingEventsLeaveTheRequestToQuitToTheHost) {

@@ -152,6 +152,35 @@ TEST_F(WinTree, FollowsItsModelThroughRandomEdits) {
     }
 }
 
+TEST_F(WinTree, OpensAndClosesManyAtOnce) {
+    constexpr int kMany = 40;
+    for (int row = 0; row < kMany; ++row)
+        model_.add(model_.add(model_.root(), "x"), "y");
+    const auto top = model_.root().children();
+    const auto setAll = [&](bool expanded) {
+        model_.suspendRedraw();
+        for (TreeNode* node : top)
+            tree_.setExpanded(*node, expanded);
+        model_.resumeRedraw();
+        platform_.driver().settle();
+        ASSERT_NO_FATAL_FAILURE(expectSame(model_.root(), {}));
+        for (const TreeRow& row : platform_.driver().rows(tree_))
+            EXPECT_EQ(row.expanded, expanded);
+    };
+    int told = 0;
+    tree_.onExpand = tree_.onCollapse = tree_.onSelect = [&told](TreeNode&) { ++told; };
+    tree_.select(top[kMany - 1]->children()[0]);
+    int inView = 0;
+    while (!platform_.driver().isInView(tree_, {inView}))
+        ++inView;
+    setAll(true);
+    EXPECT_EQ(tree_.selected(), top[kMany - 1]->children()[0]);
+    EXPECT_TRUE(platform_.driver().isInView(tree_, {inView})) << "it has scrolled away";
+    setAll(false);
+    EXPECT_EQ(tree_.selected(), top[kMany - 1]) << "the selection does not stay out of sight";
+    EXPECT_EQ(told, 0);
+}
+
 }  // namespace
 
 }  // namespace pelk

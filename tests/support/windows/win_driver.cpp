@@ -4,225 +4,40 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <cstring>
+#include <cmath>
+#include <cstdlib>
 #include <deque>
 #include <utility>
 
-#include "platform/windows/controls/native_control.h"
+#include "platform/windows/controls/images.h"
 #include "platform/windows/controls/screen_dc.h"
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/controls/window_text.h"
 #include "tests/support/test_platform.h"
+#include "tests/support/windows/native_tree.h"
+#include "tests/support/windows/win_acts.h"
 
 namespace pelk {
 
 namespace {
 
-template <class Shown>
-HWND native(Shown& shown) {
-    return dynamic_cast<NativeHandle&>(shown).handle();
-}
-
 /// In the order of `Key`.
-constexpr WPARAM kVirtualKeys[] = {VK_RETURN, VK_ESCAPE, VK_TAB, VK_UP,       VK_DOWN,
-                                   VK_LEFT,   VK_RIGHT,  VK_ADD, VK_SUBTRACT, VK_MULTIPLY};
+constexpr WPARAM kVirtualKeys[] = {VK_RETURN,   VK_ESCAPE,   VK_TAB,   VK_UP,
+                                   VK_DOWN,     VK_LEFT,     VK_RIGHT, VK_ADD,
+                                   VK_SUBTRACT, VK_MULTIPLY, VK_DELETE};
 
-/// Handles what waits, as the host's loop does: it knows nothing of our windows.
-void handleMessages() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
+/// The pixels of an icon, from which its drawing can be told.
+std::vector<DWORD> pixelsOf(HICON icon) {
+    ICONINFO parts = {};
+    EXPECT_TRUE(GetIconInfo(icon, &parts)) << "There is no image";
+    BITMAP size = {};
+    GetObjectW(parts.hbmColor, sizeof size, &size);
+    std::vector<DWORD> pixels(static_cast<std::size_t>(size.bmWidth * size.bmHeight));
+    GetBitmapBits(parts.hbmColor, static_cast<LONG>(pixels.size() * sizeof(DWORD)), pixels.data());
+    DeleteObject(parts.hbmColor);
+    DeleteObject(parts.hbmMask);
+    return pixels;
 }
-
-/// Clicks at a point of the control; a window that is disabled, or hidden behind a control in
-/// front, keeps the click away.
-void clickAt(HWND control, POINT point) {
-    RECT inner = {};
-    GetClientRect(control, &inner);
-    if (!IsWindowVisible(control) || !PtInRect(&inner, point)) {
-        ADD_FAILURE() << "A click on what is not shown";
-        return;
-    }
-    const HWND top = GetAncestor(control, GA_ROOT);
-    if (!IsWindowEnabled(top))
-        return;
-    MapWindowPoints(control, top, &point, 1);
-    const HWND hit = ChildWindowFromPointEx(top, point, CWP_SKIPINVISIBLE);
-    if (!IsWindowEnabled(hit))
-        return;
-    SetActiveWindow(top);
-    MapWindowPoints(top, hit, &point, 1);
-    const LPARAM place = MAKELPARAM(point.x, point.y);
-    PostMessageW(hit, WM_LBUTTONDOWN, MK_LBUTTON, place);
-    PostMessageW(hit, WM_LBUTTONUP, 0, place);
-    handleMessages();
-}
-
-void clickMiddle(HWND control) {
-    RECT inner = {};
-    GetClientRect(control, &inner);
-    clickAt(control, {inner.right / 2, inner.bottom / 2});
-}
-
-std::vector<HWND> windowsOfThread() {
-    std::vector<HWND> windows;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM all) -> BOOL {
-            if (IsWindowVisible(window))
-                reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
-    return windows;
-}
-
-std::wstring classOf(HWND window) {
-    wchar_t name[64] = L"";
-    GetClassNameW(window, name, 64);
-    return name;
-}
-
-/// "&&" shows one "&"; "&x" shows a marked "x".
-std::string buttonText(HWND button) {
-    std::wstring shown;
-    const std::wstring text = textOfWindow(button);
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == L'&')
-            ++at;
-        shown += text[at];
-    }
-    return toUtf8(shown);
-}
-
-/// The control of that class and text in the window in front that takes input; null for none.
-HWND findInActiveWindow(const std::wstring& kind, const std::string& text) {
-    for (const HWND window : windowsOfThread()) {
-        if (!IsWindowEnabled(window))
-            continue;
-        for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
-             child = GetWindow(child, GW_HWNDNEXT))
-            if (classOf(child) == kind &&
-                (kind == L"Button" ? buttonText(child) : toUtf8(textOfWindow(child))) == text)
-                return child;
-    }
-    return nullptr;
-}
-
-/// The tree control as Windows holds it.
-class NativeTree {
- public:
-    explicit NativeTree(TreeView& tree) : tree_(native(tree)) {}
-
-    HTREEITEM next(WPARAM relation, HTREEITEM item = nullptr) const {
-        return reinterpret_cast<HTREEITEM>(
-            SendMessageW(tree_, TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
-    }
-    std::vector<HTREEITEM> children(HTREEITEM parent) const {
-        std::vector<HTREEITEM> all;
-        for (HTREEITEM item = parent == nullptr ? next(TVGN_ROOT) : next(TVGN_CHILD, parent);
-             item != nullptr; item = next(TVGN_NEXT, item))
-            all.push_back(item);
-        return all;
-    }
-    /// Null, and a failed test, when there is no such row.
-    HTREEITEM at(const TreePath& path) const {
-        HTREEITEM item = nullptr;
-        for (const int row : path) {
-            const std::vector<HTREEITEM> rows = children(item);
-            if (static_cast<std::size_t>(row) >= rows.size()) {
-                ADD_FAILURE() << "The tree has no row " << testing::PrintToString(path);
-                return nullptr;
-            }
-            item = rows[static_cast<std::size_t>(row)];
-        }
-        return item;
-    }
-    TVITEMW read(HTREEITEM item, UINT mask) const {
-        TVITEMW read = {};
-        read.mask = mask | TVIF_HANDLE;
-        read.hItem = item;
-        read.stateMask = TVIS_EXPANDED;
-        EXPECT_TRUE(SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read)));
-        return read;
-    }
-    std::string text(HTREEITEM item) const {
-        wchar_t text[1024] = L"";
-        TVITEMW read = {};
-        read.mask = TVIF_TEXT;
-        read.hItem = item;
-        read.pszText = text;
-        read.cchTextMax = 1024;
-        SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read));
-        return toUtf8(read.pszText);
-    }
-    bool isExpanded(HTREEITEM item) const {
-        return (read(item, TVIF_STATE).state & TVIS_EXPANDED) != 0;
-    }
-    TreeRow row(HTREEITEM item) const {
-        const TVITEMW shown = read(item, TVIF_IMAGE | TVIF_CHILDREN | TVIF_STATE);
-        return {text(item), color(item), static_cast<TreeImage>(shown.iImage), shown.cChildren > 0,
-                (shown.state & TVIS_EXPANDED) != 0};
-    }
-    /// The colour that the tree is told to use when it asks, as it does for each row it paints.
-    std::optional<Color> color(HTREEITEM item) const {
-        constexpr COLORREF kUntouched = 0x01020304;
-        NMTVCUSTOMDRAW drawing = {};
-        drawing.nmcd.hdr = {tree_, static_cast<UINT_PTR>(GetDlgCtrlID(tree_)), NM_CUSTOMDRAW};
-        drawing.nmcd.dwDrawStage = CDDS_ITEMPREPAINT;
-        drawing.nmcd.dwItemSpec = reinterpret_cast<DWORD_PTR>(item);
-        drawing.nmcd.lItemlParam = read(item, TVIF_PARAM).lParam;
-        drawing.clrText = kUntouched;
-        SendMessageW(GetParent(tree_), WM_NOTIFY, drawing.nmcd.hdr.idFrom,
-                     reinterpret_cast<LPARAM>(&drawing));
-        if (drawing.clrText == kUntouched)
-            return std::nullopt;
-        return Color{GetRValue(drawing.clrText), GetGValue(drawing.clrText),
-                     GetBValue(drawing.clrText)};
-    }
-    /// Where the row's text stands; none when it is not in view.
-    std::optional<RECT> place(HTREEITEM item) const {
-        RECT place = {};
-        std::memcpy(&place, &item, sizeof item);
-        if (!SendMessageW(tree_, TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place)))
-            return std::nullopt;
-        RECT inner = {};
-        GetClientRect(tree_, &inner);
-        if (place.top < 0 || place.bottom > inner.bottom)
-            return std::nullopt;
-        return place;
-    }
-    RECT scrolledTo(const TreePath& path) const {
-        const HTREEITEM item = at(path);
-        for (HTREEITEM above = next(TVGN_PARENT, item); above != nullptr;
-             above = next(TVGN_PARENT, above))
-            if (!isExpanded(above)) {
-                ADD_FAILURE() << "Row " << testing::PrintToString(path) << " is under a closed one";
-                return {};
-            }
-        SendMessageW(tree_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
-        return place(item).value_or(RECT{});
-    }
-    /// Clicks where the native tree says that the part of the row is: its text or its expander.
-    void click(const TreePath& path, UINT part) const {
-        const RECT row = scrolledTo(path);
-        for (LONG x = row.right - 1; x >= 0; --x) {
-            TVHITTESTINFO hit = {};
-            hit.pt = {x, (row.top + row.bottom) / 2};
-            SendMessageW(tree_, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-            if ((hit.flags & part) != 0) {
-                clickAt(tree_, hit.pt);
-                return;
-            }
-        }
-        ADD_FAILURE() << "Row " << testing::PrintToString(path) << " cannot be clicked";
-    }
-
- private:
-    HWND tree_;
-};
 
 class WinDriver : public Driver {
  public:
@@ -272,9 +87,7 @@ class WinDriver : public Driver {
         SetActiveWindow(top);
         const HWND focus = GetFocus();
         const HWND target = focus != nullptr && GetAncestor(focus, GA_ROOT) == top ? focus : top;
-        const WPARAM code = kVirtualKeys[static_cast<std::size_t>(key)];
-        PostMessageW(target, WM_KEYDOWN, code, 1);
-        PostMessageW(target, WM_KEYUP, code, 1 | 3LL << 30);
+        pressKey(target, kVirtualKeys[static_cast<std::size_t>(key)]);
         settle();
     }
     Rect boundsOf(Control& control) override {
@@ -292,7 +105,7 @@ class WinDriver : public Driver {
         settle();
     }
     std::string textOf(Label& label) override { return toUtf8(textOfWindow(native(label))); }
-    std::string textOf(Button& button) override { return buttonText(native(button)); }
+    std::string textOf(Button& button) override { return markedText(native(button)); }
     bool showsWholeText(Label& label) override {
         const auto style = GetWindowLongPtrW(native(label), GWL_STYLE);
         const bool wraps = (style & SS_CENTERIMAGE) == 0;
@@ -302,6 +115,89 @@ class WinDriver : public Driver {
         return fits(native(button), toWide(textOf(button)), false);
     }
     void click(Button& button) override { clickMiddle(native(button)); }
+    TreeImage imageOf(Picture& picture) override {
+        const LRESULT shown = SendMessageW(native(picture), STM_GETICON, 0, 0);
+        const std::vector<DWORD> pixels = pixelsOf(reinterpret_cast<HICON>(shown));
+        const int side = static_cast<int>(std::sqrt(pixels.size()));
+        int image = static_cast<int>(TreeImage::Three);
+        for (; image > 0; --image) {
+            const HICON icon = createTreeIcon(static_cast<TreeImage>(image), side);
+            const bool same = pixelsOf(icon) == pixels;
+            DestroyIcon(icon);
+            if (same)
+                break;
+        }
+        return static_cast<TreeImage>(image);
+    }
+    std::string textOf(OptionButton& button) override { return markedText(native(button)); }
+    bool showsWholeText(OptionButton& button) override {
+        const int circle = GetSystemMetrics(SM_CXMENUCHECK) + 5;
+        return fits(native(button), toWide(textOf(button)), false, circle);
+    }
+    bool isChecked(OptionButton& button) override {
+        return SendMessageW(native(button), BM_GETCHECK, 0, 0) == BST_CHECKED;
+    }
+    void click(OptionButton& button) override { clickMiddle(native(button)); }
+    std::string textOf(TextBox& box) override { return toUtf8(textOfWindow(native(box))); }
+    void type(TextBox& box, const std::string& text) override {
+        constexpr WPARAM kControlA = 1;
+        const HWND edit = native(box);
+        giveFocus(box);
+        PostMessageW(edit, WM_CHAR, kControlA, 1);
+        if (text.empty())
+            pressKey(edit, VK_DELETE);
+        for (const wchar_t letter : toWide(text))
+            PostMessageW(edit, WM_CHAR, letter, 1);
+        settle();
+    }
+    int valueOf(Slider& slider) override {
+        return static_cast<int>(SendMessageW(native(slider), TBM_GETPOS, 0, 0));
+    }
+    void move(Slider& slider, int value) override {
+        giveFocus(slider);
+        const int steps = value - valueOf(slider);
+        for (int step = 0; step < std::abs(steps); ++step)
+            pressKey(native(slider), steps < 0 ? VK_LEFT : VK_RIGHT);
+        settle();
+        EXPECT_EQ(valueOf(slider), value);
+    }
+    std::vector<std::string> rowsOf(ListView& list) override {
+        std::vector<std::string> rows;
+        const LRESULT count = SendMessageW(native(list), LVM_GETITEMCOUNT, 0, 0);
+        for (int row = 0; row < count; ++row) {
+            wchar_t text[1024] = L"";
+            LVITEMW item = {};
+            item.pszText = text;
+            item.cchTextMax = 1024;
+            SendMessageW(native(list), LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
+                         reinterpret_cast<LPARAM>(&item));
+            rows.push_back(toUtf8(item.pszText));
+        }
+        return rows;
+    }
+    void selectRows(ListView& list, const std::vector<int>& rows) override {
+        settle();
+        RECT inner = {};
+        GetClientRect(native(list), &inner);
+        if (rows.empty())
+            clickAt(native(list), {inner.right - 1, inner.bottom - 1});
+        MouseButton button = MouseButton::Left;
+        for (const int row : rows) {
+            RECT place = {LVIR_LABEL, 0, 0, 0};
+            SendMessageW(native(list), LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), FALSE);
+            SendMessageW(native(list), LVM_GETITEMRECT, static_cast<WPARAM>(row),
+                         reinterpret_cast<LPARAM>(&place));
+            clickAt(native(list), {place.left + 3, (place.top + place.bottom) / 2}, button);
+            button = MouseButton::LeftWithControlKey;
+        }
+    }
+    Pointer pointerOver(Control& control) override {
+        const HWND under = native(control);
+        SetCursor(nullptr);
+        SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
+                     MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+        return GetCursor() == LoadCursorW(nullptr, IDC_WAIT) ? Pointer::Busy : Pointer::Arrow;
+    }
     Progress progressOf(ProgressBar& bar) override {
         PBRANGE range = {};
         SendMessageW(native(bar), PBM_GETRANGE, TRUE, reinterpret_cast<LPARAM>(&range));
@@ -320,6 +216,12 @@ class WinDriver : public Driver {
     void collapse(TreeView& tree, const TreePath& row) override { clickExpander(tree, row, true); }
     void clickRow(TreeView& tree, const TreePath& row) override {
         NativeTree(tree).click(row, TVHT_ONITEMLABEL);
+    }
+    std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) override {
+        return useMenuAt(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), "");
+    }
+    void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) override {
+        useMenuAt(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), caption);
     }
     bool isInView(TreeView& tree, const TreePath& row) override {
         const NativeTree view(tree);
@@ -342,14 +244,15 @@ class WinDriver : public Driver {
         waiting().pop_front();
         act();
     }
-    static bool fits(HWND control, const std::wstring& text, bool wraps) {
+    static std::string markedText(HWND control) { return withoutMarks(textOfWindow(control)); }
+    static bool fits(HWND control, const std::wstring& text, bool wraps, int taken = 0) {
         constexpr int kUnlimited = 1 << 20;
         RECT inner = {};
         GetClientRect(control, &inner);
         const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
         const SIZE size =
             ScreenDc(font).sizeOf(text, wraps ? static_cast<int>(inner.right) : kUnlimited);
-        return size.cx <= inner.right && size.cy <= inner.bottom;
+        return size.cx + taken <= inner.right && size.cy <= inner.bottom;
     }
     static void clickExpander(TreeView& tree, const TreePath& row, bool expanded) {
         const NativeTree view(tree);

@@ -1,0 +1,28 @@
+#pragma once
+// Popup menus.
+
+#include <QMenu>
+#include <memory>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+
+namespace pelk {
+
+class QtPopupMenu : public PopupMenu {
+ public:
+    /// The menu belongs to the window of `parent`, which must outlive it. Faults of the handlers
+    /// go to `dialogs`.
+    QtPopupMenu(QWidget& parent, Dialogs& dialogs) : menu_(&parent), dialogs_(dialogs) {}
+
+    MenuItem& addItem(const std::string& caption) override;
+    void open(ScreenPoint where) override;
+
+ private:
+    QMenu menu_;
+    Dialogs& dialogs_;
+    std::vector<std::unique_ptr<MenuItem>> items_;
+};
+
+}  // namespace pelk

@@ -1,0 +1,41 @@
+#pragma once
+// The menu that opens at the pointer.
+
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/dialogs.h"
+
+namespace pelk {
+
+/// The native menu is made anew each time, of the items that are visible then.
+class Win32PopupMenu : public PopupMenu {
+ public:
+    /// Opens over `window`. Faults of the items' handlers go to `dialogs`.
+    Win32PopupMenu(HWND window, Dialogs& dialogs) : window_(window), dialogs_(dialogs) {}
+
+    MenuItem& addItem(const std::string& caption) override;
+    void open(ScreenPoint where) override;
+
+ private:
+    class Item : public MenuItem {
+     public:
+        explicit Item(std::wstring caption) : text(std::move(caption)) {}
+        void setVisible(bool shown) override { visible = shown; }
+
+        std::wstring text;
+        bool visible = true;
+    };
+
+    std::size_t letUserChoose(ScreenPoint where) const;
+
+    HWND window_;
+    Dialogs& dialogs_;
+    std::vector<std::unique_ptr<Item>> items_;
+};
+
+}  // namespace pelk

@@ -1,0 +1,78 @@
+#include "platform/windows/controls/value_controls.h"
+
+#include <algorithm>
+
+#include "platform/guard.h"
+#include "platform/windows/controls/flag_scope.h"
+#include "platform/windows/controls/window_text.h"
+
+namespace pelk {
+
+Win32TextBox::Win32TextBox(const ControlPlace& place, Dialogs& dialogs)
+    : Win32Control(place, {L"EDIT", ES_AUTOHSCROLL | WS_TABSTOP, WS_EX_CLIENTEDGE}),
+      dialogs_(dialogs) {
+    SendMessageW(handle(), EM_SETLIMITTEXT, 0, 0);
+    SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    native_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
+        handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Win32TextBox::procedure)));
+}
+
+/// Adds Ctrl+A, which not every version of Windows has.
+LRESULT CALLBACK Win32TextBox::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    constexpr WPARAM kControlA = 1;
+    const auto* const self =
+        reinterpret_cast<const Win32TextBox*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (message == WM_CHAR && wparam == kControlA)
+        return SendMessageW(window, EM_SETSEL, 0, -1);
+    return CallWindowProcW(self->native_, window, message, wparam, lparam);
+}
+
+void Win32TextBox::setText(const std::string& text) {
+    const FlagScope silence(silent_);
+    SetWindowTextW(handle(), toWide(text).c_str());
+}
+
+std::string Win32TextBox::text() const {
+    return toUtf8(textOfWindow(handle()));
+}
+
+void Win32TextBox::commanded(WORD notification) {
+    if (notification != EN_CHANGE || silent_)
+        return;
+    if (const auto handler = onChange)
+        guarded(dialogs_, handler);
+}
+
+Win32Slider::Win32Slider(const ControlPlace& place, Dialogs& dialogs)
+    : Win32Control(place, {TRACKBAR_CLASSW,
+                           TBS_HORZ | TBS_BOTH | TBS_NOTICKS | TBS_DOWNISLEFT | WS_TABSTOP}),
+      dialogs_(dialogs) {
+    SendMessageW(handle(), TBM_SETLINESIZE, 0, 1);
+    SendMessageW(handle(), TBM_SETPAGESIZE, 0, 10);
+    setRange(0, 100);
+}
+
+void Win32Slider::setRange(int minimum, int maximum) {
+    SendMessageW(handle(), TBM_SETRANGEMIN, FALSE, minimum);
+    SendMessageW(handle(), TBM_SETRANGEMAX, TRUE, maximum);
+    setValue(std::clamp(known_, minimum, maximum));
+}
+
+void Win32Slider::setValue(int value) {
+    SendMessageW(handle(), TBM_SETPOS, TRUE, value);
+    known_ = this->value();
+}
+
+int Win32Slider::value() const {
+    return static_cast<int>(SendMessageW(handle(), TBM_GETPOS, 0, 0));
+}
+
+/// The native slider speaks also when a step leads nowhere, or ends.
+void Win32Slider::scrolled() {
+    if (std::exchange(known_, value()) == known_)
+        return;
+    if (const auto handler = onChange)
+        guarded(dialogs_, handler);
+}
+
+}  // namespace pelk

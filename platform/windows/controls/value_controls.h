@@ -1,0 +1,41 @@
+#pragma once
+// Controls that hold a value of the user's: text box and slider.
+
+#include "platform/dialogs.h"
+#include "platform/windows/controls/native_control.h"
+
+namespace pelk {
+
+class Win32TextBox : public Win32Control<TextBox> {
+ public:
+    /// Faults of the handler go to `dialogs`.
+    Win32TextBox(const ControlPlace& place, Dialogs& dialogs);
+    void setText(const std::string& text) override;
+    std::string text() const override;
+    void commanded(WORD notification) override;
+
+ private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+
+    Dialogs& dialogs_;
+    WNDPROC native_ = nullptr;
+    /// Set while code sets the text.
+    bool silent_ = false;
+};
+
+class Win32Slider : public Win32Control<Slider> {
+ public:
+    /// Faults of the handler go to `dialogs`.
+    Win32Slider(const ControlPlace& place, Dialogs& dialogs);
+    void setRange(int minimum, int maximum) override;
+    void setValue(int value) override;
+    int value() const override;
+    void scrolled() override;
+
+ private:
+    Dialogs& dialogs_;
+    /// The value that code has set or `onChange` has been told of.
+    int known_ = 0;
+};
+
+}  // namespace pelk

@@ -1,0 +1,176 @@
+#include "tests/support/windows/win_acts.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/windows/controls/window_text.h"
+
+namespace pelk {
+
+namespace {
+
+struct MouseMessages {
+    UINT down;
+    UINT up;
+    WPARAM keys;
+};
+
+/// In the order of `MouseButton`.
+constexpr MouseMessages kMouseMessages[] = {
+    {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON},
+    {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON | MK_CONTROL},
+    {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
+};
+
+void holdControlKey(bool held) {
+    BYTE keys[256] = {};
+    GetKeyboardState(keys);
+    keys[VK_CONTROL] = held ? 0x80 : 0;
+    SetKeyboardState(keys);
+}
+
+/// What is done to a menu, by a timer from within the menu's own loop.
+struct MenuUse {
+    std::string chosen;
+    std::vector<std::string> captions;
+};
+
+MenuUse menuUse;
+
+HWND openMenu() {
+    for (const HWND window : windowsOfThread())
+        if (classOf(window) == L"#32768")
+            return window;
+    return nullptr;
+}
+
+std::vector<std::string> captionsOf(HMENU menu) {
+    std::vector<std::string> captions;
+    for (UINT item = 0; item < static_cast<UINT>(GetMenuItemCount(menu)); ++item) {
+        wchar_t text[256] = L"";
+        GetMenuStringW(menu, item, text, 256, MF_BYPOSITION);
+        captions.push_back(withoutMarks(text));
+    }
+    return captions;
+}
+
+/// Goes down to the item and presses Enter, or Esc for none.
+void useMenu(HWND menu) {
+    const LRESULT handle = SendMessageW(menu, MN_GETHMENU, 0, 0);
+    menuUse.captions = captionsOf(reinterpret_cast<HMENU>(handle));
+    const auto& captions = menuUse.captions;
+    const auto found = std::find(captions.begin(), captions.end(), menuUse.chosen);
+    EXPECT_EQ(found == captions.end(), menuUse.chosen.empty()) << "No item " << menuUse.chosen;
+    if (found != captions.end())
+        for (auto item = captions.begin(); item <= found; ++item)
+            pressKey(GetFocus(), VK_DOWN);
+    pressKey(GetFocus(), found == captions.end() ? VK_ESCAPE : VK_RETURN);
+}
+
+void CALLBACK useMenuIfOpen(HWND, UINT, UINT_PTR timer, DWORD) {
+    const HWND menu = openMenu();
+    if (menu == nullptr)
+        return;
+    KillTimer(nullptr, timer);
+    useMenu(menu);
+}
+
+}  // namespace
+
+void handleMessages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+void clickAt(HWND control, POINT point, MouseButton button) {
+    RECT inner = {};
+    GetClientRect(control, &inner);
+    if (!IsWindowVisible(control) || !PtInRect(&inner, point)) {
+        ADD_FAILURE() << "A click on what is not shown";
+        return;
+    }
+    const HWND top = GetAncestor(control, GA_ROOT);
+    if (!IsWindowEnabled(top))
+        return;
+    MapWindowPoints(control, top, &point, 1);
+    const HWND hit = ChildWindowFromPointEx(top, point, CWP_SKIPINVISIBLE);
+    if (!IsWindowEnabled(hit))
+        return;
+    SetActiveWindow(top);
+    MapWindowPoints(top, hit, &point, 1);
+    const LPARAM place = MAKELPARAM(point.x, point.y);
+    const MouseMessages& messages = kMouseMessages[static_cast<std::size_t>(button)];
+    holdControlKey(button == MouseButton::LeftWithControlKey);
+    PostMessageW(hit, messages.down, messages.keys, place);
+    PostMessageW(hit, messages.up, messages.keys & MK_CONTROL, place);
+    handleMessages();
+    holdControlKey(false);
+}
+
+void clickMiddle(HWND control) {
+    RECT inner = {};
+    GetClientRect(control, &inner);
+    clickAt(control, {inner.right / 2, inner.bottom / 2});
+}
+
+void pressKey(HWND window, WPARAM key) {
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    PostMessageW(window, WM_KEYUP, key, 1 | 3LL << 30);
+}
+
+std::vector<HWND> windowsOfThread() {
+    std::vector<HWND> windows;
+    EnumThreadWindows(
+        GetCurrentThreadId(),
+        [](HWND window, LPARAM all) -> BOOL {
+            if (IsWindowVisible(window))
+                reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+std::wstring classOf(HWND window) {
+    wchar_t name[64] = L"";
+    GetClassNameW(window, name, 64);
+    return name;
+}
+
+std::string withoutMarks(const std::wstring& text) {
+    std::wstring shown;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == L'&')
+            ++at;
+        shown += text[at];
+    }
+    return toUtf8(shown);
+}
+
+HWND findInActiveWindow(const std::wstring& kind, const std::string& text) {
+    for (const HWND window : windowsOfThread()) {
+        if (!IsWindowEnabled(window))
+            continue;
+        for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+             child = GetWindow(child, GW_HWNDNEXT))
+            if (classOf(child) == kind && (kind == L"Button" ? withoutMarks(textOfWindow(child))
+                                                             : toUtf8(textOfWindow(child))) == text)
+                return child;
+    }
+    return nullptr;
+}
+
+std::vector<std::string> useMenuAt(HWND control, POINT point, const std::string& caption) {
+    menuUse = {caption, {}};
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, useMenuIfOpen);
+    clickAt(control, point, MouseButton::Right);
+    KillTimer(nullptr, timer);
+    EXPECT_TRUE(caption.empty() || !menuUse.captions.empty()) << "No menu";
+    return menuUse.captions;
+}
+
+}  // namespace pelk
