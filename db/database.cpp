@@ -1,6 +1,8 @@
 #include "db/database.h"
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "db/queries.h"
@@ -17,42 +19,12 @@ XmlElement onlyElement(const XmlElement& root, const char* query) {
     return found.front();
 }
 
-template <typename Visit>
-void forEachChild(const XmlElement& parent, std::string_view name, const Visit& visit) {
+/// The first child of that name, which is created when there is none.
+XmlElement childOrNew(const XmlElement& parent, const char* name) {
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling())
         if (child.name() == name)
-            visit(child);
-}
-
-/// Calls the visitor with the value of each address of a contact, in document order.
-template <typename Visit>
-void forEachAddress(const XmlElement& contact, const Visit& visit) {
-    forEachChild(contact, "emails", [&visit](const XmlElement& emails) {
-        forEachChild(emails, "email", [&visit](const XmlElement& email) {
-            if (std::optional<std::string> value = email.attribute("value"))
-                visit(std::move(*value));
-        });
-    });
-}
-
-Contact readContact(const XmlElement& element) {
-    Contact contact{readContactId(element.text("id")), element.text("name"), {}};
-    forEachAddress(element, [&contact](std::string address) {
-        contact.addresses.push_back(std::move(address));
-    });
-    return contact;
-}
-
-std::uint32_t pairKey(int part1, int part2) {
-    return static_cast<std::uint32_t>(part1) << 16U | static_cast<std::uint32_t>(part2);
-}
-
-bool mayBeIndexed(int id) {
-    return id >= 0 && id <= kMaxContactId;
-}
-
-std::string weightText(double weight) {
-    return std::to_string(roundToInteger(weight));
+            return child;
+    return parent.appendElement(name);
 }
 
 }  // namespace
@@ -61,14 +33,6 @@ ContactLimitReached::ContactLimitReached()
     : Error("The database is full: all of its " + std::to_string(kMaxContactId) +
             " contact numbers are taken.") {}
 
-int Relation::partnerOf(int id) const {
-    if (part1 == id)
-        return part2;
-    if (part2 == id)
-        return part1;
-    throw Error("unreachable code !");
-}
-
 Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(document)) {
     root_ = document_->root();
     if (!root_ || root_.name() != "pelkDB")
@@ -76,9 +40,9 @@ Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(
     contactsContainer_ = onlyElement(root_, queries::kContactsContainer);
     relationsContainer_ = onlyElement(root_, queries::kRelationsContainer);
     forEachChild(contactsContainer_, "contact",
-                 [this](const XmlElement& contact) { indexContact(contact); });
+                 [this](const XmlElement& contact) { contacts_.append(contact); });
     forEachChild(relationsContainer_, "relation",
-                 [this](const XmlElement& relation) { indexRelation(relation); });
+                 [this](const XmlElement& relation) { relations_.append(relation); });
 }
 
 void Database::setDate(const std::string& stamp) {
@@ -86,13 +50,23 @@ void Database::setDate(const std::string& stamp) {
     ++revision_;
 }
 
-void Database::countMail() {
-    root_.setAttribute("totalMails", std::to_string(readInteger(totalMails()) + 1));
+void Database::countMails(std::int64_t mails) {
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+    const std::int64_t before = readInteger(totalMails());
+    const std::int64_t counted = std::max<std::int64_t>(mails, 0);
+    const std::int64_t sum = before > kMost - counted ? kMost : before + counted;
+    root_.setAttribute("totalMails", std::to_string(sum));
     ++revision_;
 }
 
 Thresholds Database::thresholds() const {
     return {readNumber(root_.text("maxInd")), readNumber(root_.text("minInd"))};
+}
+
+void Database::setThresholds(int strong, int weak) {
+    root_.setAttribute("maxInd", std::to_string(strong));
+    root_.setAttribute("minInd", std::to_string(weak));
+    ++revision_;
 }
 
 void Database::forEachContact(const std::function<void(const Contact&)>& visit) const {
@@ -110,120 +84,185 @@ int Database::contactIdByAddress(const std::string& address) const {
     return element ? readContactId(element.text("id")) : 0;
 }
 
-int Database::addContact(const std::string& name, const std::string& address) {
-    const std::int64_t id = readInteger(root_.text("totalContacts")) + 1;
+std::vector<int> Database::ownersOf(const std::string& address) const {
+    std::vector<int> ids;
+    for (const XmlElement& owner : contacts_.allByAddress(address))
+        ids.push_back(readContactId(owner.text("id")));
+    return ids;
+}
+
+/// Hands out an id that nobody has had.
+int Database::takeNextId() {
+    const std::int64_t id = totalContacts() + 1;
     if (id > kMaxContactId)
         throw ContactLimitReached();
-    const std::string idText = std::to_string(id);
-    root_.setAttribute("totalContacts", idText);
-    const XmlElement element = contactsContainer_.appendElement("contact");
-    element.setAttribute("id", idText);
-    element.appendElement("emails").appendElement("email").setAttribute("value", address);
-    if (!name.empty())
-        element.setAttribute("name", name);
-    indexContact(element);
+    root_.setAttribute("totalContacts", std::to_string(id));
     ++revision_;
     return static_cast<int>(id);
 }
 
+int Database::addContact(const std::string& name, const std::string& address) {
+    const int id = takeNextId();
+    const XmlElement element = contactsContainer_.appendElement("contact");
+    element.setAttribute("id", std::to_string(id));
+    element.appendElement("emails").appendElement("email").setAttribute("value", address);
+    if (!name.empty())
+        element.setAttribute("name", name);
+    contacts_.append(element);
+    return id;
+}
+
+int Database::addCopyOfContact(const XmlElement& original) {
+    const int id = takeNextId();
+    const XmlElement element = contactsContainer_.appendCopy(original);
+    element.setAttribute("id", std::to_string(id));
+    contacts_.append(element);
+    return id;
+}
+
+void Database::addAddresses(int id, const std::vector<std::string>& addresses) {
+    const XmlElement element = contactElement(id);
+    if (!element)
+        return;
+    std::vector<std::string> known = addressesOf(element);
+    for (const std::string& address : addresses) {
+        if (std::find(known.begin(), known.end(), address) != known.end())
+            continue;
+        childOrNew(element, "emails").appendElement("email").setAttribute("value", address);
+        contacts_.addAddress(id, address);
+        known.push_back(address);
+        ++revision_;
+    }
+}
+
+bool Database::renameContact(int id, const std::string& name) {
+    const XmlElement element = contactElement(id);
+    if (!element)
+        return false;
+    element.setAttribute("name", name);
+    ++revision_;
+    return true;
+}
+
+void Database::moveAddresses(int fromId, int toId) {
+    const XmlElement from = contactElement(fromId);
+    const XmlElement to = contactElement(toId);
+    if (!from || !to || fromId == toId)
+        return;
+    contacts_.moveAddresses(fromId, toId);
+    const XmlElement receiver = childOrNew(to, "emails");
+    for (const XmlElement& email : emailElementsOf(from)) {
+        receiver.appendCopy(email);
+        email.remove();
+    }
+    ++revision_;
+}
+
+void Database::removeContacts(const std::vector<int>& ids) {
+    for (const int id : ids) {
+        // Contacts whose id cannot be read have the id 0, too: it names none of them.
+        const XmlElement element = id > 0 ? contacts_.take(id) : XmlElement();
+        if (!element)
+            continue;
+        element.remove();
+        for (const XmlElement& relation : relations_.takeAllOf(id))
+            relation.remove();
+        ++revision_;
+    }
+}
+
 std::vector<Relation> Database::relations() const {
     std::vector<Relation> relations;
-    relations.reserve(relations_.size());
-    for (const RelationEntry& entry : relations_)
-        relations.push_back(entry.relation);
+    relations.reserve(relations_.count());
+    relations_.forEach(
+        [&relations](const RelationEntry& entry) { relations.push_back(entry.relation); });
     return relations;
 }
 
 std::vector<Relation> Database::relationsOf(int id) const {
     std::vector<Relation> relations;
-    for (const std::uint32_t position : positionsOf(id))
-        relations.push_back(relations_[position].relation);
+    relations_.forEachOf(
+        id, [&relations](const RelationEntry& entry) { relations.push_back(entry.relation); });
     return relations;
 }
 
 void Database::addMailBetween(int id, int otherId) {
-    if (id == 0 || otherId == 0 || id == otherId)
-        return;
+    if (id != 0 && otherId != 0 && id != otherId)
+        addRelationWeight(id, otherId, 1);
+}
+
+std::optional<Relation> Database::relationOfPair(int id, int otherId) const {
+    const auto [smaller, larger] = std::minmax(id, otherId);
+    const RelationEntry* const entry = relations_.ofPair(smaller, larger);
+    return entry != nullptr ? std::optional(entry->relation) : std::nullopt;
+}
+
+void Database::addRelationWeight(int id, int otherId, std::int64_t weight) {
+    if (id == otherId)
+        throw Error("Unreachable code, addrelationweight");
     const auto [smaller, larger] = std::minmax(id, otherId);
     ++revision_;
-    if (const auto found = relationByPair_.find(pairKey(smaller, larger));
-        found != relationByPair_.end()) {
-        RelationEntry& entry = relations_[found->second];
-        entry.relation.weight = std::trunc(entry.relation.weight) + 1;
-        entry.element.setAttribute("weight", weightText(entry.relation.weight));
+    if (RelationEntry* const entry = relations_.ofPair(smaller, larger)) {
+        double& sum = entry->relation.weight;
+        sum = std::trunc(sum) + static_cast<double>(weight);
+        entry->element.setAttribute("weight", std::to_string(roundToInteger(sum)));
         return;
     }
     XmlElement element = relationsContainer_.appendElement("relation");
     element.setAttribute("part1", std::to_string(smaller));
     element.setAttribute("part2", std::to_string(larger));
-    element.setAttribute("weight", "1");
-    indexRelation(std::move(element));
+    element.setAttribute("weight", std::to_string(weight));
+    relations_.append(std::move(element));
+}
+
+void Database::removeRelation(int id, int otherId) {
+    const auto [smaller, larger] = std::minmax(id, otherId);
+    const XmlElement element = relations_.takeOfPair(smaller, larger);
+    if (!element)
+        return;
+    element.remove();
+    ++revision_;
 }
 
 std::int64_t Database::strongestWeight() const {
     std::int64_t strongest = 0;
-    for (const RelationEntry& entry : relations_)
+    relations_.forEach([&strongest](const RelationEntry& entry) {
         if (entry.relation.weight > static_cast<double>(strongest))
             strongest = roundToInteger(entry.relation.weight);
+    });
     return strongest;
 }
 
+void Database::replaceContent(Database&& other) {
+    const std::uint64_t revision = revision_;
+    *this = std::move(other);
+    revision_ = revision + 1;
+}
+
+std::vector<XmlElement> Database::contactElements() const {
+    return root_.select(queries::kContacts);
+}
+
 XmlElement Database::contactElement(int id) const {
-    return mayBeIndexed(id) ? contactById_[static_cast<std::size_t>(id)] : XmlElement();
+    return contacts_.byId(id);
 }
 
 XmlElement Database::contactElementByAddress(const std::string& address) const {
     if (address.find('\'') != std::string::npos)
         throw MalformedQuery(queries::contactByAddress(address));
-    const auto found = contactByAddress_.find(address);
-    return found == contactByAddress_.end() ? XmlElement() : found->second;
+    return contacts_.byAddress(address);
 }
 
 XmlElement Database::relationElement(int smallerId, int largerId) const {
-    const auto found = relationByPair_.find(pairKey(smallerId, largerId));
-    return found == relationByPair_.end() ? XmlElement() : relations_[found->second].element;
+    const RelationEntry* const entry = relations_.ofPair(smallerId, largerId);
+    return entry != nullptr ? entry->element : XmlElement();
 }
 
 std::vector<XmlElement> Database::relationElementsOf(int id) const {
     std::vector<XmlElement> elements;
-    for (const std::uint32_t position : positionsOf(id))
-        elements.push_back(relations_[position].element);
+    relations_.forEachOf(
+        id, [&elements](const RelationEntry& entry) { elements.push_back(entry.element); });
     return elements;
-}
-
-const Database::Positions& Database::positionsOf(int id) const {
-    static const Positions none;
-    return mayBeIndexed(id) ? relationsByContact_[static_cast<std::size_t>(id)] : none;
-}
-
-/// Where an id or an address stands twice, the first in document order keeps the index entry.
-void Database::indexContact(const XmlElement& element) {
-    ++contactCount_;
-    if (const std::optional<int> id = plainContactId(element.text("id")))
-        if (XmlElement& first = contactById_[static_cast<std::size_t>(*id)]; !first)
-            first = element;
-    forEachAddress(element, [this, &element](std::string address) {
-        contactByAddress_.emplace(std::move(address), element);
-    });
-}
-
-void Database::indexRelation(XmlElement element) {
-    const std::string part1 = element.text("part1");
-    const std::string part2 = element.text("part2");
-    const auto position = static_cast<std::uint32_t>(relations_.size());
-    relations_.push_back({std::move(element), {}});
-    RelationEntry& entry = relations_.back();
-    entry.relation = {readContactId(part1), readContactId(part2),
-                      readNumber(entry.element.text("weight"))};
-
-    const std::optional<int> id1 = plainContactId(part1);
-    const std::optional<int> id2 = plainContactId(part2);
-    if (id1)
-        relationsByContact_[static_cast<std::size_t>(*id1)].push_back(position);
-    if (id2 && id2 != id1)
-        relationsByContact_[static_cast<std::size_t>(*id2)].push_back(position);
-    if (id1 && id2)
-        relationByPair_.emplace(pairKey(*id1, *id2), position);
 }
 
 }  // namespace pelk

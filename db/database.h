@@ -16,33 +16,15 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "db/contact_index.h"
 #include "db/numbers.h"
+#include "db/records.h"
+#include "db/relation_index.h"
 #include "platform/xml.h"
 
 namespace pelk {
-
-struct Contact {
-    int id = 0;
-    /// Empty when the contact has no name.
-    std::string name;
-    /// In document order.
-    std::vector<std::string> addresses;
-};
-
-struct Relation {
-    /// The ids of its two ends; 0 for one that is no contact's id.
-    int part1 = 0;
-    int part2 = 0;
-    /// The number of e-mails counted between the two.
-    double weight = 0;
-
-    /// The other end of a relation of the contact `id`; the same contact when it is related to
-    /// itself. Throws `Error` when `id` is neither end.
-    int partnerOf(int id) const;
-};
 
 /// What divides strong, medium and weak relations, in percent of the strongest relation's weight.
 struct Thresholds {
@@ -72,11 +54,16 @@ class Database {
     void setDate(const std::string& stamp);
     /// The counter of e-mails, as text.
     std::string totalMails() const { return root_.text("totalMails"); }
-    /// Counts one more e-mail.
-    void countMail();
+    /// Counts further e-mails; a negative number counts nothing.
+    void countMails(std::int64_t mails);
     Thresholds thresholds() const;
+    /// Sets both thresholds, in percent.
+    void setThresholds(int strong, int weak);
+    /// The number of contacts ever created, which is the last id handed out; 0 or less when the
+    /// document says so.
+    std::int64_t totalContacts() const { return readInteger(root_.text("totalContacts")); }
 
-    std::size_t contactCount() const { return contactCount_; }
+    std::size_t contactCount() const { return contacts_.count(); }
     /// Calls the visitor with each contact, in document order. The visitor edits nothing.
     void forEachContact(const std::function<void(const Contact&)>& visit) const;
     /// The contact with that id; nothing when there is none.
@@ -84,20 +71,48 @@ class Database {
     /// The id of the contact that owns the address, which is in lower case; 0 when nobody does.
     /// Throws `MalformedQuery` when the address holds an apostrophe.
     int contactIdByAddress(const std::string& address) const;
+    /// The ids of all contacts that own the address, in document order; usually one at most.
+    std::vector<int> ownersOf(const std::string& address) const;
     /// Creates a contact with the next free id, which it returns. An empty name is left out.
     /// Throws `ContactLimitReached`, with nothing changed, when all ids have been handed out.
     int addContact(const std::string& name, const std::string& address);
+    /// Creates a contact as a copy of another document's, with all that stands in it, but with the
+    /// next free id, which it returns. Throws `ContactLimitReached`, with nothing changed.
+    int addCopyOfContact(const XmlElement& original);
+    /// Gives the contact those of the addresses that it does not have. Does nothing when there is
+    /// no such contact.
+    void addAddresses(int id, const std::vector<std::string>& addresses);
+    /// Gives the contact another name. Returns false, with nothing changed, when there is none.
+    bool renameContact(int id, const std::string& name);
+    /// Moves the addresses of one contact behind those of another; one that both have stands twice
+    /// then. Does nothing when either contact is missing or both are the same.
+    void moveAddresses(int fromId, int toId);
+    /// Removes contacts with all their relations; ids of no contact are passed over.
+    void removeContacts(const std::vector<int>& ids);
 
-    std::size_t relationCount() const { return relations_.size(); }
+    std::size_t relationCount() const { return relations_.count(); }
     /// All relations, or those of one contact, in document order.
     std::vector<Relation> relations() const;
     std::vector<Relation> relationsOf(int id) const;
     /// Adds one e-mail to the relation of two contacts, in any order, and creates the relation
     /// when there is none. Does nothing when an id is 0 or both are the same.
     void addMailBetween(int id, int otherId);
+    /// The relation of two contacts, in any order; nothing when there is none.
+    std::optional<Relation> relationOfPair(int id, int otherId) const;
+    /// Adds to the weight of the relation of two contacts, in any order, and creates the relation
+    /// when there is none. Throws `Error`, with nothing changed, when both are the same.
+    void addRelationWeight(int id, int otherId, std::int64_t weight);
+    /// Removes the relation of two contacts, in any order, if there is one; of several for the
+    /// pair, the first.
+    void removeRelation(int id, int otherId);
     /// The largest weight of all relations, rounded; 0 without relations.
     std::int64_t strongestWeight() const;
 
+    /// Takes over the whole content of another database.
+    void replaceContent(Database&& other);
+
+    /// The contacts as they stand in the document, for copying them to another one.
+    std::vector<XmlElement> contactElements() const;
     /// The elements behind the look-ups, for holding them to their queries.
     const XmlElement& root() const { return root_; }
     XmlElement contactElement(int id) const;
@@ -106,30 +121,14 @@ class Database {
     std::vector<XmlElement> relationElementsOf(int id) const;
 
  private:
-    using Positions = std::vector<std::uint32_t>;
-    struct RelationEntry {
-        XmlElement element;
-        Relation relation;
-    };
-
-    const Positions& positionsOf(int id) const;
-    void indexContact(const XmlElement& element);
-    void indexRelation(XmlElement element);
+    int takeNextId();
 
     std::unique_ptr<XmlDocument> document_;
     XmlElement root_;
     XmlElement contactsContainer_;
     XmlElement relationsContainer_;
-
-    std::size_t contactCount_ = 0;
-    /// By id; an empty reference where there is no contact.
-    std::vector<XmlElement> contactById_ = std::vector<XmlElement>(kMaxContactId + 1);
-    std::unordered_map<std::string, XmlElement> contactByAddress_;
-    /// In document order; the indexes below hold positions in it.
-    std::vector<RelationEntry> relations_;
-    std::unordered_map<std::uint32_t, std::uint32_t> relationByPair_;
-    std::vector<Positions> relationsByContact_ = std::vector<Positions>(kMaxContactId + 1);
-
+    ContactIndex contacts_;
+    RelationIndex relations_;
     std::uint64_t revision_ = 0;
 };
 

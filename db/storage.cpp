@@ -4,6 +4,7 @@
 
 #include "db/database_cipher.h"
 #include "db/default_documents.h"
+#include "platform/utf8.h"
 
 namespace pelk {
 namespace {
@@ -14,6 +15,7 @@ constexpr std::string_view kKey = "TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD";
 
 constexpr const char* kFolderName = "pelk";
 constexpr const char* kFileName = "pelk.db";
+constexpr const char* kPlainCopyName = "pelkdb.xml";
 
 }  // namespace
 
@@ -42,8 +44,39 @@ void Storage::saveDatabase(const Database& database) {
         writeCipherText(database.xml(), *path);
 }
 
+void Storage::saveChange(const Database& database) {
+    try {
+        saveDatabase(database);
+    } catch (const Error& error) {
+        platform_.dialogs.message(std::string(error.what()) +
+                                      " The change stands in memory only, and will be saved with "
+                                      "the next change.",
+                                  Buttons::Ok);
+    }
+}
+
+void Storage::keepBackup() {
+    if (backupKept_)
+        return;
+    const std::optional<std::string> path = locateFile();
+    if (!path || !platform_.files.fileExists(*path))
+        return;
+    writeWholeFile(platform_.files.readWholeFile(*path), *path + ".bak");
+    backupKept_ = true;
+}
+
 void Storage::exportDatabase(const Database& database, const std::string& path) {
     writeCipherText(database.xml(), path);
+}
+
+/// In the encoding that the document's declaration names.
+void Storage::writePlainCopy(const Database& database) {
+    std::optional<std::string> folder = platform_.shell.ownFolder();
+    if (!folder)
+        folder = databaseFolder();
+    if (folder)
+        writeWholeFile(utf16FileBytes(database.xml()),
+                       platform_.files.join(*folder, kPlainCopyName));
 }
 
 std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {

@@ -26,8 +26,21 @@ class Storage {
     /// the system names no data folder.
     void saveDatabase(const Database& database);
 
+    /// Saves after a change that a command of the user made. When that fails the user is told that
+    /// the change stands in memory only, until a later save.
+    void saveChange(const Database& database);
+
+    /// Keeps the user's file, as it stands, beside it as "pelk.db.bak". To be called before a
+    /// change that removes contacts; only the first call of this object's life copies the file, so
+    /// that the copy is from before the first such change. Throws `Error` when it cannot be kept.
+    void keepBackup();
+
     /// Writes the database to a file of the user's choice, as safely. Throws `Error`.
     void exportDatabase(const Database& database, const std::string& path);
+
+    /// Writes the database, not enciphered, as "pelkdb.xml": beside the add-in, or where the
+    /// program's folder is not the user's own, beside the user's file. Throws `Error`.
+    void writePlainCopy(const Database& database);
 
     /// The database in an exported file. Throws `Error` when the file cannot be read, or is not a
     /// database.
@@ -54,6 +67,7 @@ class Storage {
     void removeLeftover(const std::string& path) noexcept;
 
     Platform platform_;
+    bool backupKept_ = false;
 };
 
 }  // namespace pelk

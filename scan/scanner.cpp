@@ -79,7 +79,7 @@ void Scanner::recordMail(MailItem& item) {
     if (!sender)
         return;
     const int senderId = findOrAddContact(*sender);
-    database_.countMail();
+    database_.countMails(1);
     ++outcome_.mails;
     const int count = item.recipientCount();
     for (int index = 1; index <= count; ++index)

@@ -139,6 +139,41 @@ TEST_F(StorageTest, keepsTheOldFileWhenTheDatabaseIsReplaced) {
     EXPECT_EQ(storage.loadDatabase()->contactCount(), 2U);
 }
 
+TEST_F(StorageTest, keepsOneBackupFromBeforeTheFirstLoss) {
+    const std::string backup = std::string(kFile) + ".bak";
+    storage.keepBackup();
+    EXPECT_TRUE(files.files.empty()) << "there was nothing to keep";
+    const std::unique_ptr<Database> database = saveOne();
+    for (int step = 1; step <= 5; ++step) {
+        files.files[backup] = "of an earlier day";
+        files.steps = 0;
+        files.failAt = step;
+        EXPECT_THROW(storage.keepBackup(), Error);
+        files.failAt = 0;
+        EXPECT_EQ(files.files.size(), 2U);
+        EXPECT_EQ(files.files[backup], "of an earlier day") << "step " << step;
+    }
+    storage.keepBackup();
+    database->removeContacts({1});
+    storage.saveChange(*database);
+    storage.keepBackup();
+    EXPECT_EQ(files.files[backup], saved);
+    EXPECT_NE(files.files[kFile], saved);
+}
+
+TEST_F(StorageTest, tellsThatAChangeStandsInMemoryOnly) {
+    const std::unique_ptr<Database> database = saveOne();
+    database->renameContact(1, "Ann Jones");
+    files.failAt = files.steps + 2;
+    dialogs.expectMessage(
+        "/data/pelk/pelk.db.new cannot be written. The change stands in memory only, and will be "
+        "saved with the next change.");
+    storage.saveChange(*database);
+    EXPECT_EQ(files.files[kFile], saved);
+    storage.saveChange(*database);
+    EXPECT_EQ(storage.loadDatabase()->contact(1)->name, "Ann Jones");
+}
+
 TEST_F(StorageTest, refusesAForeignImportAndNamesIt) {
     for (const char* content : {"", "PELK1:", "PELK1:AAAA", "<pelkDB/>"}) {
         files.files["/in.db"] = content;

@@ -1,0 +1,55 @@
+#pragma once
+// Finds contacts by id and by address.
+//
+// Ids and addresses that stand twice in the document are all kept, so that the next one in
+// document order is found once the first is gone.
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "db/numbers.h"
+#include "platform/xml.h"
+
+namespace pelk {
+
+class ContactIndex {
+ public:
+    /// Takes in the contact that stands last in the document.
+    void append(const XmlElement& contact);
+
+    std::size_t count() const { return count_; }
+    /// The first contact in document order that has the id, or owns the address; an empty
+    /// reference when there is none.
+    XmlElement byId(int id) const;
+    XmlElement byAddress(const std::string& address) const;
+    /// All contacts that own the address, in document order.
+    std::vector<XmlElement> allByAddress(const std::string& address) const;
+
+    /// Forgets the contact that `byId` finds, and returns its element, which is still in the
+    /// document; an empty reference when there is none.
+    XmlElement take(int id);
+    /// Gives a contact, which exists, one more address.
+    void addAddress(int id, const std::string& address) { give(address, positionsOf(id).front()); }
+    /// Gives the addresses of one contact to another; both exist, and their elements have not
+    /// been changed yet.
+    void moveAddresses(int fromId, int toId);
+
+ private:
+    /// Ascending, so the first contact in document order comes first.
+    using Positions = std::vector<std::uint32_t>;
+
+    const Positions& positionsOf(int id) const;
+    void give(const std::string& address, std::uint32_t position);
+    void withdraw(const std::string& address, std::uint32_t position);
+
+    std::size_t count_ = 0;
+    /// In document order, with an empty reference in the place of each that was taken.
+    std::vector<XmlElement> contacts_;
+    std::vector<Positions> byId_ = std::vector<Positions>(kMaxContactId + 1);
+    std::unordered_map<std::string, Positions> byAddress_;
+};
+
+}  // namespace pelk
