@@ -1,0 +1,28 @@
+#include "maintenance/relation_details.h"
+
+namespace pelk {
+namespace {
+
+std::string nameOf(const Database& database, int id) {
+    const std::optional<Contact> contact = database.contact(id);
+    return contact ? contact->name : std::string();
+}
+
+}  // namespace
+
+std::string RelationDetails::sentence() const {
+    // Only the first half follows its number.
+    return std::to_string(weight) + (weight == 1 ? " email has" : " emails have") +
+           " been exchanged between these contacts, while in the most strong relation " +
+           std::to_string(strongest) + " emails have been exchanged.";
+}
+
+std::optional<RelationDetails> relationDetails(const Database& database, int id1, int id2) {
+    const std::optional<Relation> relation = database.relationOfPair(id1, id2);
+    if (!relation)
+        return std::nullopt;
+    return RelationDetails{nameOf(database, id1), nameOf(database, id2),
+                           roundToInteger(relation->weight), database.strongestWeight()};
+}
+
+}  // namespace pelk

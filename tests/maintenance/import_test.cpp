@@ -1,0 +1,196 @@
+#include "maintenance/database_import.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/core_platform.h"
+
+namespace pelk {
+namespace {
+
+/// Ann has two addresses; Bob wrote her 3 e-mails, and Cy 2. The ids are not in order.
+constexpr const char* kImported =
+    "<pelkDB date='2020-01-01T00:00:00' totalMails='5' totalContacts='9'><contacts>"
+    "<contact id='7' name='Ann' note='kept'><emails><email value='ann@a'/><email value='ann@b'/>"
+    "</emails></contact><contact id='2' name='Bob'><emails><email "
+    "value='bob@a'/></emails></contact>"
+    "<contact id='9' name='Cy'><emails><email value='cy@a'/></emails></contact></contacts>"
+    "<relations total='0'><relation part1='2' part2='7' weight='3'/>"
+    "<relation part1='7' part2='9' weight='2'/></relations></pelkDB>";
+
+class ImportTest : public ::testing::Test, public ImportGuide {
+ protected:
+    CorePlatform core;
+    std::unique_ptr<Database> current = emptyDatabase();
+    std::vector<std::string> questions;
+    bool answer = false;
+    std::function<void()> meanwhile;
+
+    void SetUp() override { core.files.folders.insert({"/data/pelk", "/addin"}); }
+    bool confirmsMerge(const std::string& question) override {
+        questions.push_back(question);
+        return answer;
+    }
+    void itemStarted() override {
+        if (meanwhile)
+            meanwhile();
+    }
+    ImportOutcome import(const std::string& document) {
+        core.storage().exportDatabase(*loadDocument(document), "/in.db");
+        return importDatabaseFile(*current, "/in.db", core.storage(), *this);
+    }
+    std::string fileContent() { return core.files.files["/data/pelk/pelk.db"]; }
+    std::string contacts() {
+        std::string all;
+        current->forEachContact([&all](const Contact& contact) {
+            all += std::to_string(contact.id) + contact.name;
+            for (const std::string& address : contact.addresses)
+                all += " " + address;
+            all += "; ";
+        });
+        return all;
+    }
+    double weight(int id, int other) {
+        const std::optional<Relation> relation = current->relationOfPair(id, other);
+        return relation ? relation->weight : 0;
+    }
+};
+
+TEST_F(ImportTest, intoAnEmptyDatabaseNumbersContactsAnew) {
+    EXPECT_EQ(import(kImported), ImportOutcome::Imported);
+    EXPECT_EQ(contacts(), "1Ann ann@a ann@b; 2Bob bob@a; 3Cy cy@a; ");
+    EXPECT_EQ(current->contactElement(1).text("note"), "kept");
+    EXPECT_EQ(current->totalMails(), "5");
+    EXPECT_EQ(current->totalContacts(), 3);
+    EXPECT_EQ(weight(1, 2), 3);
+    EXPECT_EQ(weight(1, 3), 2);
+    EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
+    const std::string plain = core.files.files["/addin/pelkdb.xml"];
+    EXPECT_EQ(plain.substr(0, 6), std::string("\xFF\xFE<\0?\0", 6));
+    EXPECT_EQ(plain.size(), 2 * current->xml().size() + 2);
+}
+
+TEST_F(ImportTest, twiceDoublesWeightsAndAddsNobody) {
+    import(kImported);
+    core.shell.own = std::nullopt;
+    EXPECT_EQ(import(kImported), ImportOutcome::Imported);
+    EXPECT_EQ(contacts(), "1Ann ann@a ann@b; 2Bob bob@a; 3Cy cy@a; ");
+    EXPECT_EQ(current->totalMails(), "10");
+    EXPECT_EQ(weight(1, 2), 6);
+    EXPECT_TRUE(core.files.fileExists("/data/pelk/pelkdb.xml"));
+    EXPECT_TRUE(core.files.fileExists("/data/pelk/pelk.db.bak"));
+}
+
+TEST_F(ImportTest, givesAKnownContactItsFurtherAddresses) {
+    current->addContact("Anna", "ann@b");
+    current->addContact("Robert", "bob@a");
+    current->addRelationWeight(1, 2, 10);
+    EXPECT_EQ(import(kImported), ImportOutcome::Imported);
+    EXPECT_EQ(contacts(), "1Anna ann@b ann@a; 2Robert bob@a; 3Cy cy@a; ");
+    EXPECT_EQ(weight(1, 2), 13);
+    EXPECT_EQ(current->contactIdByAddress("ann@a"), 1);
+}
+
+TEST_F(ImportTest, asksBeforeItMergesContactsAndOnCancelLeavesThemOut) {
+    current->addContact("A", "ann@a");
+    current->addContact("B", "ann@b");
+    EXPECT_EQ(import(kImported), ImportOutcome::Imported);
+    EXPECT_EQ(questions, (std::vector<std::string>{"The following contacts will be merged under "
+                                                   "the name Ann: Shall I continue?"}));
+    EXPECT_EQ(contacts(), "1A ann@a; 2B ann@b; 3Bob bob@a; 4Cy cy@a; ");
+    EXPECT_EQ(current->relationCount(), 0U);
+}
+
+TEST_F(ImportTest, endsQuietlyOnOkAndChangesNothing) {
+    current->addContact("A", "ann@a");
+    current->addContact("B", "ann@b");
+    core.storage().saveDatabase(*current);
+    const std::string before = current->xml();
+    const std::string fileBefore = fileContent();
+    answer = true;
+    EXPECT_EQ(import(kImported), ImportOutcome::Ended);
+    EXPECT_EQ(current->xml(), before);
+    EXPECT_EQ(fileContent(), fileBefore);
+}
+
+TEST_F(ImportTest, dropsRelationsWithinOnePersonAndToNobody) {
+    current->addContact("Both", "bob@a");
+    current->addAddresses(1, {"ann@a", "ann@b"});
+    EXPECT_EQ(import("<pelkDB totalMails='-4'><contacts><contact id='1'><emails>"
+                     "<email value='ann@a'/></emails></contact><contact id='2' name=\"O'Hara\">"
+                     "<emails><email value=\"o'hara@x\"/></emails></contact>"
+                     "<contact id='2' name='Bob'><emails><email value='bob@a'/></emails></contact>"
+                     "<contact id='12abc'/><contact/></contacts>"
+                     "<relations><relation part1='1' part2='2' weight='12abc'/>"
+                     "<relation part1='1' part2='2' weight='-5'/>"
+                     "<relation part1='1' part2='99' weight='7'/>"
+                     "<relation part1='12' part2='1' weight='1'/><relation/></relations></pelkDB>"),
+              ImportOutcome::Imported);
+    EXPECT_EQ(contacts(), "1Both bob@a ann@a ann@b; 2O'Hara o'hara@x; 3; 4; ");
+    EXPECT_EQ(weight(1, 2), 12);
+    EXPECT_EQ(current->relationCount(), 1U);
+    EXPECT_EQ(current->totalMails(), "0");
+    EXPECT_EQ(import("<pelkDB><contacts><contact id='1' name='b'><emails>"
+                     "<email value='ann@a'/><email value='bob@a'/></emails></contact></contacts>"
+                     "<relations><relation part1='1' part2='1' weight='9'/></relations></pelkDB>"),
+              ImportOutcome::Imported);
+    EXPECT_TRUE(questions.empty()) << "two addresses of one contact are no conflict";
+}
+
+TEST_F(ImportTest, refusesWhatIsNoDatabase) {
+    import(kImported);
+    const std::string before = current->xml();
+    std::string& file = core.files.files["/in.db"];
+    const std::string good = file;
+    for (const std::string& bad :
+         {std::string(), good.substr(0, good.size() / 2), "x" + good, std::string("<pelkDB/>")}) {
+        file = bad;
+        EXPECT_EQ(importDatabaseFile(*current, "/in.db", core.storage(), *this),
+                  ImportOutcome::Unreadable);
+    }
+    EXPECT_EQ(importDatabaseFile(*current, "/nowhere.db", core.storage(), *this),
+              ImportOutcome::Unreadable);
+    EXPECT_EQ(current->xml(), before);
+}
+
+TEST_F(ImportTest, changesNothingWhenItCannotBeFinished) {
+    import(kImported);
+    const std::string before = current->xml();
+    const std::string fileBefore = fileContent();
+    // Create, write, flush, close and replace: of the backup, then of the database.
+    for (int step = 1; step <= 10; ++step) {
+        core.files.failAt = core.files.steps + step;
+        Storage fresh(core.platform());
+        EXPECT_THROW(importDatabaseFile(*current, "/in.db", fresh, *this), Error) << step;
+        EXPECT_EQ(current->xml(), before);
+        EXPECT_EQ(fileContent(), fileBefore);
+    }
+    core.files.failAt = 0;
+    current = loadDocument("<pelkDB totalContacts='32766'><contacts/><relations/></pelkDB>");
+    const std::string full = current->xml();
+    EXPECT_THROW(import(kImported), ContactLimitReached);
+    EXPECT_EQ(current->xml(), full);
+}
+
+TEST_F(ImportTest, noticesThatTheDatabaseWasEditedMeanwhile) {
+    current->addContact("Zoe", "zoe@z");
+    meanwhile = [this] { current->renameContact(1, "Zora"); };
+    EXPECT_THROW(import(kImported), Error);
+    EXPECT_EQ(contacts(), "1Zora zoe@z; ");
+}
+
+TEST_F(ImportTest, deletionEmptiesTheDatabaseAndKeepsABackup) {
+    import(kImported);
+    current->setThresholds(70, 30);
+    core.storage().saveDatabase(*current);
+    const std::string before = fileContent();
+    Storage ofNextConnection(core.platform());
+    deleteDatabase(*current, ofNextConnection);
+    EXPECT_EQ(current->contactCount(), 0U);
+    EXPECT_EQ(current->thresholds().strong, 50);
+    EXPECT_EQ(current->date(), "1970-01-01T00:00:00");
+    EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], before);
+    EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
+}
+
+}  // namespace
+}  // namespace pelk

@@ -1,0 +1,69 @@
+#include "views/domains.h"
+
+#include <algorithm>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+#include "views/emailParser.h"
+
+namespace pelk {
+namespace {
+
+template <typename Visit>
+void forEachAddress(const Database& database, const Visit& visit) {
+    database.forEachContact([&visit](const Contact& contact) {
+        for (const std::string& address : contact.addresses)
+            visit(contact, address);
+    });
+}
+
+/// Whether the address lies below the domain, with at least one part more than the domain has.
+bool isBelow(const std::vector<std::string>& parts, const std::vector<std::string>& labels) {
+    return parts.size() > labels.size() &&
+           std::equal(labels.rbegin(), labels.rend(), parts.rbegin());
+}
+
+}  // namespace
+
+std::vector<std::string> topLevelDomains(const Database& database, const Language& language) {
+    std::vector<std::string> labels;
+    std::unordered_set<std::string> seen;
+    forEachAddress(database, [&](const Contact&, const std::string& address) {
+        const std::optional<std::vector<std::string>> parts = splitAddress(address, language);
+        if (parts && seen.insert(parts->back()).second)
+            labels.push_back(parts->back());
+    });
+    return labels;
+}
+
+std::vector<DomainEntry> entriesBelow(const Database& database, const Language& language,
+                                      const std::vector<std::string>& labels) {
+    std::vector<DomainEntry> entries;
+    std::unordered_set<std::string> seenLabels;
+    std::unordered_set<std::string> seenLocalParts;
+    forEachAddress(database, [&](const Contact& contact, const std::string& address) {
+        const std::optional<std::vector<std::string>> parts = splitAddress(address, language);
+        if (!parts || !isBelow(*parts, labels))
+            return;
+        const std::size_t next = parts->size() - labels.size() - 1;
+        const std::string& part = (*parts)[next];
+        if (next > 0 && seenLabels.insert(part).second)
+            entries.push_back({part, {}});
+        else if (next == 0 && seenLocalParts.insert(part).second)
+            entries.push_back({part + " (" + contact.name + ")", address});
+    });
+    return entries;
+}
+
+std::vector<int> contactsBySuffix(const Database& database, std::string_view suffix) {
+    std::vector<int> ids;
+    std::unordered_set<int> seen;
+    forEachAddress(database, [&](const Contact& contact, const std::string& address) {
+        if (address.ends_with(suffix) && seen.insert(contact.id).second)
+            ids.push_back(contact.id);
+    });
+    return ids;
+}
+
+}  // namespace pelk

@@ -1,0 +1,38 @@
+#pragma once
+// Who is where: the mail domains of the contacts' addresses as a hierarchy of labels.
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "db/database.h"
+#include "platform/language.h"
+
+namespace pelk {
+
+/// What stands directly below a domain: a label, with more below it, or an address.
+struct DomainEntry {
+    /// The label; or the address's local part and its owner: ann (Ann Smith).
+    std::string text;
+    /// The whole address; empty for a label.
+    std::string address;
+
+    bool isAddress() const { return !address.empty(); }
+};
+
+/// The last labels of all addresses, in order of first appearance in the document.
+std::vector<std::string> topLevelDomains(const Database& database, const Language& language);
+
+/// What stands directly below a domain, in order of first appearance. `labels` are the domain's,
+/// from left to right: b, a for b.a. Of two contacts with one address the first is listed.
+std::vector<DomainEntry> entriesBelow(const Database& database, const Language& language,
+                                      const std::vector<std::string>& labels);
+
+/// The ids of the contacts that own an address which ends with the text, each once, in the order
+/// of the addresses in the document.
+///
+/// Any text that ends so counts, label or not: b.a finds the owner of an address in cb.a, too, and
+/// x@b.a the owner of yx@b.a. This is on purpose, and all commands on domains agree on it.
+std::vector<int> contactsBySuffix(const Database& database, std::string_view suffix);
+
+}  // namespace pelk
