@@ -1,0 +1,80 @@
+#pragma once
+// The search that defines what a best chain is: over a full matrix of costs, pass by pass. It needs
+// memory and time that grow with the square of the number of contacts; the program's own search
+// must give exactly its chains.
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "db/database.h"
+#include "links/link_search.h"
+
+namespace pelk {
+
+template <typename Cost = std::int64_t>
+class DenseSearch {
+ public:
+    /// Reads the document into the matrix. All ends of relations are contacts' numbers.
+    explicit DenseSearch(const Database& database)
+        : n_(static_cast<int>(database.totalContacts())),
+          width_(static_cast<std::size_t>(n_) + 1),
+          cost_(width_ * width_, kNoLink) {
+        std::int64_t maxWeight = 0;
+        for (const Relation& relation : database.relations())
+            if (relation.weight > static_cast<double>(maxWeight))
+                maxWeight = roundToInteger(relation.weight);
+        for (const Relation& relation : database.relations())
+            cost(relation.part1, relation.part2) = cost(relation.part2, relation.part1) =
+                static_cast<Cost>(maxWeight + 1 - roundToInteger(relation.weight));
+    }
+
+    /// Finds the chains from the source to everybody. The last contact left is not visited: there
+    /// is nobody whose distance it could change.
+    void search(int source) {
+        source_ = source;
+        prev_.assign(width_, 0);
+        visited_.assign(width_, false);
+        dist_.assign(cost_.begin() + source * width_, cost_.begin() + (source + 1) * width_);
+        visited_[source] = true;
+        dist_[source] = 0;
+        for (int pass = 1; pass <= n_ - 2; ++pass) {
+            int u = 0;
+            for (int i = 1; i <= n_; ++i)
+                if (!visited_[i])
+                    u = i;
+            for (int i = 1; i <= n_; ++i)
+                if (!visited_[i] && dist_[i] < dist_[u])
+                    u = i;
+            visited_[u] = true;
+            for (int v = 1; v <= n_; ++v)
+                if (!visited_[v] && dist_[u] + cost(u, v) < dist_[v]) {
+                    dist_[v] = dist_[u] + cost(u, v);
+                    prev_[v] = u;
+                }
+        }
+    }
+
+    std::optional<LinkChain> chainTo(int target) const {
+        if (dist_[target] >= kNoLink)
+            return std::nullopt;
+        LinkChain chain{{}, static_cast<int>(dist_[target])};
+        for (int x = target; x != 0; x = prev_[x])
+            chain.ids.insert(chain.ids.begin(), x);
+        chain.ids.insert(chain.ids.begin(), source_);
+        return chain;
+    }
+
+ private:
+    Cost& cost(int from, int to) { return cost_[from * width_ + to]; }
+
+    int n_;
+    std::size_t width_;
+    std::vector<Cost> cost_;
+    std::vector<bool> visited_;
+    std::vector<Cost> dist_;
+    std::vector<int> prev_;
+    int source_ = 0;
+};
+
+}  // namespace pelk
