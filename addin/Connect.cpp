@@ -44,6 +44,10 @@ std::span<const Connect::Command> Connect::commands() {
         {"Check for new e-mails", "Pelk parse",
          "Counts the e-mails that came in or went out since you last scanned your mailbox.",
          &Connect::PelkButtonParse_Click, &Connect::PelkButtonParse},
+        {"Other options", "Pelk others", "Sets which relations count as strong and which as weak.",
+         &Connect::PelkButtonOthers_Click, &Connect::PelkButtonOthers},
+        {"Help", "Pelk help", "Explains what Pelk does and how to use it.",
+         &Connect::PelkButtonHelp_Click, &Connect::PelkButtonHelp},
         {"About", "Pelk about", "Shows the version of Pelk.", &Connect::PelkButtonAbout_Click,
          &Connect::PelkButtonAbout},
     };
@@ -78,30 +82,24 @@ void Connect::PelkButtonParse_Click() {
     openScanForm();
 }
 
+void Connect::PelkButtonOthers_Click() {
+    forms_.openOthers(requireDatabase());
+}
+
+void Connect::PelkButtonHelp_Click() {
+    platform_.shell.openHelp();
+}
+
 void Connect::PelkButtonAbout_Click() {
-    forms_.about().show();
+    forms_.openAbout();
 }
 
 void Connect::openScanForm() {
-    Database& database = requireDatabase();
-    const std::string first = database.date() == kNeverScanned
-                                  ? "You must first scan your mailbox."
-                                  : "Only newer e-mails will be scanned.";
-    ParseForm& form = forms_.parseForm();
-    form.database = &database;
-    form.mailClient = mailClient_;
-    form.openView = [this] { openView(); };
-    form.showModal(first +
-                       " This process may take a while. The deleted and outbox folders will NOT "
-                       "be scanned.",
-                   "Please click the start button!");
+    forms_.openScan(requireDatabase(), *mailClient_);
 }
 
 void Connect::openView() {
-    ShowForm& form = forms_.showForm();
-    form.database = &requireDatabase();
-    form.startShowing();
-    form.show();
+    forms_.openView(requireDatabase());
 }
 
 Database& Connect::requireDatabase() {

@@ -38,6 +38,9 @@ class Connect {
     /// place than a menu for the commands.
     void keepMailClient(MailClient& mailClient) { mailClient_ = &mailClient; }
     void buildMenu();
+    /// To be called when `OnDisconnection` has to wait for a handler that is under way: a search
+    /// would run on for long.
+    void abandonSearch() { forms_.abandonSearch(); }
     /// Takes the buttons out of the menu, unloads the forms and lets go of the mail client.
     void OnDisconnection();
 
@@ -49,6 +52,8 @@ class Connect {
  private:
     void PelkButtonView_Click();
     void PelkButtonParse_Click();
+    void PelkButtonOthers_Click();
+    void PelkButtonHelp_Click();
     void PelkButtonAbout_Click();
     void openScanForm();
     void openView();
@@ -61,6 +66,8 @@ class Connect {
     MailClient* mailClient_ = nullptr;
     std::unique_ptr<CommandButton> PelkButtonView;
     std::unique_ptr<CommandButton> PelkButtonParse;
+    std::unique_ptr<CommandButton> PelkButtonOthers;
+    std::unique_ptr<CommandButton> PelkButtonHelp;
     std::unique_ptr<CommandButton> PelkButtonAbout;
 };
 

@@ -1,9 +1,24 @@
 #pragma once
-// The forms of the program: one of each, created on first use.
+// The forms of the program: one of each, created on first use, and who hands over to whom.
 
 #include <memory>
+#include <string>
 
 #include "addin/aboutForm.h"
+#include "addin/configForm.h"
+#include "db/database.h"
+#include "db/storage.h"
+#include "links/ShowFindFormDomains.h"
+#include "links/ShowFindFormSimple.h"
+#include "links/findForm.h"
+#include "links/findFormDomain.h"
+#include "maintenance/DetailsForm.h"
+#include "maintenance/OthersForm.h"
+#include "maintenance/ShowFormSingle.h"
+#include "maintenance/mergeForm.h"
+#include "platform/controls.h"
+#include "platform/mail_client.h"
+#include "platform/platform.h"
 #include "scan/ParseForm.h"
 #include "views/ShowForm.h"
 
@@ -11,19 +26,35 @@ namespace pelk {
 
 class Forms {
  public:
+    /// All references outlive the forms.
     Forms(Toolkit& toolkit, const Platform& platform, Storage& storage)
         : toolkit_(toolkit), platform_(platform), storage_(storage) {}
 
-    ParseForm& parseForm() { return created(parseForm_, toolkit_, platform_, storage_); }
-    ShowForm& showForm() { return created(showForm_, toolkit_, platform_); }
-    aboutForm& about() { return created(about_, toolkit_); }
+    /// Each shows the form filled from the database, which outlives it.
+    void openScan(Database& database, MailClient& mailClient);
+    void openView(Database& database);
+    void openOthers(Database& database);
+    void openAbout();
 
+    /// Ends a search that is under way, and with it the handler that runs it. To be called when
+    /// the forms are to be unloaded but cannot be yet, as they have handlers under way.
+    void abandonSearch();
     /// Destroys every form that was created, with its window.
-    void unload() {
-        about_.reset();
-        showForm_.reset();
-        parseForm_.reset();
-    }
+    void unload();
+
+    /// The forms; null before the first use.
+    std::unique_ptr<ParseForm> scan;
+    std::unique_ptr<ShowForm> view;
+    std::unique_ptr<mergeForm> merge;
+    std::unique_ptr<DetailsForm> details;
+    std::unique_ptr<ShowFormSingle> contact;
+    std::unique_ptr<findForm> find;
+    std::unique_ptr<ShowFindFormSimple> links;
+    std::unique_ptr<findFormDomain> findDomain;
+    std::unique_ptr<ShowFindFormDomains> domainLinks;
+    std::unique_ptr<OthersForm> others;
+    std::unique_ptr<configForm> configuration;
+    std::unique_ptr<aboutForm> about;
 
  private:
     template <typename Form, typename... Arguments>
@@ -33,12 +64,17 @@ class Forms {
         return *form;
     }
 
+    void openMerge(Database& database, int contactId, const std::string& text);
+    void openDetails(const Database& database, int contactId, int relatedId);
+    void openContact(const Database& database, const std::string& address);
+    void openFind(const Database& database, int sourceId);
+    void openFindDomain(const Database& database, const std::string& sourceDomain);
+    void openConfiguration(Database& database);
+    void refreshBesideView();
+
     Toolkit& toolkit_;
     Platform platform_;
     Storage& storage_;
-    std::unique_ptr<ParseForm> parseForm_;
-    std::unique_ptr<ShowForm> showForm_;
-    std::unique_ptr<aboutForm> about_;
 };
 
 }  // namespace pelk

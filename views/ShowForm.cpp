@@ -1,10 +1,8 @@
 #include "views/ShowForm.h"
 
-#include <string>
-
-#include "views/contact_text.h"
-#include "views/fast_tree.h"
-#include "views/strength.h"
+#include "views/contacts_tree.h"
+#include "views/domains_tree.h"
+#include "views/placeholder.h"
 
 namespace pelk {
 namespace {
@@ -16,103 +14,109 @@ constexpr Size kMinimumInnerSize{kInnerSize.width, 2000};
 constexpr int kStripHeight = 600;
 constexpr int kUpperRow = 550;
 constexpr int kLowerRow = 250;
+constexpr int kRowHeight = 230;
 constexpr int kMargin = 60;
+constexpr int kColumnWidth = 2400;
+constexpr int kPictureWidth = 240;
+constexpr int kButtonWidth = 1200;
 
-constexpr Size kLabelSize{2000, 230};
-constexpr Size kButtonSize{1200, 230};
-constexpr Rect kMailsBounds{kMargin, 0, kLabelSize.width, kLabelSize.height};
-constexpr Rect kContactsBounds{kMargin + kLabelSize.width, 0, kLabelSize.width, kLabelSize.height};
-constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonSize.width, 0, kButtonSize.width,
-                             kButtonSize.height};
-
-constexpr const char* kPlaceholderText = "Loading...";
-
-void setTop(Control& control, int top) {
-    Rect bounds = control.bounds();
-    bounds.top = top;
-    control.setBounds(bounds);
+constexpr Rect labelIn(int column) {
+    return {kMargin + column * kColumnWidth, 0, kColumnWidth - kMargin, kRowHeight};
 }
 
-/// A placeholder stands for children that are not filled in yet; it is nobody's node.
-bool isPlaceholder(const TreeNode& node) {
-    return std::holds_alternative<std::monostate>(node.tag());
+constexpr Rect pictureIn(int column) {
+    return {kMargin + column * kColumnWidth, 0, kPictureWidth, kRowHeight};
 }
+
+constexpr Rect radioIn(int column) {
+    const Rect label = labelIn(column);
+    return {label.left + kPictureWidth + kMargin, 0, label.width - kPictureWidth - kMargin,
+            kRowHeight};
+}
+
+constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButtonWidth,
+                             kRowHeight};
 
 }  // namespace
 
-ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform)
+ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
     : window(toolkit.createWindow()),
       presTree(window->addTreeView({})),
-      dLabel1(window->addLabel(kMailsBounds, "")),
-      dLabel2(window->addLabel(kContactsBounds, "")),
+      dLabel1(window->addLabel(labelIn(0), "")),
+      dLabel2(window->addLabel(labelIn(1), "")),
       refreshButton(window->addButton(kButtonBounds, "Refresh")),
+      Picture1(window->addPicture(pictureIn(0), TreeImage::Contact)),
+      namesRadio(window->addOptionButton(radioIn(0), "Group by names")),
+      Picture2(window->addPicture(pictureIn(1), TreeImage::Many)),
+      domainsRadio(window->addOptionButton(radioIn(1), "Group by domains")),
       gotoButton(window->addButton(kButtonBounds, "GoTo")),
-      platform_(platform) {
+      platform_(platform),
+      storage_(storage),
+      showmenu_(window->addPopupMenu()),
+      mergeMenuItem_(addMenuItem("Merge contacts", &ShowForm::mergeMenuItemClick)),
+      renameMenuItem_(addMenuItem("Rename", &ShowForm::renameMenuItemClick)),
+      deleteMenuItem_(addMenuItem("Delete", &ShowForm::deleteMenuItemClick)),
+      findMenuItem_(addMenuItem("Find the best link", &ShowForm::findMenuItemClick)),
+      detailsMenuItem_(addMenuItem("More details", &ShowForm::detailsMenuItemClick)),
+      findAllMenuItem_(addMenuItem("Find all possible links", &ShowForm::findAllMenuItemClick)),
+      copyMenuItem_(addMenuItem("Copy to clipboard", &ShowForm::copyMenuItemClick)),
+      viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
     window->setMinimumInnerSize(kMinimumInnerSize);
     window->setInnerSize(kInnerSize);
     formResize();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
-    presTree.onCollapse = [this](TreeNode& node) { collapse(node); };
+    presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
+    presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
+    presTree.onDeleteKey = [this] { deleteKeyPressed(); };
+    namesRadio.onClick = [this] { group(true); };
+    domainsRadio.onClick = [this] { group(false); };
     gotoButton.onClick = [this] { gotoButtonClick(); };
     refreshButton.onClick = [this] { refreshButtonClick(); };
 }
 
 void ShowForm::startShowing() {
-    dLabel1.setText("Total parsed mails: " + database->totalMails());
-    dLabel2.setText("Total contacts: " + std::to_string(database->contactCount()));
+    groupedByNames_ = true;
+    showTotals();
+    namesRadio.setChecked(true);
     fillTree();
     strongestWeight_ = database->strongestWeight();
 }
 
+void ShowForm::showTotals() {
+    dLabel1.setText("Total parsed mails: " + database->totalMails());
+    dLabel2.setText("Total contacts: " + std::to_string(database->contactCount()));
+}
+
 void ShowForm::fillTree() {
-    fastClear(presTree);
-    const RedrawSuspension suspension(presTree);
-    database->forEachContact([this](const Contact& contact) { addContactNode(contact); });
-    presTree.model().sortChildren(presTree.model().root());
+    fillContactsTree(presTree, *database);
 }
 
-void ShowForm::addContactNode(const Contact& contact) {
-    TreeModel& tree = presTree.model();
-    TreeNode& node = tree.add(tree.root(), describe(contact));
-    tree.add(node);
-    tree.setKey(node, contactKey(contact.id));
-    tree.setTag(node, contact.id);
-    tree.setImage(node, TreeImage::Contact);
+void ShowForm::fillTreeDomains() {
+    fillDomainsTree(presTree, *database, platform_.language);
 }
 
-/// A node that is filled already has several children, or the single related contact, which is
-/// found again.
-void ShowForm::expand(TreeNode& node) {
-    const int* const id = std::get_if<int>(&node.tag());
-    if (id == nullptr || node.children().size() > 1)
+void ShowForm::refresh() {
+    showTotals();
+    if (groupedByNames_)
+        fillTree();
+    else
+        fillTreeDomains();
+}
+
+void ShowForm::group(bool byNames) {
+    if (groupedByNames_ == byNames)
         return;
-    const RedrawSuspension suspension(presTree);
-    presTree.model().removeChildren(node);
-    const Thresholds thresholds = database->thresholds();
-    for (const Relation& relation : database->relationsOf(*id))
-        addRelatedContact(node, *id, relation, thresholds);
-    presTree.model().sortChildren(node);
+    groupedByNames_ = byNames;
+    refresh();
 }
 
-void ShowForm::addRelatedContact(TreeNode& parent, int contactId, const Relation& relation,
-                                 const Thresholds& thresholds) {
-    const int relatedId = relation.partnerOf(contactId);
-    const std::optional<Contact> related = database->contact(relatedId);
-    const Strength strength =
-        strengthOf(roundToInteger(relation.weight), strongestWeight_, thresholds);
-    TreeModel& tree = presTree.model();
-    TreeNode& node = tree.add(parent, related ? related->name : std::string());
-    tree.setTag(node, relatedId);
-    tree.setImage(node, imageOf(strength));
-    tree.setColor(node, colorOf(strength));
-}
-
-/// The next expansion fills the node anew, with the thresholds of that moment.
-void ShowForm::collapse(TreeNode& node) {
-    presTree.model().removeChildren(node);
-    presTree.model().add(node, kPlaceholderText);
+void ShowForm::expand(TreeNode& node) {
+    if (!groupedByNames_)
+        expandDomain(presTree, node, *database, platform_.language);
+    else if (const int* const id = std::get_if<int>(&node.tag()); id != nullptr && !isFilled(node))
+        fillRelatedContacts(presTree, node, *database, *id, strongestWeight_);
 }
 
 void ShowForm::formResize() {
@@ -120,13 +124,19 @@ void ShowForm::formResize() {
     if (inner.height <= kStripHeight)
         return;
     presTree.setBounds({0, 0, inner.width, inner.height - kStripHeight});
-    for (Control* control : {static_cast<Control*>(&dLabel1), static_cast<Control*>(&dLabel2),
-                             static_cast<Control*>(&refreshButton)})
+    const auto setTop = [](Control& control, int top) {
+        Rect bounds = control.bounds();
+        bounds.top = top;
+        control.setBounds(bounds);
+    };
+    for (Control* control : std::initializer_list<Control*>{&dLabel1, &dLabel2, &refreshButton})
         setTop(*control, inner.height - kUpperRow);
-    setTop(gotoButton, inner.height - kLowerRow);
+    for (Control* control : std::initializer_list<Control*>{&Picture1, &namesRadio, &Picture2,
+                                                            &domainsRadio, &gotoButton})
+        setTop(*control, inner.height - kLowerRow);
 }
 
-/// Goes through the nodes in the order in which they were added, related contacts among them.
+/// Goes through the nodes in the order in which they were added, children among them.
 void ShowForm::gotoButtonClick() {
     const std::string answer =
         platform_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");
@@ -142,7 +152,7 @@ void ShowForm::gotoButtonClick() {
 }
 
 void ShowForm::refreshButtonClick() {
-    fillTree();
+    refresh();
     presTree.repaint();
 }
 

@@ -36,7 +36,8 @@ class ConnectTest : public ::testing::Test {
 
 TEST_F(ConnectTest, putsItsMenuOnTheStandardBarOnceForEachConnection) {
     Connect connect(core.toolkit(), core.platform());
-    const std::vector<std::string> menu{"View your community", "Check for new e-mails", "About"};
+    const std::vector<std::string> menu{"View your community", "Check for new e-mails",
+                                        "Other options", "Help", "About"};
     for (int connection = 0; connection < 2; ++connection) {
         connect.OnConnection(client);
         EXPECT_EQ(captions(), menu);
@@ -111,6 +112,18 @@ TEST_F(ConnectTest, tellsFirstAndLaterScansApart) {
         client.button("Check for new e-mails")->clicked();
         connect.OnDisconnection();
     }
+}
+
+TEST_F(ConnectTest, opensTheOtherOptionsAndTheHelp) {
+    Connect connect(core.toolkit(), core.platform());
+    connect.OnConnection(client);
+    client.button("Help")->clicked();
+    EXPECT_EQ(core.shell.helpOpened, 1);
+    client.button("Other options")->clicked();
+    driver.settle();
+    EXPECT_TRUE(driver.isWindowShown("Other options"));
+    connect.OnDisconnection();
+    EXPECT_FALSE(driver.isWindowShown("Other options"));
 }
 
 TEST_F(ConnectTest, showsTheProductInTheAboutBox) {

@@ -1,70 +1,7 @@
-#include "views/ShowForm.h"
-
-#include <gtest/gtest.h>
-
-#include "tests/support/core_platform.h"
+#include "tests/views/show_form_fixture.h"
 
 namespace pelk {
 namespace {
-
-/// Ann (id 1) wrote 200 e-mails with Zoe, 100 with bob, 10 with Carl; nobody else knows anybody.
-constexpr const char* kCommunity =
-    "<pelkDB date='2026-11-20T00:00:00' totalMails='310' totalContacts='5' maxInd='50' minInd='5'>"
-    "<contacts><contact id='1' name='Ann'><emails><email value='a@a'/><email value='a@b'/></emails>"
-    "</contact><contact id='2' name='Zoe'><emails><email value='zoe@a'/></emails></contact>"
-    "<contact id='3' name='bob'><emails><email value='bob@a'/></emails></contact>"
-    "<contact id='4' name='Carl'><emails><email value='carl@a'/></emails></contact>"
-    "<contact id='5' name='Anouk'><emails/></contact></contacts>"
-    "<relations total='0'><relation part1='1' part2='2' weight='200'/>"
-    "<relation part1='1' part2='3' weight='100'/><relation part1='1' part2='4' weight='10'/>"
-    "<relation part1='4' part2='4' weight='7'/></relations></pelkDB>";
-
-struct StrengthLook {
-    const char* name;
-    TreeImage image;
-    Color color;
-};
-constexpr StrengthLook kLooks[] = {{" strong", TreeImage::One, {255, 0, 0}},
-                                   {" medium", TreeImage::Two, {0, 0, 255}},
-                                   {" weak", TreeImage::Three, {100, 100, 100}}};
-
-class ShowFormTest : public ::testing::Test {
- protected:
-    CorePlatform core;
-    Driver& driver = core.driver();
-    std::unique_ptr<Database> database = loadDocument(kCommunity);
-    ShowForm form{core.toolkit(), core.platform()};
-
-    void SetUp() override {
-        open();
-        form.show();
-        driver.settle();
-    }
-    void open() {
-        form.database = database.get();
-        form.startShowing();
-    }
-    /// The texts of the rows, and the strength that image and colour tell of.
-    std::string rows(const TreePath& parent = {}) {
-        std::string all;
-        for (const TreeRow& row : driver.rows(form.presTree, parent)) {
-            all += (all.empty() ? "" : ", ") + row.text;
-            for (const auto& [name, image, color] : kLooks)
-                all += row.image == image && row.color == color ? name : "";
-        }
-        return all;
-    }
-    std::string expanded(int row) {
-        driver.expand(form.presTree, {row});
-        return rows({row});
-    }
-    std::string foundBy(const std::string& answer) {
-        core.dialogs.expectInput("", "Enter the first letters of the contact you want to find:", "",
-                                 answer);
-        driver.click(form.gotoButton);
-        return driver.selectedText(form.presTree).value_or("");
-    }
-};
 
 TEST_F(ShowFormTest, showsTotalsAndContactsInAlphabeticalOrder) {
     EXPECT_EQ(driver.captionOf(*form.window), "Relations Tree");
@@ -122,8 +59,13 @@ TEST_F(ShowFormTest, laysOutItsControlsFromTheBottomEdge) {
     const Size inner = form.window->innerSize();
     EXPECT_NEAR(driver.boundsOf(form.presTree).width, inner.width, 20);
     EXPECT_NEAR(driver.boundsOf(form.presTree).height, inner.height - 600, 20);
-    EXPECT_NEAR(driver.boundsOf(form.gotoButton).top, inner.height - 250, 20);
     EXPECT_NEAR(driver.boundsOf(form.refreshButton).top, inner.height - 550, 20);
+    for (Control* control :
+         std::initializer_list<Control*>{&form.Picture1, &form.namesRadio, &form.Picture2,
+                                         &form.domainsRadio, &form.gotoButton})
+        EXPECT_NEAR(driver.boundsOf(*control).top, inner.height - 250, 20);
+    for (OptionButton* button : {&form.namesRadio, &form.domainsRadio})
+        EXPECT_TRUE(driver.showsWholeText(*button));
     for (Button* button : {&form.gotoButton, &form.refreshButton})
         EXPECT_TRUE(driver.showsWholeText(*button));
     for (Label* label : {&form.dLabel1, &form.dLabel2}) {

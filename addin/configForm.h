@@ -1,0 +1,44 @@
+#pragma once
+// Sets the two thresholds that divide relations into strong, medium and weak ones.
+
+#include <memory>
+
+#include "db/database.h"
+#include "db/storage.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+
+namespace pelk {
+
+class configForm {
+ public:
+    configForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+
+    /// Set before `showModal`; outlives the form's use of it.
+    Database* database = nullptr;
+
+    /// Shows the thresholds of the database, and returns when the user has applied others or
+    /// cancelled.
+    void showModal();
+
+    const std::unique_ptr<Window> window;
+    Label& Label1;
+    Slider& maxSlider;
+    Label& maxValueLabel;
+    Label& Label4;
+    Label& Label3;
+    Slider& minSlider;
+    Label& minValueLabel;
+    Label& Label2;
+    Button& okButton;
+    Button& cancelButton;
+
+ private:
+    void showValues();
+    void okButtonClick();
+
+    Platform platform_;
+    Storage& storage_;
+};
+
+}  // namespace pelk

@@ -1,0 +1,167 @@
+#include "addin/forms.h"
+
+#include "db/date_stamp.h"
+
+namespace pelk {
+namespace {
+
+/// Shows in a form what a change elsewhere has made of it. One that is not open is filled when it
+/// is opened.
+template <typename Form>
+void refreshIfOpen(const std::unique_ptr<Form>& form) {
+    if (form && form->window->isVisible())
+        form->refresh();
+}
+
+}  // namespace
+
+void Forms::openScan(Database& database, MailClient& mailClient) {
+    const std::string first = database.date() == kNeverScanned
+                                  ? "You must first scan your mailbox."
+                                  : "Only newer e-mails will be scanned.";
+    ParseForm& form = created(scan, toolkit_, platform_, storage_);
+    form.database = &database;
+    form.mailClient = &mailClient;
+    form.openView = [this, &database] {
+        refreshBesideView();
+        openView(database);
+    };
+    form.showModal(first +
+                       " This process may take a while. The deleted and outbox folders will NOT "
+                       "be scanned.",
+                   "Please click the start button!");
+}
+
+void Forms::openView(Database& database) {
+    ShowForm& form = created(view, toolkit_, platform_, storage_);
+    form.database = &database;
+    form.mergeContact = [this, &database](int id, const std::string& text) {
+        openMerge(database, id, text);
+    };
+    form.openDetails = [this, &database](int id, int relatedId) {
+        openDetails(database, id, relatedId);
+    };
+    form.openContact = [this, &database](const std::string& address) {
+        openContact(database, address);
+    };
+    form.findLinks = [this, &database](int sourceId) { openFind(database, sourceId); };
+    form.findDomainLinks = [this, &database](const std::string& sourceDomain) {
+        openFindDomain(database, sourceDomain);
+    };
+    form.databaseChanged = [this] { refreshBesideView(); };
+    form.startShowing();
+    form.show();
+}
+
+void Forms::openMerge(Database& database, int contactId, const std::string& text) {
+    mergeForm& form = created(merge, toolkit_, platform_, storage_);
+    form.database = &database;
+    form.databaseChanged = [this] {
+        refreshIfOpen(view);
+        refreshBesideView();
+    };
+    form.addContact(contactId, text);
+}
+
+void Forms::openDetails(const Database& database, int contactId, int relatedId) {
+    DetailsForm& form = created(details, toolkit_);
+    form.database = &database;
+    form.fillInfo(contactId, relatedId);
+    form.show();
+}
+
+void Forms::openContact(const Database& database, const std::string& address) {
+    ShowFormSingle& form = created(contact, toolkit_, platform_);
+    form.database = &database;
+    form.openDetails = [this, &database](int id, int relatedId) {
+        openDetails(database, id, relatedId);
+    };
+    form.startShowing(address);
+    form.show();
+}
+
+void Forms::openFind(const Database& database, int sourceId) {
+    findForm& form = created(find, toolkit_, platform_);
+    form.db = &database;
+    form.sourceId = sourceId;
+    form.showResult = [this, &database](const std::vector<int>& path) {
+        ShowFindFormSimple& result = created(links, toolkit_);
+        result.db = &database;
+        result.path = path;
+        result.fill();
+        result.show();
+    };
+    form.fillList();
+    form.show();
+}
+
+/// While a search is under way its form comes to the front as it is.
+void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
+    findFormDomain& form = created(findDomain, toolkit_, platform_);
+    if (!form.isSearching()) {
+        form.db = &database;
+        form.sourceDomain = sourceDomain;
+        form.showResult = [this, &database](const DomainLinks& found) {
+            ShowFindFormDomains& result = created(domainLinks, toolkit_);
+            result.db = &database;
+            result.sourceDomain = found.source;
+            result.targetDomain = found.target;
+            result.fill(found.chains);
+            result.show();
+        };
+        form.fillTreeDomains();
+    }
+    form.show();
+}
+
+void Forms::openOthers(Database& database) {
+    OthersForm& form = created(others, toolkit_, platform_, storage_);
+    form.database = &database;
+    form.configure = [this, &database] { openConfiguration(database); };
+    form.databaseChanged = [this] {
+        refreshIfOpen(view);
+        refreshBesideView();
+    };
+    form.show();
+}
+
+void Forms::openConfiguration(Database& database) {
+    configForm& form = created(configuration, toolkit_, platform_, storage_);
+    form.database = &database;
+    form.showModal();
+}
+
+void Forms::openAbout() {
+    created(about, toolkit_).show();
+}
+
+/// The relations view is not among them: what a command of its own changes it shows itself.
+void Forms::refreshBesideView() {
+    refreshIfOpen(merge);
+    refreshIfOpen(details);
+    refreshIfOpen(contact);
+    refreshIfOpen(find);
+    refreshIfOpen(findDomain);
+}
+
+void Forms::abandonSearch() {
+    if (findDomain)
+        findDomain->abandonSearch();
+}
+
+void Forms::unload() {
+    about.reset();
+    configuration.reset();
+    others.reset();
+    domainLinks.reset();
+    findDomain.reset();
+    links.reset();
+    find.reset();
+    contact.reset();
+    details.reset();
+    merge.reset();
+    view.reset();
+    scan.reset();
+}
+
+}  // namespace pelk

@@ -1,0 +1,68 @@
+#include "links/ShowFindFormDomains.h"
+
+#include <algorithm>
+
+#include "links/best_chains.h"
+#include "links/staircase.h"
+#include "views/fast_tree.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{6600, 6000};
+constexpr int kMargin = 150;
+constexpr Size kButtonSize{1300, 330};
+constexpr int kShortestWidth = 2200;
+constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
+constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kMargin};
+constexpr Rect kShortestBounds{kMargin, kButtonTop, kShortestWidth, kButtonSize.height};
+constexpr Rect kOkBounds{kInnerSize.width - kMargin - kButtonSize.width, kButtonTop,
+                         kButtonSize.width, kButtonSize.height};
+
+}  // namespace
+
+ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit)
+    : window(toolkit.createWindow()),
+      presTree(window->addTreeView({})),
+      shortestButton(window->addButton({}, "Show the best link")),
+      okButton(window->addButton({}, "OK")),
+      layout_(*window, kInnerSize) {
+    window->setCaption("All possible links between domains");
+    layout_.add(presTree, kTreeBounds, kFollowsBoth);
+    layout_.add(shortestButton, kShortestBounds, {.top = 1});
+    layout_.add(okButton, kOkBounds, kStaysAtBottomRight);
+    shortestButton.onClick = [this] { shortestButtonClick(); };
+    okButton.onClick = [this] { window->hide(); };
+}
+
+void ShowFindFormDomains::fill(const std::vector<LinkChain>& chains) {
+    maxWeight_ = std::max(maxWeight_, db->strongestWeight());
+    fastClear(presTree);
+    const RedrawSuspension suspension(presTree);
+    TreeModel& tree = presTree.model();
+    TreeNode& root = tree.add(tree.root(), sourceDomain + "<->" + targetDomain);
+    tree.setImage(root, TreeImage::Many);
+    for (const LinkChain& chain : chains) {
+        TreeNode& first = addStaircase(presTree, root, chain.ids, *db, maxWeight_, StairKeys::None);
+        tree.setTag(first, chain.cost);
+    }
+    presTree.setExpanded(root, true);
+}
+
+/// Chains of the same cost are opened together.
+void ShowFindFormDomains::shortestButtonClick() {
+    TreeNode* const root = presTree.model().firstByIndex();
+    if (root == nullptr)
+        return;
+    const RedrawSuspension suspension(presTree);
+    std::vector<int> costs;
+    for (TreeNode* const first : root->children()) {
+        setChainExpanded(presTree, *first, false);
+        costs.push_back(std::get<int>(first->tag()));
+    }
+    presTree.setExpanded(*root, true);
+    for (const std::size_t best : bestChains(costs))
+        setChainExpanded(presTree, *root->children()[best], true);
+}
+
+}  // namespace pelk

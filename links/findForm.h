@@ -1,0 +1,45 @@
+#pragma once
+// Asks for the contact to which the best link is searched, and searches it.
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "db/database.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+#include "views/form_layout.h"
+
+namespace pelk {
+
+class findForm {
+ public:
+    findForm(Toolkit& toolkit, const Platform& platform);
+
+    /// Set before `fillList`; the database outlives the form's use of it.
+    const Database* db = nullptr;
+    /// The contact from which the link starts.
+    int sourceId = 0;
+    /// Where the chain that was found is handed to. Set before the form is shown.
+    std::function<void(const std::vector<int>& path)> showResult;
+
+    /// Lists all contacts by name.
+    void fillList();
+    /// Shows what a change of the database has made of the list.
+    void refresh() { fillList(); }
+    void show() { window->show(); }
+
+    const std::unique_ptr<Window> window;
+    Label& Label1;
+    TreeView& listTree;
+    Button& okButton;
+    Button& cancelButton;
+
+ private:
+    void okButtonClick();
+
+    FormLayout layout_;
+    Platform platform_;
+};
+
+}  // namespace pelk

@@ -1,0 +1,150 @@
+#include "links/findFormDomain.h"
+
+#include <exception>
+#include <optional>
+
+#include "views/domains_tree.h"
+#include "views/placeholder.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{5400, 5800};
+constexpr int kMargin = 150;
+constexpr int kWidth = kInnerSize.width - 2 * kMargin;
+constexpr Size kButtonSize{1300, 330};
+constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
+constexpr int kProgressHeight = 260;
+constexpr int kProgressTop = kButtonTop - kMargin - kProgressHeight;
+constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 520};
+constexpr int kTreeTop = 720;
+constexpr Rect kTreeBounds{kMargin, kTreeTop, kWidth, kProgressTop - kMargin - kTreeTop};
+constexpr Rect kProgressBounds{kMargin, kProgressTop, kWidth, kProgressHeight};
+
+constexpr Rect buttonAt(int fromRight) {
+    return {kInnerSize.width - fromRight * (kMargin + kButtonSize.width), kButtonTop,
+            kButtonSize.width, kButtonSize.height};
+}
+
+/// Leaves the search from within.
+struct SearchAbandoned {};
+
+}  // namespace
+
+findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
+    : window(toolkit.createWindow()),
+      Label1(window->addLabel({}, "Select the domain to which you want to find the best link(s).")),
+      presTree(window->addTreeView({})),
+      ProgressBar1(window->addProgressBar({})),
+      okButton(window->addButton({}, "OK")),
+      stopButton(window->addButton({}, "Stop!")),
+      cancelButton(window->addButton({}, "Cancel")),
+      layout_(*window, kInnerSize),
+      platform_(platform) {
+    window->setCaption("Best link(s)");
+    layout_.add(Label1, kLabelBounds, kFollowsWidth);
+    layout_.add(presTree, kTreeBounds, kFollowsBoth);
+    layout_.add(ProgressBar1, kProgressBounds, kStaysAtBottom);
+    layout_.add(okButton, buttonAt(3), kStaysAtBottomRight);
+    layout_.add(stopButton, buttonAt(2), kStaysAtBottomRight);
+    layout_.add(cancelButton, buttonAt(1), kStaysAtBottomRight);
+    stopButton.keepArrowPointer();
+    stopButton.setEnabled(false);
+    presTree.onExpand = [this](TreeNode& node) {
+        expandDomain(presTree, node, *db, platform_.language);
+    };
+    presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
+    presTree.onSelect = [this](TreeNode&) { okButton.setEnabled(!searching_); };
+    okButton.onClick = [this] { okButtonClick(); };
+    stopButton.onClick = [this] { stopRequested_ = true; };
+    cancelButton.onClick = [this] { close(); };
+    window->onCloseRequest = [this] {
+        close();
+        return true;
+    };
+}
+
+void findFormDomain::fillTreeDomains() {
+    okButton.setEnabled(false);
+    fillDomainsTree(presTree, *db, platform_.language);
+}
+
+void findFormDomain::refresh() {
+    if (!searching_)
+        fillTreeDomains();
+}
+
+/// Without the form there is no way left to stop a search.
+void findFormDomain::close() {
+    abandonSearch();
+    window->hide();
+}
+
+void findFormDomain::okButtonClick() {
+    const TreeNode* const selected = presTree.selected();
+    if (selected == nullptr)
+        return;
+    const std::string targetDomain = domainOf(*selected);
+    if (const std::optional<std::string> refusal = domainRefusal(sourceDomain, targetDomain))
+        platform_.dialogs.message(*refusal, Buttons::Ok);
+    else
+        search(targetDomain);
+}
+
+void findFormDomain::search(const std::string& targetDomain) {
+    setSearching(true);
+    std::optional<DomainLinks> links;
+    try {
+        links = findDomainLinks(*db, sourceDomain, targetDomain, *this);
+    } catch (const SearchAbandoned&) {
+        // Nobody waits for a result any more.
+    } catch (const std::exception&) {
+        setSearching(false);
+        window->setBusyPointer(false);
+        throw;
+    }
+    setSearching(false);
+    if (links && links->chains.empty()) {
+        // The hourglass stays over the form, on purpose: it is taken away with the next result.
+        platform_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
+        return;
+    }
+    if (links)
+        showResult(*links);
+    window->setBusyPointer(false);
+}
+
+void findFormDomain::setSearching(bool searching) {
+    searching_ = searching;
+    stopRequested_ = false;
+    abandoned_ = false;
+    okButton.setEnabled(!searching);
+    stopButton.setEnabled(searching);
+    if (searching)
+        window->setBusyPointer(true);
+    else
+        ProgressBar1.setValue(1);
+}
+
+void findFormDomain::pairsCounted(std::size_t count) {
+    ProgressBar1.setRange(1, static_cast<int>(count) + 1);
+    ProgressBar1.setValue(1);
+}
+
+void findFormDomain::pairStarted(std::size_t index) {
+    ProgressBar1.setValue(static_cast<int>(index) + 1);
+    letUserAct();
+}
+
+bool findFormDomain::stopsAfterChain() {
+    letUserAct();
+    return stopRequested_;
+}
+
+void findFormDomain::letUserAct() {
+    platform_.dialogs.processPendingEvents();
+    if (abandoned_)
+        throw SearchAbandoned();
+}
+
+}  // namespace pelk

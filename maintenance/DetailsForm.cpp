@@ -1,0 +1,62 @@
+#include "maintenance/DetailsForm.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+#include "maintenance/relation_details.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{6000, 2700};
+constexpr int kMargin = 200;
+constexpr int kWidth = kInnerSize.width - 2 * kMargin;
+constexpr int kLineHeight = 260;
+constexpr Size kOkSize{1300, 330};
+
+constexpr Rect line(int top, int lines = 1) {
+    return {kMargin, top, kWidth, lines * kLineHeight};
+}
+
+int barValue(std::int64_t weight) {
+    return static_cast<int>(std::clamp<std::int64_t>(weight, 1, std::numeric_limits<int>::max()));
+}
+
+}  // namespace
+
+DetailsForm::DetailsForm(Toolkit& toolkit)
+    : window(toolkit.createWindow()),
+      Label1(window->addLabel(line(150), "Relation details between")),
+      part1Label(window->addLabel(line(450), "")),
+      Label2(window->addLabel(line(710), "and")),
+      part2Label(window->addLabel(line(970), "")),
+      weightBar(window->addProgressBar(line(1330))),
+      moreLabel(window->addLabel(line(1650, 2), "")),
+      okButton(window->addButton(
+          {kInnerSize.width - kMargin - kOkSize.width, kInnerSize.height - 150 - kOkSize.height,
+           kOkSize.width, kOkSize.height},
+          "OK")) {
+    window->setCaption("Relation details");
+    window->setInnerSize(kInnerSize);
+    window->setMinimumInnerSize(kInnerSize);
+    okButton.onClick = [this] { window->hide(); };
+}
+
+void DetailsForm::fillInfo(int firstId, int secondId) {
+    firstId_ = firstId;
+    secondId_ = secondId;
+    const std::optional<RelationDetails> details = relationDetails(*database, firstId, secondId);
+    if (!details) {
+        weightBar.setValue(1);
+        moreLabel.setText("This relation is no longer in the database.");
+        return;
+    }
+    part1Label.setText(details->name1);
+    part2Label.setText(details->name2);
+    weightBar.setRange(1, barValue(details->strongest));
+    weightBar.setValue(barValue(details->weight));
+    moreLabel.setText(details->sentence());
+}
+
+}  // namespace pelk

@@ -1,0 +1,104 @@
+#include "maintenance/OthersForm.h"
+
+#include <exception>
+
+#include "maintenance/database_import.h"
+
+namespace pelk {
+namespace {
+
+constexpr int kMargin = 200;
+constexpr int kGap = 120;
+constexpr Size kButtonSize{2600, 330};
+constexpr int kButtons = 5;
+constexpr Size kInnerSize{kButtonSize.width + 2 * kMargin,
+                          kButtons* kButtonSize.height + (kButtons - 1) * kGap + 2 * kMargin};
+
+constexpr Rect buttonAt(int row) {
+    return {kMargin, kMargin + row * (kGap + kButtonSize.height), kButtonSize.width,
+            kButtonSize.height};
+}
+
+constexpr const char* kFileFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
+
+}  // namespace
+
+OthersForm::OthersForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+    : window(toolkit.createWindow()),
+      configButton(window->addButton(buttonAt(0), "Configure")),
+      exportButton(window->addButton(buttonAt(1), "Export database")),
+      importButton(window->addButton(buttonAt(2), "Import a database")),
+      delButton(window->addButton(buttonAt(3), "Delete database")),
+      closeButton(window->addButton(buttonAt(4), "Close")),
+      platform_(platform),
+      storage_(storage) {
+    window->setCaption("Other options");
+    window->setInnerSize(kInnerSize);
+    window->setMinimumInnerSize(kInnerSize);
+    // An import runs to its end; until then the form stays.
+    window->onCloseRequest = [this] { return !importing_; };
+    configButton.onClick = [this] { configure(); };
+    exportButton.onClick = [this] { exportButtonClick(); };
+    importButton.onClick = [this] { importButtonClick(); };
+    delButton.onClick = [this] { delButtonClick(); };
+    closeButton.onClick = [this] { window->hide(); };
+}
+
+void OthersForm::exportButtonClick() {
+    const std::string path = platform_.dialogs.saveFile("Exporting the database", kFileFilter);
+    if (!path.empty())
+        storage_.exportDatabase(*database, path);
+}
+
+void OthersForm::importButtonClick() {
+    const std::string path = platform_.dialogs.openFile("Importing a database", kFileFilter);
+    if (path.empty())
+        return;
+    setImporting(true);
+    try {
+        importFile(path);
+    } catch (const std::exception&) {
+        setImporting(false);
+        throw;
+    }
+    setImporting(false);
+}
+
+void OthersForm::importFile(const std::string& path) {
+    switch (importDatabaseFile(*database, path, storage_, *this)) {
+        case ImportOutcome::Imported:
+            databaseChanged();
+            break;
+        case ImportOutcome::Unreadable:
+            platform_.dialogs.message("Error while loading file " + path, Buttons::Ok);
+            break;
+        case ImportOutcome::Ended:
+            break;
+    }
+}
+
+void OthersForm::setImporting(bool importing) {
+    importing_ = importing;
+    platform_.dialogs.setBusyPointer(importing);
+    for (Button* const button :
+         {&configButton, &exportButton, &importButton, &delButton, &closeButton})
+        button->setEnabled(!importing);
+}
+
+bool OthersForm::confirmsMerge(const std::string& question) {
+    return platform_.dialogs.message(question, Buttons::OkCancel) == Answer::Ok;
+}
+
+void OthersForm::itemStarted() {
+    platform_.dialogs.processPendingEvents();
+}
+
+void OthersForm::delButtonClick() {
+    if (platform_.dialogs.message("Do you really want to delete the contacts database?",
+                                  Buttons::OkCancel) != Answer::Ok)
+        return;
+    deleteDatabase(*database, storage_);
+    databaseChanged();
+}
+
+}  // namespace pelk

@@ -1,0 +1,51 @@
+#pragma once
+// The commands on the database as a whole.
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "db/database.h"
+#include "db/storage.h"
+#include "maintenance/import_merge.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+
+namespace pelk {
+
+class OthersForm : private ImportGuide {
+ public:
+    OthersForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+
+    /// Set before the form is shown; outlives the form's use of it.
+    Database* database = nullptr;
+    /// Lets the user set the thresholds; hears that a command has changed the database. Set before
+    /// the form is shown.
+    std::function<void()> configure;
+    std::function<void()> databaseChanged;
+
+    void show() { window->show(); }
+
+    const std::unique_ptr<Window> window;
+    Button& configButton;
+    Button& exportButton;
+    Button& importButton;
+    Button& delButton;
+    Button& closeButton;
+
+ private:
+    void exportButtonClick();
+    void importButtonClick();
+    void delButtonClick();
+    void importFile(const std::string& path);
+    void setImporting(bool importing);
+
+    bool confirmsMerge(const std::string& question) override;
+    void itemStarted() override;
+
+    Platform platform_;
+    Storage& storage_;
+    bool importing_ = false;
+};
+
+}  // namespace pelk

@@ -1,0 +1,52 @@
+#pragma once
+// One contact and its direct relations, coloured by strength.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "db/database.h"
+#include "platform/controls.h"
+#include "platform/platform.h"
+#include "views/form_layout.h"
+
+namespace pelk {
+
+class ShowFormSingle {
+ public:
+    ShowFormSingle(Toolkit& toolkit, const Platform& platform);
+
+    /// Set before `startShowing`; outlives the form's use of it.
+    const Database* database = nullptr;
+    /// Where a relation is handed to. Set before the form is shown.
+    std::function<void(int contactId, int relatedId)> openDetails;
+
+    /// Shows the contact that owns the address, with strengths measured against the strongest
+    /// relation of this moment.
+    void startShowing(const std::string& address);
+    /// Builds the tree of the contact that owns the address; one node that says so when nobody
+    /// does.
+    void fillTree(const std::string& address);
+    /// Shows what has become of the contact after a change of the database.
+    void refresh();
+    void show() { window->show(); }
+
+    const std::unique_ptr<Window> window;
+    TreeView& presTree;
+
+ private:
+    void openMenu(ScreenPoint where);
+    void detailsMenuItemClick();
+    void copyMenuItemClick();
+
+    FormLayout layout_;
+    Platform platform_;
+    PopupMenu& showmenu_;
+    MenuItem& detailsMenuItem_;
+    MenuItem& copyMenuItem_;
+    std::string address_;
+    std::int64_t strongestWeight_ = 0;
+};
+
+}  // namespace pelk

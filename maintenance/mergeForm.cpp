@@ -1,0 +1,107 @@
+#include "maintenance/mergeForm.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+#include "maintenance/contact_merge.h"
+#include "platform/utf8.h"
+
+namespace pelk {
+namespace {
+
+constexpr Size kInnerSize{6000, 5600};
+constexpr int kMargin = 200;
+constexpr int kWidth = kInnerSize.width - 2 * kMargin;
+constexpr Rect kTopLabelBounds{kMargin, 120, kWidth, 560};
+constexpr Rect kListBounds{kMargin, 720, kWidth, 2200};
+constexpr Rect kRemoveLabelBounds{kMargin, 3000, kWidth, 280};
+constexpr Rect kRemoveBounds{kMargin, 3320, 2000, 330};
+constexpr Rect kNameLabelBounds{kMargin, 3800, kWidth, 560};
+constexpr Rect kNameBounds{kMargin, 4400, kWidth, 300};
+constexpr Rect kMergeBounds{kInnerSize.width - kMargin - 1300, kInnerSize.height - 150 - 330, 1300,
+                            330};
+
+/// Gives the column its width.
+constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
+
+}  // namespace
+
+/// The doubled word in the first label is kept: users and the help know the text as it is.
+mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+    : window(toolkit.createWindow()),
+      Label1(window->addLabel({},
+                              "Select the contacts that belong to to the same person from the "
+                              "\"Relations Tree\"")),
+      listView(window->addListView({})),
+      Label2(
+          window->addLabel({}, "Press The Button Below to Remove a Selected Item From the List")),
+      Delcmd(window->addButton({}, "&Remove From List")),
+      Mergelbl1(window->addLabel({},
+                                 "Please type below the real name of the person to whom all the "
+                                 "above contacts will be mapped")),
+      MergeName(window->addTextBox({})),
+      mergeButton(window->addButton({}, "&Merge")),
+      layout_(*window, kInnerSize),
+      platform_(platform),
+      storage_(storage) {
+    window->setCaption("Merge contacts");
+    layout_.add(Label1, kTopLabelBounds, kFollowsWidth);
+    layout_.add(listView, kListBounds, kFollowsBoth);
+    layout_.add(Label2, kRemoveLabelBounds, kStaysAtBottom);
+    layout_.add(Delcmd, kRemoveBounds, {.top = 1});
+    layout_.add(Mergelbl1, kNameLabelBounds, kStaysAtBottom);
+    layout_.add(MergeName, kNameBounds, kStaysAtBottom);
+    layout_.add(mergeButton, kMergeBounds, kStaysAtBottomRight);
+    listView.setColumnHeader(kColumnHeader);
+    Delcmd.onClick = [this] { delcmdClick(); };
+    MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };
+    mergeButton.onClick = [this] { mergeButtonClick(); };
+}
+
+void mergeForm::addContact(int id, const std::string& text) {
+    if (!window->isVisible())
+        load();
+    const std::string tag = std::to_string(id);
+    if (std::none_of(listView.rows().begin(), listView.rows().end(),
+                     [&tag](const ListRow& row) { return row.tag == tag; }))
+        listView.addRow({text, tag});
+}
+
+void mergeForm::load() {
+    while (!listView.rows().empty())
+        listView.removeRow(listView.rows().size() - 1);
+    MergeName.setText("");
+    mergeButton.setEnabled(false);
+    window->show();
+}
+
+/// From the last row to the first, so that those still to be visited keep their places.
+void mergeForm::delcmdClick() {
+    for (std::size_t row = listView.rows().size(); row-- > 0;)
+        if (listView.isSelected(row))
+            listView.removeRow(row);
+}
+
+void mergeForm::refresh() {
+    for (std::size_t row = listView.rows().size(); row-- > 0;)
+        if (!database->contact(readContactId(listView.rows()[row].tag)))
+            listView.removeRow(row);
+}
+
+void mergeForm::mergeButtonClick() {
+    std::vector<int> ids;
+    for (const ListRow& row : listView.rows())
+        ids.push_back(readContactId(row.tag));
+    if (ids.size() < 2) {
+        platform_.dialogs.message("At least two contacts must be added to the list!", Buttons::Ok);
+        return;
+    }
+    storage_.keepBackup();
+    if (mergeContacts(*database, ids, cleanText(MergeName.text())))
+        storage_.saveChange(*database);
+    window->hide();
+    databaseChanged();
+}
+
+}  // namespace pelk

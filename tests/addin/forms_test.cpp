@@ -1,0 +1,378 @@
+// The forms together, as the relations view hands over to them: what is done in one shows in all.
+
+#include "addin/forms.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/core_platform.h"
+#include "tests/support/tree_text.h"
+
+namespace pelk {
+namespace {
+
+using Rows = std::vector<std::string>;
+
+/// Ann (1) wrote 10 e-mails with Bob, 4 with Cy and 1 with Dee; Bob (2) wrote 3 with Cy. Eve (5)
+/// knows nobody.
+constexpr const char* kCommunity =
+    "<pelkDB date='2026-11-20T00:00:00' totalMails='18' totalContacts='5' maxInd='50' minInd='10'>"
+    "<contacts><contact id='1' name='Ann'><emails><email value='ann@b.a'/></emails></contact>"
+    "<contact id='2' name='Bob'><emails><email value='bob@b.a'/></emails></contact>"
+    "<contact id='3' name='Cy'><emails><email value='cy@c'/></emails></contact>"
+    "<contact id='4' name='Dee'><emails><email value='dee@c'/></emails></contact>"
+    "<contact id='5' name='Eve'><emails><email value='eve@e'/></emails></contact></contacts>"
+    "<relations total='0'><relation part1='1' part2='2' weight='10'/>"
+    "<relation part1='1' part2='3' weight='4'/><relation part1='1' part2='4' weight='1'/>"
+    "<relation part1='2' part2='3' weight='3'/></relations></pelkDB>";
+
+class FormsTest : public ::testing::Test {
+ protected:
+    CorePlatform core;
+    Driver& driver = core.driver();
+    std::unique_ptr<Database> database = loadDocument(kCommunity);
+    Forms forms{core.toolkit(), core.platform(), core.storage()};
+
+    void SetUp() override {
+        core.files.folders.insert("/data/pelk");
+        forms.openView(*database);
+        driver.settle();
+    }
+    TreeView& tree() { return forms.view->presTree; }
+    void choose(const TreePath& row, const std::string& caption) {
+        forms.view->show();
+        driver.settle();
+        driver.chooseAt(tree(), row, caption);
+        driver.settle();
+    }
+    void groupByDomains() {
+        driver.click(forms.view->domainsRadio);
+        driver.settle();
+    }
+    void openContact(const TreePath& domain, int leaf) {
+        groupByDomains();
+        TreePath row;
+        for (const int step : domain) {
+            row.push_back(step);
+            driver.expand(tree(), row);
+        }
+        row.push_back(leaf);
+        choose(row, "View contacts");
+        driver.click(forms.view->namesRadio);
+    }
+    std::unique_ptr<Database> saved() { return core.storage().loadDatabase(); }
+};
+
+TEST_F(FormsTest, mergesTheContactsThatWereCollected) {
+    choose({1}, "Merge contacts");
+    mergeForm& form = *forms.merge;
+    EXPECT_EQ(driver.textOf(form.Label1),
+              "Select the contacts that belong to to the same person from the \"Relations Tree\"");
+    for (Label* label : {&form.Label1, &form.Label2, &form.Mergelbl1})
+        EXPECT_TRUE(driver.showsWholeText(*label)) << driver.textOf(*label);
+    EXPECT_FALSE(driver.isEnabled(form.mergeButton));
+    driver.type(form.MergeName, "Robert");
+    core.dialogs.expectMessage("At least two contacts must be added to the list!");
+    driver.click(form.mergeButton);
+    for (const int row : {2, 4, 0, 1})
+        choose({row}, "Merge contacts");
+    EXPECT_EQ(driver.rowsOf(form.listView),
+              (Rows{"Bob (bob@b.a)", "Cy (cy@c)", "Eve (eve@e)", "Ann (ann@b.a)"}));
+    driver.selectRows(form.listView, {0, 3});
+    driver.click(form.Delcmd);
+    EXPECT_EQ(driver.rowsOf(form.listView), (Rows{"Cy (cy@c)", "Eve (eve@e)"}));
+    choose({1}, "Merge contacts");
+    driver.type(form.MergeName, "");
+    EXPECT_FALSE(driver.isEnabled(form.mergeButton));
+    driver.type(form.MergeName, "Cyril");
+    driver.click(form.mergeButton);
+
+    EXPECT_FALSE(driver.isVisible(*form.window));
+    EXPECT_EQ(shownRows(driver, tree()), "Ann (ann@b.a), Cyril (cy@c/eve@e/bob@b.a), Dee (dee@c)");
+    EXPECT_EQ(driver.textOf(forms.view->dLabel2), "Total contacts: 3");
+    EXPECT_EQ(saved()->relationOfPair(1, 3)->weight, 14);
+    EXPECT_EQ(saved()->relationCount(), 2U);
+    EXPECT_FALSE(core.files.files.contains("/data/pelk/pelk.db.bak")) << "there was no file yet";
+
+    choose({2}, "Merge contacts");
+    EXPECT_EQ(driver.rowsOf(form.listView), (Rows{"Dee (dee@c)"})) << "it opens anew";
+    EXPECT_EQ(driver.textOf(form.MergeName), "");
+}
+
+TEST_F(FormsTest, showsHowStrongARelationIs) {
+    driver.expand(tree(), {0});
+    choose({0, 1}, "More details");
+    DetailsForm& form = *forms.details;
+    EXPECT_EQ(driver.textOf(form.part1Label), "Ann");
+    EXPECT_EQ(driver.textOf(form.part2Label), "Cy");
+    EXPECT_EQ(driver.textOf(form.moreLabel),
+              "4 emails have been exchanged between these contacts, while in the most strong "
+              "relation 10 emails have been exchanged.");
+    EXPECT_TRUE(driver.showsWholeText(form.moreLabel));
+    EXPECT_EQ(driver.progressOf(form.weightBar).value, 4);
+    EXPECT_EQ(driver.progressOf(form.weightBar).maximum, 10);
+    choose({0, 2}, "More details");
+    EXPECT_EQ(driver.textOf(form.part2Label), "Dee");
+    EXPECT_EQ(driver.textOf(form.moreLabel).substr(0, 23), "1 email has been exchan");
+    driver.click(form.okButton);
+    EXPECT_FALSE(driver.isVisible(*form.window));
+}
+
+TEST_F(FormsTest, showsAContactAlone) {
+    openContact({0, 0}, 0);
+    ShowFormSingle& form = *forms.contact;
+    EXPECT_EQ(shownRows(driver, form.presTree), "Ann (ann@b.a)");
+    EXPECT_EQ(shownRows(driver, form.presTree, {0}), "Bob strong, Cy medium, Dee weak");
+    EXPECT_TRUE(driver.rows(form.presTree)[0].expanded);
+    EXPECT_EQ(driver.menuAt(form.presTree, {0}), (Rows{"Copy to clipboard"}));
+    EXPECT_EQ(driver.menuAt(form.presTree, {0, 1}), (Rows{"More details", "Copy to clipboard"}));
+    driver.chooseAt(form.presTree, {0}, "Copy to clipboard");
+    EXPECT_EQ(core.dialogs.clipboard, "Ann (ann@b.a)");
+    driver.chooseAt(form.presTree, {0, 1}, "More details");
+    driver.settle();
+    EXPECT_EQ(driver.textOf(forms.details->part1Label), "Ann");
+    EXPECT_EQ(driver.textOf(forms.details->part2Label), "Cy");
+}
+
+TEST_F(FormsTest, noFormShowsOrTouchesAContactThatIsGone) {
+    openContact({1}, 0);
+    choose({2}, "Merge contacts");
+    choose({0}, "Merge contacts");
+    choose({0}, "Find the best link");
+    driver.expand(tree(), {0});
+    choose({0, 1}, "More details");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree, {0}), "Ann medium, Bob medium");
+
+    forms.view->show();
+    driver.settle();
+    core.dialogs.expectMessage("Do you want to delete this contact ?", Buttons::OkCancel,
+                               Answer::Ok);
+    driver.chooseAt(tree(), {2}, "Delete");
+    EXPECT_EQ(shownRows(driver, tree(), {0}), "Bob strong, Dee weak");
+    EXPECT_EQ(driver.textOf(forms.details->moreLabel),
+              "This relation is no longer in the database.");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree),
+              "No contact has the address cy@c any more.");
+    EXPECT_EQ(driver.menuAt(forms.contact->presTree, {0}), (Rows{"Copy to clipboard"}));
+    EXPECT_EQ(driver.rowsOf(forms.merge->listView), (Rows{"Ann (ann@b.a)"}));
+    EXPECT_EQ(shownRows(driver, forms.find->listTree), "Ann, Bob, Dee, Eve");
+}
+
+TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {
+    openContact({1}, 1);
+    driver.expand(tree(), {0});
+    choose({0, 2}, "More details");
+    choose({4}, "Merge contacts");
+    forms.merge->addContact(4, "Dee");
+    forms.merge->addContact(2, "Bob");
+    driver.type(forms.merge->MergeName, "All");
+    driver.click(forms.merge->mergeButton);
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), "All (eve@e/dee@c/bob@b.a)");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree, {0}), "Ann strong, Cy medium");
+    EXPECT_EQ(driver.textOf(forms.details->moreLabel),
+              "This relation is no longer in the database.");
+}
+
+TEST_F(FormsTest, setsTheThresholdsButLetsThemNotCross) {
+    forms.openOthers(*database);
+    driver.settle();
+    const auto set = [this](int strong, int weak) {
+        driver.later([this, strong, weak] {
+            configForm& form = *forms.configuration;
+            EXPECT_EQ(driver.textOf(form.maxValueLabel),
+                      std::to_string(driver.valueOf(form.maxSlider)));
+            driver.move(form.maxSlider, strong);
+            driver.move(form.minSlider, weak);
+            EXPECT_EQ(driver.textOf(form.maxValueLabel), std::to_string(strong));
+            driver.click(form.okButton);
+            if (driver.isVisible(*form.window))
+                driver.click(form.cancelButton);
+        });
+        driver.click(forms.others->configButton);
+    };
+    set(60, 20);
+    EXPECT_EQ(saved()->thresholds().strong, 60);
+    EXPECT_EQ(saved()->thresholds().weak, 20);
+    set(30, 30);
+    EXPECT_EQ(saved()->thresholds().strong, 30);
+    core.dialogs.expectMessage(
+        "Erroneous Action: A strong relation must always have more exchanged e-mails than that of "
+        "a weak relation. Please apply a different configuration.");
+    set(29, 30);
+    EXPECT_EQ(database->thresholds().strong, 30);
+    for (Label* label : {&forms.configuration->Label1, &forms.configuration->Label2,
+                         &forms.configuration->Label3, &forms.configuration->Label4})
+        EXPECT_TRUE(driver.showsWholeText(*label)) << driver.textOf(*label);
+}
+
+TEST_F(FormsTest, exportsImportsAndDeletesTheDatabase) {
+    const std::string filter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
+    forms.openOthers(*database);
+    driver.settle();
+    OthersForm& form = *forms.others;
+    for (const char* path : {"", "/copy.db"}) {
+        core.dialogs.expectFile("Exporting the database", filter, path);
+        driver.click(form.exportButton);
+    }
+    const char* question = "Do you really want to delete the contacts database?";
+    core.dialogs.expectMessage(question, Buttons::OkCancel, Answer::Cancel);
+    driver.click(form.delButton);
+    EXPECT_EQ(shownRows(driver, tree(), {}).substr(0, 3), "Ann");
+    core.dialogs.expectMessage(question, Buttons::OkCancel, Answer::Ok);
+    driver.click(form.delButton);
+    EXPECT_EQ(shownRows(driver, tree()), "");
+    EXPECT_EQ(driver.textOf(forms.view->dLabel2), "Total contacts: 0");
+
+    core.dialogs.onPendingEvents = [&] { EXPECT_FALSE(driver.isEnabled(form.importButton)); };
+    for (const char* path : {"", "/nowhere.db", "/copy.db"}) {
+        core.dialogs.expectFile("Importing a database", filter, path);
+        if (path == std::string("/nowhere.db"))
+            core.dialogs.expectMessage("Error while loading file /nowhere.db");
+        driver.click(form.importButton);
+    }
+    EXPECT_EQ(core.dialogs.busyPointers().back(), false);
+    EXPECT_EQ(shownRows(driver, tree()),
+              "Ann (ann@b.a), Bob (bob@b.a), Cy (cy@c), Dee (dee@c), Eve (eve@e)");
+    EXPECT_EQ(saved()->relationCount(), 4U);
+
+    core.files.failAt = core.files.steps + 1;
+    core.dialogs.expectFile("Importing a database", filter, "/copy.db");
+    core.dialogs.expectMessage("/data/pelk/pelk.db.new cannot be written.");
+    driver.click(form.importButton);
+    EXPECT_TRUE(driver.isEnabled(form.importButton));
+    EXPECT_EQ(database->relationOfPair(1, 2)->weight, 10);
+    driver.click(form.closeButton);
+    EXPECT_FALSE(driver.isVisible(*form.window));
+}
+
+TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
+    choose({3}, "Find the best link");
+    findForm& form = *forms.find;
+    EXPECT_FALSE(driver.isEnabled(form.okButton));
+    const auto find = [&](int row) {
+        form.show();
+        driver.settle();
+        driver.clickRow(form.listTree, {row});
+        driver.click(form.okButton);
+        driver.settle();
+    };
+    core.dialogs.expectMessage("You cannot select this contact again!");
+    find(3);
+    core.dialogs.expectMessage("Cannot find a path between those nodes!");
+    find(4);
+    EXPECT_EQ(forms.links, nullptr);
+    find(2);
+    TreeView& result = forms.links->presTree;
+    EXPECT_EQ(shownRows(driver, result), "Dee (dee@c)");
+    EXPECT_EQ(shownRows(driver, result, {0}), "Ann (ann@b.a) weak");
+    EXPECT_EQ(shownRows(driver, result, {0, 0}), "Cy (cy@c) medium");
+    EXPECT_TRUE(driver.rows(result, {0})[0].expanded);
+    driver.click(forms.links->okButton);
+    EXPECT_FALSE(driver.isVisible(*forms.links->window));
+
+    database->removeContacts({2});
+    core.dialogs.expectMessage("Cannot find a path between those nodes!");
+    find(1);
+}
+
+class DomainLinksTest : public FormsTest {
+ protected:
+    void openFor(const TreePath& row) {
+        groupByDomains();
+        choose(row, "Find all possible links");
+        // Until the search is over, pending events are the acts of the test.
+        core.dialogs.onPendingEvents = [this] {
+            if (act)
+                act(++events);
+        };
+    }
+    void search(const TreePath& row) {
+        findFormDomain& form = *forms.findDomain;
+        driver.clickRow(form.presTree, row);
+        EXPECT_TRUE(driver.isEnabled(form.okButton));
+        driver.click(form.okButton);
+        driver.settle();
+        EXPECT_FALSE(driver.isEnabled(form.stopButton));
+        EXPECT_LE(driver.progressOf(form.ProgressBar1).value, 1);
+    }
+    std::string chains() {
+        std::string all;
+        TreeView& tree = forms.domainLinks->presTree;
+        const int count = static_cast<int>(driver.rows(tree, {0}).size());
+        for (int chain = 0; chain < count; ++chain) {
+            TreePath row{0, chain};
+            all += all.empty() ? "" : "; ";
+            all += driver.rows(tree, {0})[static_cast<std::size_t>(chain)].text;
+            for (; !driver.rows(tree, row).empty(); row.push_back(0))
+                all += " > " + shownRows(driver, tree, row);
+        }
+        return all;
+    }
+
+    std::function<void(int)> act;
+    int events = 0;
+};
+
+TEST_F(DomainLinksTest, findsAllLinksAndTheBest) {
+    openFor({0});
+    core.dialogs.expectMessage("a is the same as a");
+    search({0});
+    core.dialogs.expectMessage("Cannot find a path between a and e");
+    search({2});
+    EXPECT_EQ(driver.pointerOver(forms.findDomain->presTree), Pointer::Busy) << "kept so";
+    EXPECT_EQ(driver.pointerOver(forms.findDomain->stopButton), Pointer::Arrow);
+    search({1});
+    EXPECT_EQ(driver.pointerOver(forms.findDomain->presTree), Pointer::Arrow);
+    TreeView& tree = forms.domainLinks->presTree;
+    EXPECT_EQ(shownRows(driver, tree), "a<->c");
+    EXPECT_EQ(chains(),
+              "Ann (ann@b.a) > Cy (cy@c) medium; Ann (ann@b.a) > Dee (dee@c) weak; "
+              "Bob (bob@b.a) > Cy (cy@c) medium; "
+              "Bob (bob@b.a) > Ann (ann@b.a) strong > Dee (dee@c) weak");
+    driver.click(forms.domainLinks->shortestButton);
+    driver.settle();
+    for (const std::size_t chain : {0U, 1U, 2U, 3U})
+        EXPECT_EQ(driver.rows(tree, {0})[chain].expanded, chain == 0) << chain;
+}
+
+TEST_F(DomainLinksTest, stopsAfterTheNextChain) {
+    openFor({0});
+    act = [this](int) {
+        EXPECT_FALSE(driver.isEnabled(forms.findDomain->okButton));
+        EXPECT_EQ(driver.pointerOver(forms.findDomain->presTree), Pointer::Busy);
+        driver.click(forms.findDomain->stopButton);
+    };
+    search({1});
+    EXPECT_EQ(chains(), "Ann (ann@b.a) > Cy (cy@c) medium");
+}
+
+TEST_F(DomainLinksTest, showsNothingOnceItsFormIsClosed) {
+    openFor({0});
+    act = [this](int event) {
+        if (event == 1)
+            driver.close(*forms.findDomain->window);
+        EXPECT_EQ(event, 1);
+    };
+    driver.clickRow(forms.findDomain->presTree, {1});
+    driver.click(forms.findDomain->okButton);
+    EXPECT_EQ(forms.domainLinks, nullptr);
+    EXPECT_EQ(driver.pointerOver(forms.findDomain->presTree), Pointer::Arrow);
+}
+
+TEST_F(DomainLinksTest, searchesTheDatabaseAsItIsAtEachPair) {
+    openFor({0});
+    act = [this](int event) {
+        if (event != 2)
+            return;
+        core.dialogs.expectMessage("Do you want to delete this domain?", Buttons::OkCancel,
+                                   Answer::Ok);
+        forms.view->show();
+        driver.settle();
+        driver.chooseAt(tree(), {1}, "Delete");
+        forms.openView(*database);
+    };
+    search({1});
+    EXPECT_EQ(chains(), "Ann (ann@b.a) > Contact 3 is no longer in the database.");
+}
+
+}  // namespace
+}  // namespace pelk

@@ -1,0 +1,30 @@
+#pragma once
+// What a tree shows, as one line of text.
+
+#include <string>
+
+#include "tests/support/driver.h"
+
+namespace pelk {
+
+/// The texts of the rows below `parent`, each followed by the strength that its image and its
+/// colour tell of, as one: "Ann strong, Bob".
+inline std::string shownRows(Driver& driver, TreeView& tree, const TreePath& parent = {}) {
+    struct Look {
+        const char* name;
+        TreeImage image;
+        Color color;
+    };
+    constexpr Look kLooks[] = {{" strong", TreeImage::One, {255, 0, 0}},
+                               {" medium", TreeImage::Two, {0, 0, 255}},
+                               {" weak", TreeImage::Three, {100, 100, 100}}};
+    std::string all;
+    for (const TreeRow& row : driver.rows(tree, parent)) {
+        all += (all.empty() ? "" : ", ") + row.text;
+        for (const Look& look : kLooks)
+            all += row.image == look.image && row.color == look.color ? look.name : "";
+    }
+    return all;
+}
+
+}  // namespace pelk

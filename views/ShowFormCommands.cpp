@@ -1,0 +1,150 @@
+// The relations view's commands on the selected node: what its menu offers when, and what each
+// command does.
+
+#include "platform/utf8.h"
+#include "views/ShowForm.h"
+#include "views/contact_text.h"
+#include "views/domains.h"
+#include "views/domains_tree.h"
+
+namespace pelk {
+namespace {
+
+/// The contact of a node of the names grouping.
+int contactOf(const TreeNode& node) {
+    return std::get<int>(node.tag());
+}
+
+/// The nodes of a contact that stand below others, as their related contact.
+std::vector<TreeNode*> relatedNodesOf(TreeModel& tree, int id) {
+    std::vector<TreeNode*> nodes;
+    for (TreeNode* node = tree.firstByIndex(); node != nullptr; node = tree.nextByIndex(*node))
+        if (!node->isTopLevel() && node->tag() == TreeTag(id))
+            nodes.push_back(node);
+    return nodes;
+}
+
+}  // namespace
+
+MenuItem& ShowForm::addMenuItem(const std::string& caption, void (ShowForm::*command)(TreeNode&)) {
+    MenuItem& item = showmenu_.addItem(caption);
+    item.onClick = [this, command] {
+        if (TreeNode* const node = presTree.selected())
+            (this->*command)(*node);
+    };
+    return item;
+}
+
+void ShowForm::openMenu(ScreenPoint where) {
+    const TreeNode* const node = presTree.selected();
+    if (node == nullptr)
+        return;
+    const bool isContact = groupedByNames_ && node->isTopLevel();
+    mergeMenuItem_.setVisible(isContact);
+    renameMenuItem_.setVisible(isContact);
+    deleteMenuItem_.setVisible(isContact || !groupedByNames_);
+    findMenuItem_.setVisible(isContact);
+    detailsMenuItem_.setVisible(groupedByNames_ && !isContact);
+    findAllMenuItem_.setVisible(!groupedByNames_);
+    viewMenuItem_.setVisible(!groupedByNames_ && isAddressLeaf(*node));
+    showmenu_.open(where);
+}
+
+void ShowForm::deleteKeyPressed() {
+    TreeNode* const node = presTree.selected();
+    if (node != nullptr && (!groupedByNames_ || node->isTopLevel()))
+        deleteMenuItemClick(*node);
+}
+
+void ShowForm::mergeMenuItemClick(TreeNode& node) {
+    if (const int id = contactOf(node); !isGone(id))
+        mergeContact(id, node.text());
+}
+
+/// The node shows the bare new name, without the addresses, until the tree is filled again: this
+/// is on purpose, and tells the user which one was just renamed.
+void ShowForm::renameMenuItemClick(TreeNode& node) {
+    const std::string name =
+        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
+    if (name.empty())
+        return;
+    const int id = contactOf(node);
+    if (isGone(id))
+        return;
+    database->renameContact(id, cleanText(name));
+    saveChange();
+    presTree.model().setText(node, name);
+    for (TreeNode* const related : relatedNodesOf(presTree.model(), id))
+        presTree.model().setText(*related, name);
+}
+
+void ShowForm::deleteMenuItemClick(TreeNode& node) {
+    if (groupedByNames_)
+        deleteContact(contactOf(node));
+    else
+        deleteDomain(node);
+}
+
+/// A node may outlive its contact, or show one that has no proper id. No command acts on it.
+bool ShowForm::isGone(int contactId) {
+    if (database->contact(contactId))
+        return false;
+    platform_.dialogs.message("This contact is no longer in the database.", Buttons::Ok);
+    refresh();
+    return true;
+}
+
+void ShowForm::deleteContact(int id) {
+    if (platform_.dialogs.message("Do you want to delete this contact ?", Buttons::OkCancel) !=
+            Answer::Ok ||
+        isGone(id))
+        return;
+    storage_.keepBackup();
+    database->removeContacts({id});
+    saveChange();
+    TreeModel& tree = presTree.model();
+    for (TreeNode* const related : relatedNodesOf(tree, id))
+        tree.remove(*related);
+    if (TreeNode* const own = tree.find(contactKey(id)))
+        tree.remove(*own);
+    showTotals();
+}
+
+void ShowForm::deleteDomain(const TreeNode& node) {
+    if (platform_.dialogs.message(isAddressLeaf(node) ? "Do you want to delete this contact?"
+                                                      : "Do you want to delete this domain?",
+                                  Buttons::OkCancel) != Answer::Ok)
+        return;
+    storage_.keepBackup();
+    database->removeContacts(contactsBySuffix(*database, domainOf(node)));
+    saveChange();
+    refresh();
+}
+
+void ShowForm::findMenuItemClick(TreeNode& node) {
+    if (const int id = contactOf(node); !isGone(id))
+        findLinks(id);
+}
+
+void ShowForm::detailsMenuItemClick(TreeNode& node) {
+    openDetails(contactOf(*node.parent()), contactOf(node));
+}
+
+void ShowForm::findAllMenuItemClick(TreeNode& node) {
+    findDomainLinks(domainOf(node));
+}
+
+void ShowForm::copyMenuItemClick(TreeNode& node) {
+    platform_.dialogs.copyToClipboard(node.text());
+}
+
+void ShowForm::viewMenuItemClick(TreeNode& node) {
+    openContact(std::get<std::string>(node.tag()));
+}
+
+void ShowForm::saveChange() {
+    storage_.saveChange(*database);
+    databaseChanged();
+}
+
+}  // namespace pelk
