@@ -11,6 +11,8 @@ namespace {
 /// From this version on the mail client's window has a ribbon, and command bars are a relic in it.
 constexpr int kFirstVersionWithRibbon = 14;
 
+constexpr UINT kRetryMilliseconds = 20;
+
 enum Member : DISPID {
     kOnConnection = 1,
     kOnDisconnection = 2,
@@ -48,7 +50,7 @@ ConnectObject::ConnectObject() {
 
 /// A mail client in a hurry goes without saying goodbye.
 ConnectObject::~ConnectObject() {
-    guarded(dialogs_, [this] { disconnect(); });
+    guarded(dialogs_, [this] { endConnection(); });
 }
 
 HRESULT ConnectObject::OnConnection(IDispatch* application, ConnectMode mode, IDispatch*,
@@ -120,7 +122,7 @@ std::span<const NamedMember> ConnectObject::members() const {
 /// the start is complete.
 void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
     disconnect();
-    if (!connect_ || disconnectionIsDue_)
+    if (!connect_ || client_)
         return;
     client_ = std::make_unique<AutomationClient>(
         application, [this](const std::function<void()>& clicked) { runCommand(clicked); });
@@ -137,15 +139,48 @@ void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
     }
 }
 
-/// A command under way may be inside a form, which must not vanish under it: the connection then
-/// ends right after the command.
+/// A handler under way may be inside a form, which must not vanish under it: the connection then
+/// ends as soon as none is. This is one of the acts that are counted.
 void ConnectObject::disconnect() {
-    disconnectionIsDue_ = running_ > 0;
-    if (disconnectionIsDue_ || !client_)
+    if (client_ && guardedActs() > 1)
+        disconnectLater();
+    else
+        endConnection();
+}
+
+void ConnectObject::endConnection() {
+    if (!client_)
         return;
     const std::unique_ptr<AutomationClient> leaving = std::move(client_);
     menuIsDue_ = false;
     connect_->OnDisconnection();
+}
+
+/// Tries again after a command, or from the thread's message loop, which may be one inside a
+/// handler. The object lives on until then.
+void ConnectObject::disconnectLater() {
+    connect_->abandonSearch();
+    if (retryTimer_ != 0)
+        return;
+    retryTimer_ = SetTimer(nullptr, 0, kRetryMilliseconds, [](HWND, UINT, UINT_PTR timer, DWORD) {
+        if (const auto object = waiting().find(timer); object != waiting().end())
+            object->second->disconnectIfDue();
+    });
+    waiting()[retryTimer_] = ComPtr<ConnectObject>(this);
+}
+
+void ConnectObject::disconnectIfDue() {
+    if (retryTimer_ == 0 || guardedActs() > 0)
+        return;
+    KillTimer(nullptr, retryTimer_);
+    const auto self = waiting().extract(std::exchange(retryTimer_, 0));
+    guarded(dialogs_, [this] { disconnect(); });
+}
+
+/// Objects whose disconnection has to wait, by the timer that tries again.
+std::map<UINT_PTR, ComPtr<ConnectObject>>& ConnectObject::waiting() {
+    static std::map<UINT_PTR, ComPtr<ConnectObject>> objects;
+    return objects;
 }
 
 /// Runs the command of the ribbon's button.
@@ -163,11 +198,8 @@ void ConnectObject::runByTag(const VARIANT& ribbonControl) {
 /// The object lives on until the command has ended, whatever the mail client does meanwhile.
 void ConnectObject::runCommand(const std::function<void()>& act) {
     const ComPtr<ConnectObject> self(this);
-    ++running_;
     guarded(dialogs_, act);
-    --running_;
-    if (running_ == 0 && disconnectionIsDue_)
-        guarded(dialogs_, [this] { disconnect(); });
+    disconnectIfDue();
 }
 
 }  // namespace pelk

@@ -6,6 +6,7 @@
 // user, and the mail client is told that all is well.
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -45,6 +46,10 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
 
     void connect(IDispatch* application, ConnectMode mode);
     void disconnect();
+    void endConnection();
+    void disconnectLater();
+    void disconnectIfDue();
+    static std::map<UINT_PTR, ComPtr<ConnectObject>>& waiting();
     void runByTag(const VARIANT& ribbonControl);
     void runCommand(const std::function<void()>& act);
 
@@ -58,9 +63,8 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     bool hasMenu_ = false;
     /// The menu has yet to be built: there was no window for it.
     bool menuIsDue_ = false;
-    /// Commands under way; one can run inside another.
-    int running_ = 0;
-    bool disconnectionIsDue_ = false;
+    /// Runs when the mail client has ended the connection while a handler was under way; else 0.
+    UINT_PTR retryTimer_ = 0;
 };
 
 }  // namespace pelk

@@ -17,16 +17,46 @@ Usage:
   pelk contacts            list all contacts
   pelk relations CONTACT   list a contact's relations, strongest first: class,
                            weight, id, name
+  pelk domains [DOMAIN]    list what stands one level below a domain, or the top
+                           level: labels with a slash, addresses with owners
+  pelk details CONTACT CONTACT
+                           print how strong the relation of two contacts is
+  pelk rename CONTACT NAME give a contact another name
+  pelk delete CONTACT...   delete contacts with all their relations
+  pelk delete-domain DOMAIN
+                           list all contacts that have an address which ends in
+                           DOMAIN, and delete them if --yes is given
+  pelk merge --name NAME CONTACT CONTACT...
+                           fold the contacts behind the first into it, and give
+                           it the name, all addresses, and all relations with
+                           their weights added up
+  pelk thresholds [STRONG WEAK]
+                           print or set above which percentage of the strongest
+                           relation's weight a relation is strong, and up to
+                           which it is weak
+  pelk links CONTACT CONTACT
+                           print the best chain of relations between two contacts
+  pelk domain-links DOMAIN DOMAIN
+                           print the best chains between the contacts of two
+                           mail domains or addresses; Ctrl-C prints those found
+                           by then
   pelk dump                print the database as a plain XML document
   pelk load FILE           replace the database by a plain XML document; - reads
                            standard input; the old database is kept beside it
   pelk export FILE         write an enciphered copy of the database
+  pelk import FILE         fold an exported database into this one
+  pelk delete-database     forget everything, if --yes is given
 
-CONTACT is an id or an e-mail address.
+CONTACT is an id or an e-mail address. Before contacts are deleted or merged,
+and before an import, a copy of the database is kept beside it as pelk.db.bak.
 
 Options:
   --data DIR       keep the database in DIR/pelk, not in ~/.local/share/pelk
   --json           print JSON
+  --name NAME      the name of the person whose contacts are merged
+  --yes            do delete the contacts of a domain, or the database
+  --best           print only the best of the links between two domains
+  --ok, --cancel   answer the questions of an import so
   --outbox NAME    take folders called NAME for the outbox, which is not scanned
   --deleted NAME   take folders called NAME for the deleted items, which are not
                    scanned
@@ -41,14 +71,31 @@ struct Command {
     std::string_view name;
     std::size_t fewestOperands;
     std::size_t mostOperands;
+    /// What it takes, in words.
+    std::string_view operands;
 };
 
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 constexpr std::array kCommands{
-    Command{"", 0, kAnyNumber}, Command{"scan", 1, kAnyNumber}, Command{"contacts", 0, 0},
-    Command{"relations", 1, 1}, Command{"dump", 0, 0},          Command{"load", 1, 1},
-    Command{"export", 1, 1},
+    Command{"", 0, kAnyNumber, ""},
+    Command{"scan", 1, kAnyNumber, "at least one operand"},
+    Command{"contacts", 0, 0, "nothing more"},
+    Command{"relations", 1, 1, "one contact"},
+    Command{"domains", 0, 1, "one domain at most"},
+    Command{"details", 2, 2, "two contacts"},
+    Command{"rename", 2, 2, "a contact and its new name"},
+    Command{"delete", 1, kAnyNumber, "at least one contact"},
+    Command{"delete-domain", 1, 1, "one domain"},
+    Command{"merge", 2, kAnyNumber, "at least two contacts"},
+    Command{"thresholds", 0, 2, "both thresholds or none"},
+    Command{"links", 2, 2, "two contacts"},
+    Command{"domain-links", 2, 2, "two domains"},
+    Command{"dump", 0, 0, "nothing more"},
+    Command{"load", 1, 1, "one file"},
+    Command{"export", 1, 1, "one file"},
+    Command{"import", 1, 1, "one file"},
+    Command{"delete-database", 0, 0, "nothing more"},
 };
 
 const Command* findCommand(std::string_view name) {
@@ -90,6 +137,14 @@ class WordReader {
     void readOption(const std::string& word) {
         if (word == "--json")
             arguments_.json = true;
+        else if (word == "--yes")
+            arguments_.yes = true;
+        else if (word == "--ok" || word == "--cancel")
+            arguments_.answer = word == "--ok";
+        else if (word == "--best")
+            arguments_.best = true;
+        else if (word == "--name")
+            arguments_.name = value(word);
         else if (word == "--help")
             arguments_.help = true;
         else if (word == "--version")
@@ -125,10 +180,7 @@ Arguments parseArguments(const std::vector<std::string>& words) {
     const std::size_t count = arguments.operands.size();
     if (!arguments.help && !arguments.version &&
         (count < command.fewestOperands || count > command.mostOperands))
-        throw UsageError("pelk " + arguments.command + " takes " +
-                         (command.mostOperands == 0   ? "nothing more"
-                          : command.mostOperands == 1 ? "one operand"
-                                                      : "at least one operand"));
+        throw UsageError("pelk " + arguments.command + " takes " + std::string(command.operands));
     return arguments;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // The command line.
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -21,6 +22,13 @@ struct Arguments {
     std::string dataFolder;
     std::vector<std::string> outboxNames;
     std::vector<std::string> deletedNames;
+    /// The name that `merge` gives; empty when there is none.
+    std::string name;
+    bool yes = false;
+    /// What `import` answers to its questions; nothing to ask the user.
+    std::optional<bool> answer;
+    /// Of the links between domains only the best.
+    bool best = false;
     bool json = false;
     bool help = false;
     bool version = false;

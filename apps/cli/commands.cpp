@@ -1,18 +1,19 @@
 #include "apps/cli/commands.h"
 
-#include <QStringConverter>
+#include <algorithm>
+#include <array>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <optional>
+#include <string_view>
 
+#include "apps/cli/command_run.h"
+#include "apps/cli/edit_commands.h"
+#include "apps/cli/exchange_commands.h"
+#include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
-#include "apps/cli/terminal_dialogs.h"
 #include "apps/cli/terminal_progress.h"
 #include "db/date_stamp.h"
-#include "db/document_check.h"
-#include "platform/desktop/desktop_platform.h"
-#include "platform/desktop/folder_lock.h"
 #include "platform/desktop/mail/mail_store.h"
 
 namespace pelk {
@@ -20,72 +21,19 @@ namespace {
 
 constexpr std::size_t kStrongestShown = 20;
 
-/// The document as UTF-8. Other programs write one that declares UTF-16 in that encoding.
-std::string toUtf8(const std::string& document) {
-    const std::optional<QStringConverter::Encoding> encoding =
-        QStringConverter::encodingForData(document);
-    if (!encoding || *encoding == QStringConverter::Utf8)
-        return document;
-    const QString decoded = QStringDecoder(*encoding).decode(document);
-    return decoded.toStdString();
-}
-
-/// One run of a command: the platform, the database, and what is done with them.
-class CommandRun {
- public:
-    explicit CommandRun(const Arguments& arguments)
-        : arguments_(arguments),
-          desktop_(arguments.dataFolder),
-          platform_(desktop_.with(dialogs_)),
-          storage_(platform_) {}
-
-    void scan();
-    void contacts() { printContacts(std::cout, database(), desktop_.language(), arguments_.json); }
-    void relations();
-    void dump();
-    void load();
-    void exportCopy() { storage_.exportDatabase(database(), arguments_.operands[0]); }
-    void strongest() { printStrongest(std::cout, database(), kStrongestShown); }
-
- private:
-    Database& database();
-    /// Keeps other programs from the database until the end of the run.
-    void lock();
-    int findContact(const std::string& contact);
-
-    const Arguments& arguments_;
-    TerminalDialogs dialogs_;
-    DesktopPlatform desktop_;
-    Platform platform_;
-    Storage storage_;
-    std::optional<FolderLock> lock_;
-    std::unique_ptr<Database> database_;
-};
-
-Database& CommandRun::database() {
-    if (!database_)
-        database_ = storage_.loadDatabase();
-    if (!database_)
-        throw Error("There is no folder for the database.");
-    return *database_;
-}
-
-void CommandRun::lock() {
-    if (const std::optional<std::string> folder = storage_.databaseFolder())
-        lock_.emplace(*folder);
-}
-
-void CommandRun::scan() {
+void scan(CommandRun& run) {
+    const Arguments& arguments = run.arguments();
     const std::unique_ptr<MailSession> session =
-        openMailSession(arguments_.operands, {arguments_.outboxNames, arguments_.deletedNames});
-    lock();
-    const std::string since = database().date();
+        openMailSession(arguments.operands, {arguments.outboxNames, arguments.deletedNames});
+    run.lock();
+    Database& database = run.database();
+    const std::string since = database.date();
     ScanOutcome outcome;
     {
         TerminalProgress progress;
-        outcome = scanAndSave(database(), storage_, platform_, *session, progress);
+        outcome = scanAndSave(database, run.storage(), run.platform(), *session, progress);
     }
-    printOutcome(std::cout, outcome, database(), arguments_.json);
+    printOutcome(std::cout, outcome, database, arguments.json);
     if (outcome.mails == 0 && since != kNeverScanned)
         std::cerr << "pelk: Only e-mails that came after the last scan, " << since
                   << ", are counted.\n";
@@ -96,65 +44,87 @@ void CommandRun::scan() {
                   << " times something could not be read, first: " << outcome.firstFault << '\n';
 }
 
-void CommandRun::relations() {
-    printRelations(std::cout, database(), findContact(arguments_.operands[0]), arguments_.json);
+void listContacts(CommandRun& run) {
+    printContacts(std::cout, contactsByName(run.database(), run.language()), run.arguments().json);
 }
 
-void CommandRun::dump() {
-    printDocument(std::cout, database().xml());
+void listRelations(CommandRun& run) {
+    const int contact = run.findContact(run.arguments().operands[0]);
+    printRelations(std::cout, run.database(), contact, run.arguments().json);
 }
 
-void CommandRun::load() {
-    const std::string& path = arguments_.operands[0];
-    const std::string text = path == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
-                                         : platform_.files.readWholeFile(path);
-    try {
-        database_ = storage_.parse(toUtf8(text));
-        requireSoundDocument(database_->root(), desktop_.language());
-    } catch (const Error& error) {
-        throw Error("The document " + path + " cannot be used. " + error.what());
-    }
-    lock();
-    const std::string kept = storage_.replaceDatabase(*database_);
-    std::cout << "contacts: " << database_->contactCount() << '\n'
-              << "relations: " << database_->relationCount() << '\n';
-    if (!kept.empty())
-        std::cout << "previous database: " << kept << '\n';
+void listDomains(CommandRun& run) {
+    const std::vector<std::string>& operands = run.arguments().operands;
+    const std::string domain = operands.empty() ? "" : run.language().lowerCase(operands[0]);
+    const std::vector<DomainEntry> entries = domainEntries(run.database(), run.language(), domain);
+    if (entries.empty() && !domain.empty())
+        throw Error("There is no domain " + domain + ".");
+    printDomains(std::cout, entries, run.arguments().json);
 }
 
-int CommandRun::findContact(const std::string& contact) {
-    const std::optional<int> id = plainContactId(contact);
-    if (id && database().contact(*id))
-        return *id;
-    if (!id)
-        if (const int found = database().contactIdByAddress(desktop_.language().lowerCase(contact)))
-            return found;
-    throw Error("There is no contact " + contact + ".");
+void showDetails(CommandRun& run) {
+    const std::vector<std::string>& operands = run.arguments().operands;
+    const std::vector<int> ids = run.findContacts(operands);
+    const std::optional<RelationDetails> details = relationDetails(run.database(), ids[0], ids[1]);
+    if (!details)
+        throw Error("There is no relation between " + operands[0] + " and " + operands[1] + ".");
+    printDetails(std::cout, *details, run.arguments().json);
 }
+
+void links(CommandRun& run) {
+    const std::vector<int> ids = run.findContacts(run.arguments().operands);
+    printLinks(std::cout, run.database(), ids[0], ids[1], run.arguments().json);
+}
+
+void domainLinks(CommandRun& run) {
+    const std::vector<std::string>& operands = run.arguments().operands;
+    printDomainLinks(std::cout, run.database(),
+                     {run.language().lowerCase(operands[0]), run.language().lowerCase(operands[1]),
+                      run.arguments().best, run.arguments().json});
+}
+
+struct Action {
+    std::string_view command;
+    void (*run)(CommandRun&);
+};
+
+constexpr std::array kActions{
+    Action{"scan", scan},
+    Action{"contacts", listContacts},
+    Action{"relations", listRelations},
+    Action{"domains", listDomains},
+    Action{"details", showDetails},
+    Action{"rename", renameCommand},
+    Action{"delete", deleteCommand},
+    Action{"delete-domain", deleteDomainCommand},
+    Action{"merge", mergeCommand},
+    Action{"thresholds", thresholdsCommand},
+    Action{"links", links},
+    Action{"domain-links", domainLinks},
+    Action{"dump", dumpCommand},
+    Action{"load", loadCommand},
+    Action{"export", exportCommand},
+    Action{"import", importCommand},
+    Action{"delete-database", deleteDatabaseCommand},
+};
 
 }  // namespace
 
 void runCommand(const Arguments& arguments) {
+    const auto* const action =
+        std::find_if(kActions.begin(), kActions.end(),
+                     [&arguments](const Action& a) { return a.command == arguments.command; });
+    if (action == kActions.end())
+        throw UsageError("unknown command " + arguments.command);
     CommandRun run(arguments);
-    if (arguments.command == "scan")
-        run.scan();
-    else if (arguments.command == "contacts")
-        run.contacts();
-    else if (arguments.command == "relations")
-        run.relations();
-    else if (arguments.command == "dump")
-        run.dump();
-    else if (arguments.command == "load")
-        run.load();
-    else if (arguments.command == "export")
-        run.exportCopy();
+    action->run(run);
 }
 
 void runWithoutDisplay(const Arguments& arguments) {
     CommandRun run(arguments);
-    run.scan();
+    scan(run);
     std::cout << "\nThe strongest relations:\n";
-    run.strongest();
+    printStrongest(std::cout, run.database(), kStrongestShown);
 }
 
 }  // namespace pelk

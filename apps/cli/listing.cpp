@@ -6,18 +6,25 @@
 #include <algorithm>
 #include <iomanip>
 #include <ostream>
+#include <sstream>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "views/contact_text.h"
-#include "views/strength.h"
 
 namespace pelk {
-namespace {
 
 void print(std::ostream& out, const QJsonDocument& document) {
     out << document.toJson(QJsonDocument::Indented).constData();
 }
+
+void printStrength(std::ostream& out, Strength strength, std::int64_t weight) {
+    out << std::left << std::setw(7) << nameOf(strength) << std::right << std::setw(6) << weight;
+}
+
+namespace {
 
 QString text(const std::string& utf8) {
     return QString::fromStdString(utf8);
@@ -30,17 +37,14 @@ QJsonObject toJson(const Contact& contact) {
     return {{"id", contact.id}, {"name", text(contact.name)}, {"addresses", addresses}};
 }
 
-std::vector<Contact> contactsByName(const Database& database, const Language& language) {
-    std::vector<Contact> contacts;
-    std::vector<std::string> descriptions;
-    database.forEachContact([&](const Contact& contact) {
-        contacts.push_back(contact);
-        descriptions.push_back(describe(contact));
-    });
-    const std::vector<std::string_view> views(descriptions.begin(), descriptions.end());
-    std::vector<Contact> sorted;
-    for (const std::size_t position : language.alphabeticalOrder(views))
-        sorted.push_back(std::move(contacts[position]));
+/// The values in alphabetical order of their texts.
+template <typename Value>
+std::vector<Value> sortedBy(const std::vector<std::string>& texts, std::vector<Value> values,
+                            const Language& language) {
+    std::vector<Value> sorted;
+    sorted.reserve(values.size());
+    for (const std::size_t position : language.alphabeticalOrder({texts.begin(), texts.end()}))
+        sorted.push_back(std::move(values[position]));
     return sorted;
 }
 
@@ -56,9 +60,13 @@ std::string nameOfContact(const Database& database, int id) {
     return contact ? contact->name : std::string();
 }
 
-/// Classes and weights stand in columns.
-void printStrength(std::ostream& out, Strength strength, std::int64_t weight) {
-    out << std::left << std::setw(7) << nameOf(strength) << std::right << std::setw(6) << weight;
+/// The labels of a domain, from left to right.
+std::vector<std::string> labelsOf(const std::string& domain) {
+    std::vector<std::string> labels;
+    std::istringstream stream(domain + '.');
+    for (std::string label; std::getline(stream, label, '.');)
+        labels.push_back(label);
+    return labels;
 }
 
 /// Where the tag or text that `xml` begins with ends. A ">" inside quotes is part of a value.
@@ -93,17 +101,33 @@ void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database&
         << "relations: " << database.relationCount() << " (" << outcome.relations << " new)\n";
 }
 
-void printContacts(std::ostream& out, const Database& database, const Language& language,
-                   bool json) {
-    QJsonArray array;
-    for (const Contact& contact : contactsByName(database, language)) {
-        if (json)
-            array.append(toJson(contact));
-        else
-            out << std::setw(5) << contact.id << "  " << describe(contact) << '\n';
+std::vector<Contact> contactsByName(const Database& database, const Language& language) {
+    std::vector<Contact> contacts;
+    std::vector<std::string> descriptions;
+    database.forEachContact([&](const Contact& contact) {
+        contacts.push_back(contact);
+        descriptions.push_back(describe(contact));
+    });
+    return sortedBy(descriptions, std::move(contacts), language);
+}
+
+void printContacts(std::ostream& out, const std::vector<Contact>& contacts, bool json) {
+    if (!json) {
+        for (const Contact& contact : contacts)
+            printContact(out, contact, false);
+        return;
     }
+    QJsonArray array;
+    for (const Contact& contact : contacts)
+        array.append(toJson(contact));
+    print(out, QJsonDocument(array));
+}
+
+void printContact(std::ostream& out, const Contact& contact, bool json) {
     if (json)
-        print(out, QJsonDocument(array));
+        print(out, QJsonDocument(toJson(contact)));
+    else
+        out << std::setw(5) << contact.id << "  " << describe(contact) << '\n';
 }
 
 void printRelations(std::ostream& out, const Database& database, int contactId, bool json) {
@@ -128,6 +152,58 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
     }
     if (json)
         print(out, QJsonDocument(array));
+}
+
+std::vector<DomainEntry> domainEntries(const Database& database, const Language& language,
+                                       const std::string& domain) {
+    std::vector<DomainEntry> entries;
+    if (domain.empty())
+        for (std::string& label : topLevelDomains(database, language))
+            entries.push_back({std::move(label), {}});
+    else
+        entries = entriesBelow(database, language, labelsOf(domain));
+    std::vector<std::string> texts;
+    for (const DomainEntry& entry : entries)
+        texts.push_back(entry.text);
+    return sortedBy(texts, std::move(entries), language);
+}
+
+void printDomains(std::ostream& out, const std::vector<DomainEntry>& entries, bool json) {
+    QJsonArray array;
+    for (const DomainEntry& entry : entries) {
+        if (!json) {
+            out << entry.text << (entry.isAddress() ? "" : "/") << '\n';
+            continue;
+        }
+        QJsonObject object{{"text", text(entry.text)}};
+        if (entry.isAddress())
+            object.insert("address", text(entry.address));
+        array.append(object);
+    }
+    if (json)
+        print(out, QJsonDocument(array));
+}
+
+void printDetails(std::ostream& out, const RelationDetails& details, bool json) {
+    const std::string sentence = details.sentence();
+    if (json)
+        print(out, QJsonDocument(
+                       QJsonObject{{"names", QJsonArray{text(details.name1), text(details.name2)}},
+                                   {"weight", static_cast<qint64>(details.weight)},
+                                   {"strongest", static_cast<qint64>(details.strongest)},
+                                   {"sentence", text(sentence)}}));
+    else
+        out << details.name1 << " - " << details.name2 << '\n'
+            << "weight: " << details.weight << '\n'
+            << sentence << '\n';
+}
+
+void printThresholds(std::ostream& out, const Thresholds& thresholds, bool json) {
+    if (json)
+        print(out,
+              QJsonDocument(QJsonObject{{"strong", thresholds.strong}, {"weak", thresholds.weak}}));
+    else
+        out << "strong: " << thresholds.strong << "\nweak: " << thresholds.weak << '\n';
 }
 
 void printStrongest(std::ostream& out, const Database& database, std::size_t count) {

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <optional>
 #include <set>
+#include <utility>
 
 #include "apps/addin/addin_interfaces.h"
 #include "db/storage.h"
@@ -17,7 +19,8 @@
 namespace pelk {
 namespace {
 
-const std::vector<std::string> kMenu{"View your community", "Check for new e-mails", "About"};
+const std::vector<std::string> kMenu{"View your community", "Check for new e-mails",
+                                     "Other options", "Help", "About"};
 
 template <typename Interface>
 Dispatch byName(const ComPtr<Interface>& object) {
@@ -56,11 +59,18 @@ class AddinTest : public ::testing::Test {
         EXPECT_EQ(extension->GetCustomUI(Bstr(std::wstring_view(id)).get(), xml.put()), S_OK);
         return xml.utf8();
     }
-    /// Answers the next box, which must say that. It may take a moment to come up.
-    void expectBox(const std::string& text, int patience = 100) {
-        driver->later([this, text, patience] {
+    /// Acts on the next box, which may take a moment to come up.
+    void whenBoxIsShown(std::function<void()> act, int patience = 100) {
+        driver->later([this, act = std::move(act), patience] {
             if (!driver->isWindowShown("Pelk") && patience > 0)
-                return expectBox(text, patience - 1);
+                whenBoxIsShown(act, patience - 1);
+            else
+                act();
+        });
+    }
+    /// Answers the next box, which must say that.
+    void expectBox(const std::string& text) {
+        whenBoxIsShown([this, text] {
             EXPECT_TRUE(driver->isLabelShown(text)) << text;
             driver->clickButton("OK");
             ++boxesSeen;
@@ -126,6 +136,26 @@ TEST_F(AddinTest, outlivesAClientThatDisconnectsDuringACommand) {
     });
     EXPECT_TRUE(host.click("Check for new e-mails"));
     EXPECT_TRUE(host.menu().empty());
+    EXPECT_TRUE(library->canUnload());
+}
+
+TEST_F(AddinTest, outlivesAClientThatDisconnectsDuringAHandlerOfAForm) {
+    connect();
+    driver->later([this] { driver->clickButton("Start"); });
+    ASSERT_TRUE(host.click("View your community"));
+    driver->settle();
+    whenBoxIsShown([this] {
+        disconnect();
+        addin.reset();
+        EXPECT_FALSE(library->canUnload());
+        driver->clickButton("Cancel");
+    });
+    driver->clickButton("GoTo");
+    for (int wait = 0; wait < 100 && !library->canUnload(); ++wait) {
+        Sleep(10);
+        driver->settle();
+    }
+    EXPECT_FALSE(driver->isWindowShown("Relations Tree"));
     EXPECT_TRUE(library->canUnload());
 }
 

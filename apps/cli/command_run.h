@@ -1,0 +1,51 @@
+#pragma once
+// One run of a command: its arguments, the platform, the database.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/cli/arguments.h"
+#include "apps/cli/terminal_dialogs.h"
+#include "db/storage.h"
+#include "platform/desktop/desktop_platform.h"
+#include "platform/desktop/folder_lock.h"
+
+namespace pelk {
+
+class CommandRun {
+ public:
+    explicit CommandRun(const Arguments& arguments)
+        : arguments_(arguments),
+          desktop_(arguments.dataFolder),
+          platform_(desktop_.with(dialogs_)),
+          storage_(platform_) {}
+
+    const Arguments& arguments() const { return arguments_; }
+    const Platform& platform() const { return platform_; }
+    const Language& language() const { return platform_.language; }
+    Storage& storage() { return storage_; }
+
+    /// Keeps other programs from the database until the end of the run. To be called before the
+    /// database is read, by commands that change it.
+    void lock();
+    /// The user's database, read at the first call. Throws `Error`.
+    Database& database();
+
+    /// The ids of the contacts, each given as an id or an address. Throws `Error`, which names the
+    /// first that is unknown.
+    int findContact(const std::string& contact);
+    std::vector<int> findContacts(const std::vector<std::string>& contacts);
+
+ private:
+    const Arguments& arguments_;
+    TerminalDialogs dialogs_;
+    DesktopPlatform desktop_;
+    Platform platform_;
+    Storage storage_;
+    std::optional<FolderLock> lock_;
+    std::unique_ptr<Database> database_;
+};
+
+}  // namespace pelk

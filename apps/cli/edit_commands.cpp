@@ -1,0 +1,120 @@
+#include "apps/cli/edit_commands.h"
+
+#include <charconv>
+#include <iostream>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+#include "apps/cli/listing.h"
+#include "db/thresholds.h"
+#include "maintenance/contact_merge.h"
+#include "platform/utf8.h"
+#include "views/domains.h"
+
+namespace pelk {
+namespace {
+
+/// The contacts that are there, each once.
+std::vector<Contact> contactsOf(const Database& database, const std::vector<int>& ids) {
+    std::vector<Contact> contacts;
+    std::unordered_set<int> seen;
+    for (const int id : ids)
+        if (std::optional<Contact> contact = database.contact(id);
+            contact && seen.insert(id).second)
+            contacts.push_back(std::move(*contact));
+    return contacts;
+}
+
+/// Removes the contacts, saves, and prints who is gone.
+void removeAndSave(CommandRun& run, const std::vector<int>& ids) {
+    Database& database = run.database();
+    const std::vector<Contact> contacts = contactsOf(database, ids);
+    const std::size_t contactsBefore = database.contactCount();
+    const std::size_t relationsBefore = database.relationCount();
+    run.storage().keepBackup();
+    database.removeContacts(ids);
+    run.storage().saveDatabase(database);
+    printContacts(std::cout, contacts, run.arguments().json);
+    if (!run.arguments().json)
+        std::cout << "contacts deleted: " << contactsBefore - database.contactCount() << '\n'
+                  << "relations deleted: " << relationsBefore - database.relationCount() << '\n';
+}
+
+/// Throws `Error` unless the text is a whole number from 0 to 100.
+int readPercentage(const std::string& text) {
+    int number = -1;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || number < 0 || number > 100)
+        throw Error("A threshold is a whole number from 0 to 100, which " + text + " is not.");
+    return number;
+}
+
+}  // namespace
+
+void renameCommand(CommandRun& run) {
+    run.lock();
+    const int id = run.findContact(run.arguments().operands[0]);
+    const std::string name = cleanText(run.arguments().operands[1]);
+    if (name.empty())
+        throw Error("A contact cannot be given an empty name.");
+    run.database().renameContact(id, name);
+    run.storage().saveDatabase(run.database());
+    printContact(std::cout, *run.database().contact(id), run.arguments().json);
+}
+
+void deleteCommand(CommandRun& run) {
+    run.lock();
+    removeAndSave(run, run.findContacts(run.arguments().operands));
+}
+
+void deleteDomainCommand(CommandRun& run) {
+    if (run.arguments().yes)
+        run.lock();
+    const std::string domain = run.language().lowerCase(run.arguments().operands[0]);
+    // Every address ends in nothing: an empty domain would be everybody.
+    if (domain.empty())
+        throw Error("The domain is empty.");
+    const std::vector<int> ids = contactsBySuffix(run.database(), domain);
+    if (ids.empty())
+        throw Error("No contact has an address that ends in " + domain + ".");
+    if (run.arguments().yes) {
+        removeAndSave(run, ids);
+        return;
+    }
+    printContacts(std::cout, contactsOf(run.database(), ids), run.arguments().json);
+    std::cerr << "pelk: Nobody has been deleted; with --yes these contacts are.\n";
+}
+
+void mergeCommand(CommandRun& run) {
+    run.lock();
+    const std::vector<int> ids = run.findContacts(run.arguments().operands);
+    const std::string name = cleanText(run.arguments().name);
+    if (name.empty())
+        throw UsageError("pelk merge needs --name NAME");
+    Database& database = run.database();
+    run.storage().keepBackup();
+    if (!mergeContacts(database, ids, name))
+        throw Error("All these are the same contact.");
+    run.storage().saveDatabase(database);
+    printContact(std::cout, *database.contact(ids.front()), run.arguments().json);
+}
+
+void thresholdsCommand(CommandRun& run) {
+    const std::vector<std::string>& operands = run.arguments().operands;
+    if (operands.size() == 1)
+        throw UsageError("pelk thresholds takes both thresholds or none");
+    if (!operands.empty()) {
+        const int strong = readPercentage(operands[0]);
+        const int weak = readPercentage(operands[1]);
+        if (!areAcceptable(strong, weak))
+            throw Error(kUnacceptableThresholds);
+        run.lock();
+        run.database().setThresholds(strong, weak);
+        run.storage().saveDatabase(run.database());
+    }
+    printThresholds(std::cout, run.database().thresholds(), run.arguments().json);
+}
+
+}  // namespace pelk

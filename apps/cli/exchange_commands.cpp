@@ -1,0 +1,106 @@
+#include "apps/cli/exchange_commands.h"
+
+#include <unistd.h>
+
+#include <QStringConverter>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "apps/cli/listing.h"
+#include "db/document_check.h"
+#include "maintenance/database_import.h"
+
+namespace pelk {
+namespace {
+
+/// The document as UTF-8. Other programs write one that declares UTF-16 in that encoding.
+std::string toUtf8(const std::string& document) {
+    const std::optional<QStringConverter::Encoding> encoding =
+        QStringConverter::encodingForData(document);
+    if (!encoding || *encoding == QStringConverter::Utf8)
+        return document;
+    const QString decoded = QStringDecoder(*encoding).decode(document);
+    return decoded.toStdString();
+}
+
+/// Answers an import's questions from the command line, else from the terminal.
+class TerminalGuide : public ImportGuide {
+ public:
+    explicit TerminalGuide(std::optional<bool> answer) : answer_(answer) {}
+
+    bool confirmsMerge(const std::string& question) override {
+        if (answer_)
+            return *answer_;
+        std::cerr << question;
+        if (::isatty(STDIN_FILENO) == 0) {
+            std::cerr << " Cancel\n";
+            return false;
+        }
+        std::cerr << " [ok/Cancel] ";
+        std::string line;
+        std::getline(std::cin, line);
+        return line == "ok" || line == "OK";
+    }
+
+ private:
+    std::optional<bool> answer_;
+};
+
+}  // namespace
+
+void dumpCommand(CommandRun& run) {
+    printDocument(std::cout, run.database().xml());
+}
+
+void loadCommand(CommandRun& run) {
+    const std::string& path = run.arguments().operands[0];
+    const std::string text = path == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
+                                         : run.platform().files.readWholeFile(path);
+    std::unique_ptr<Database> database;
+    try {
+        database = run.storage().parse(toUtf8(text));
+        requireSoundDocument(database->root(), run.language());
+    } catch (const Error& error) {
+        throw Error("The document " + path + " cannot be used. " + error.what());
+    }
+    run.lock();
+    const std::string kept = run.storage().replaceDatabase(*database);
+    std::cout << "contacts: " << database->contactCount() << '\n'
+              << "relations: " << database->relationCount() << '\n';
+    if (!kept.empty())
+        std::cout << "previous database: " << kept << '\n';
+}
+
+void exportCommand(CommandRun& run) {
+    run.storage().exportDatabase(run.database(), run.arguments().operands[0]);
+}
+
+void importCommand(CommandRun& run) {
+    const std::string& path = run.arguments().operands[0];
+    run.lock();
+    Database& database = run.database();
+    TerminalGuide guide(run.arguments().answer);
+    switch (importDatabaseFile(database, path, run.storage(), guide)) {
+        case ImportOutcome::Unreadable:
+            throw Error("Error while loading file " + path);
+        case ImportOutcome::Ended:
+            throw Error("The import has ended at that merge. Nothing was imported.");
+        case ImportOutcome::Imported:
+            break;
+    }
+    std::cout << "contacts: " << database.contactCount() << '\n'
+              << "relations: " << database.relationCount() << '\n';
+}
+
+void deleteDatabaseCommand(CommandRun& run) {
+    if (!run.arguments().yes)
+        throw Error("Nothing has been deleted; with --yes the database is.");
+    run.lock();
+    deleteDatabase(run.database(), run.storage());
+    std::cout << "The database is empty.\n";
+}
+
+}  // namespace pelk

@@ -1,0 +1,166 @@
+#include "apps/cli/link_commands.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <iomanip>
+#include <iostream>
+#include <optional>
+#include <vector>
+
+#include "apps/cli/interrupt.h"
+#include "apps/cli/listing.h"
+#include "apps/cli/terminal_line.h"
+#include "links/best_chains.h"
+#include "links/domain_search.h"
+#include "links/link_search.h"
+#include "views/contact_text.h"
+#include "views/strength.h"
+
+namespace pelk {
+namespace {
+
+/// The columns of class and weight, of a contact that has neither.
+constexpr int kStrengthWidth = 13;
+
+/// A contact of a chain, and how it is related to the one before.
+struct ChainLink {
+    int id = 0;
+    std::string description;
+    std::int64_t weight = 0;
+    Strength strength = Strength::Weak;
+};
+
+std::string descriptionOf(const Database& database, int id) {
+    if (const std::optional<Contact> contact = database.contact(id))
+        return describe(*contact);
+    throw Error("The database is damaged: there is no contact " + std::to_string(id) + ".");
+}
+
+std::vector<ChainLink> readChain(const Database& database, const std::vector<int>& ids) {
+    const std::int64_t strongest = database.strongestWeight();
+    const Thresholds thresholds = database.thresholds();
+    std::vector<ChainLink> links;
+    for (const int id : ids) {
+        ChainLink link{id, descriptionOf(database, id)};
+        if (!links.empty()) {
+            const std::optional<Relation> relation = database.relationOfPair(links.back().id, id);
+            link.weight = relation ? roundToInteger(relation->weight) : 0;
+            link.strength = strengthOf(link.weight, strongest, thresholds);
+        }
+        links.push_back(std::move(link));
+    }
+    return links;
+}
+
+QJsonObject toJson(const ChainLink& link, bool isSource) {
+    QJsonObject object{{"id", link.id}, {"description", QString::fromStdString(link.description)}};
+    if (!isSource) {
+        object.insert("weight", static_cast<qint64>(link.weight));
+        object.insert("class", nameOf(link.strength));
+    }
+    return object;
+}
+
+QJsonObject toJson(const LinkChain& chain) {
+    QJsonArray ids;
+    for (const int id : chain.ids)
+        ids.append(id);
+    return {{"cost", chain.cost}, {"chain", ids}};
+}
+
+/// The search of domains as the terminal sees it.
+class TerminalSearch : public DomainSearchProgress {
+ public:
+    void pairsCounted(std::size_t count) override { count_ = count; }
+    void pairStarted(std::size_t index) override {
+        if (line_.isDue())
+            line_.write("Searching pair " + std::to_string(index) + " of " +
+                        std::to_string(count_));
+    }
+    bool stopsAfterChain() override { return interrupt_.interrupted(); }
+
+ private:
+    TerminalLine line_;
+    InterruptWatch interrupt_;
+    std::size_t count_ = 0;
+};
+
+DomainLinks searchDomains(const Database& database, const DomainLinksRequest& request) {
+    if (const std::optional<std::string> refusal = domainRefusal(request.source, request.target))
+        throw Error(*refusal);
+    TerminalSearch progress;
+    DomainLinks links = findDomainLinks(database, request.source, request.target, progress);
+    if (links.chains.empty())
+        throw Error(noDomainLinksMessage(request.source, request.target));
+    return links;
+}
+
+std::vector<LinkChain> onlyBest(const std::vector<LinkChain>& chains) {
+    std::vector<int> costs;
+    for (const LinkChain& chain : chains)
+        costs.push_back(chain.cost);
+    std::vector<LinkChain> best;
+    for (const std::size_t position : bestChains(costs))
+        best.push_back(chains[position]);
+    return best;
+}
+
+void printChain(std::ostream& out, const Database& database, const LinkChain& chain) {
+    out << std::setw(6) << chain.cost;
+    const char* separator = "  ";
+    for (const int id : chain.ids) {
+        out << separator << id << ' ' << descriptionOf(database, id);
+        separator = " - ";
+    }
+    out << '\n';
+}
+
+}  // namespace
+
+void printLinks(std::ostream& out, const Database& database, int source, int target, bool json) {
+    if (source == target)
+        throw Error(kSameContactMessage);
+    const std::optional<LinkChain> chain = LinkSearch(database).find(source, target);
+    if (!chain)
+        throw Error(kNoChainMessage);
+    QJsonArray array;
+    bool isSource = true;
+    for (const ChainLink& link : readChain(database, chain->ids)) {
+        if (json) {
+            array.append(toJson(link, isSource));
+        } else {
+            if (isSource)
+                out << std::setw(kStrengthWidth) << "";
+            else
+                printStrength(out, link.strength, link.weight);
+            out << std::setw(7) << link.id << "  " << link.description << '\n';
+        }
+        isSource = false;
+    }
+    if (json)
+        print(out, QJsonDocument(QJsonObject{{"cost", chain->cost}, {"chain", array}}));
+    else
+        out << "cost: " << chain->cost << '\n';
+}
+
+void printDomainLinks(std::ostream& out, const Database& database,
+                      const DomainLinksRequest& request) {
+    const DomainLinks links = searchDomains(database, request);
+    const std::vector<LinkChain> chains = request.best ? onlyBest(links.chains) : links.chains;
+    QJsonArray array;
+    for (const LinkChain& chain : chains) {
+        if (request.json)
+            array.append(toJson(chain));
+        else
+            printChain(out, database, chain);
+    }
+    if (request.json)
+        print(out, QJsonDocument(QJsonObject{{"source", QString::fromStdString(links.source)},
+                                             {"target", QString::fromStdString(links.target)},
+                                             {"chains", array}}));
+    if (chains.empty())
+        std::cerr << "pelk: All links are too weak to be called the best.\n";
+}
+
+}  // namespace pelk
