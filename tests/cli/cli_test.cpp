@@ -1,68 +1,12 @@
 // The program as scripts see it: arguments in; output, messages and exit status out.
 
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+#include <fcntl.h>
+#include <sys/file.h>
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <memory>
-#include <string>
-
-#include "tests/support/temporary_folder.h"
+#include "tests/cli/cli_fixture.h"
 
 namespace pelk {
 namespace {
-
-constexpr const char* kMail =
-    "From ann@a.example Tue Mar  4 09:12:00 2025\n"
-    "From: Ann Smith <ann@a.example>\nTo: Bob <BOB@b.example>, cy@c.example\nSubject: one\n\nHi\n\n"
-    "From bob@b.example Tue Mar  4 09:13:00 2025\n"
-    "From: Bob <bob@b.example>\nTo: Ann Smith <ann@a.example>\nSubject: two\n\nHi\n\n";
-
-struct Outcome {
-    int status = -1;
-    std::string output;
-    std::string errors;
-};
-
-class CliTest : public ::testing::Test {
- protected:
-    TemporaryFolder folder;
-    std::string box = folder.write("Inbox", kMail);
-    std::string database = folder.path() + "/data/pelk/pelk.db";
-
-    /// Runs the program with its database in the test's own folder.
-    Outcome run(const std::string& arguments, const std::string& input = "") {
-        const std::string errors = folder.path() + "/errors";
-        const std::string command = "cd " + folder.path() +
-                                    " && env -u DISPLAY -u WAYLAND_DISPLAY"
-                                    " -u QT_QPA_PLATFORM " PELK_PROGRAM " --data data " +
-                                    arguments + " 2>" + errors + " <" +
-                                    folder.write("input", input);
-        Outcome outcome;
-        std::FILE* const pipe = ::popen(command.c_str(), "r");
-        std::array<char, 4096> buffer;
-        while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe))
-            outcome.output.append(buffer.data(), size);
-        const int status = ::pclose(pipe);
-        outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        outcome.errors = contentOf(errors);
-        return outcome;
-    }
-    static std::string contentOf(const std::string& path) {
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-    void expectRefused(const std::string& arguments, int status, const std::string& error) {
-        const Outcome outcome = run(arguments);
-        EXPECT_EQ(outcome.status, status) << arguments;
-        EXPECT_EQ(outcome.errors, "pelk: " + error + "\n");
-        EXPECT_EQ(outcome.output, "");
-    }
-};
 
 TEST_F(CliTest, scansOnceAndListsWhatItFound) {
     const Outcome first = run("scan Inbox");
@@ -155,6 +99,75 @@ TEST_F(CliTest, refusesInOneLine) {
     EXPECT_EQ(run("--version").output, "Pelk " PELK_VERSION "\n");
 }
 
+TEST_F(CliTest, listsDomainsAndDetails) {
+    run("scan Inbox");
+    EXPECT_EQ(run("domains").output, "example/\n");
+    EXPECT_EQ(run("domains Example").output, "a/\nb/\nc/\n");
+    EXPECT_EQ(run("domains a.example").output, "ann (Ann Smith)\n");
+    const std::string json = run("domains a.example --json").output;
+    EXPECT_NE(json.find("\"address\": \"ann@a.example\""), std::string::npos) << json;
+    EXPECT_EQ(run("domains --json").output.find("address"), std::string::npos);
+    EXPECT_EQ(run("details 2 ann@a.example").output,
+              "Bob - Ann Smith\nweight: 2\n2 emails have been exchanged between these contacts, "
+              "while in the most strong relation 2 emails have been exchanged.\n");
+    EXPECT_NE(run("details 1 3 --json").output.find("\"strongest\": 2"), std::string::npos);
+    expectRefused("domains nowhere", 1, "There is no domain nowhere.");
+    expectRefused("details 2 3", 1, "There is no relation between 2 and 3.");
+}
+
+TEST_F(CliTest, editsContactsAndThresholds) {
+    run("scan Inbox");
+    EXPECT_EQ(run("rename 2 'Bob B'").output, "    2  Bob B (bob@b.example)\n");
+    EXPECT_EQ(run("thresholds 40 40").output, "strong: 40\nweak: 40\n");
+    run("thresholds 60 7");
+    EXPECT_EQ(run("thresholds").output, "strong: 60\nweak: 7\n");
+    EXPECT_FALSE(std::filesystem::exists(database + ".bak"));
+    const std::string before = contentOf(database);
+
+    expectRefused("rename 2 ''", 1, "A contact cannot be given an empty name.");
+    expectRefused("delete 1 nobody@x", 1, "There is no contact nobody@x.");
+    expectRefused("delete-domain '' --yes", 1, "The domain is empty.");
+    expectRefused("delete-domain nowhere", 1, "No contact has an address that ends in nowhere.");
+    expectRefused("merge 1 2", 2, "pelk merge needs --name NAME; see pelk --help");
+    expectRefused("merge 1 ann@a.example --name X", 1, "All these are the same contact.");
+    expectRefused("thresholds 50", 2,
+                  "pelk thresholds takes both thresholds or none; see pelk --help");
+    expectRefused("thresholds 50 101", 1,
+                  "A threshold is a whole number from 0 to 100, which 101 is not.");
+    expectRefused(
+        "thresholds 5 50", 1,
+        "Erroneous Action: A strong relation must always have more exchanged e-mails than "
+        "that of a weak relation. Please apply a different configuration.");
+    const Outcome listed = run("delete-domain B.example");
+    EXPECT_EQ(listed.output, "    2  Bob B (bob@b.example)\n");
+    EXPECT_NE(listed.errors, "");
+    EXPECT_EQ(contentOf(database), before);
+
+    EXPECT_EQ(run("merge 3 2 --name 'Cy B'").output, "    3  Cy B (cy@c.example/bob@b.example)\n");
+    EXPECT_EQ(contentOf(database + ".bak"), before);
+    EXPECT_EQ(run("relations 1").output, "strong      3      3  Cy B\n");
+    EXPECT_EQ(run("delete-domain b.example --yes").output,
+              "    3  Cy B (cy@c.example/bob@b.example)\n"
+              "contacts deleted: 1\nrelations deleted: 1\n");
+    EXPECT_NE(run("delete 1 1 --json").output.find("\"name\": \"Ann Smith\""), std::string::npos);
+    EXPECT_EQ(run("contacts").output, "");
+    EXPECT_NE(contentOf(database + ".bak"), before);
+}
+
+TEST_F(CliTest, changesNothingWhileAnotherProgramHoldsTheDatabase) {
+    run("scan Inbox");
+    const int held = ::open((folder.path() + "/data/pelk").c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    for (const char* change :
+         {"scan Inbox", "rename 1 Ann", "delete 1", "delete-domain a.example --yes",
+          "merge 1 2 --name Ann", "thresholds 50 5"})
+        expectRefused(change, 1,
+                      "Another Pelk is using the database in data/pelk. Close it first.");
+    for (const char* question : {"delete-domain a.example", "thresholds", "domains"})
+        EXPECT_EQ(run(question).status, 0) << question;
+    ::close(held);
+}
+
 TEST_F(CliTest, leavesOutTheFoldersThatAreNamed) {
     folder.write("Post/Letters", kMail);
     folder.write("Post/Rubbish", kMail);
@@ -168,6 +181,33 @@ TEST_F(CliTest, printsTheStrongestRelationsWithoutADisplay) {
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.errors.find("There is no display"), std::string::npos);
     EXPECT_NE(outcome.output.find("strong      2  Ann Smith - Bob\n"), std::string::npos);
+}
+
+TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
+    run("scan Inbox");
+    run("export copy.db");
+    EXPECT_EQ(run("import copy.db").output, "contacts: 3\nrelations: 2\n");
+    EXPECT_NE(run("relations 1").output.find("strong      4      2  Bob"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(folder.path() + "/data/pelk/pelkdb.xml"));
+    // The copy's merged contact has the addresses of two contacts here.
+    const std::string twoInOne = run("dump").output;
+    run("merge --name Both 1 2");
+    run("export merged.db");
+    run("load -", twoInOne);
+    const std::string before = contentOf(database);
+    const Outcome ok = run("import merged.db --ok");
+    EXPECT_EQ(ok.status, 1);
+    EXPECT_NE(ok.errors.find("Nothing was imported."), std::string::npos);
+    EXPECT_EQ(contentOf(database), before);
+    const Outcome cancelled = run("import merged.db");
+    EXPECT_NE(cancelled.errors.find("under the name Both: Shall I continue? Cancel"),
+              std::string::npos);
+    EXPECT_EQ(cancelled.status, 0);
+    EXPECT_EQ(run("import Inbox").errors, "pelk: Error while loading file Inbox\n");
+
+    EXPECT_EQ(run("delete-database").status, 1);
+    EXPECT_EQ(run("delete-database --yes").status, 0);
+    EXPECT_EQ(run("contacts").output, "");
 }
 
 }  // namespace

@@ -1,0 +1,67 @@
+#pragma once
+// A folder of its own in which each test runs the program.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+
+#include "tests/support/temporary_folder.h"
+
+namespace pelk {
+
+inline constexpr const char* kMail =
+    "From ann@a.example Tue Mar  4 09:12:00 2025\n"
+    "From: Ann Smith <ann@a.example>\nTo: Bob <BOB@b.example>, cy@c.example\nSubject: one\n\nHi\n\n"
+    "From bob@b.example Tue Mar  4 09:13:00 2025\n"
+    "From: Bob <bob@b.example>\nTo: Ann Smith <ann@a.example>\nSubject: two\n\nHi\n\n";
+
+struct Outcome {
+    int status = -1;
+    std::string output;
+    std::string errors;
+};
+
+class CliTest : public ::testing::Test {
+ protected:
+    TemporaryFolder folder;
+    std::string box = folder.write("Inbox", kMail);
+    std::string database = folder.path() + "/data/pelk/pelk.db";
+
+    /// Runs the program with its database in the test's own folder.
+    Outcome run(const std::string& arguments, const std::string& input = "") {
+        const std::string errors = folder.path() + "/errors";
+        const std::string command = "cd " + folder.path() +
+                                    " && env -u DISPLAY -u WAYLAND_DISPLAY"
+                                    " -u QT_QPA_PLATFORM " PELK_PROGRAM " --data data " +
+                                    arguments + " 2>" + errors + " <" +
+                                    folder.write("input", input);
+        Outcome outcome;
+        std::FILE* const pipe = ::popen(command.c_str(), "r");
+        std::array<char, 4096> buffer;
+        while (const std::size_t size = std::fread(buffer.data(), 1, buffer.size(), pipe))
+            outcome.output.append(buffer.data(), size);
+        const int status = ::pclose(pipe);
+        outcome.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        outcome.errors = contentOf(errors);
+        return outcome;
+    }
+    static std::string contentOf(const std::string& path) {
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    void expectRefused(const std::string& arguments, int status, const std::string& error) {
+        const Outcome outcome = run(arguments);
+        EXPECT_EQ(outcome.status, status) << arguments;
+        EXPECT_EQ(outcome.errors, "pelk: " + error + "\n");
+        EXPECT_EQ(outcome.output, "");
+    }
+};
+
+}  // namespace pelk
