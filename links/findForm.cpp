@@ -13,8 +13,8 @@ constexpr int kMargin = 150;
 constexpr int kWidth = kInnerSize.width - 2 * kMargin;
 constexpr Size kButtonSize{1300, 330};
 constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
-constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 520};
-constexpr int kListTop = 720;
+constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 300};
+constexpr int kListTop = 520;
 constexpr Rect kListBounds{kMargin, kListTop, kWidth, kButtonTop - kMargin - kListTop};
 
 constexpr Rect buttonAt(int fromRight) {

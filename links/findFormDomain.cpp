@@ -16,8 +16,8 @@ constexpr Size kButtonSize{1300, 330};
 constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
 constexpr int kProgressHeight = 260;
 constexpr int kProgressTop = kButtonTop - kMargin - kProgressHeight;
-constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 520};
-constexpr int kTreeTop = 720;
+constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 300};
+constexpr int kTreeTop = 520;
 constexpr Rect kTreeBounds{kMargin, kTreeTop, kWidth, kProgressTop - kMargin - kTreeTop};
 constexpr Rect kProgressBounds{kMargin, kProgressTop, kWidth, kProgressHeight};
 

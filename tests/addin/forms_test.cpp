@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "addin/HelpForm.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/tree_text.h"
 
@@ -248,6 +249,7 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
     choose({3}, "Find the best link");
     findForm& form = *forms.find;
     EXPECT_FALSE(driver.isEnabled(form.okButton));
+    EXPECT_TRUE(driver.showsWholeText(form.Label1));
     const auto find = [&](int row) {
         form.show();
         driver.settle();
@@ -272,6 +274,18 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
     database->removeContacts({2});
     core.dialogs.expectMessage("Cannot find a path between those nodes!");
     find(1);
+}
+
+TEST_F(FormsTest, helpHasAFormOfItsOwn) {
+    HelpForm form(core.toolkit(), core.platform());
+    form.window->show();
+    driver.settle();
+    EXPECT_EQ(driver.captionOf(*form.window), "Help");
+    EXPECT_TRUE(driver.showsWholeText(form.helpLabel));
+    form.doHelp();
+    EXPECT_EQ(core.shell.helpOpened, 1);
+    driver.click(form.OK);
+    EXPECT_FALSE(driver.isVisible(*form.window));
 }
 
 class DomainLinksTest : public FormsTest {
@@ -314,6 +328,7 @@ class DomainLinksTest : public FormsTest {
 
 TEST_F(DomainLinksTest, findsAllLinksAndTheBest) {
     openFor({0});
+    EXPECT_TRUE(driver.showsWholeText(forms.findDomain->Label1));
     core.dialogs.expectMessage("a is the same as a");
     search({0});
     core.dialogs.expectMessage("Cannot find a path between a and e");

@@ -1,0 +1,27 @@
+#pragma once
+// A form that opens the help. The menu's button opens the help without it; it stands for those who
+// show forms themselves.
+
+#include <memory>
+
+#include "platform/controls.h"
+#include "platform/platform.h"
+
+namespace pelk {
+
+class HelpForm {
+ public:
+    HelpForm(Toolkit& toolkit, const Platform& platform);
+
+    /// Opens the help at its contents. Throws `Error` when it cannot be opened.
+    void doHelp();
+
+    const std::unique_ptr<Window> window;
+    Label& helpLabel;
+    Button& OK;
+
+ private:
+    Platform platform_;
+};
+
+}  // namespace pelk
