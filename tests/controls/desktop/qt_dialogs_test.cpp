@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -13,6 +14,7 @@
 #include <QTimer>
 
 #include "platform/desktop/qt/dialogs.h"
+#include "tests/support/temporary_folder.h"
 
 namespace pelk {
 
@@ -95,6 +97,30 @@ TEST(QtDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
     dialogs.setBusyPointer(false);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+constexpr const char* kFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
+
+TEST(QtDialogs, FilesAreChosenByTheKindsThatAreNamed) {
+    const TemporaryFolder folder;
+    const QString there = QString::fromStdString(folder.write("a.db", ""));
+    QtDialogs dialogs;
+    whenShown<QFileDialog>([&there](QFileDialog& box) {
+        EXPECT_EQ(box.windowTitle(), "Importing");
+        EXPECT_EQ(box.nameFilters(), QStringList({"Pelk Data Base files (*.db)", "All files (*)"}));
+        EXPECT_EQ(box.fileMode(), QFileDialog::ExistingFile);
+        box.selectFile(there);
+        QMetaObject::invokeMethod(&box, "accept");
+    });
+    EXPECT_EQ(dialogs.openFile("Importing", kFilter), there.toStdString());
+    whenShown<QFileDialog>([&folder](QFileDialog& box) {
+        EXPECT_FALSE(box.testOption(QFileDialog::DontConfirmOverwrite));
+        box.selectFile(QString::fromStdString(folder.path() + "/b"));
+        QMetaObject::invokeMethod(&box, "accept");
+    });
+    EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), folder.path() + "/b.db");
+    whenShown<QFileDialog>([](QFileDialog& box) { box.close(); });
+    EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), "");
 }
 
 TEST(QtDialogs, CopiesTextAsItIs) {

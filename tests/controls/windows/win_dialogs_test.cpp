@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <windows.h>
+// The line above comes first.
+#include <commdlg.h>
+#include <dlgs.h>
 
 #include <functional>
 #include <utility>
@@ -10,6 +13,8 @@
 #include "platform/windows/controls/dialogs.h"
 #include "platform/windows/controls/pointer.h"
 #include "platform/windows/controls/window_text.h"
+#include "platform/windows/wide_text.h"
+#include "tests/support/temporary_folder.h"
 #include "tests/support/test_platform.h"
 
 namespace pelk {
@@ -152,6 +157,37 @@ TEST(WinDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
     dialogs.setBusyPointer(false);
     EXPECT_NE(GetCursor(), wait);
     EXPECT_FALSE(isPointerBusy());
+}
+
+/// Types a path into the system's file box, once that is there, and presses OK; Cancel for none.
+void answerFileBox(const std::wstring& title, const std::wstring& path) {
+    static std::wstring awaited;
+    static std::wstring typed;
+    awaited = title;
+    typed = path;
+    SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR timer, DWORD) {
+        const HWND box = FindWindowW(L"#32770", awaited.c_str());
+        const HWND combo = box == nullptr ? nullptr : GetDlgItem(box, cmb13);
+        const HWND line = combo != nullptr ? combo : GetDlgItem(box, edt1);
+        if (line == nullptr)
+            return;
+        KillTimer(nullptr, timer);
+        SendMessageW(line, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed.c_str()));
+        PostMessageW(box, WM_COMMAND, typed.empty() ? IDCANCEL : IDOK, 0);
+    });
+}
+
+TEST(WinDialogs, FilesAreChosenInTheBoxOfTheSystem) {
+    constexpr const char* kFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
+    const TemporaryFolder folder;
+    const std::string there = folder.write("a.db", "");
+    Win32Dialogs dialogs;
+    answerFileBox(L"Importing", toWide(there));
+    EXPECT_EQ(dialogs.openFile("Importing", kFilter), there);
+    answerFileBox(L"Exporting", toWide(folder.path() + "\\\xC3\x85"));
+    EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), folder.path() + "\\\xC3\x85.db");
+    answerFileBox(L"Exporting", L"");
+    EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), "");
 }
 
 std::wstring clipboardText() {
