@@ -162,11 +162,13 @@ void ConnectObject::disconnectLater() {
     connect_->abandonSearch();
     if (retryTimer_ != 0)
         return;
-    retryTimer_ = SetTimer(nullptr, 0, kRetryMilliseconds, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        if (const auto object = waiting().find(timer); object != waiting().end())
-            object->second->disconnectIfDue();
-    });
+    retryTimer_ = SetTimer(nullptr, 0, kRetryMilliseconds, retry);
     waiting()[retryTimer_] = ComPtr<ConnectObject>(this);
+}
+
+void CALLBACK ConnectObject::retry(HWND, UINT, UINT_PTR timer, DWORD) {
+    if (const auto object = waiting().find(timer); object != waiting().end())
+        object->second->disconnectIfDue();
 }
 
 void ConnectObject::disconnectIfDue() {

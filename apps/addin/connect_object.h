@@ -48,6 +48,7 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     void disconnect();
     void endConnection();
     void disconnectLater();
+    static void CALLBACK retry(HWND, UINT, UINT_PTR timer, DWORD);
     void disconnectIfDue();
     static std::map<UINT_PTR, ComPtr<ConnectObject>>& waiting();
     void runByTag(const VARIANT& ribbonControl);

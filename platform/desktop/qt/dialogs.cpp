@@ -16,6 +16,9 @@ namespace {
 
 constexpr const char* kProgramName = "Pelk";
 
+/// A contact's name with its addresses should be seen whole while it is edited.
+constexpr int kInputLetters = 60;
+
 QWidget* owner() {
     QWidget* modal = QApplication::activeModalWidget();
     return modal != nullptr ? modal : QApplication::activeWindow();
@@ -95,6 +98,7 @@ std::string QtDialogs::input(const std::string& title, const std::string& prompt
     box.setWindowIcon(programIcon());
     for (QLabel* label : box.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
+    box.resize(kInputLetters * box.fontMetrics().averageCharWidth(), box.sizeHint().height());
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 
