@@ -27,12 +27,12 @@ bool hasDisplay() {
 }
 
 void openWindow(const Arguments& arguments, int argc, char** argv) {
-    if (arguments.operands.empty())
-        throw UsageError("name the mail to open");
     if (hasDisplay()) {
         runDesktopProgram(arguments, argc, argv);
         return;
     }
+    if (arguments.operands.empty())
+        throw UsageError("name the mail to open");
     std::cerr << "pelk: There is no display for the mail window, so the result is printed here.\n";
     runWithoutDisplay(arguments);
 }

@@ -1,6 +1,7 @@
 #include "apps/desktop/desktop_program.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <optional>
 
 #include "addin/Connect.h"
@@ -18,6 +19,16 @@ namespace {
 std::optional<FolderLock> lockDatabase(const Platform& platform) {
     const std::optional<std::string> folder = Storage(platform).databaseFolder();
     return folder ? std::make_optional<FolderLock>(*folder) : std::nullopt;
+}
+
+/// Asks where the mail is, as no one names it who starts the program from the desktop's menu. None
+/// if the user cancels.
+std::vector<std::string> askForMail() {
+    const QString folder = QFileDialog::getExistingDirectory(
+        nullptr, "Pelk: choose the folder that holds your mail", QDir::homePath());
+    if (folder.isEmpty())
+        return {};
+    return {QFile::encodeName(folder).toStdString()};
 }
 
 void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
@@ -41,7 +52,11 @@ void runDesktopProgram(const Arguments& arguments, int argc, char** argv) {
     QApplication::setApplicationVersion(QString::fromUtf8(kProductVersion));
     QtDialogs dialogs;
     try {
-        openMailWindow(arguments, dialogs);
+        Arguments opened = arguments;
+        if (opened.operands.empty())
+            opened.operands = askForMail();
+        if (!opened.operands.empty())
+            openMailWindow(opened, dialogs);
     } catch (const Error& error) {
         dialogs.message(error.what(), Buttons::Ok);
         throw;

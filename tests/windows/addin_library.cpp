@@ -55,8 +55,8 @@ std::wstring libraryPath() {
     return std::filesystem::path(path).replace_filename(L"pelk.dll").wstring();
 }
 
-AddinLibrary::AddinLibrary() : module_(LoadLibraryW(libraryPath().c_str())) {
-    EXPECT_NE(module_, nullptr) << toUtf8(libraryPath()) << " error " << GetLastError();
+AddinLibrary::AddinLibrary(const std::wstring& path) : module_(LoadLibraryW(path.c_str())) {
+    EXPECT_NE(module_, nullptr) << toUtf8(path) << " error " << GetLastError();
 }
 
 AddinLibrary::~AddinLibrary() {

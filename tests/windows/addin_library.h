@@ -12,7 +12,7 @@ std::wstring libraryPath();
 
 class AddinLibrary {
  public:
-    AddinLibrary();
+    explicit AddinLibrary(const std::wstring& path = libraryPath());
     AddinLibrary(const AddinLibrary&) = delete;
     AddinLibrary& operator=(const AddinLibrary&) = delete;
     ~AddinLibrary();

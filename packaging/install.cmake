@@ -1,0 +1,92 @@
+# What is installed on a desktop, the Debian package of it, and the target that builds all that the
+# packages hold.
+
+add_custom_target(packaged)
+foreach(part pelk pelk_dll pelk_help)
+  if(TARGET ${part})
+    add_dependencies(packaged ${part})
+  endif()
+endforeach()
+
+if(WIN32)
+  if(TARGET pelk_test_support)
+    add_subdirectory(tests/packaging)
+  endif()
+  return()
+endif()
+
+# It reads files of strangers, so the system's own checks are on.
+target_compile_options(pelk_options INTERFACE $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+target_link_options(pelk PRIVATE LINKER:-z,relro,-z,now)
+
+# The release stands at the head of the users' change log, with its date.
+set(log ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${log})
+file(STRINGS ${log} head REGEX "^## " LIMIT_COUNT 1)
+if(NOT head MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$" OR
+   NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "The head of CHANGELOG.md must be \"## ${PROJECT_VERSION} (YEAR-MONTH-DAY)\", "
+    "it is \"${head}\".")
+endif()
+set(PELK_RELEASE_DATE ${CMAKE_MATCH_2})
+execute_process(COMMAND date -u -R -d ${PELK_RELEASE_DATE} OUTPUT_VARIABLE PELK_RELEASE_TIME
+  OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+set(sources ${CMAKE_SOURCE_DIR}/packaging/linux)
+set(made ${CMAKE_BINARY_DIR}/packaging)
+
+# pelk_compressed(OUTPUT INPUT): OUTPUT.gz, without a name and time inside.
+function(pelk_compressed output input)
+  add_custom_command(OUTPUT ${made}/${output}.gz DEPENDS ${input} VERBATIM
+    COMMAND sh -c "gzip -9 -n <\"$1\" >\"$2\"" sh ${input} ${made}/${output}.gz)
+  set_property(TARGET packaged APPEND PROPERTY SOURCES ${made}/${output}.gz)
+endfunction()
+
+foreach(file pelk.1 changelog.Debian pelk.metainfo.xml)
+  configure_file(${sources}/${file}.in ${made}/${file} @ONLY)
+endforeach()
+pelk_compressed(pelk.1 ${made}/pelk.1)
+pelk_compressed(changelog.Debian ${made}/changelog.Debian)
+pelk_compressed(changelog ${log})
+
+include(GNUInstallDirs)
+install(TARGETS pelk)
+install(FILES ${made}/pelk.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES ${sources}/pelk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${made}/pelk.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${sources}/pelk.bash-completion RENAME pelk
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES packaging/icons/pelk.svg
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+install(FILES packaging/icons/pelk-small.svg RENAME pelk.svg
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/16x16/apps)
+install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${made}/changelog.gz ${made}/changelog.Debian.gz DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${CMAKE_BINARY_DIR}/share/help DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ
+  GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "The Pelk authors <pelk@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "shows who is connected to whom by e-mail")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Pelk reads your mail, counts the e-mails between each pair of people, and
+shows your contacts as a tree in which every relation has the colour of its
+strength. It finds over whom two people are linked, lists contacts by their
+domains, and merges the several addresses of one person.
+.
+It reads mbox files, Maildir folders, folders of .eml files and .sbd trees.
+Mail is only ever read, and everything that is counted stays on this machine.")
+set(CPACK_DEBIAN_PACKAGE_NAME pelk)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_SECTION mail)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The library of the windows loads what draws on the screen at run time.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+execute_process(COMMAND dpkg --print-architecture OUTPUT_VARIABLE architecture
+  OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+set(CPACK_DEBIAN_FILE_NAME pelk_${PROJECT_VERSION}_${architecture}.deb)
+include(CPack)

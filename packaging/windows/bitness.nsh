@@ -1,0 +1,87 @@
+; Which library the Outlook of this computer can load: it takes add-ins of its own bitness only.
+
+Var bitness
+
+; $bitness becomes 32 or 64; empty if the switch /BITNESS says something else.
+Function chooseBitness
+  SetRegView 64
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/BITNESS=" $bitness
+  ${IfNot} ${Errors}
+    ${If} $bitness != "32"
+    ${AndIf} $bitness != "64"
+      StrCpy $bitness ""
+    ${EndIf}
+    Return
+  ${EndIf}
+  StrCpy $bitness ""
+  Call readOfficeEntries
+  ${If} $bitness == ""
+    Call readProgramHeader
+  ${EndIf}
+  ; Without Outlook, the bitness of this Windows.
+  ${If} $bitness == ""
+    StrCpy $bitness 64
+  ${EndIf}
+FunctionEnd
+
+; Returns from the function if the value says which it is.
+!macro readBitness KEY VALUE
+  !insertmacro readBitnessInView 64 "${KEY}" "${VALUE}"
+  !insertmacro readBitnessInView 32 "${KEY}" "${VALUE}"
+!macroend
+
+!macro readBitnessInView VIEW KEY VALUE
+  SetRegView ${VIEW}
+  ReadRegStr $0 HKLM "${KEY}" "${VALUE}"
+  SetRegView 64
+  ${If} $0 == "x86"
+    StrCpy $bitness 32
+    Return
+  ${ElseIf} $0 == "x64"
+    StrCpy $bitness 64
+    Return
+  ${EndIf}
+!macroend
+
+; What Office has entered, the newest version first. A 32-bit Office on a 64-bit Windows enters it
+; in the 32-bit registry, or, installed by Click-to-Run, in both.
+Function readOfficeEntries
+  !insertmacro readBitness "Software\Microsoft\Office\16.0\Outlook" "Bitness"
+  !insertmacro readBitness "Software\Microsoft\Office\ClickToRun\Configuration" "Platform"
+  !insertmacro readBitness "Software\Microsoft\Office\15.0\Outlook" "Bitness"
+  !insertmacro readBitness "Software\Microsoft\Office\15.0\ClickToRun\Configuration" "Platform"
+  !insertmacro readBitness "Software\Microsoft\Office\14.0\Outlook" "Bitness"
+FunctionEnd
+
+; The machine that the program OUTLOOK.EXE is built for; Outlook 2007 and earlier enter nothing else.
+Function readProgramHeader
+  !define APP_PATH "Software\Microsoft\Windows\CurrentVersion\App Paths\OUTLOOK.EXE"
+  ReadRegStr $0 HKLM "${APP_PATH}" ""
+  ${If} $0 == ""
+    SetRegView 32
+    ReadRegStr $0 HKLM "${APP_PATH}" ""
+    SetRegView 64
+  ${EndIf}
+  ${If} $0 == ""
+    Return
+  ${EndIf}
+  ClearErrors
+  FileOpen $1 $0 r
+  ${If} ${Errors}
+    Return
+  ${EndIf}
+  ; The word at 60 tells where the header is; the machine follows its four letters.
+  FileSeek $1 60
+  FileReadWord $1 $2
+  IntOp $2 $2 + 4
+  FileSeek $1 $2
+  FileReadWord $1 $3
+  FileClose $1
+  ${If} $3 = 0x014C
+    StrCpy $bitness 32
+  ${ElseIf} $3 = 0x8664
+    StrCpy $bitness 64
+  ${EndIf}
+FunctionEnd
