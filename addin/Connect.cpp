@@ -14,13 +14,21 @@ constexpr int kReminderDays = 7;
 
 }  // namespace
 
-Connect::Connect(Toolkit& toolkit, const Platform& platform)
+Connect::Connect(Toolkit& toolkit, const Platform& platform, Loading loading)
     : platform_(platform), storage_(platform), forms_(toolkit, platform, storage_) {
+    if (loading == Loading::AtOnce)
+        load();
+}
+
+void Connect::load() {
+    loadingTried_ = true;
+    platform_.dialogs.setBusyPointer(true);
     try {
         database_ = storage_.loadDatabase();
     } catch (const Error& error) {
         platform_.dialogs.message(error.what(), Buttons::Ok);
     }
+    platform_.dialogs.setBusyPointer(false);
 }
 
 void Connect::OnConnection(MailClient& mailClient) {
@@ -103,6 +111,8 @@ void Connect::openView() {
 }
 
 Database& Connect::requireDatabase() {
+    if (!loadingTried_)
+        load();
     if (!database_)
         throw Error(
             "The contact database could not be loaded. Nothing is shown or changed until "

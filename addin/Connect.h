@@ -27,9 +27,13 @@ class Connect {
         std::unique_ptr<CommandButton> Connect::*button;
     };
 
-    /// Loads the database. When that fails the user is told, and every command that needs the
-    /// database says so again; nothing is written over what could not be read.
-    Connect(Toolkit& toolkit, const Platform& platform);
+    /// When the database is loaded: at creation, or by the first command that needs it, in a mail
+    /// client that switches off an add-in which keeps it waiting.
+    enum class Loading { AtOnce, OnFirstUse };
+
+    /// When loading fails the user is told, and every command that needs the database says so
+    /// again; nothing is written over what could not be read.
+    Connect(Toolkit& toolkit, const Platform& platform, Loading loading = Loading::AtOnce);
 
     /// Keeps the mail client, which must stay until disconnection, and builds the menu. Throws
     /// `Error` when the client refuses.
@@ -57,10 +61,12 @@ class Connect {
     void PelkButtonAbout_Click();
     void openScanForm();
     void openView();
+    void load();
     Database& requireDatabase();
 
     Platform platform_;
     Storage storage_;
+    bool loadingTried_ = false;
     std::unique_ptr<Database> database_;
     Forms forms_;
     MailClient* mailClient_ = nullptr;

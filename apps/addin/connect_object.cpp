@@ -45,7 +45,9 @@ ConnectMode modeIn(const VARIANT& value) {
 }  // namespace
 
 ConnectObject::ConnectObject() {
-    guarded(dialogs_, [this] { connect_.emplace(toolkit_, platform_.with(dialogs_)); });
+    guarded(dialogs_, [this] {
+        connect_.emplace(toolkit_, platform_.with(dialogs_), Connect::Loading::OnFirstUse);
+    });
 }
 
 /// A mail client in a hurry goes without saying goodbye.

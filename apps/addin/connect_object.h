@@ -22,7 +22,8 @@ namespace pelk {
 
 class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensibility> {
  public:
-    /// Loads the database.
+    /// The database is loaded by the first command: a large one takes MSXML more than a second, and
+    /// the mail client switches off an add-in that holds up its start for so long.
     ConnectObject();
 
     HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* application, ConnectMode mode,

@@ -139,6 +139,19 @@ TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
     connect.OnDisconnection();
 }
 
+TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick) {
+    Connect connect(core.toolkit(), core.platform(), Connect::Loading::OnFirstUse);
+    connect.OnConnection(client);
+    client.button("About")->clicked();
+    EXPECT_TRUE(core.files.files.empty());
+    client.button("Other options")->clicked();
+    EXPECT_TRUE(core.files.fileExists("/data/pelk/pelk.db"));
+    const int steps = core.files.steps;
+    client.button("Other options")->clicked();
+    EXPECT_EQ(core.files.steps, steps) << "loaded once";
+    connect.OnDisconnection();
+}
+
 TEST_F(ConnectTest, goesOnWithoutADatabaseThatCannotBeRead) {
     saveDatabaseScannedAt("2020-01-01T00:00:00");
     const std::string before = core.files.files["/data/pelk/pelk.db"];
