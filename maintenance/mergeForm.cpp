@@ -10,15 +10,15 @@
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{6000, 5600};
+constexpr Size kInnerSize{6000, 5500};
 constexpr int kMargin = 200;
 constexpr int kWidth = kInnerSize.width - 2 * kMargin;
 constexpr Rect kTopLabelBounds{kMargin, 120, kWidth, 560};
 constexpr Rect kListBounds{kMargin, 720, kWidth, 2200};
 constexpr Rect kRemoveLabelBounds{kMargin, 3000, kWidth, 280};
 constexpr Rect kRemoveBounds{kMargin, 3320, 2000, 330};
-constexpr Rect kNameLabelBounds{kMargin, 3800, kWidth, 560};
-constexpr Rect kNameBounds{kMargin, 4400, kWidth, 300};
+constexpr Rect kNameLabelBounds{kMargin, 3800, kWidth, 500};
+constexpr Rect kNameBounds{kMargin, 4320, kWidth, 300};
 constexpr Rect kMergeBounds{kInnerSize.width - kMargin - 1300, kInnerSize.height - 150 - 330, 1300,
                             330};
 

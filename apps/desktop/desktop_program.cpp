@@ -10,6 +10,7 @@
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
 #include "platform/desktop/qt/dialogs.h"
+#include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/toolkit.h"
 
 namespace pelk {
@@ -49,6 +50,7 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
 void runDesktopProgram(const Arguments& arguments, int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QString::fromUtf8(kProductName));
+    QApplication::setWindowIcon(programIcon());
     QApplication::setApplicationVersion(QString::fromUtf8(kProductVersion));
     QtDialogs dialogs;
     try {
