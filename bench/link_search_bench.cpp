@@ -3,13 +3,12 @@
 
 #include <malloc.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <optional>
 
 #include "bench/mail_graph.h"
+#include "bench/measure.h"
 #include "bench/rival.h"
 #include "links/domain_search.h"
 #include "links/link_search.h"
@@ -23,13 +22,6 @@ constexpr int kDomainSize = 20000;
 constexpr int kPairs = 300;
 /// Of 20000 contacts, every 200th is a hundred.
 constexpr int kStride = 200;
-
-double millisecondsOf(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start)
-        .count();
-}
 
 std::size_t bytesInUse() {
     const struct mallinfo2 info = ::mallinfo2();

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
-#include <random>
 #include <set>
 #include <string>
 
+#include "bench/random.h"
 #include "platform/desktop/pugi_document.h"
 
 namespace pelk {
@@ -14,21 +14,11 @@ namespace {
 constexpr int kRelationsPerContact = 6;
 constexpr double kLargestWeight = 5000;
 
-/// The standard library's distributions differ from one library to the next.
-class Random {
- public:
-    std::size_t below(std::size_t limit) { return generator_() % limit; }
-    /// Above 0, 1 at most.
-    double fraction() { return (static_cast<double>(generator_() >> 11) + 1) / 0x1p53; }
-    double weight(Weights weights) {
-        return weights == Weights::Even
-                   ? std::ceil(100 * fraction())
-                   : std::min(kLargestWeight, std::floor(std::pow(fraction(), -1 / 1.2)));
-    }
-
- private:
-    std::mt19937_64 generator_{2026};
-};
+double drawWeight(Random& random, Weights weights) {
+    return weights == Weights::Even
+               ? std::ceil(100 * random.fraction())
+               : std::min(kLargestWeight, std::floor(std::pow(random.fraction(), -1 / 1.2)));
+}
 
 std::string domainOf(int id, int stride) {
     return id % stride == 0 ? "source.example" : id % stride == 1 ? "target.example" : "x.example";
@@ -48,7 +38,7 @@ MailGraph makeMailGraph(int contacts, Weights weights) {
             others.insert(id <= kRelationsPerContact ? static_cast<int>(others.size()) + 1
                                                      : ends[random.below(ends.size())]);
         for (const int other : others) {
-            const double weight = random.weight(weights);
+            const double weight = drawWeight(random, weights);
             graph.relations.push_back({other, id, weight});
             strongest = std::max(strongest, weight);
             ends.insert(ends.end(), {id, other});

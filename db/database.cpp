@@ -151,7 +151,9 @@ void Database::moveAddresses(int fromId, int toId) {
         return;
     contacts_.moveAddresses(fromId, toId);
     const XmlElement receiver = childOrNew(to, "emails");
-    for (const XmlElement& email : emailElementsOf(from)) {
+    std::vector<XmlElement> moved;
+    forEachEmail(from, [&moved](const XmlElement& email) { moved.push_back(email); });
+    for (const XmlElement& email : moved) {
         receiver.appendCopy(email);
         email.remove();
     }

@@ -46,6 +46,8 @@ std::int64_t readInteger(std::string_view text) {
 }
 
 int readContactId(std::string_view text) {
+    if (const std::optional<int> plain = plainContactId(text))
+        return *plain;
     const std::int64_t number = readInteger(text);
     return number >= 1 && number <= kMaxContactId ? static_cast<int>(number) : 0;
 }

@@ -21,19 +21,11 @@ Contact readContact(const XmlElement& element) {
 
 std::vector<std::string> addressesOf(const XmlElement& contact) {
     std::vector<std::string> addresses;
-    for (const XmlElement& email : emailElementsOf(contact))
+    forEachEmail(contact, [&addresses](const XmlElement& email) {
         if (std::optional<std::string> value = email.attribute("value"))
             addresses.push_back(std::move(*value));
-    return addresses;
-}
-
-std::vector<XmlElement> emailElementsOf(const XmlElement& contact) {
-    std::vector<XmlElement> found;
-    forEachChild(contact, "emails", [&found](const XmlElement& emails) {
-        forEachChild(emails, "email",
-                     [&found](const XmlElement& email) { found.push_back(email); });
     });
-    return found;
+    return addresses;
 }
 
 }  // namespace pelk

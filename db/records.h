@@ -33,8 +33,6 @@ Contact readContact(const XmlElement& element);
 
 /// The addresses of a contact's element, in document order.
 std::vector<std::string> addressesOf(const XmlElement& contact);
-/// The elements in which its addresses stand.
-std::vector<XmlElement> emailElementsOf(const XmlElement& contact);
 
 /// Calls the visitor with each child of that name, in document order.
 template <typename Visit>
@@ -42,6 +40,13 @@ void forEachChild(const XmlElement& parent, std::string_view name, const Visit& 
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling())
         if (child.name() == name)
             visit(child);
+}
+
+/// Calls the visitor with each element in which an address of the contact stands.
+template <typename Visit>
+void forEachEmail(const XmlElement& contact, const Visit& visit) {
+    forEachChild(contact, "emails",
+                 [&visit](const XmlElement& emails) { forEachChild(emails, "email", visit); });
 }
 
 }  // namespace pelk

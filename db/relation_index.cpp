@@ -7,13 +7,8 @@
 namespace pelk {
 namespace {
 
-bool mayBeIndexed(int id) {
-    return id >= 0 && id <= kMaxContactId;
-}
-
-std::uint32_t pairKey(int part1, int part2) {
-    return static_cast<std::uint32_t>(part1) << 16U | static_cast<std::uint32_t>(part2);
-}
+/// The partner in a relation whose other part no query for an id finds.
+constexpr int kNobody = -1;
 
 }  // namespace
 
@@ -28,19 +23,25 @@ void RelationIndex::append(XmlElement element) {
     const std::optional<int> id1 = plainContactId(part1);
     const std::optional<int> id2 = plainContactId(part2);
     if (id1)
-        byContact_[static_cast<std::size_t>(*id1)].push_back(position);
+        byContact_[static_cast<std::size_t>(*id1)].push_back({position, id2.value_or(kNobody)});
     if (id2 && id2 != id1)
-        byContact_[static_cast<std::size_t>(*id2)].push_back(position);
-    if (id1 && id2)
-        if (const std::uint32_t key = pairKey(*id1, *id2); !byPair_.emplace(key, position).second)
-            repeats_[key].push(position);
+        byContact_[static_cast<std::size_t>(*id2)].push_back({position, id1.value_or(kNobody)});
 }
 
+/// Looks among the relations of whoever has fewer.
 const RelationEntry* RelationIndex::ofPair(int smallerId, int largerId) const {
-    if (!mayBeIndexed(smallerId) || !mayBeIndexed(largerId))
-        return nullptr;
-    const auto found = byPair_.find(pairKey(smallerId, largerId));
-    return found == byPair_.end() ? nullptr : &entries_[found->second];
+    const Places& ofSmaller = placesOf(smallerId);
+    const Places& ofLarger = placesOf(largerId);
+    const bool smallerHasFewer = ofSmaller.size() < ofLarger.size();
+    const int partner = smallerHasFewer ? largerId : smallerId;
+    for (const Place& place : smallerHasFewer ? ofSmaller : ofLarger) {
+        if (place.partner != partner)
+            continue;
+        const RelationEntry& entry = entries_[place.position];
+        if (entry.element && entry.relation.part1 == smallerId)
+            return &entry;
+    }
+    return nullptr;
 }
 
 RelationEntry* RelationIndex::ofPair(int smallerId, int largerId) {
@@ -48,46 +49,31 @@ RelationEntry* RelationIndex::ofPair(int smallerId, int largerId) {
 }
 
 XmlElement RelationIndex::takeOfPair(int smallerId, int largerId) {
-    if (ofPair(smallerId, largerId) == nullptr)
+    RelationEntry* const entry = ofPair(smallerId, largerId);
+    if (entry == nullptr)
         return {};
-    const auto first = byPair_.find(pairKey(smallerId, largerId));
-    XmlElement element = take(first->second);
-    if (const auto further = repeats_.find(first->first); further != repeats_.end()) {
-        first->second = further->second.front();
-        further->second.pop();
-        if (further->second.empty())
-            repeats_.erase(further);
-    } else {
-        byPair_.erase(first);
-    }
+    XmlElement element = take(*entry);
     closeManyGaps();
     return element;
 }
 
 std::vector<XmlElement> RelationIndex::takeAllOf(int id) {
     std::vector<XmlElement> elements;
-    for (const std::uint32_t position : positionsOf(id)) {
-        if (!entries_[position].element)
-            continue;
-        // All relations of the pair are this contact's, so none of them is left.
-        const Relation& relation = entries_[position].relation;
-        const std::uint32_t key = pairKey(relation.part1, relation.part2);
-        byPair_.erase(key);
-        repeats_.erase(key);
-        elements.push_back(take(position));
-    }
+    for (const Place& place : placesOf(id))
+        if (RelationEntry& entry = entries_[place.position]; entry.element)
+            elements.push_back(take(entry));
     closeManyGaps();
     return elements;
 }
 
-const RelationIndex::Positions& RelationIndex::positionsOf(int id) const {
-    static const Positions none;
-    return mayBeIndexed(id) ? byContact_[static_cast<std::size_t>(id)] : none;
+const RelationIndex::Places& RelationIndex::placesOf(int id) const {
+    static const Places none;
+    return id >= 0 && id <= kMaxContactId ? byContact_[static_cast<std::size_t>(id)] : none;
 }
 
-XmlElement RelationIndex::take(std::uint32_t position) {
+XmlElement RelationIndex::take(RelationEntry& entry) {
     ++gaps_;
-    return std::exchange(entries_[position].element, {});
+    return std::exchange(entry.element, {});
 }
 
 void RelationIndex::closeManyGaps() {
@@ -95,8 +81,6 @@ void RelationIndex::closeManyGaps() {
         return;
     std::vector<RelationEntry> entries = std::exchange(entries_, {});
     gaps_ = 0;
-    byPair_.clear();
-    repeats_.clear();
     for (const RelationEntry& entry : entries) {
         byContact_[static_cast<std::size_t>(entry.relation.part1)].clear();
         byContact_[static_cast<std::size_t>(entry.relation.part2)].clear();

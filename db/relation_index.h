@@ -6,8 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <queue>
-#include <unordered_map>
 #include <vector>
 
 #include "db/numbers.h"
@@ -37,9 +35,9 @@ class RelationIndex {
     }
     template <typename Visit>
     void forEachOf(int id, const Visit& visit) const {
-        for (const std::uint32_t position : positionsOf(id))
-            if (entries_[position].element)
-                visit(entries_[position]);
+        for (const Place& place : placesOf(id))
+            if (const RelationEntry& entry = entries_[place.position]; entry.element)
+                visit(entry);
     }
     /// The first relation of the pair in document order, until the next change; null when there
     /// is none.
@@ -53,21 +51,23 @@ class RelationIndex {
     std::vector<XmlElement> takeAllOf(int id);
 
  private:
-    using Positions = std::vector<std::uint32_t>;
+    struct Place {
+        /// Of the entry.
+        std::uint32_t position;
+        /// The id of the contact at the other end.
+        int partner;
+    };
+    using Places = std::vector<Place>;
 
-    const Positions& positionsOf(int id) const;
-    XmlElement take(std::uint32_t position);
+    const Places& placesOf(int id) const;
+    XmlElement take(RelationEntry& entry);
     void closeManyGaps();
 
     /// In document order; a gap has no element.
     std::vector<RelationEntry> entries_;
     std::size_t gaps_ = 0;
-    /// The positions of each contact's relations, gaps among them.
-    std::vector<Positions> byContact_ = std::vector<Positions>(kMaxContactId + 1);
-    /// The position of each pair's first relation.
-    std::unordered_map<std::uint32_t, std::uint32_t> byPair_;
-    /// The further relations of the pairs that have several, which a sound document does not have.
-    std::unordered_map<std::uint32_t, std::queue<std::uint32_t>> repeats_;
+    /// The places of each contact's relations, gaps among them, in document order.
+    std::vector<Places> byContact_ = std::vector<Places>(kMaxContactId + 1);
 };
 
 }  // namespace pelk

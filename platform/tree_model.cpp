@@ -65,7 +65,8 @@ void TreeModel::setColor(TreeNode& node, Color color) {
 bool TreeModel::setKey(TreeNode& node, std::string key) {
     if (const TreeNode* owner = find(key); owner != nullptr)
         return owner == &node;
-    byKey_.erase(node.key_);
+    if (!node.key_.empty())
+        byKey_.erase(node.key_);
     node.key_ = std::move(key);
     if (!node.key_.empty())
         byKey_.emplace(node.key_, &node);

@@ -1,5 +1,6 @@
 #include "platform/utf8.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
@@ -48,22 +49,37 @@ bool mayStandInXml(std::uint32_t code) {
     return code != 0xFFFE && code != 0xFFFF;
 }
 
+/// How many printable characters of ASCII the text begins with.
+std::size_t plainLength(std::string_view text) {
+    const auto end = std::find_if(text.begin(), text.end(),
+                                  [](unsigned char byte) { return byte < 0x20 || byte >= 0x7F; });
+    return static_cast<std::size_t>(end - text.begin());
+}
+
 }  // namespace
 
 bool isXmlText(std::string_view text) {
-    while (!text.empty()) {
+    while (true) {
+        // Documents are nearly all of these characters.
+        text.remove_prefix(plainLength(text));
+        if (text.empty())
+            return true;
         const Character character = readCharacter(text);
         if (!character.valid || !mayStandInXml(character.code))
             return false;
         text.remove_prefix(character.length);
     }
-    return true;
 }
 
 std::string cleanText(std::string_view text) {
     std::string clean;
     clean.reserve(text.size());
-    while (!text.empty()) {
+    while (true) {
+        const std::size_t plain = plainLength(text);
+        clean += text.substr(0, plain);
+        text.remove_prefix(plain);
+        if (text.empty())
+            return clean;
         const Character character = readCharacter(text);
         if (character.valid && isControl(character.code))
             clean += ' ';
@@ -73,7 +89,6 @@ std::string cleanText(std::string_view text) {
             clean += text.substr(0, character.length);
         text.remove_prefix(character.length);
     }
-    return clean;
 }
 
 std::string utf16FileBytes(std::string_view text) {

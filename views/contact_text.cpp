@@ -4,8 +4,10 @@ namespace pelk {
 
 std::string describe(const Contact& contact) {
     std::string text = contact.name + " (";
-    for (const std::string& address : contact.addresses)
-        text += address + (&address == &contact.addresses.back() ? ")" : "/");
+    for (const std::string& address : contact.addresses) {
+        text += address;
+        text += &address == &contact.addresses.back() ? ')' : '/';
+    }
     return text;
 }
 

@@ -48,11 +48,11 @@ std::vector<std::size_t> LocaleLanguage::alphabeticalOrder(
 }
 
 bool LocaleLanguage::startsWith(std::string_view text, std::string_view start) const {
-    if (isAscii(text) && isAscii(start))
-        return text.size() >= start.size() &&
-               std::equal(start.begin(), start.end(), text.begin(), [](char left, char right) {
-                   return lowerAscii(left) == lowerAscii(right);
-               });
+    const std::string_view head = text.substr(0, start.size());
+    if (isAscii(head) && isAscii(start))
+        return std::equal(
+            start.begin(), start.end(), head.begin(), head.end(),
+            [](char left, char right) { return lowerAscii(left) == lowerAscii(right); });
     return QString::fromUtf8(toQt(text))
         .startsWith(QString::fromUtf8(toQt(start)), Qt::CaseInsensitive);
 }

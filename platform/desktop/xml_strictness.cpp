@@ -1,5 +1,6 @@
 #include "platform/desktop/xml_strictness.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -43,10 +44,11 @@ std::size_t endOfSection(std::string_view text, std::string_view terminator) {
 /// The first "&" that starts no reference, outside comments and character data.
 bool hasStrayReference(std::string_view text) {
     while (true) {
-        const std::size_t at = text.find_first_of("&<");
-        if (at == std::string_view::npos)
+        const auto at = std::find_if(text.begin(), text.end(),
+                                     [](char byte) { return byte == '&' || byte == '<'; });
+        if (at == text.end())
             return false;
-        text.remove_prefix(at);
+        text.remove_prefix(static_cast<std::size_t>(at - text.begin()));
         if (text.starts_with(kComment)) {
             text.remove_prefix(endOfSection(text, "-->"));
         } else if (text.starts_with(kCharacterData)) {

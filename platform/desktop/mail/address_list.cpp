@@ -82,6 +82,10 @@ std::string join(const std::vector<std::string>& words) {
 std::string bracketedAddress(std::string_view content) {
     if (equalsIgnoringCase(content.substr(0, kMailto.size()), kMailto))
         content.remove_prefix(kMailto.size());
+    // Nearly all are plain addresses, of one word.
+    if (content.find(' ') == std::string_view::npos &&
+        content.find('"') == std::string_view::npos && isAddress(content))
+        return withoutFinalDots(content);
     const std::vector<std::string> words = splitWords(content);
     const auto address = std::find_if(words.begin(), words.end(), isAddress);
     if (address != words.end())

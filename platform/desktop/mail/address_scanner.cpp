@@ -98,7 +98,7 @@ bool AddressScanner::step(AddressEntry& entry) {
             entry.words += ' ';
             return false;
         case '(':
-            if (std::string comment = takeComment(); !comment.empty()) {
+            if (const std::string_view comment = takeComment(); !comment.empty()) {
                 entry.comment = comment.substr(1, comment.size() - 2);
                 entry.words += ' ';
                 return false;
@@ -120,18 +120,18 @@ bool AddressScanner::step(AddressEntry& entry) {
     return false;
 }
 
-std::string AddressScanner::take(std::size_t length) {
-    std::string text(field_.substr(at_, length));
+std::string_view AddressScanner::take(std::size_t length) {
+    const std::string_view text = field_.substr(at_, length);
     at_ += text.size();
     return text;
 }
 
-std::string AddressScanner::takePlain() {
+std::string_view AddressScanner::takePlain() {
     const std::size_t end = std::min(field_.find_first_of(kSpecial, at_ + 1), field_.size());
     return take(end - at_);
 }
 
-std::string AddressScanner::takeQuoted() {
+std::string_view AddressScanner::takeQuoted() {
     const std::size_t length = quotesClose_ ? quotedLength(field_.substr(at_)) : 0;
     if (length == 0) {
         quotesClose_ = false;
@@ -141,20 +141,20 @@ std::string AddressScanner::takeQuoted() {
     return take(length);
 }
 
-std::string AddressScanner::takeComment() {
+std::string_view AddressScanner::takeComment() {
     const std::size_t length = commentsClose_ ? commentLength(field_.substr(at_)) : 0;
     commentsClose_ = length != 0;
     return take(length);
 }
 
-std::string AddressScanner::takeLiteral(const std::string& before) {
+std::string_view AddressScanner::takeLiteral(const std::string& before) {
     // An address like jane@[IPv6:::1] holds colons.
     const std::size_t end =
         before.ends_with('@') ? field_.substr(at_, kLookAhead).find(']') : std::string_view::npos;
     return take(end == std::string_view::npos ? 1 : end + 1);
 }
 
-std::string AddressScanner::takeEncodedWord() {
+std::string_view AddressScanner::takeEncodedWord() {
     return take(std::max<std::size_t>(encodedWordLength(field_.substr(at_)), 1));
 }
 

@@ -32,14 +32,14 @@ class AddressScanner {
     bool step(AddressEntry& entry);
     std::string takeBracketed();
     /// Takes a quoted text with its quotes.
-    std::string takeQuoted();
-    std::string takeComment();
-    std::string takeLiteral(const std::string& before);
-    std::string takeEncodedWord();
+    std::string_view takeQuoted();
+    std::string_view takeComment();
+    std::string_view takeLiteral(const std::string& before);
+    std::string_view takeEncodedWord();
     void passRoute();
     /// Takes a character and all plain ones behind it.
-    std::string takePlain();
-    std::string take(std::size_t length);
+    std::string_view takePlain();
+    std::string_view take(std::size_t length);
 
     std::string_view field_;
     std::size_t at_ = 0;

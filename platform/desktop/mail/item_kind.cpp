@@ -1,6 +1,5 @@
 #include "platform/desktop/mail/item_kind.h"
 
-#include "platform/desktop/mail/content_type.h"
 #include "platform/desktop/mail/mail_text.h"
 #include "platform/desktop/mail/meeting_search.h"
 
@@ -14,7 +13,7 @@ ItemKind itemKind(const MessagePlace& place, const MessageHeader& header) {
             equalsIgnoringCase(report, "disposition-notification"))
             return ItemKind::Report;
     }
-    return isMeeting(place, header) ? ItemKind::Meeting : ItemKind::Mail;
+    return isMeeting(place, header, type) ? ItemKind::Meeting : ItemKind::Mail;
 }
 
 }  // namespace pelk

@@ -4,7 +4,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/mail/content_type.h"
 #include "platform/desktop/mail/line_reader.h"
 #include "platform/desktop/mail/mail_text.h"
 
@@ -48,8 +47,8 @@ std::string_view methodOf(std::string_view calendar) {
 /// held, and the text of one part's header or calendar.
 class MeetingSearch {
  public:
-    bool run(const MessagePlace& place, const MessageHeader& header) {
-        enter(header);
+    bool run(const MessagePlace& place, const MessageHeader& header, const ContentType& type) {
+        enter(header, type);
         if (part_ == Part::Other && boundaries_.empty())
             return found_;
         LineReader lines(place, header.length());
@@ -68,7 +67,7 @@ class MeetingSearch {
         if (line.starts_with("--") && takeBoundary(line))
             return;
         if (part_ == Part::Header && line.empty())
-            enter(MessageHeader(std::move(text_)));
+            enterPart();
         else if (part_ != Part::Other && text_.size() < kMaxText)
             text_.append(line).push_back('\n');
     }
@@ -92,8 +91,7 @@ class MeetingSearch {
     }
 
     /// Begins the body of a part.
-    void enter(const MessageHeader& header) {
-        const ContentType type(header);
+    void enter(const MessageHeader& header, const ContentType& type) {
         part_ = Part::Other;
         text_.clear();
         if (type.is("multipart", "*")) {
@@ -108,12 +106,18 @@ class MeetingSearch {
         }
     }
 
+    /// The same for a part whose header has been read.
+    void enterPart() {
+        const MessageHeader header(std::move(text_));
+        enter(header, ContentType(header));
+    }
+
     /// Ends the body of a part, or the header of one that has no body.
     void leave() {
         if (part_ == Part::Calendar)
             found_ = isMeetingMethod(methodOf(decodeContent(encoding_, text_)));
         else if (part_ == Part::Header)
-            enter(MessageHeader(std::move(text_)));
+            enterPart();
         text_.clear();
     }
 
@@ -126,8 +130,8 @@ class MeetingSearch {
 
 }  // namespace
 
-bool isMeeting(const MessagePlace& place, const MessageHeader& header) {
-    return MeetingSearch().run(place, header);
+bool isMeeting(const MessagePlace& place, const MessageHeader& header, const ContentType& type) {
+    return MeetingSearch().run(place, header, type);
 }
 
 }  // namespace pelk

@@ -1,0 +1,41 @@
+#include "bench/scan_mail.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "db/default_documents.h"
+#include "platform/desktop/locale_language.h"
+#include "platform/desktop/mail/mail_store.h"
+#include "platform/desktop/pugi_document.h"
+
+namespace pelk {
+namespace {
+
+class NoProgress : public ScanProgress {
+ public:
+    void folderStarted(const std::string&) override {}
+    void itemsCounted(int) override {}
+    void itemStarted(int) override {}
+};
+
+}  // namespace
+
+std::unique_ptr<Database> makeEmptyDatabase() {
+    std::unique_ptr<XmlDocument> document = createPugiDocument();
+    document->loadXml(kFirstStartDocument);
+    return std::make_unique<Database>(std::move(document));
+}
+
+ScanOutcome scanMail(Database& database, const std::string& path) {
+    static const LocaleLanguage language("en_US");
+    NoProgress progress;
+    const ScanOutcome outcome =
+        Scanner(database, language, progress).scan(*openMailSession({path}, {}));
+    if (outcome.faults > 0 || outcome.mails == 0) {
+        std::fprintf(stderr, "%s: %s\n", path.c_str(), outcome.firstFault.c_str());
+        std::exit(1);
+    }
+    return outcome;
+}
+
+}  // namespace pelk

@@ -1,0 +1,167 @@
+// How quickly the relations view answers on the largest database, beside the toolkit's cheapest way
+// to show as many rows. Called as: view_speed FOLDER, where it keeps a database.
+
+#include <QApplication>
+#include <algorithm>
+#include <cstdio>
+
+#include "bench/measure.h"
+#include "bench/opening.h"
+#include "bench/plain_view.h"
+#include "platform/desktop/qt/toolkit.h"
+#include "views/ShowForm.h"
+
+namespace pelk {
+namespace {
+
+constexpr int kRounds = 9;
+constexpr double kLimit = 3;
+
+/// Lets the toolkit lay out and paint what waits.
+void settle() {
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+}
+
+void compare(const std::string& what, const Work& own, const std::string& other, const Work& plain,
+             double limit = kLimit) {
+    const auto settling = [](const Work& work) {
+        return Work{[run = work.run] { run(), settle(); }, work.prepare};
+    };
+    const auto times = medians(kRounds, {settling(own), settling(plain)});
+    print({what, "warm", times[0], other, times[1], "ms", limit});
+}
+
+class ViewSpeed {
+ public:
+    explicit ViewSpeed(const std::string& folder)
+        : store_(folder), toolkit_(store_.dialogs, store_.desktop.language()) {
+        openView();
+    }
+
+    void compareAll() {
+        compareOpening();
+        const TreeModel& tree = form_->presTree.model();
+        for (const TreeNode* node : tree.root().children())
+            texts_.push_back(node->text());
+        compareFilling();
+        compareGoTo();
+        compareContact();
+        compareDomain();
+    }
+
+ private:
+    void closeView() {
+        form_.reset();
+        database_.reset();
+    }
+    void openView() {
+        database_ = store_.storage.loadDatabase();
+        form_ = std::make_unique<ShowForm>(toolkit_, store_.platform, store_.storage);
+        form_->database = database_.get();
+        form_->startShowing();
+        form_->show();
+    }
+    QTreeView& nativeTree() {
+        for (QWidget* const widget : QApplication::topLevelWidgets())
+            if (QTreeView* const tree = widget->findChild<QTreeView*>())
+                return *tree;
+        std::abort();
+    }
+    TreeNode& nodeOf(const std::string& key) { return *form_->presTree.model().find(key); }
+
+    void compareOpening() {
+        const BareOpening bare(database_->xml());
+        compare("Opening it up to the relations view on the screen",
+                {[&] { openView(); }, [&] { closeView(); }}, "deciphering and pugixml alone",
+                {[&] { bare.run(); }}, 2);
+    }
+
+    void compareFilling() {
+        PlainView plain;
+        compare("Filling the view with 32,767 contacts, sorted", {[&] { form_->fillTree(); }},
+                "the toolkit's list", {[&] { plain.fill(texts_); }});
+        compare("Refresh", {[&] { form_->refreshButton.onClick(); }}, "the toolkit's list",
+                {[&] { plain.fill(texts_); }});
+        QStringList list;
+        for (const std::string& text : texts_)
+            list.append(QString::fromStdString(text));
+        TreeModel& tree = form_->presTree.model();
+        compare("Sorting", {[&] { tree.sortChildren(tree.root()); }}, "QCollator's sort keys",
+                {[&] { sortedTexts(list); }});
+    }
+
+    /// To a row that is not there, so that all are looked at.
+    void compareGoTo() {
+        store_.dialogs.answer = "zzz";
+        const QString start = "zzz";
+        const auto startsSo = [&](const std::string& text) {
+            return QString::fromStdString(text).startsWith(start, Qt::CaseInsensitive);
+        };
+        compare("GoTo past all 32,767 contacts", {[&] { form_->gotoButton.onClick(); }},
+                "a loop over as many texts",
+                {[&] { std::find_if(texts_.begin(), texts_.end(), startsSo); }});
+    }
+
+    /// Opens the node as a click on its expander does.
+    void compareExpansion(const std::string& what, const std::string& key) {
+        QTreeView& view = nativeTree();
+        const auto ownIndex = [&] { return view.model()->index(nodeOf(key).row(), 0); };
+        view.expand(ownIndex());
+        QStringList below;
+        for (const TreeNode* node : nodeOf(key).children())
+            below.append(QString::fromStdString(node->text()));
+        QStringList top;
+        for (const TreeNode* node : form_->presTree.model().root().children())
+            top.append(QString::fromStdString(node->text()));
+        std::unique_ptr<PlainTree> model;
+        QTreeView plain;
+        plain.setHeaderHidden(true);
+        plain.setUniformRowHeights(true);
+        plain.resize(440, 400);
+        plain.show();
+        compare(what + " (" + std::to_string(below.size()) + " rows)",
+                {[&] { view.expand(ownIndex()); }, [&] { view.collapse(ownIndex()), settle(); }},
+                "the toolkit's tree",
+                {[&] {
+                     model->addRowsBelow();
+                     plain.expand(model->index(0, 0, {}));
+                 },
+                 [&] {
+                     auto fresh = std::make_unique<PlainTree>(top, below);
+                     plain.setModel(fresh.get());
+                     model = std::move(fresh);
+                     settle();
+                 }});
+        plain.setModel(nullptr);
+    }
+
+    void compareContact() { compareExpansion("Expanding the best-connected contact", "contact1"); }
+
+    void compareDomain() {
+        form_->domainsRadio.onClick();
+        settle();
+        compareExpansion("Expanding the largest top-level domain", "example");
+    }
+
+    LargeStore store_;
+    QtToolkit toolkit_;
+    std::unique_ptr<Database> database_;
+    std::unique_ptr<ShowForm> form_;
+    std::vector<std::string> texts_;
+};
+
+}  // namespace
+}  // namespace pelk
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "view_speed FOLDER\n");
+        return 2;
+    }
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    QApplication application(argc, argv);
+    pelk::ViewSpeed(argv[1]).compareAll();
+}
