@@ -52,14 +52,11 @@ std::vector<Include> includesOf(const fs::path& root, const fs::path& file) {
 /// The includes of the files that stand directly in the folders of the core.
 std::vector<Include> coreIncludes(const fs::path& root) {
     std::vector<Include> includes;
-    for (const auto& [folder, arrows] : kArrows) {
-        if (!fs::is_directory(root / folder))
-            continue;
+    for (const auto& [folder, arrows] : kArrows)
         for (const fs::directory_entry& file : fs::directory_iterator(root / folder))
             if (file.path().extension() == ".h" || file.path().extension() == ".cpp")
                 for (const Include& include : includesOf(root, file.path()))
                     includes.push_back(include);
-    }
     return includes;
 }
 
@@ -70,26 +67,6 @@ bool mayInclude(const Include& include) {
     const std::string from = include.from.substr(0, include.from.find('/'));
     const std::string to = include.target.substr(0, include.target.rfind('/'));
     return to == from || to == "platform" || kArrows.at(from).contains(to);
-}
-
-bool reachesItself(const std::string& start,
-                   const std::map<std::string, std::set<std::string>>& graph) {
-    std::set<std::string> seen;
-    std::vector<std::string> open{start};
-    while (!open.empty()) {
-        const std::string file = open.back();
-        open.pop_back();
-        const auto found = graph.find(file);
-        if (found == graph.end())
-            continue;
-        for (const std::string& next : found->second) {
-            if (next == start)
-                return true;
-            if (seen.insert(next).second)
-                open.push_back(next);
-        }
-    }
-    return false;
 }
 
 TEST(Includes, ofTheCoreStayInsideItsBounds) {
@@ -104,8 +81,15 @@ TEST(Includes, goRoundInNoCircle) {
     for (const Include& include : coreIncludes(PELK_SOURCE_DIR))
         if (include.quoted)
             graph[include.from].insert(include.target);
+    // What includes nothing that is left is taken out, until only circles and their users are left.
+    const auto isFree = [&graph](const auto& file) {
+        return std::none_of(file.second.begin(), file.second.end(),
+                            [&graph](const std::string& target) { return graph.contains(target); });
+    };
+    while (std::erase_if(graph, isFree) != 0) {
+    }
     for (const auto& [file, targets] : graph)
-        EXPECT_FALSE(reachesItself(file, graph)) << file;
+        ADD_FAILURE() << file << " is part of a circle or includes one";
 }
 
 TEST(Includes, areToldApart) {

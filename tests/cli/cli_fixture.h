@@ -6,11 +6,8 @@
 
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <memory>
-#include <string>
 
 #include "tests/support/temporary_folder.h"
 

@@ -49,20 +49,15 @@ TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
     EXPECT_EQ(contentOf(database), before);
     EXPECT_EQ(run("export copy.db").status, 0);
     EXPECT_EQ(contentOf(folder.path() + "/copy.db"), before);
-}
 
-TEST_F(CliTest, loadsADocumentThatIsReallyUtf16) {
-    const std::string text =
-        "<?xml version='1.0' encoding='UTF-16'?><pelkDB "
-        "date='2020-01-01T00:00:00' totalMails='0' totalContacts='0' "
-        "maxInd='50' minInd='5'><contacts/><relations total='0'/></pelkDB>";
+    edited.replace(edited.find("UTF-8"), 5, "UTF-16");
     std::string wide = "\xFF\xFE";
-    for (const char c : text)
+    for (const char c : edited)
         wide += {c, '\0'};
     EXPECT_EQ(run("load -", wide).status, 0);
 }
 
-TEST_F(CliTest, refusesADocumentThatIsNotSound) {
+TEST_F(CliTest, refusesADocumentThatIsNotSoundAndGoesOnBesideADamagedDatabase) {
     run("scan Inbox");
     const std::string before = contentOf(database);
     std::string twice = run("dump").output;
@@ -73,9 +68,7 @@ TEST_F(CliTest, refusesADocumentThatIsNotSound) {
         EXPECT_TRUE(outcome.errors.starts_with("pelk: The document - cannot be used. "));
     }
     EXPECT_EQ(contentOf(database), before);
-}
 
-TEST_F(CliTest, goesOnBesideADamagedDatabase) {
     folder.write("data/pelk/pelk.db", "no database");
     const Outcome outcome = run("contacts");
     EXPECT_EQ(outcome.status, 0);

@@ -1,23 +1,17 @@
 // What every toolkit must do with the simple controls and the places of all.
 
-#include <gtest/gtest.h>
-
 #include <stdexcept>
 
 #include "platform/error.h"
-#include "tests/support/test_platform.h"
+#include "tests/controls/window_fixture.h"
 
 namespace pelk {
-
 namespace {
 
-class Controls : public testing::Test {
+class Controls : public WindowTest {
  protected:
     Controls() { window_->setInnerSize({6000, 3000}); }
 
-    TestPlatform platform_;
-    Driver& driver_ = platform_.driver();
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
     int clicks_ = 0;
 };
 
@@ -56,7 +50,7 @@ TEST_F(Controls, StandWhereTheyArePut) {
     }
 }
 
-TEST_F(Controls, AreClickedUnlessDisabled) {
+TEST_F(Controls, AreClickedUnlessDisabledAndShowWhatTheirHandlersThrow) {
     Button& button = window_->addButton({0, 0, 1000, 250}, "OK");
     window_->show();
     driver_.click(button);
@@ -73,6 +67,14 @@ TEST_F(Controls, AreClickedUnlessDisabled) {
     driver_.click(button);
     EXPECT_EQ(clicks_, 1);
     EXPECT_FALSE(driver_.isVisible(*window_));
+
+    window_->show();
+    button.onClick = [] { throw Error("The disk is full."); };
+    platform_.dialogs.expectMessage("The disk is full.");
+    driver_.click(button);
+    button.onClick = [] { throw std::runtime_error("seven"); };
+    platform_.dialogs.expectMessage("Unexpected fault: seven");
+    driver_.click(button);
 }
 
 TEST_F(Controls, AreReachedByTabInTheOrderOfTheirCreation) {
@@ -88,17 +90,6 @@ TEST_F(Controls, AreReachedByTabInTheOrderOfTheirCreation) {
     EXPECT_EQ(clicks_, 1);
     driver_.press(*window_, Key::Tab);
     EXPECT_TRUE(driver_.hasFocus(third));
-}
-
-TEST_F(Controls, ShowWhatTheirHandlersThrow) {
-    Button& button = window_->addButton({0, 0, 1000, 250}, "OK");
-    window_->show();
-    button.onClick = [] { throw Error("The disk is full."); };
-    platform_.dialogs.expectMessage("The disk is full.");
-    driver_.click(button);
-    button.onClick = [] { throw std::runtime_error("seven"); };
-    platform_.dialogs.expectMessage("Unexpected fault: seven");
-    driver_.click(button);
 }
 
 TEST_F(Controls, PicturesShowTheirImage) {
@@ -191,22 +182,17 @@ TEST_F(Controls, SlidersTellOfEachStep) {
 TEST_F(Controls, ProgressStaysInItsRange) {
     ProgressBar& bar = window_->addProgressBar({0, 0, 6000, 250});
     window_->show();
-    const auto shown = [&] {
-        const Progress progress = driver_.progressOf(bar);
-        return std::vector<int>{progress.minimum, progress.maximum, progress.value};
-    };
     bar.setRange(1, 40000);
-    EXPECT_EQ(shown(), (std::vector<int>{1, 40000, 1}));
-    bar.setValue(50000);
-    EXPECT_EQ(shown(), (std::vector<int>{1, 40000, 40000}));
-    bar.setValue(7);
-    EXPECT_EQ(shown(), (std::vector<int>{1, 40000, 7}));
+    EXPECT_EQ(driver_.progressOf(bar), (Progress{1, 40000, 1}));
+    for (const auto& [value, shown] : {std::pair(50000, 40000), {7, 7}}) {
+        bar.setValue(value);
+        EXPECT_EQ(driver_.progressOf(bar), (Progress{1, 40000, shown}));
+    }
     bar.setRange(1, 3);
-    EXPECT_EQ(shown(), (std::vector<int>{1, 3, 3}));
+    EXPECT_EQ(driver_.progressOf(bar), (Progress{1, 3, 3}));
     bar.setValue(-5);
-    EXPECT_EQ(shown(), (std::vector<int>{1, 3, 1}));
+    EXPECT_EQ(driver_.progressOf(bar), (Progress{1, 3, 1}));
 }
 
 }  // namespace
-
 }  // namespace pelk

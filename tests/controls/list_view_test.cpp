@@ -1,14 +1,11 @@
 // What every toolkit must do with a list.
 
-#include <gtest/gtest.h>
-
-#include "tests/support/test_platform.h"
+#include "tests/controls/window_fixture.h"
 
 namespace pelk {
-
 namespace {
 
-class List : public testing::Test {
+class List : public WindowTest {
  protected:
     List() {
         window_->setInnerSize({4000, 2000});
@@ -29,9 +26,6 @@ class List : public testing::Test {
         return all;
     }
 
-    TestPlatform platform_;
-    Driver& driver_ = platform_.driver();
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
     ListView& list_ = window_->addListView({0, 0, 4000, 2000});
 };
 
@@ -66,5 +60,4 @@ TEST_F(List, KeepsTheSelectionOnItsRows) {
 }
 
 }  // namespace
-
 }  // namespace pelk

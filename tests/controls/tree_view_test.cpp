@@ -1,16 +1,13 @@
 // What every toolkit must do with a tree.
 
-#include <gtest/gtest.h>
-
 #include "platform/error.h"
-#include "tests/support/test_platform.h"
+#include "tests/controls/window_fixture.h"
 
 namespace pelk {
-
 namespace {
 
 /// A tree with handlers that fill and empty nodes as forms do.
-class Tree : public testing::Test {
+class Tree : public WindowTest {
  protected:
     Tree() {
         window_->setInnerSize({6000, 4000});
@@ -49,9 +46,6 @@ class Tree : public testing::Test {
         return all;
     }
 
-    TestPlatform platform_;
-    Driver& driver_ = platform_.driver();
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
     TreeView& tree_ = window_->addTreeView({0, 0, 6000, 4000});
     TreeModel& model_ = tree_.model();
     TreeNode& ann_ = model_.add(model_.root(), "Ann");
@@ -309,5 +303,4 @@ TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {
 }
 
 }  // namespace
-
 }  // namespace pelk

@@ -1,15 +1,12 @@
 // What every toolkit must do with windows.
 
-#include <gtest/gtest.h>
-
 #include "platform/error.h"
-#include "tests/support/test_platform.h"
+#include "tests/controls/window_fixture.h"
 
 namespace pelk {
-
 namespace {
 
-class Windows : public testing::Test {
+class Windows : public WindowTest {
  protected:
     Windows() {
         window_->setInnerSize({6000, 3000});
@@ -28,9 +25,6 @@ class Windows : public testing::Test {
         EXPECT_EQ(resizes_, resizes);
     }
 
-    TestPlatform platform_;
-    Driver& driver_ = platform_.driver();
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
     int resizes_ = 0;
 };
 
@@ -159,5 +153,4 @@ TEST_F(Windows, AreBusyButWhereTheArrowIsKept) {
 }
 
 }  // namespace
-
 }  // namespace pelk

@@ -1,9 +1,7 @@
 #pragma once
 // Documents as text, put together for a test.
 
-#include <string>
 #include <string_view>
-#include <utility>
 
 #include "tests/support/core_platform.h"
 

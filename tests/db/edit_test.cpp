@@ -1,12 +1,7 @@
 // Look-ups and edits on random documents edited at random: each index stays equal to its query, and
 // what a sound document promises stays true.
 
-#include <gtest/gtest.h>
-
-#include <map>
 #include <random>
-#include <utility>
-#include <vector>
 
 #include "db/document_check.h"
 #include "db/queries.h"

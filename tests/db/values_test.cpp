@@ -7,24 +7,22 @@
 namespace pelk {
 namespace {
 
-TEST(Numbers, areReadLeniently) {
-    EXPECT_EQ(readNumber(""), 0);
-    EXPECT_EQ(readNumber("12abc"), 12);
-    EXPECT_EQ(readNumber(" 3.25 "), 3.25);
-    EXPECT_EQ(readNumber("-5"), -5);
-    EXPECT_EQ(readNumber("+7"), 7);
-    EXPECT_EQ(readNumber("--7"), 0);
-    EXPECT_EQ(readNumber("inf"), 0);
-    EXPECT_EQ(readNumber("nan"), 0);
-    EXPECT_EQ(readNumber("1e9"), 1);
+TEST(Numbers, areReadLenientlyAndRoundAHalfToTheEvenNeighbour) {
+    using Case = std::pair<const char*, double>;
+    for (const auto& [text, number] : {Case("", 0),
+                                       {"12abc", 12},
+                                       {" 3.25 ", 3.25},
+                                       {"-5", -5},
+                                       {"+7", 7},
+                                       {"--7", 0},
+                                       {"inf", 0},
+                                       {"nan", 0},
+                                       {"1e9", 1}})
+        EXPECT_EQ(readNumber(text), number) << text;
     EXPECT_GT(readNumber(std::string(400, '9')), 1e300);
-}
 
-TEST(Numbers, roundAHalfToTheEvenNeighbour) {
-    EXPECT_EQ(readInteger("0.5"), 0);
-    EXPECT_EQ(readInteger("1.5"), 2);
-    EXPECT_EQ(readInteger("2.5"), 2);
-    EXPECT_EQ(readInteger("-1.5"), -2);
+    for (const auto& [text, number] : {std::pair("0.5", 0), {"1.5", 2}, {"2.5", 2}, {"-1.5", -2}})
+        EXPECT_EQ(readInteger(text), number) << text;
     EXPECT_EQ(roundToInteger(1e300), INT64_MAX);
     EXPECT_EQ(roundToInteger(-1e300), INT64_MIN);
 }
@@ -38,12 +36,9 @@ TEST(Numbers, idsFit16Bits) {
         EXPECT_EQ(plainContactId(text), std::nullopt) << text;
 }
 
-TEST(DateStamp, hasTwoDigitsForAllButTheYear) {
+TEST(DateStamp, hasTwoDigitsForAllButTheYearAndIsReadWithoutItsSeconds) {
     EXPECT_EQ(formatStamp({2005, 2, 3, 5, 7, 9}), "2005-02-03T05:07:09");
     EXPECT_EQ(formatStamp({2026, 11, 22, 23, 59, 58}), "2026-11-22T23:59:58");
-}
-
-TEST(DateStamp, isReadWithoutItsSeconds) {
     EXPECT_EQ(parseStamp("2005-02-03T05:07:59"), (LocalTime{2005, 2, 3, 5, 7, 0}));
     EXPECT_EQ(parseStamp("junk"), (LocalTime{0, 0, 0, 0, 0, 0}));
 }

@@ -3,10 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <filesystem>
-
-#include "platform/error.h"
 #include "tests/mail/mail_fixture.h"
+#include "tests/support/message_of.h"
 
 namespace pelk {
 namespace {
@@ -109,14 +107,8 @@ TEST_F(FoldersTest, refusesWhatIsNoStore) {
     write(message, {"text", "dir/sub/text.txt"});
     link("..", "dir/sub/up");
     makePipe("pipe");
-    for (const char* const name : {"text", "dir", "missing", "text/below", "pipe"}) {
-        try {
-            open(name);
-            ADD_FAILURE() << name;
-        } catch (const Error& error) {
-            EXPECT_NE(std::string(error.what()).find(pathOf(name)), std::string::npos);
-        }
-    }
+    for (const char* const name : {"text", "dir", "missing", "text/below", "pipe"})
+        EXPECT_NE(messageOf([&] { open(name); }).find(pathOf(name)), std::string::npos) << name;
     EXPECT_THROW(openMailSession({""}, {}), Error);
     write(mbox, {"dir/sub/deep/box"});
     EXPECT_EQ(treeOf("dir"), "dir[](sub[](deep[](box[box])))");

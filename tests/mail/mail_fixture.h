@@ -5,7 +5,6 @@
 
 #include <ctime>
 #include <memory>
-#include <string>
 
 #include "platform/desktop/mail/mail_store.h"
 #include "tests/support/temporary_folder.h"

@@ -1,4 +1,3 @@
-#include <filesystem>
 
 #include "platform/desktop/mail/message_time.h"
 #include "platform/error.h"

@@ -1,7 +1,6 @@
 // E-mails as the scan sees them.
 
 #include <chrono>
-#include <filesystem>
 #include <vector>
 
 #include "platform/error.h"

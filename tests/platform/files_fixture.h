@@ -3,24 +3,11 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
-
-#include "platform/error.h"
 #include "tests/support/adapters.h"
+#include "tests/support/message_of.h"
 #include "tests/support/temporary_folder.h"
 
 namespace pelk {
-
-/// What `act` reports as an `Error`; empty for none.
-inline std::string messageOf(const std::function<void()>& act) {
-    try {
-        act();
-    } catch (const Error& error) {
-        return error.what();
-    }
-    return "";
-}
 
 class FilesTest : public ::testing::Test {
  protected:

@@ -3,7 +3,7 @@
 namespace pelk {
 namespace {
 
-TEST_F(FilesTest, writesReplacesAndRemoves) {
+TEST_F(FilesTest, writesReplacesAndRemovesAndTellsFilesAndFoldersApart) {
     const std::string bytes("a\0\r\n\xFF\x1A", 6);
     write(path, "longer than what comes after it");
     write(path, bytes);
@@ -17,9 +17,7 @@ TEST_F(FilesTest, writesReplacesAndRemoves) {
     EXPECT_TRUE(files->fileExists(fresh));
     files->removeFile(fresh);
     EXPECT_FALSE(files->fileExists(fresh));
-}
 
-TEST_F(FilesTest, tellsFilesAndFoldersApart) {
     const std::string inner = files->join(folder.path(), "inner");
     EXPECT_FALSE(files->folderExists(inner));
     files->createFolder(inner);

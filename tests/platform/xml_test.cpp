@@ -24,14 +24,12 @@ TEST_F(XmlTest, writesTheOneForm) {
 }
 
 TEST_F(XmlTest, refusesWhatIsNoOneWellFormedDocument) {
+    using namespace std::literals;
     for (const std::string& text :
-         {std::string(), std::string("text"), std::string("<a>"), std::string("<a></b>"),
-          std::string("<a/><b/>"), std::string("<a/>junk"), std::string("<a b='1' b='2'/>"),
-          std::string("<a><b c='' c=''/></a>"), std::string("<a b='x & y'/>"),
-          std::string("<a b='&unknown;'/>"), std::string("<a b='&#0;'/>"),
-          std::string("<a b='&#xD800;'/>"), std::string("<a b='\x01'/>"),
-          std::string("<a b='\xFF'/>"), std::string("<a b='\0'/>", 10),
-          std::string("<!DOCTYPE a [<!ENTITY e 'x'>]><a/>")}) {
+         {""s, "text"s, "<a>"s, "<a></b>"s, "<a/><b/>"s, "<a/>junk"s, "<a b='1' b='2'/>"s,
+          "<a><b c='' c=''/></a>"s, "<a b='x & y'/>"s, "<a b='&unknown;'/>"s, "<a b='&#0;'/>"s,
+          "<a b='&#xD800;'/>"s, "<a b='\x01'/>"s, "<a b='\xFF'/>"s, "<a b='\0'/>"s,
+          "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>"s}) {
         EXPECT_FALSE(document->loadXml(text)) << text;
         EXPECT_NE(document->parseError(), "");
         EXPECT_FALSE(document->root());

@@ -1,26 +1,16 @@
 #include "scan/scanner.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/core_platform.h"
 #include "tests/support/memory_mail.h"
 
 namespace pelk {
 namespace {
 
-class SilentProgress : public ScanProgress {
- public:
-    std::vector<std::string> folders;
-    void folderStarted(const std::string& name) override { folders.push_back(name); }
-    void itemsCounted(int) override {}
-    void itemStarted(int) override {}
-};
-
 class ScannerTest : public ::testing::Test {
  protected:
     const std::unique_ptr<Language> language = makeLanguage();
     MemoryMailClient client;
-    SilentProgress progress;
+    FolderLog progress;
     Database database = std::move(*emptyDatabase());
 
     ScanOutcome scan() { return Scanner(database, *language, progress).scan(*client.session()); }

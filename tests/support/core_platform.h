@@ -2,10 +2,6 @@
 // A whole platform for the core: a real toolkit, cipher and XML, with files, folders and a clock
 // that the test holds in its hand.
 
-#include <memory>
-#include <optional>
-#include <string>
-
 #include "db/default_documents.h"
 #include "db/storage.h"
 #include "platform/platform.h"

@@ -6,6 +6,8 @@
 // a modal window returns when that window is closed: what is to happen meanwhile is handed to
 // `later` first.
 
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <memory>
 #include <optional>
@@ -32,6 +34,8 @@ struct Progress {
     int minimum = 0;
     int maximum = 0;
     int value = 0;
+
+    friend bool operator==(const Progress&, const Progress&) = default;
 };
 
 enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk, Delete };
@@ -68,21 +72,16 @@ class Driver {
     virtual bool isEnabled(Control& control) = 0;
     virtual bool hasFocus(Control& control) = 0;
     virtual void giveFocus(Control& control) = 0;
-    virtual std::string textOf(Label& label) = 0;
-    virtual std::string textOf(Button& button) = 0;
-    /// Whether the text fits into the control.
-    virtual bool showsWholeText(Label& label) = 0;
-    virtual bool showsWholeText(Button& button) = 0;
+    /// The text of a label, a text box or a button of any kind.
+    virtual std::string textOf(Control& control) = 0;
+    /// Whether the text of a label or button fits into it.
+    virtual bool showsWholeText(Control& control) = 0;
     /// Clicks with the mouse where the button is; whatever is in its way gets the click.
-    virtual void click(Button& button) = 0;
+    virtual void click(Control& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
     /// The image that is shown.
     virtual TreeImage imageOf(Picture& picture) = 0;
-    virtual std::string textOf(OptionButton& button) = 0;
-    virtual bool showsWholeText(OptionButton& button) = 0;
     virtual bool isChecked(OptionButton& button) = 0;
-    virtual void click(OptionButton& button) = 0;
-    virtual std::string textOf(TextBox& box) = 0;
     /// Replaces the text by typing, a key at a time.
     virtual void type(TextBox& box, const std::string& text) = 0;
     virtual int valueOf(Slider& slider) = 0;
@@ -97,18 +96,30 @@ class Driver {
     /// The rows under `parent`, whether it is expanded or not.
     virtual std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent = {}) = 0;
     /// Scrolls to the row, whose parents are expanded, and clicks its expander.
-    virtual void expand(TreeView& tree, const TreePath& row) = 0;
-    virtual void collapse(TreeView& tree, const TreePath& row) = 0;
+    void expand(TreeView& tree, const TreePath& row) { clickExpander(tree, row, false); }
+    void collapse(TreeView& tree, const TreePath& row) { clickExpander(tree, row, true); }
     /// Scrolls to the row and clicks it.
     virtual void clickRow(TreeView& tree, const TreePath& row) = 0;
     /// Presses and releases the right button over the row. Returns the captions of the menu that
     /// opens, none when none does, and closes it.
-    virtual std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) = 0;
+    std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) {
+        return useMenuAt(tree, row, "");
+    }
     /// The same, and chooses the item with that caption. Returns when its handler has run.
-    virtual void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) = 0;
+    void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) {
+        EXPECT_FALSE(useMenuAt(tree, row, caption).empty()) << "No menu";
+    }
     /// Whether the row is within the visible part of the tree.
     virtual bool isInView(TreeView& tree, const TreePath& row) = 0;
     virtual std::optional<std::string> selectedText(TreeView& tree) = 0;
+
+ protected:
+    /// Clicks the expander of a row, which must be expanded or not as told.
+    virtual void clickExpander(TreeView& tree, const TreePath& row, bool expanded) = 0;
+    /// Opens the menu of a row, and chooses the item with that caption, or closes the menu when
+    /// that is empty. Returns the captions.
+    virtual std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
+                                               const std::string& caption) = 0;
 };
 
 }  // namespace pelk

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/mail_client.h"
+#include "scan/scanner.h"
 
 namespace pelk {
 
@@ -69,6 +70,15 @@ inline MemoryItem mail(const std::string& from, const std::vector<std::string>& 
         item.recipients.push_back(person(address));
     return item;
 }
+
+/// Notes which folders a scan reads.
+class FolderLog : public ScanProgress {
+ public:
+    std::vector<std::string> folders;
+    void folderStarted(const std::string& name) override { folders.push_back(name); }
+    void itemsCounted(int) override {}
+    void itemStarted(int) override {}
+};
 
 inline MemoryItem report() {
     MemoryItem item;

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -9,11 +8,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
-#include <QTest>
 #include <QTimer>
-#include <QTreeView>
-#include <QWindow>
-#include <algorithm>
 #include <cstdlib>
 
 #include "platform/desktop/qt/control.h"
@@ -23,7 +18,6 @@
 #include "tests/support/test_platform.h"
 
 namespace pelk {
-
 namespace {
 
 template <class Widget, class Shown>
@@ -85,7 +79,8 @@ class QtDriver : public Driver {
         settle();
     }
     void press(Window& window, Key key) override {
-        QTest::keyClick(native<QWidget>(window).windowHandle(), toQt(key));
+        QTest::keyClick(native<QWidget>(window).windowHandle(),
+                        kQtKeys[static_cast<std::size_t>(key)]);
     }
     Rect boundsOf(Control& control) override {
         const QWidget& widget = native<QWidget>(control);
@@ -98,23 +93,33 @@ class QtDriver : public Driver {
         return widget.window()->focusWidget() == &widget;
     }
     void giveFocus(Control& control) override { native<QWidget>(control).setFocus(); }
-    std::string textOf(Label& label) override { return native<QLabel>(label).text().toStdString(); }
-    std::string textOf(Button& button) override { return shownText(native<QPushButton>(button)); }
-    bool showsWholeText(Label& label) override {
-        const QLabel& widget = native<QLabel>(label);
-        const QRect space = widget.contentsRect();
-        const int flags =
-            (widget.wordWrap() ? Qt::TextWordWrap : 0) | static_cast<int>(widget.alignment());
-        return space.contains(widget.fontMetrics().boundingRect(space, flags, widget.text()));
+    std::string textOf(Control& control) override {
+        const QWidget& widget = native<QWidget>(control);
+        if (const auto* const label = qobject_cast<const QLabel*>(&widget))
+            return label->text().toStdString();
+        if (const auto* const box = qobject_cast<const QLineEdit*>(&widget))
+            return box->displayText().toStdString();
+        return shownText(dynamic_cast<const QAbstractButton&>(widget));
     }
-    bool showsWholeText(Button& button) override {
-        const QPushButton& widget = native<QPushButton>(button);
-        const QSize text = widget.fontMetrics().size(Qt::TextShowMnemonic, widget.text());
-        return text.width() <= widget.width() && text.height() <= widget.height();
+    bool showsWholeText(Control& control) override {
+        const QWidget& widget = native<QWidget>(control);
+        if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+            const QRect space = label->contentsRect();
+            const int flags =
+                (label->wordWrap() ? Qt::TextWordWrap : 0) | static_cast<int>(label->alignment());
+            return space.contains(label->fontMetrics().boundingRect(space, flags, label->text()));
+        }
+        const auto& button = dynamic_cast<const QAbstractButton&>(widget);
+        const QSize needed = isOption(button)
+                                 ? button.minimumSizeHint()
+                                 : button.fontMetrics().size(Qt::TextShowMnemonic, button.text());
+        return needed.width() <= button.width() && needed.height() <= button.height();
     }
-    void click(Button& button) override {
-        QPushButton& widget = native<QPushButton>(button);
-        clickAt(widget, widget.rect().center());
+    void click(Control& button) override {
+        QWidget& widget = native<QWidget>(button);
+        const QPoint middle = widget.rect().center();
+        // Next to the text of an option button there is nothing to click.
+        clickAt(widget, isOption(widget) ? QPoint(middle.y(), middle.y()) : middle);
     }
     Progress progressOf(ProgressBar& bar) override {
         const QProgressBar& widget = native<QProgressBar>(bar);
@@ -122,23 +127,8 @@ class QtDriver : public Driver {
     }
 
     TreeImage imageOf(Picture& picture) override { return imageIn(native<QWidget>(picture)); }
-    std::string textOf(OptionButton& button) override {
-        return shownText(native<QRadioButton>(button));
-    }
-    bool showsWholeText(OptionButton& button) override {
-        const QRadioButton& widget = native<QRadioButton>(button);
-        const QSize needed = widget.minimumSizeHint();
-        return needed.width() <= widget.width() && needed.height() <= widget.height();
-    }
     bool isChecked(OptionButton& button) override {
         return native<QRadioButton>(button).isChecked();
-    }
-    void click(OptionButton& button) override {
-        QRadioButton& widget = native<QRadioButton>(button);
-        clickAt(widget, {widget.height() / 2, widget.height() / 2});
-    }
-    std::string textOf(TextBox& box) override {
-        return native<QLineEdit>(box).displayText().toStdString();
     }
     void type(TextBox& box, const std::string& text) override {
         QLineEdit& widget = native<QLineEdit>(box);
@@ -197,31 +187,8 @@ class QtDriver : public Driver {
         }
         return rows;
     }
-    void expand(TreeView& tree, const TreePath& row) override { clickExpander(tree, row, false); }
-    void collapse(TreeView& tree, const TreePath& row) override { clickExpander(tree, row, true); }
     void clickRow(TreeView& tree, const TreePath& row) override {
-        QTreeView& view = native<QTreeView>(tree);
-        clickAt(*view.viewport(), scrolledTo(view, row).center());
-    }
-    std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) override {
-        std::vector<std::string> captions;
-        const QMenu* const menu = openMenu(tree, row);
-        for (const QAction* action : actionsOf(menu))
-            captions.push_back(shownText(*action));
-        if (menu != nullptr)
-            QTest::keyClick(menu->windowHandle(), Qt::Key_Escape);
-        return captions;
-    }
-    void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) override {
-        const QMenu* const menu = openMenu(tree, row);
-        for (QAction* action : actionsOf(menu))
-            if (shownText(*action) == caption) {
-                QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {},
-                                  menu->actionGeometry(action).center());
-                settle();
-                return;
-            }
-        ADD_FAILURE() << "No item " << caption;
+        clickRow(tree, row, Qt::LeftButton);
     }
     bool isInView(TreeView& tree, const TreePath& row) override {
         QTreeView& view = native<QTreeView>(tree);
@@ -237,19 +204,39 @@ class QtDriver : public Driver {
     }
 
  private:
-    static QMenu* openMenu(TreeView& tree, const TreePath& row) {
+    static bool isOption(const QWidget& widget) {
+        return qobject_cast<const QRadioButton*>(&widget) != nullptr;
+    }
+    std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
+                                       const std::string& caption) override {
+        clickRow(tree, row, Qt::RightButton);
+        const QMenu* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            return {};
+        std::vector<std::string> captions;
+        QAction* chosen = nullptr;
+        for (QAction* action : menu->actions()) {
+            if (!action->isVisible())
+                continue;
+            captions.push_back(shownText(*action));
+            if (captions.back() == caption)
+                chosen = action;
+        }
+        EXPECT_FALSE(captions.empty()) << "A menu without items";
+        EXPECT_EQ(chosen == nullptr, caption.empty()) << "No item " << caption;
+        if (chosen == nullptr)
+            QTest::keyClick(menu->windowHandle(), Qt::Key_Escape);
+        else
+            QTest::mouseClick(menu->windowHandle(), Qt::LeftButton, {},
+                              menu->actionGeometry(chosen).center());
+        settle();
+        return captions;
+    }
+    static void clickRow(TreeView& tree, const TreePath& row, Qt::MouseButton button) {
         QTreeView& view = native<QTreeView>(tree);
-        clickAt(*view.viewport(), scrolledTo(view, row).center(), Qt::RightButton);
-        QMenu* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        EXPECT_FALSE(menu != nullptr && menu->isEmpty()) << "A menu without items";
-        return menu;
+        clickAt(*view.viewport(), scrolledTo(view, row).center(), button);
     }
-    static QList<QAction*> actionsOf(const QMenu* menu) {
-        QList<QAction*> actions = menu != nullptr ? menu->actions() : QList<QAction*>();
-        actions.removeIf([](const QAction* action) { return !action->isVisible(); });
-        return actions;
-    }
-    static void clickExpander(TreeView& tree, const TreePath& row, bool expanded) {
+    void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         QTreeView& view = native<QTreeView>(tree);
         const QModelIndex index = indexAt(view, row);
         EXPECT_TRUE(view.model()->hasChildren(index)) << "The row has no expander";

@@ -2,8 +2,6 @@
 // The toolkit under test with all that a test of windows needs. A test that uses no more than this
 // runs on every toolkit.
 
-#include <memory>
-
 #include "platform/controls.h"
 #include "platform/language.h"
 #include "tests/support/adapters.h"

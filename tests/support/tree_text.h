@@ -1,8 +1,6 @@
 #pragma once
 // What a tree shows, as one line of text.
 
-#include <string>
-
 #include "tests/support/driver.h"
 
 namespace pelk {

@@ -1,16 +1,11 @@
 // The add-in from outside, as the mail client uses it: made, connected, clicked, disconnected.
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <optional>
 #include <set>
-#include <utility>
 
 #include "apps/addin/addin_interfaces.h"
 #include "db/storage.h"
 #include "platform/windows/windows_platform.h"
-#include "tests/platform/files_fixture.h"
+#include "tests/support/message_of.h"
 #include "tests/support/test_platform.h"
 #include "tests/windows/addin_library.h"
 #include "tests/windows/scripted_object.h"
@@ -76,6 +71,18 @@ class AddinTest : public ::testing::Test {
             ++boxesSeen;
         });
     }
+    void showCommunity() {
+        driver->later([this] { driver->clickButton("Start"); });
+        ASSERT_TRUE(host.click("View your community"));
+        driver->settle();
+    }
+    /// The client lets go of the add-in, while that waits for a box.
+    void leave() {
+        disconnect();
+        addin.reset();
+        EXPECT_FALSE(library->canUnload());
+        driver->clickButton("Cancel");
+    }
     int boxesSeen = 0;
 };
 
@@ -111,9 +118,7 @@ TEST_F(AddinTest, isLoadedAndConnectedAsOftenAsTheClientLikes) {
 
 TEST_F(AddinTest, scansTheMailOfTheClientAndShowsIt) {
     connect();
-    driver->later([this] { driver->clickButton("Start"); });
-    ASSERT_TRUE(host.click("View your community"));
-    driver->settle();
+    showCommunity();
     EXPECT_TRUE(driver->isWindowShown("Relations Tree"));
     EXPECT_EQ(host.mail.openItems, 0);
     disconnect();
@@ -128,12 +133,7 @@ TEST_F(AddinTest, scansTheMailOfTheClientAndShowsIt) {
 
 TEST_F(AddinTest, outlivesAClientThatDisconnectsDuringACommand) {
     connect();
-    driver->later([this] {
-        disconnect();
-        addin.reset();
-        EXPECT_FALSE(library->canUnload());
-        driver->clickButton("Cancel");
-    });
+    driver->later([this] { leave(); });
     EXPECT_TRUE(host.click("Check for new e-mails"));
     EXPECT_TRUE(host.menu().empty());
     EXPECT_TRUE(library->canUnload());
@@ -141,15 +141,8 @@ TEST_F(AddinTest, outlivesAClientThatDisconnectsDuringACommand) {
 
 TEST_F(AddinTest, outlivesAClientThatDisconnectsDuringAHandlerOfAForm) {
     connect();
-    driver->later([this] { driver->clickButton("Start"); });
-    ASSERT_TRUE(host.click("View your community"));
-    driver->settle();
-    whenBoxIsShown([this] {
-        disconnect();
-        addin.reset();
-        EXPECT_FALSE(library->canUnload());
-        driver->clickButton("Cancel");
-    });
+    showCommunity();
+    whenBoxIsShown([this] { leave(); });
     driver->clickButton("GoTo");
     for (int wait = 0; wait < 100 && !library->canUnload(); ++wait) {
         Sleep(10);
@@ -224,9 +217,7 @@ TEST_F(AddinTest, hasARibbonInPlaceOfTheMenuInClientsThatHaveOne) {
     EXPECT_TRUE(isAboutShown());
     disconnect();
     EXPECT_FALSE(isAboutShown());
-}
 
-TEST_F(AddinTest, hasNoRibbonInClientsThatHaveTheMenu) {
     for (const char* version : {"12.0.0.4518", ""}) {
         host.version = version;
         connect();

@@ -1,30 +1,20 @@
 // The mail client's automation, against a stand-in of it: what is read, how faults come through,
 // what is held.
 
-#include <gtest/gtest.h>
-
 #include <tuple>
 
 #include "platform/windows/mail/automation_client.h"
-#include "scan/scanner.h"
 #include "tests/support/core_platform.h"
 #include "tests/windows/stand_in_client.h"
 
 namespace pelk {
 namespace {
 
-class SilentProgress : public ScanProgress {
- public:
-    void folderStarted(const std::string&) override {}
-    void itemsCounted(int) override {}
-    void itemStarted(int) override {}
-};
-
 class AutomationTest : public ::testing::Test {
  protected:
     const std::unique_ptr<Language> language = makeLanguage();
     std::unique_ptr<Database> database = emptyDatabase();
-    SilentProgress progress;
+    FolderLog progress;
     StandInClient host;
     AutomationClient client{host.application().get(),
                             [](const std::function<void()>& clicked) { clicked(); }};

@@ -2,11 +2,6 @@
 // A mail client of the tests' own, which an add-in can be loaded into: its application, its window
 // with the "Standard" command bar, its mail.
 
-#include <list>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "platform/windows/com.h"
 #include "tests/windows/stand_in_mail.h"
 

@@ -2,9 +2,6 @@
 // The mail of the stand-in mail client, served as automation objects.
 
 #include <map>
-#include <memory>
-#include <string>
-#include <vector>
 
 #include "platform/windows/com.h"
 #include "tests/support/memory_mail.h"

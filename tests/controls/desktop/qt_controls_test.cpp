@@ -1,29 +1,32 @@
-// The menu keys of the Qt toolkit, and how far it scrolls a list.
+// What the Qt toolkit alone has: menu keys, how far a list scrolls, scale, colours, images, and its
+// model of the tree.
 
-#include <gtest/gtest.h>
-
+#include <QAbstractItemModelTester>
 #include <QContextMenuEvent>
+#include <QImage>
 #include <QListView>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTreeView>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/desktop/qt/control.h"
-#include "tests/support/test_platform.h"
+#include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/twip_scale.h"
+#include "tests/controls/random_edits.h"
+#include "tests/controls/window_fixture.h"
 
 namespace pelk {
-
 namespace {
 
-class QtControls : public testing::Test {
- protected:
-    static QWidget& native(Control& control) {
-        return dynamic_cast<NativeWidget&>(control).nativeWidget();
-    }
+using QtControls = WindowTest;
 
-    TestPlatform platform_;
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
-};
+QWidget& native(Control& control) {
+    return dynamic_cast<NativeWidget&>(control).nativeWidget();
+}
 
 TEST_F(QtControls, AskForTheMenuAtTheSelectedRow) {
     TreeView& tree = window_->addTreeView({0, 0, 3000, 3000});
@@ -63,6 +66,64 @@ TEST_F(QtControls, ScrollAListAsFarAsItsWidestRow) {
                 native(list).fontMetrics().horizontalAdvance(longer.c_str()), 20);
 }
 
-}  // namespace
+TEST_F(QtControls, ARowOf250TwipsHoldsAButton) {
+    const TwipScale scale = TwipScale::ofApplication();
+    const int button = QPushButton("OK").sizeHint().height();
+    for (int top = 0; top < 300; ++top)
+        ASSERT_GE(scale.pixels(Rect{0, top, 1, 250}).height(), button) << top;
+}
 
+TEST_F(QtControls, PixelsSurviveTheWayThroughTwips) {
+    for (const double pixelsPerTwip : {1.0 / 15, 0.0883, 0.1, 0.2})
+        for (int pixels = -50; pixels < 4000; ++pixels) {
+            const TwipScale scale(pixelsPerTwip);
+            ASSERT_EQ(scale.pixels(scale.twips(pixels)), pixels) << pixelsPerTwip;
+        }
+}
+
+/// What of a picture of 16 pixels is drawn, colours apart.
+std::vector<bool> shapeOf(const QIcon& icon) {
+    const QImage image = icon.pixmap(QSize(16, 16), 1.0, QIcon::Selected).toImage();
+    std::vector<bool> shape;
+    for (int pixel = 0; pixel < 256; ++pixel)
+        shape.push_back(image.pixelColor(pixel % 16, pixel / 16).alpha() > 128);
+    return shape;
+}
+
+TEST_F(QtControls, ImagesDifferInShape) {
+    EXPECT_TRUE(treeIcon(TreeImage::None).isNull());
+    std::vector<std::vector<bool>> shapes;
+    for (const TreeImage image :
+         {TreeImage::Contact, TreeImage::Many, TreeImage::One, TreeImage::Two, TreeImage::Three}) {
+        shapes.push_back(shapeOf(treeIcon(image)));
+        EXPECT_GT(std::count(shapes.back().begin(), shapes.back().end(), true), 30);
+        for (std::size_t other = 0; other + 1 < shapes.size(); ++other) {
+            int different = 0;
+            for (std::size_t pixel = 0; pixel < 256; ++pixel)
+                different += shapes[other][pixel] != shapes.back()[pixel];
+            EXPECT_GT(different, 10) << other << " and " << shapes.size() - 1;
+        }
+    }
+}
+
+TEST_F(QtControls, WindowsBearTheProgramsIcon) {
+    const QIcon icon = dynamic_cast<NativeWidget&>(*window_).nativeWidget().windowIcon();
+    EXPECT_EQ(icon.cacheKey(), programIcon().cacheKey());
+    EXPECT_EQ(icon.pixmap(QSize(32, 32), 1.0).toImage().pixelColor(16, 3).alpha(), 255);
+}
+
+/// Qt's own checker of item models watches, and a view shows the model, while it is edited.
+TEST_F(QtControls, TreeItemModelKeepsQtsRules) {
+    TreeView& tree = window_->addTreeView({0, 0, 3000, 3000});
+    auto& view = dynamic_cast<QTreeView&>(native(tree));
+    const QAbstractItemModelTester tester(view.model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    int changes = 0;
+    QObject::connect(view.model(), &QAbstractItemModel::dataChanged, [&] { ++changes; });
+    window_->show();
+    editAtRandom(tree, driver_, [] {});
+    EXPECT_GT(changes, 10) << "what changes is painted anew";
+}
+
+}  // namespace
 }  // namespace pelk

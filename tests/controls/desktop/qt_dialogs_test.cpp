@@ -17,7 +17,6 @@
 #include "tests/support/temporary_folder.h"
 
 namespace pelk {
-
 namespace {
 
 /// Runs `act` on the modal box as soon as one is there.
@@ -131,5 +130,4 @@ TEST(QtDialogs, CopiesTextAsItIs) {
 }
 
 }  // namespace
-
 }  // namespace pelk

@@ -1,13 +1,9 @@
 // The real boxes: what they show, and what closing them answers.
 
-#include <gtest/gtest.h>
 #include <windows.h>
 // The line above comes first.
 #include <commdlg.h>
 #include <dlgs.h>
-
-#include <functional>
-#include <utility>
 
 #include "platform/error.h"
 #include "platform/windows/controls/dialogs.h"
@@ -16,86 +12,71 @@
 #include "platform/windows/wide_text.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_platform.h"
+#include "tests/support/windows/win_acts.h"
 
 namespace pelk {
-
 namespace {
 
 constexpr int kTextId = 0xFFFF;
 constexpr int kLineId = 100;
 
 std::function<void(HWND)> whenShownAct;
+std::function<HWND()> findShown;
 
 /// The box of this thread that takes input; null while there is none.
 HWND openBox() {
-    HWND box = nullptr;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM found) -> BOOL {
-            if (!IsWindowVisible(window) || GetDlgItem(window, kTextId) == nullptr)
-                return TRUE;
-            *reinterpret_cast<HWND*>(found) = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&box));
-    return box;
+    for (const HWND window : windowsOfThread())
+        if (GetDlgItem(window, kTextId) != nullptr)
+            return window;
+    return nullptr;
 }
 
-/// Runs `act` on the box as soon as one is there.
-void whenShown(std::function<void(HWND)> act) {
+/// Runs `act` on the box as soon as `find` finds one.
+void whenShown(std::function<void(HWND)> act, std::function<HWND()> find = openBox) {
     whenShownAct = std::move(act);
+    findShown = std::move(find);
     SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        if (const HWND box = openBox()) {
+        if (const HWND box = findShown()) {
             KillTimer(nullptr, timer);
             whenShownAct(box);
         }
     });
 }
 
-struct Shown {
-    std::wstring title;
-    std::wstring text;
-    std::wstring buttons;
+struct Message {
+    Buttons buttons;
+    std::wstring shown;
+    /// Where none is pressed, the box is closed.
+    int pressed;
     Answer answer;
 };
 
-/// Shows a message and presses the button of that number; closes the box when none is named.
-Shown messageAnswered(const std::string& text, Buttons buttons, int press = 0) {
-    Win32Dialogs dialogs;
-    Shown shown;
-    whenShown([&](HWND box) {
-        shown.title = textOfWindow(box);
-        shown.text = textOfWindow(GetDlgItem(box, kTextId));
-        for (const int id : {IDOK, IDCANCEL, IDYES, IDNO})
-            if (const HWND button = GetDlgItem(box, id))
-                shown.buttons += textOfWindow(button) + L" ";
-        if (press != 0)
-            PostMessageW(GetDlgItem(box, press), BM_CLICK, 0, 0);
-        else
-            PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0);
-    });
-    shown.answer = dialogs.message(text, buttons);
-    return shown;
-}
-
 TEST(WinDialogs, MessagesShowWhatIsAskedAndReturnTheButton) {
-    const Shown ok = messageAnswered("5 < 6 & \xC3\x85sa", Buttons::Ok);
-    EXPECT_EQ(ok.title, L"Pelk");
-    EXPECT_EQ(ok.text, L"5 < 6 & \u00C5sa");
-    EXPECT_EQ(ok.buttons, L"OK ");
-    EXPECT_EQ(ok.answer, Answer::Ok);
-
-    const Shown cancel = messageAnswered("?", Buttons::OkCancel);
-    EXPECT_EQ(cancel.buttons, L"OK Cancel ");
-    EXPECT_EQ(cancel.answer, Answer::Cancel);
-    EXPECT_EQ(messageAnswered("?", Buttons::OkCancel, IDOK).answer, Answer::Ok);
-    EXPECT_EQ(messageAnswered("?", Buttons::OkCancel, IDCANCEL).answer, Answer::Cancel);
-
-    const Shown no = messageAnswered("?", Buttons::YesNo);
-    EXPECT_EQ(no.buttons, L"&Yes &No ");
-    EXPECT_EQ(no.answer, Answer::No);
-    EXPECT_EQ(messageAnswered("?", Buttons::YesNo, IDYES).answer, Answer::Yes);
-    EXPECT_EQ(messageAnswered("?", Buttons::YesNo, IDNO).answer, Answer::No);
+    const std::vector<Message> messages = {
+        {Buttons::Ok, L"OK ", 0, Answer::Ok},
+        {Buttons::OkCancel, L"OK Cancel ", 0, Answer::Cancel},
+        {Buttons::OkCancel, L"OK Cancel ", IDOK, Answer::Ok},
+        {Buttons::OkCancel, L"OK Cancel ", IDCANCEL, Answer::Cancel},
+        {Buttons::YesNo, L"&Yes &No ", 0, Answer::No},
+        {Buttons::YesNo, L"&Yes &No ", IDYES, Answer::Yes},
+        {Buttons::YesNo, L"&Yes &No ", IDNO, Answer::No},
+    };
+    for (const Message& message : messages) {
+        whenShown([&message](HWND box) {
+            EXPECT_EQ(textOfWindow(box), L"Pelk");
+            EXPECT_EQ(textOfWindow(GetDlgItem(box, kTextId)), L"5 < 6 & \u00C5sa");
+            std::wstring shown;
+            for (const int id : {IDOK, IDCANCEL, IDYES, IDNO})
+                if (const HWND button = GetDlgItem(box, id))
+                    shown += textOfWindow(button) + L" ";
+            EXPECT_EQ(shown, message.shown);
+            if (message.pressed != 0)
+                PostMessageW(GetDlgItem(box, message.pressed), BM_CLICK, 0, 0);
+            else
+                PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0);
+        });
+        EXPECT_EQ(Win32Dialogs().message("5 < 6 & \xC3\x85sa", message.buttons), message.answer);
+    }
 }
 
 TEST(WinDialogs, InputReturnsTheLineOrNothing) {
@@ -161,20 +142,17 @@ TEST(WinDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
 
 /// Types a path into the system's file box, once that is there, and presses OK; Cancel for none.
 void answerFileBox(const std::wstring& title, const std::wstring& path) {
-    static std::wstring awaited;
-    static std::wstring typed;
-    awaited = title;
-    typed = path;
-    SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        const HWND box = FindWindowW(L"#32770", awaited.c_str());
-        const HWND combo = box == nullptr ? nullptr : GetDlgItem(box, cmb13);
-        const HWND line = combo != nullptr ? combo : GetDlgItem(box, edt1);
-        if (line == nullptr)
-            return;
-        KillTimer(nullptr, timer);
-        SendMessageW(line, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(typed.c_str()));
-        PostMessageW(box, WM_COMMAND, typed.empty() ? IDCANCEL : IDOK, 0);
-    });
+    const auto findLine = [title] {
+        const HWND box = FindWindowW(L"#32770", title.c_str());
+        const HWND combo = GetDlgItem(box, cmb13);
+        return combo != nullptr ? combo : GetDlgItem(box, edt1);
+    };
+    const auto answer = [title, path](HWND line) {
+        SendMessageW(line, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+        PostMessageW(FindWindowW(L"#32770", title.c_str()), WM_COMMAND,
+                     path.empty() ? IDCANCEL : IDOK, 0);
+    };
+    whenShown(answer, findLine);
 }
 
 TEST(WinDialogs, FilesAreChosenInTheBoxOfTheSystem) {
@@ -226,5 +204,4 @@ TEST(WinDialogs, PendingEventsLeaveTheRequestToQuitToTheHost) {
 }
 
 }  // namespace
-
 }  // namespace pelk

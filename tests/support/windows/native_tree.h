@@ -1,15 +1,11 @@
 #pragma once
 // The tree control as Windows holds it.
 
-#include <gtest/gtest.h>
 #include <windows.h>
 // The line above comes first.
 #include <commctrl.h>
 
 #include <cstring>
-#include <optional>
-#include <string>
-#include <vector>
 
 #include "platform/windows/wide_text.h"
 #include "tests/support/driver.h"
@@ -45,23 +41,19 @@ class NativeTree {
         }
         return item;
     }
-    TVITEMW read(HTREEITEM item, UINT mask) const {
+    TVITEMW read(HTREEITEM item, UINT mask, wchar_t* text = nullptr, int room = 0) const {
         TVITEMW read = {};
         read.mask = mask | TVIF_HANDLE;
         read.hItem = item;
         read.stateMask = TVIS_EXPANDED;
+        read.pszText = text;
+        read.cchTextMax = room;
         EXPECT_TRUE(SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read)));
         return read;
     }
     std::string text(HTREEITEM item) const {
         wchar_t text[1024] = L"";
-        TVITEMW read = {};
-        read.mask = TVIF_TEXT;
-        read.hItem = item;
-        read.pszText = text;
-        read.cchTextMax = 1024;
-        SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read));
-        return toUtf8(read.pszText);
+        return toUtf8(read(item, TVIF_TEXT, text, 1024).pszText);
     }
     bool isExpanded(HTREEITEM item) const {
         return (read(item, TVIF_STATE).state & TVIS_EXPANDED) != 0;

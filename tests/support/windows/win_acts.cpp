@@ -7,7 +7,6 @@
 #include "platform/windows/controls/window_text.h"
 
 namespace pelk {
-
 namespace {
 
 struct MouseMessages {
@@ -45,6 +44,17 @@ HWND openMenu() {
     return nullptr;
 }
 
+/// "&&" shows one "&"; "&x" shows a marked "x".
+std::string withoutMarks(const std::wstring& text) {
+    std::wstring shown;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == L'&')
+            ++at;
+        shown += text[at];
+    }
+    return toUtf8(shown);
+}
+
 std::vector<std::string> captionsOf(HMENU menu) {
     std::vector<std::string> captions;
     for (UINT item = 0; item < static_cast<UINT>(GetMenuItemCount(menu)); ++item) {
@@ -56,7 +66,7 @@ std::vector<std::string> captionsOf(HMENU menu) {
 }
 
 /// Goes down to the item and presses Enter, or Esc for none.
-void useMenu(HWND menu) {
+void chooseItem(HWND menu) {
     const LRESULT handle = SendMessageW(menu, MN_GETHMENU, 0, 0);
     menuUse.captions = captionsOf(reinterpret_cast<HMENU>(handle));
     const auto& captions = menuUse.captions;
@@ -73,7 +83,7 @@ void CALLBACK useMenuIfOpen(HWND, UINT, UINT_PTR timer, DWORD) {
     if (menu == nullptr)
         return;
     KillTimer(nullptr, timer);
-    useMenu(menu);
+    chooseItem(menu);
 }
 
 }  // namespace
@@ -141,14 +151,9 @@ std::wstring classOf(HWND window) {
     return name;
 }
 
-std::string withoutMarks(const std::wstring& text) {
-    std::wstring shown;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == L'&')
-            ++at;
-        shown += text[at];
-    }
-    return toUtf8(shown);
+std::string shownText(HWND window) {
+    const std::wstring text = textOfWindow(window);
+    return classOf(window) == L"Button" ? withoutMarks(text) : toUtf8(text);
 }
 
 HWND findInActiveWindow(const std::wstring& kind, const std::string& text) {
@@ -157,19 +162,17 @@ HWND findInActiveWindow(const std::wstring& kind, const std::string& text) {
             continue;
         for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
              child = GetWindow(child, GW_HWNDNEXT))
-            if (classOf(child) == kind && (kind == L"Button" ? withoutMarks(textOfWindow(child))
-                                                             : toUtf8(textOfWindow(child))) == text)
+            if (classOf(child) == kind && shownText(child) == text)
                 return child;
     }
     return nullptr;
 }
 
-std::vector<std::string> useMenuAt(HWND control, POINT point, const std::string& caption) {
+std::vector<std::string> useMenu(HWND control, POINT point, const std::string& caption) {
     menuUse = {caption, {}};
     const UINT_PTR timer = SetTimer(nullptr, 0, 10, useMenuIfOpen);
     clickAt(control, point, MouseButton::Right);
     KillTimer(nullptr, timer);
-    EXPECT_TRUE(caption.empty() || !menuUse.captions.empty()) << "No menu";
     return menuUse.captions;
 }
 

@@ -32,8 +32,8 @@ void pressKey(HWND window, WPARAM key);
 std::vector<HWND> windowsOfThread();
 std::wstring classOf(HWND window);
 
-/// The text as it is shown: "&&" shows one "&"; "&x" shows a marked "x".
-std::string withoutMarks(const std::wstring& text);
+/// The text of a window as it is shown: that of a button without the marks of its key.
+std::string shownText(HWND window);
 
 /// The control of that class and text in the window in front that takes input; null for none.
 HWND findInActiveWindow(const std::wstring& kind, const std::string& text);
@@ -41,6 +41,6 @@ HWND findInActiveWindow(const std::wstring& kind, const std::string& text);
 /// Does to the menu that the right button opens at a point of the control what a user does with the
 /// keyboard: chooses the item with that caption, or closes it when that is empty. Returns the
 /// captions, none when no menu opens.
-std::vector<std::string> useMenuAt(HWND control, POINT point, const std::string& caption);
+std::vector<std::string> useMenu(HWND control, POINT point, const std::string& caption);
 
 }  // namespace pelk

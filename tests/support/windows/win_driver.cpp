@@ -1,13 +1,9 @@
-#include <gtest/gtest.h>
 #include <windows.h>
 // The line above comes first.
-#include <commctrl.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <deque>
-#include <utility>
 
 #include "platform/windows/controls/images.h"
 #include "platform/windows/controls/screen_dc.h"
@@ -18,7 +14,6 @@
 #include "tests/support/windows/win_acts.h"
 
 namespace pelk {
-
 namespace {
 
 /// In the order of `Key`.
@@ -104,17 +99,22 @@ class WinDriver : public Driver {
         SetFocus(native(control));
         settle();
     }
-    std::string textOf(Label& label) override { return toUtf8(textOfWindow(native(label))); }
-    std::string textOf(Button& button) override { return markedText(native(button)); }
-    bool showsWholeText(Label& label) override {
-        const auto style = GetWindowLongPtrW(native(label), GWL_STYLE);
-        const bool wraps = (style & SS_CENTERIMAGE) == 0;
-        return fits(native(label), textOfWindow(native(label)), wraps);
+    std::string textOf(Control& control) override { return shownText(native(control)); }
+    bool showsWholeText(Control& control) override {
+        constexpr int kUnlimited = 1 << 20;
+        const HWND window = native(control);
+        const bool wraps = dynamic_cast<Label*>(&control) != nullptr &&
+                           (GetWindowLongPtrW(window, GWL_STYLE) & SS_CENTERIMAGE) == 0;
+        const bool hasCircle = dynamic_cast<OptionButton*>(&control) != nullptr;
+        const int taken = hasCircle ? GetSystemMetrics(SM_CXMENUCHECK) + 5 : 0;
+        RECT inner = {};
+        GetClientRect(window, &inner);
+        const auto font = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+        const SIZE size = ScreenDc(font).sizeOf(toWide(textOf(control)),
+                                                wraps ? static_cast<int>(inner.right) : kUnlimited);
+        return size.cx + taken <= inner.right && size.cy <= inner.bottom;
     }
-    bool showsWholeText(Button& button) override {
-        return fits(native(button), toWide(textOf(button)), false);
-    }
-    void click(Button& button) override { clickMiddle(native(button)); }
+    void click(Control& button) override { clickMiddle(native(button)); }
     TreeImage imageOf(Picture& picture) override {
         const LRESULT shown = SendMessageW(native(picture), STM_GETICON, 0, 0);
         const std::vector<DWORD> pixels = pixelsOf(reinterpret_cast<HICON>(shown));
@@ -129,16 +129,9 @@ class WinDriver : public Driver {
         }
         return static_cast<TreeImage>(image);
     }
-    std::string textOf(OptionButton& button) override { return markedText(native(button)); }
-    bool showsWholeText(OptionButton& button) override {
-        const int circle = GetSystemMetrics(SM_CXMENUCHECK) + 5;
-        return fits(native(button), toWide(textOf(button)), false, circle);
-    }
     bool isChecked(OptionButton& button) override {
         return SendMessageW(native(button), BM_GETCHECK, 0, 0) == BST_CHECKED;
     }
-    void click(OptionButton& button) override { clickMiddle(native(button)); }
-    std::string textOf(TextBox& box) override { return toUtf8(textOfWindow(native(box))); }
     void type(TextBox& box, const std::string& text) override {
         constexpr WPARAM kControlA = 1;
         const HWND edit = native(box);
@@ -212,16 +205,8 @@ class WinDriver : public Driver {
             rows.push_back(view.row(item));
         return rows;
     }
-    void expand(TreeView& tree, const TreePath& row) override { clickExpander(tree, row, false); }
-    void collapse(TreeView& tree, const TreePath& row) override { clickExpander(tree, row, true); }
     void clickRow(TreeView& tree, const TreePath& row) override {
         NativeTree(tree).click(row, TVHT_ONITEMLABEL);
-    }
-    std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) override {
-        return useMenuAt(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), "");
-    }
-    void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) override {
-        useMenuAt(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), caption);
     }
     bool isInView(TreeView& tree, const TreePath& row) override {
         const NativeTree view(tree);
@@ -244,17 +229,11 @@ class WinDriver : public Driver {
         waiting().pop_front();
         act();
     }
-    static std::string markedText(HWND control) { return withoutMarks(textOfWindow(control)); }
-    static bool fits(HWND control, const std::wstring& text, bool wraps, int taken = 0) {
-        constexpr int kUnlimited = 1 << 20;
-        RECT inner = {};
-        GetClientRect(control, &inner);
-        const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
-        const SIZE size =
-            ScreenDc(font).sizeOf(text, wraps ? static_cast<int>(inner.right) : kUnlimited);
-        return size.cx + taken <= inner.right && size.cy <= inner.bottom;
+    std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
+                                       const std::string& caption) override {
+        return useMenu(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), caption);
     }
-    static void clickExpander(TreeView& tree, const TreePath& row, bool expanded) {
+    void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         const NativeTree view(tree);
         const HTREEITEM item = view.at(row);
         EXPECT_GT(view.read(item, TVIF_CHILDREN).cChildren, 0) << "The row has no expander";

@@ -1,17 +1,68 @@
-// What the toolkit draws of its own: colours, images; and the native tree under random edits.
-
-#include <gtest/gtest.h>
+// What the toolkit on Windows alone has: the keyboard in a window that stands in a host's message
+// loop, colours, images, and the native tree under random edits.
 
 #include <algorithm>
-#include <random>
 
 #include "platform/windows/controls/images.h"
 #include "platform/windows/controls/native_control.h"
-#include "tests/support/test_platform.h"
+#include "tests/controls/random_edits.h"
+#include "tests/controls/window_fixture.h"
+#include "tests/support/windows/win_acts.h"
 
 namespace pelk {
-
 namespace {
+
+using WinKeyboard = WindowTest;
+
+TEST_F(WinKeyboard, ArrowsStayAmongTheOptionButtonsAndTabLeavesThem) {
+    window_->setInnerSize({6000, 4000});
+    TextBox& before = window_->addTextBox({0, 0, 2000, 300});
+    OptionButton& first = window_->addOptionButton({0, 500, 2000, 300}, "first");
+    TextBox& between = window_->addTextBox({0, 1000, 2000, 300});
+    OptionButton& second = window_->addOptionButton({0, 1500, 2000, 300}, "second");
+    Button& behind = window_->addButton({0, 2000, 2000, 300}, "&Behind");
+    std::string acts;
+    first.onClick = [&acts] { acts += "1"; };
+    second.onClick = [&acts] { acts += "2"; };
+    behind.onClick = [&acts] { acts += "b"; };
+    window_->show();
+    driver_.giveFocus(before);
+    driver_.press(*window_, Key::Tab);
+    EXPECT_TRUE(driver_.hasFocus(first));
+    EXPECT_EQ(acts, "") << "the focus alone checks nothing";
+    for (const Key key : {Key::Down, Key::Down, Key::Up})
+        driver_.press(*window_, key);
+    EXPECT_EQ(acts, "212");
+    EXPECT_TRUE(second.isChecked());
+    driver_.press(*window_, Key::Tab);
+    EXPECT_TRUE(driver_.hasFocus(between));
+    driver_.press(*window_, Key::Down);
+    EXPECT_TRUE(driver_.hasFocus(between));
+    PostMessageW(native(between), WM_SYSCHAR, L'b', 1 | 1 << 29);
+    driver_.settle();
+    EXPECT_EQ(acts, "212b");
+}
+
+TEST_F(WinKeyboard, MenuKeyAsksForAMenuAtTheSelectedRow) {
+    window_->setInnerSize({6000, 4000});
+    TreeView& tree = window_->addTreeView({1000, 0, 5000, 4000});
+    for (int row = 0; row < 100; ++row)
+        tree.model().add(tree.model().root(), "row");
+    int asked = 0;
+    tree.onMenuRequest = [&](ScreenPoint where) {
+        RECT place = {};
+        GetWindowRect(native(tree), &place);
+        EXPECT_TRUE(PtInRect(&place, {where.x, where.y}));
+        ++asked;
+    };
+    window_->show();
+    SendMessageW(native(tree), WM_CONTEXTMENU, 0, -1);
+    EXPECT_EQ(asked, 0) << "nothing is selected";
+    tree.select(tree.model().root().children()[50]);
+    SendMessageW(native(tree), WM_VSCROLL, SB_TOP, 0);
+    SendMessageW(native(tree), WM_CONTEXTMENU, 0, -1);
+    EXPECT_EQ(asked, 1);
+}
 
 /// A picture in memory to draw on, white at first.
 class Paper {
@@ -71,7 +122,7 @@ TEST(WinLook, ImagesDifferInShape) {
     ImageList_Destroy(images);
 }
 
-class WinTree : public testing::Test {
+class WinTree : public WindowTest {
  protected:
     WinTree() {
         window_->setInnerSize({6000, 4000});
@@ -79,7 +130,7 @@ class WinTree : public testing::Test {
     }
     /// The number of red pixels that the tree paints.
     auto redness() {
-        platform_.driver().settle();
+        driver_.settle();
         const HWND native = dynamic_cast<NativeHandle&>(tree_).handle();
         RECT inner = {};
         GetClientRect(native, &inner);
@@ -90,7 +141,7 @@ class WinTree : public testing::Test {
     }
     /// The native tree shows what the model holds, each node once.
     void expectSame(const TreeNode& node, const TreePath& path) {
-        const auto rows = platform_.driver().rows(tree_, path);
+        const auto rows = driver_.rows(tree_, path);
         ASSERT_EQ(static_cast<int>(rows.size()), node.shownCount());
         for (std::size_t row = 0; row < rows.size(); ++row) {
             const TreeNode& child = *node.children()[row];
@@ -102,8 +153,6 @@ class WinTree : public testing::Test {
         }
     }
 
-    TestPlatform platform_;
-    std::unique_ptr<Window> window_ = platform_.toolkit().createWindow();
     TreeView& tree_ = window_->addTreeView({0, 0, 6000, 4000});
     TreeModel& model_ = tree_.model();
 };
@@ -118,38 +167,7 @@ TEST_F(WinTree, PaintsColoursButNotOnTheSelectedRow) {
 }
 
 TEST_F(WinTree, FollowsItsModelThroughRandomEdits) {
-    std::mt19937 random(7);
-    const auto below = [&random](std::size_t count) { return random() % count; };
-    const auto anyNode = [&]() -> TreeNode& {
-        TreeNode* node = &model_.root();
-        while (!node->children().empty() && below(4) != 0)
-            node = node->children()[below(node->children().size())];
-        return *node;
-    };
-    for (int step = 0; step < 1500; ++step) {
-        TreeNode& node = anyNode();
-        const auto act = below(12);
-        if (act < 5)
-            model_.add(node, std::to_string(below(1000)));
-        else if (act == 5)
-            tree_.select(node.parent() == nullptr ? nullptr : &node);
-        else if (act == 6 && node.parent() != nullptr)
-            model_.remove(node);
-        else if (act == 7)
-            model_.sortChildren(node);
-        else if (act == 8)
-            model_.suspendRedraw();
-        else if (act == 9)
-            model_.resumeRedraw();
-        else if (act == 10 && below(20) == 0)
-            below(2) == 0 ? model_.clear() : model_.removeChildren(node);
-        else if (node.parent() != nullptr)
-            model_.setText(node, "x");
-        if (step % 50 == 0) {
-            platform_.driver().settle();
-            ASSERT_NO_FATAL_FAILURE(expectSame(model_.root(), {})) << step;
-        }
-    }
+    editAtRandom(tree_, driver_, [this] { expectSame(model_.root(), {}); });
 }
 
 TEST_F(WinTree, OpensAndClosesManyAtOnce) {
@@ -162,25 +180,24 @@ TEST_F(WinTree, OpensAndClosesManyAtOnce) {
         for (TreeNode* node : top)
             tree_.setExpanded(*node, expanded);
         model_.resumeRedraw();
-        platform_.driver().settle();
+        driver_.settle();
         ASSERT_NO_FATAL_FAILURE(expectSame(model_.root(), {}));
-        for (const TreeRow& row : platform_.driver().rows(tree_))
+        for (const TreeRow& row : driver_.rows(tree_))
             EXPECT_EQ(row.expanded, expanded);
     };
     int told = 0;
     tree_.onExpand = tree_.onCollapse = tree_.onSelect = [&told](TreeNode&) { ++told; };
     tree_.select(top[kMany - 1]->children()[0]);
     int inView = 0;
-    while (!platform_.driver().isInView(tree_, {inView}))
+    while (!driver_.isInView(tree_, {inView}))
         ++inView;
     setAll(true);
     EXPECT_EQ(tree_.selected(), top[kMany - 1]->children()[0]);
-    EXPECT_TRUE(platform_.driver().isInView(tree_, {inView})) << "it has scrolled away";
+    EXPECT_TRUE(driver_.isInView(tree_, {inView})) << "it has scrolled away";
     setAll(false);
     EXPECT_EQ(tree_.selected(), top[kMany - 1]) << "the selection does not stay out of sight";
     EXPECT_EQ(told, 0);
 }
 
 }  // namespace
-
 }  // namespace pelk
