@@ -4,20 +4,18 @@
 #include <string>
 
 #include "db/thresholds.h"
+#include "views/form_layout.h"
 
 namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6800, 1950};
-constexpr int kMargin = 200;
 constexpr int kRowHeight = 330;
 constexpr int kStrongTop = 200;
 constexpr int kWeakTop = 700;
-constexpr Size kButtonSize{1300, 330};
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
 
 constexpr Rect textAt(int top) {
-    return {kMargin, top, 2150, kRowHeight};
+    return {kFormMargin, top, 2150, kRowHeight};
 }
 constexpr Rect sliderAt(int top) {
     return {2400, top, 1800, kRowHeight};
@@ -27,10 +25,6 @@ constexpr Rect valueAt(int top) {
 }
 constexpr Rect unitAt(int top) {
     return {4600, top, 2050, kRowHeight};
-}
-constexpr Rect buttonAt(int fromRight) {
-    return {kInnerSize.width - fromRight * (kMargin + kButtonSize.width), kButtonTop,
-            kButtonSize.width, kButtonSize.height};
 }
 
 }  // namespace
@@ -45,8 +39,8 @@ configForm::configForm(Toolkit& toolkit, const Platform& platform, Storage& stor
       minSlider(window->addSlider(sliderAt(kWeakTop))),
       minValueLabel(window->addLabel(valueAt(kWeakTop), "")),
       Label2(window->addLabel(unitAt(kWeakTop), "(% of strongest relation)")),
-      okButton(window->addButton(buttonAt(2), "OK")),
-      cancelButton(window->addButton(buttonAt(1), "Cancel")),
+      okButton(window->addButton(bottomButton(kInnerSize, 2), "OK")),
+      cancelButton(window->addButton(bottomButton(kInnerSize, 1), "Cancel")),
       platform_(platform),
       storage_(storage) {
     window->setCaption("Configure the representation of your links");

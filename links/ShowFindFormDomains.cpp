@@ -10,14 +10,10 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6600, 6000};
-constexpr int kMargin = 150;
-constexpr Size kButtonSize{1300, 330};
 constexpr int kShortestWidth = 2200;
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
-constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kMargin};
-constexpr Rect kShortestBounds{kMargin, kButtonTop, kShortestWidth, kButtonSize.height};
-constexpr Rect kOkBounds{kInnerSize.width - kMargin - kButtonSize.width, kButtonTop,
-                         kButtonSize.width, kButtonSize.height};
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kFormMargin};
+constexpr Rect kShortestBounds{kFormMargin, kButtonTop, kShortestWidth, kFormButton.height};
 
 }  // namespace
 
@@ -30,7 +26,7 @@ ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit)
     window->setCaption("All possible links between domains");
     layout_.add(presTree, kTreeBounds, kFollowsBoth);
     layout_.add(shortestButton, kShortestBounds, {.top = 1});
-    layout_.add(okButton, kOkBounds, kStaysAtBottomRight);
+    layout_.add(okButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     shortestButton.onClick = [this] { shortestButtonClick(); };
     okButton.onClick = [this] { window->hide(); };
 }

@@ -9,12 +9,8 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6600, 4200};
-constexpr int kMargin = 150;
-constexpr Size kButtonSize{1300, 330};
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
-constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kMargin};
-constexpr Rect kOkBounds{kInnerSize.width - kMargin - kButtonSize.width, kButtonTop,
-                         kButtonSize.width, kButtonSize.height};
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kFormMargin};
 
 }  // namespace
 
@@ -25,7 +21,7 @@ ShowFindFormSimple::ShowFindFormSimple(Toolkit& toolkit)
       layout_(*window, kInnerSize) {
     window->setCaption("The best path towards the requested contact");
     layout_.add(presTree, kTreeBounds, kFollowsBoth);
-    layout_.add(okButton, kOkBounds, kStaysAtBottomRight);
+    layout_.add(okButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     okButton.onClick = [this] { window->hide(); };
 }
 

@@ -9,18 +9,11 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{5400, 5400};
-constexpr int kMargin = 150;
-constexpr int kWidth = kInnerSize.width - 2 * kMargin;
-constexpr Size kButtonSize{1300, 330};
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
-constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 300};
+constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr Rect kLabelBounds{kFormMargin, kFormMargin, kWidth, 300};
 constexpr int kListTop = 520;
-constexpr Rect kListBounds{kMargin, kListTop, kWidth, kButtonTop - kMargin - kListTop};
-
-constexpr Rect buttonAt(int fromRight) {
-    return {kInnerSize.width - fromRight * (kMargin + kButtonSize.width), kButtonTop,
-            kButtonSize.width, kButtonSize.height};
-}
+constexpr Rect kListBounds{kFormMargin, kListTop, kWidth, kButtonTop - kFormMargin - kListTop};
 
 }  // namespace
 
@@ -35,8 +28,8 @@ findForm::findForm(Toolkit& toolkit, const Platform& platform)
     window->setCaption("Find a contact");
     layout_.add(Label1, kLabelBounds, kFollowsWidth);
     layout_.add(listTree, kListBounds, kFollowsBoth);
-    layout_.add(okButton, buttonAt(2), kStaysAtBottomRight);
-    layout_.add(cancelButton, buttonAt(1), kStaysAtBottomRight);
+    layout_.add(okButton, bottomButton(kInnerSize, 2), kStaysAtBottomRight);
+    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     listTree.onSelect = [this](TreeNode&) { okButton.setEnabled(true); };
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };

@@ -10,21 +10,14 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{5400, 5800};
-constexpr int kMargin = 150;
-constexpr int kWidth = kInnerSize.width - 2 * kMargin;
-constexpr Size kButtonSize{1300, 330};
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
+constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
 constexpr int kProgressHeight = 260;
-constexpr int kProgressTop = kButtonTop - kMargin - kProgressHeight;
-constexpr Rect kLabelBounds{kMargin, kMargin, kWidth, 300};
+constexpr int kProgressTop = kButtonTop - kFormMargin - kProgressHeight;
+constexpr Rect kLabelBounds{kFormMargin, kFormMargin, kWidth, 300};
 constexpr int kTreeTop = 520;
-constexpr Rect kTreeBounds{kMargin, kTreeTop, kWidth, kProgressTop - kMargin - kTreeTop};
-constexpr Rect kProgressBounds{kMargin, kProgressTop, kWidth, kProgressHeight};
-
-constexpr Rect buttonAt(int fromRight) {
-    return {kInnerSize.width - fromRight * (kMargin + kButtonSize.width), kButtonTop,
-            kButtonSize.width, kButtonSize.height};
-}
+constexpr Rect kTreeBounds{kFormMargin, kTreeTop, kWidth, kProgressTop - kFormMargin - kTreeTop};
+constexpr Rect kProgressBounds{kFormMargin, kProgressTop, kWidth, kProgressHeight};
 
 /// Leaves the search from within.
 struct SearchAbandoned {};
@@ -45,9 +38,9 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
     layout_.add(Label1, kLabelBounds, kFollowsWidth);
     layout_.add(presTree, kTreeBounds, kFollowsBoth);
     layout_.add(ProgressBar1, kProgressBounds, kStaysAtBottom);
-    layout_.add(okButton, buttonAt(3), kStaysAtBottomRight);
-    layout_.add(stopButton, buttonAt(2), kStaysAtBottomRight);
-    layout_.add(cancelButton, buttonAt(1), kStaysAtBottomRight);
+    layout_.add(okButton, bottomButton(kInnerSize, 3), kStaysAtBottomRight);
+    layout_.add(stopButton, bottomButton(kInnerSize, 2), kStaysAtBottomRight);
+    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     stopButton.keepArrowPointer();
     stopButton.setEnabled(false);
     presTree.onExpand = [this](TreeNode& node) {

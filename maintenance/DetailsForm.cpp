@@ -5,18 +5,17 @@
 #include <optional>
 
 #include "maintenance/relation_details.h"
+#include "views/form_layout.h"
 
 namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6000, 2700};
-constexpr int kMargin = 200;
-constexpr int kWidth = kInnerSize.width - 2 * kMargin;
+constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
 constexpr int kLineHeight = 260;
-constexpr Size kOkSize{1300, 330};
 
 constexpr Rect line(int top, int lines = 1) {
-    return {kMargin, top, kWidth, lines * kLineHeight};
+    return {kFormMargin, top, kWidth, lines * kLineHeight};
 }
 
 int barValue(std::int64_t weight) {
@@ -33,10 +32,7 @@ DetailsForm::DetailsForm(Toolkit& toolkit)
       part2Label(window->addLabel(line(970), "")),
       weightBar(window->addProgressBar(line(1330))),
       moreLabel(window->addLabel(line(1650, 2), "")),
-      okButton(window->addButton(
-          {kInnerSize.width - kMargin - kOkSize.width, kInnerSize.height - 150 - kOkSize.height,
-           kOkSize.width, kOkSize.height},
-          "OK")) {
+      okButton(window->addButton(bottomButton(kInnerSize, 1), "OK")) {
     window->setCaption("Relation details");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);

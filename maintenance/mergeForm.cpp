@@ -11,16 +11,13 @@ namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6000, 5500};
-constexpr int kMargin = 200;
-constexpr int kWidth = kInnerSize.width - 2 * kMargin;
-constexpr Rect kTopLabelBounds{kMargin, 120, kWidth, 560};
-constexpr Rect kListBounds{kMargin, 720, kWidth, 2200};
-constexpr Rect kRemoveLabelBounds{kMargin, 3000, kWidth, 280};
-constexpr Rect kRemoveBounds{kMargin, 3320, 2000, 330};
-constexpr Rect kNameLabelBounds{kMargin, 3800, kWidth, 500};
-constexpr Rect kNameBounds{kMargin, 4320, kWidth, 300};
-constexpr Rect kMergeBounds{kInnerSize.width - kMargin - 1300, kInnerSize.height - 150 - 330, 1300,
-                            330};
+constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
+constexpr Rect kTopLabelBounds{kFormMargin, 120, kWidth, 560};
+constexpr Rect kListBounds{kFormMargin, 720, kWidth, 2200};
+constexpr Rect kRemoveLabelBounds{kFormMargin, 3000, kWidth, 280};
+constexpr Rect kRemoveBounds{kFormMargin, 3320, 2000, 330};
+constexpr Rect kNameLabelBounds{kFormMargin, 3800, kWidth, 500};
+constexpr Rect kNameBounds{kFormMargin, 4320, kWidth, 300};
 
 /// Gives the column its width.
 constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
@@ -52,7 +49,7 @@ mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storag
     layout_.add(Delcmd, kRemoveBounds, {.top = 1});
     layout_.add(Mergelbl1, kNameLabelBounds, kStaysAtBottom);
     layout_.add(MergeName, kNameBounds, kStaysAtBottom);
-    layout_.add(mergeButton, kMergeBounds, kStaysAtBottomRight);
+    layout_.add(mergeButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     listView.setColumnHeader(kColumnHeader);
     Delcmd.onClick = [this] { delcmdClick(); };
     MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };
