@@ -64,14 +64,14 @@ void ShowForm::mergeMenuItemClick(TreeNode& node) {
 /// The node shows the bare new name, without the addresses, until the tree is filled again: this
 /// is on purpose, and tells the user which one was just renamed.
 void ShowForm::renameMenuItemClick(TreeNode& node) {
-    const std::string name =
-        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
+    const std::string name = cleanText(
+        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text()));
     if (name.empty())
         return;
     const int id = contactOf(node);
     if (isGone(id))
         return;
-    database->renameContact(id, cleanText(name));
+    database->renameContact(id, name);
     saveChange();
     presTree.model().setText(node, name);
     for (TreeNode* const related : relatedNodesOf(presTree.model(), id))

@@ -36,6 +36,8 @@ TEST_F(CommandsTest, groupsByDomainsAndBack) {
     EXPECT_EQ(rows({0, 3}), "mo (Mo)");
     EXPECT_EQ(driver.rows(form.presTree, {0, 3})[0].image, TreeImage::Contact);
     EXPECT_EQ(foundBy("mo"), "mo (Mo)");
+    driver.click(form.domainsRadio);
+    EXPECT_EQ(rows({0, 3}), "mo (Mo)") << "the grouping that is shown is not built anew";
     driver.collapse(form.presTree, {0});
     EXPECT_EQ(rows({0}), "Loading...");
     driver.click(form.refreshButton);
