@@ -92,6 +92,26 @@ TEST_F(FoldersTest, goesOnPastWhatIsGone) {
     EXPECT_EQ(folders->next()->itemCount(), 1);
 }
 
+TEST_F(FoldersTest, handsOutManyItemsInTurnAndOutOfTurn) {
+    constexpr int kCount = 600;
+    constexpr int kGone = 300;
+    std::vector<int> order;
+    for (int i = 1; i <= kCount; ++i) {
+        files.write("md/cur/" + std::to_string(1000 + i), "From: " + std::to_string(i) + "@x\n\n");
+        order.push_back(i);
+    }
+    order.insert(order.end(), {kCount, 5, 6, kGone, kGone + 1, 129, 130, 1, 2, kCount});
+    const auto folder = openFolder("md");
+    ASSERT_EQ(folder->itemCount(), kCount);
+    std::filesystem::remove(pathOf("md/cur/" + std::to_string(1000 + kGone)));
+    for (const int i : order) {
+        if (i == kGone)
+            EXPECT_THROW(folder->mailItem(i), Error);
+        else
+            EXPECT_EQ(folder->mailItem(i)->replyRecipient()->address, std::to_string(i) + "@x");
+    }
+}
+
 TEST_F(FoldersTest, namesStoresByTheirPath) {
     write(message, {"top/x/1.eml"});
     write(mbox, {"top/box"});

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
+#include <optional>
 
 #include "platform/desktop/mail/folder_place.h"
 #include "platform/desktop/mail/mail_text.h"
+#include "platform/desktop/mail/read_ahead.h"
 #include "platform/desktop/mail/stored_messages.h"
 #include "platform/error.h"
 
@@ -32,14 +34,18 @@ class DiskFolder : public StoredFolder {
     }
 
     std::shared_ptr<MailItem> mailItem(int index) override {
-        ListedMessage listed = listedMessage(index);
+        requireItem(index);
+        if (!ahead_)
+            ahead_.emplace(*messages());
+        ListedMessage listed = ahead_->message(static_cast<std::size_t>(index) - 1);
         if (listed.kind != ItemKind::Mail)
             throw NotAMailItem();
         return std::move(listed.message);
     }
 
     MessageSummary summary(int index) override {
-        const ListedMessage listed = listedMessage(index);
+        requireItem(index);
+        const ListedMessage listed = messages()->message(static_cast<std::size_t>(index) - 1);
         StoredMessage& message = *listed.message;
         return {message.author(), message.subject(), message.creationTime(), listed.kind};
     }
@@ -70,14 +76,15 @@ class DiskFolder : public StoredFolder {
         return messages_.get();
     }
 
-    ListedMessage listedMessage(int index) {
+    void requireItem(int index) {
         if (index < 1 || index > itemCount())
             throw Error(describe(index) + " does not exist.");
-        return messages()->message(static_cast<std::size_t>(index) - 1);
     }
 
     const FolderPlace place_;
     std::unique_ptr<StoredMessages> messages_;
+    /// Only for those that are taken as items, of which a scan takes all.
+    std::optional<ReadAhead> ahead_;
 };
 
 /// Looks for the folders only when the walk begins.

@@ -21,13 +21,12 @@ LocalTime StoredMessage::creationTime() {
 }
 
 std::optional<MailPerson> StoredMessage::replyRecipient() {
-    for (const std::string_view field : {"Reply-To", "From"})
-        if (const std::vector<MailPerson> found = people(field); !found.empty())
-            return found.front();
-    return std::nullopt;
+    peopleWanted_ = true;
+    return sender();
 }
 
 int StoredMessage::recipientCount() {
+    peopleWanted_ = true;
     return static_cast<int>(recipients().size());
 }
 
@@ -37,6 +36,11 @@ MailPerson StoredMessage::recipient(int index) {
                     std::to_string(index) + ".");
     }
     return recipients()[static_cast<std::size_t>(index) - 1];
+}
+
+void StoredMessage::readPeople() {
+    sender();
+    recipients();
 }
 
 const MessageHeader& StoredMessage::header() {
@@ -62,6 +66,16 @@ std::vector<MailPerson> StoredMessage::people(std::string_view field) {
                    std::make_move_iterator(some.end()));
     }
     return all;
+}
+
+const std::optional<MailPerson>& StoredMessage::sender() {
+    if (!sender_) {
+        std::vector<MailPerson> found = people("Reply-To");
+        if (found.empty())
+            found = people("From");
+        sender_ = found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+    }
+    return *sender_;
 }
 
 const std::vector<MailPerson>& StoredMessage::recipients() {

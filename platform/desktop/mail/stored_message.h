@@ -25,6 +25,11 @@ class StoredMessage : public MailItem {
     int recipientCount() override;
     MailPerson recipient(int index) override;
 
+    /// Reads now what the functions above tell, as far as it can be read.
+    void readPeople();
+    /// Whether somebody has asked for a person.
+    bool peopleWanted() const { return peopleWanted_; }
+
     const MessagePlace& place() const { return place_; }
     const MessageHeader& header();
     /// The one whom the message says it is from, as text, or empty text.
@@ -33,12 +38,15 @@ class StoredMessage : public MailItem {
 
  private:
     std::vector<MailPerson> people(std::string_view field);
+    const std::optional<MailPerson>& sender();
     const std::vector<MailPerson>& recipients();
 
     MessagePlace place_;
     std::int64_t received_;
     std::unique_ptr<const MessageHeader> header_;
+    std::optional<std::optional<MailPerson>> sender_;
     std::optional<std::vector<MailPerson>> recipients_;
+    bool peopleWanted_ = false;
 };
 
 }  // namespace pelk

@@ -1,0 +1,78 @@
+#include "platform/desktop/mail/read_ahead.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace pelk {
+namespace {
+
+// Enough to make little of the cost of a thread. Each message may hold a file open.
+constexpr std::size_t kBatchSize = 128;
+// Reading takes about as long as counting; a third thread would have to wait.
+constexpr std::size_t kBatchesAhead = 2;
+
+}  // namespace
+
+ListedMessage ReadAhead::message(std::size_t index) {
+    std::optional<ListedMessage> listed;
+    if (index == next_)
+        listed = takeNext();
+    else
+        startBehind(index);
+    next_ = index + 1;
+    if (!listed)
+        listed = messages_.message(index);
+    last_ = listed->message;
+    return *std::move(listed);
+}
+
+void ReadAhead::startBehind(std::size_t index) {
+    coming_.clear();
+    batch_.clear();
+    taken_ = 0;
+    unread_ = index + 1;
+}
+
+std::optional<ListedMessage> ReadAhead::takeNext() {
+    if (taken_ == batch_.size())
+        takeBatch();
+    return std::move(batch_[taken_++]);
+}
+
+void ReadAhead::takeBatch() {
+    startReading();
+    batch_ = coming_.front().get();
+    coming_.pop_front();
+    taken_ = 0;
+    startReading();
+}
+
+/// Mail that an earlier scan has counted is not asked for its people, who take most of the time.
+void ReadAhead::startReading() {
+    const bool withPeople = !last_ || last_->peopleWanted();
+    while (coming_.size() < kBatchesAhead && unread_ < messages_.count()) {
+        const std::size_t end = std::min(unread_ + kBatchSize, messages_.count());
+        // Where the system has no thread left, the batch is read when it is taken.
+        coming_.push_back(std::async(std::launch::async | std::launch::deferred, read,
+                                     std::cref(messages_), unread_, end, withPeople));
+        unread_ = end;
+    }
+}
+
+ReadAhead::Batch ReadAhead::read(const StoredMessages& messages, std::size_t begin, std::size_t end,
+                                 bool withPeople) {
+    Batch batch(end - begin);
+    for (std::size_t index = begin; index < end; ++index) {
+        try {
+            ListedMessage listed = messages.message(index);
+            if (withPeople)
+                listed.message->readPeople();
+            batch[index - begin] = std::move(listed);
+        } catch (const std::exception&) {
+            // Whoever takes the message meets the fault.
+        }
+    }
+    return batch;
+}
+
+}  // namespace pelk
