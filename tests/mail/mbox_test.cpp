@@ -19,12 +19,12 @@ TEST_F(MboxTest, beginsAMessageBehindAnEmptyLine) {
     EXPECT_EQ(treeOf("c"), "c[]");
 }
 
-// The file is read a megabyte at a time; what parts messages, and what makes one doubtful, may lie
-// across the seam.
+// The file is gone through a megabyte at a time; what parts messages, and what makes one doubtful,
+// may lie across the seam.
 TEST_F(MboxTest, findsEveryMessageOfALargeFile) {
     const std::string request =
         "\r\n\r\nFrom x\r\nSubject: m\r\nContent-Type: text/calendar; method=REPLY\r\n\r\n";
-    for (std::size_t shift = 0; shift < 580; shift += shift == 70 ? 420 : 1) {
+    for (std::size_t shift = 0; shift <= 70; ++shift) {
         std::string text = mbox("1");
         text.resize((1 << 20) - shift, 'x');
         files.write("box", text + request + mbox("2") + std::string(2000, 'x'));
