@@ -31,6 +31,8 @@ class FileMessages : public StoredMessages {
             received = maildirNameTime(entry.name).value_or(received);
         ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
         listed.kind = itemKind(place, listed.message->header());
+        // The header is all that anybody asks for from here on, and many messages may be held.
+        file->close();
         return listed;
     }
 

@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include "platform/error.h"
 
@@ -17,12 +18,12 @@ void failReading(const std::string& path) {
     throw Error(path + " cannot be read: " + reason + ".");
 }
 
-std::shared_ptr<const MailFile> MailFile::open(const std::string& path) {
+std::shared_ptr<MailFile> MailFile::open(const std::string& path) {
     // Without O_NONBLOCK a named pipe would keep the program waiting.
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (descriptor < 0)
         failReading(path);
-    const std::shared_ptr<MailFile> file(new MailFile(descriptor, path));
+    std::shared_ptr<MailFile> file(new MailFile(descriptor, path));
     struct stat status {};
     if (::fstat(descriptor, &status) != 0)
         failReading(path);
@@ -33,8 +34,9 @@ std::shared_ptr<const MailFile> MailFile::open(const std::string& path) {
     return file;
 }
 
-MailFile::~MailFile() {
-    ::close(descriptor_);
+void MailFile::close() noexcept {
+    if (const int descriptor = std::exchange(descriptor_, -1); descriptor >= 0)
+        ::close(descriptor);
 }
 
 std::size_t MailFile::read(std::uint64_t offset, char* bytes, std::size_t length) const {

@@ -16,11 +16,14 @@ namespace pelk {
 class MailFile {
  public:
     /// Fails with an `Error` when `path` cannot be opened or is no regular file.
-    static std::shared_ptr<const MailFile> open(const std::string& path);
+    static std::shared_ptr<MailFile> open(const std::string& path);
 
     MailFile(const MailFile&) = delete;
     MailFile& operator=(const MailFile&) = delete;
-    ~MailFile();
+    ~MailFile() { close(); }
+
+    /// Nothing more can be read then; what is known about the file stays known.
+    void close() noexcept;
 
     const std::string& path() const { return path_; }
     /// In bytes, as it was when the file was opened.

@@ -6,8 +6,8 @@
 namespace pelk {
 namespace {
 
-// Enough to make little of the cost of a thread. Each message may hold a file open.
-constexpr std::size_t kBatchSize = 128;
+// Enough to make little of the cost of a thread; a header may have a megabyte.
+constexpr std::size_t kBatchSize = 64;
 // Reading takes about as long as counting; a third thread would have to wait.
 constexpr std::size_t kBatchesAhead = 2;
 

@@ -30,7 +30,6 @@ class StoredMessage : public MailItem {
     /// Whether somebody has asked for a person.
     bool peopleWanted() const { return peopleWanted_; }
 
-    const MessagePlace& place() const { return place_; }
     const MessageHeader& header();
     /// The one whom the message says it is from, as text, or empty text.
     std::string author();
