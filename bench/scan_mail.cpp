@@ -22,7 +22,7 @@ class NoProgress : public ScanProgress {
 
 std::unique_ptr<Database> makeEmptyDatabase() {
     std::unique_ptr<XmlDocument> document = createPugiDocument();
-    document->loadXml(kFirstStartDocument);
+    document->loadXml(std::string(kFirstStartDocument));
     return std::make_unique<Database>(std::move(document));
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <optional>
+#include <utility>
 
 #include "platform/error.h"
 
@@ -11,6 +12,11 @@ namespace {
 /// Stands before the base64 text and is authenticated with it.
 constexpr std::string_view kVersion = "PELK1:";
 constexpr std::size_t kNonceSize = 12;
+constexpr std::size_t kEncodedNonceSize = kNonceSize / 3 * 4;
+/// How many bytes become one piece of cipher text: few enough for a processor's cache.
+constexpr std::size_t kSliceSize = 192 * 1024;
+// What is made of three bytes each can be put together to what would be made of all at once.
+static_assert(kNonceSize % 3 == 0 && kSliceSize % 3 == 0);
 
 }  // namespace
 
@@ -19,28 +25,33 @@ void DatabaseCipher::setKey(std::string_view key) {
     nonceKey_ = crypto_.hmacSha256(key, "pelk database nonce key");
 }
 
-void DatabaseCipher::setPlainText(std::string_view text) {
-    const std::string nonce = nonceOf(text);
-    cipherText_ = kVersion;
-    cipherText_ += crypto_.base64(nonce + crypto_.seal(sealingKey_, nonce, kVersion, text));
+void DatabaseCipher::encipher(std::string plainText,
+                              const std::function<void(std::string_view)>& take) const {
+    const std::string nonce = nonceOf(plainText);
+    const std::string sealed = crypto_.seal(sealingKey_, nonce, kVersion, std::move(plainText));
+    take(std::string(kVersion) + crypto_.base64(nonce));
+    for (std::string_view rest = sealed; !rest.empty();) {
+        const std::string_view slice = rest.substr(0, kSliceSize);
+        take(crypto_.base64(slice));
+        rest.remove_prefix(slice.size());
+    }
 }
 
-void DatabaseCipher::setCipherText(std::string_view text) {
-    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
-        text.remove_suffix(1);
-    if (!text.starts_with(kVersion))
+std::string DatabaseCipher::decipher(std::string_view cipherText) const {
+    while (cipherText.ends_with('\n') || cipherText.ends_with('\r'))
+        cipherText.remove_suffix(1);
+    if (!cipherText.starts_with(kVersion))
         throw Error("It does not begin as a database file does.");
-    const std::string_view encoded = text.substr(kVersion.size());
-    const std::string bytes = crypto_.fromBase64(encoded);
-    if (bytes.size() < kNonceSize || crypto_.base64(bytes) != encoded)
+    const std::string_view encoded = cipherText.substr(kVersion.size());
+    const std::string_view encodedNonce = encoded.substr(0, kEncodedNonceSize);
+    const auto nonce = crypto_.fromBase64(encodedNonce);
+    auto sealed = crypto_.fromBase64(encoded.substr(encodedNonce.size()));
+    if (!nonce || nonce->size() != kNonceSize || !sealed)
         throw Error("It is cut short or damaged.");
-
-    const std::string_view nonce = std::string_view(bytes).substr(0, kNonceSize);
-    const std::string_view sealed = std::string_view(bytes).substr(kNonceSize);
-    std::optional<std::string> plain = crypto_.open(sealingKey_, nonce, kVersion, sealed);
+    auto plain = crypto_.open(sealingKey_, *nonce, kVersion, std::move(*sealed));
     if (!plain)
         throw Error("It is damaged, or was made with another key.");
-    plainText_ = std::move(*plain);
+    return std::move(*plain);
 }
 
 /// Derived from the text, so that equal texts give equal files and different ones never share a

@@ -1,6 +1,7 @@
 #pragma once
 // Enciphers the database document for its file, see docs/database-format.md.
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -8,22 +9,22 @@
 
 namespace pelk {
 
-/// One use: set the key, set one of the two texts, get the other. The same plain text under the
-/// same key always gives the same cipher text.
+/// The same plain text under the same key always gives the same cipher text.
 class DatabaseCipher {
  public:
     explicit DatabaseCipher(const Crypto& crypto) : crypto_(crypto) {}
 
     void setKey(std::string_view key);
 
-    void setPlainText(std::string_view text);
-    /// One line of printable characters, without its line ending.
-    const std::string& cipherText() const { return cipherText_; }
+    /// Hands out the cipher text from start to end, in pieces: one line of printable characters,
+    /// without its line ending. Throws `Error`, and whatever `take` throws.
+    void encipher(std::string plainText,
+                  const std::function<void(std::string_view piece)>& take) const;
 
-    /// Line ends behind the text are ignored, so that a line read back from a file will do. Throws
-    /// `Error`, which says why, when any other byte differs from what `cipherText` gave.
-    void setCipherText(std::string_view text);
-    const std::string& plainText() const { return plainText_; }
+    /// The plain text. Line ends behind the cipher text are ignored, so that a line read back from
+    /// a file will do. Throws `Error`, which says why, when any other byte differs from what
+    /// `encipher` gave.
+    std::string decipher(std::string_view cipherText) const;
 
  private:
     std::string nonceOf(std::string_view plainText) const;
@@ -31,8 +32,6 @@ class DatabaseCipher {
     const Crypto& crypto_;
     std::string sealingKey_;
     std::string nonceKey_;
-    std::string plainText_;
-    std::string cipherText_;
 };
 
 }  // namespace pelk

@@ -14,6 +14,9 @@ bool isDigit(char c) {
 }  // namespace
 
 double readNumber(std::string_view text) {
+    // Nearly all numbers of a document are as plain and as small as an id.
+    if (const std::optional<int> plain = plainContactId(text))
+        return *plain;
     const std::size_t start = text.find_first_not_of(" \t\r\n");
     if (start == std::string_view::npos)
         return 0;

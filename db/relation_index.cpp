@@ -16,16 +16,24 @@ void RelationIndex::append(XmlElement element) {
     const auto position = static_cast<std::uint32_t>(entries_.size());
     const std::string part1 = element.text("part1");
     const std::string part2 = element.text("part2");
-    const Relation relation{readContactId(part1), readContactId(part2),
+    const std::optional<int> id1 = plainContactId(part1);
+    const std::optional<int> id2 = plainContactId(part2);
+    const Relation relation{id1 ? *id1 : readContactId(part1), id2 ? *id2 : readContactId(part2),
                             readNumber(element.text("weight"))};
     entries_.push_back({std::move(element), relation});
 
-    const std::optional<int> id1 = plainContactId(part1);
-    const std::optional<int> id2 = plainContactId(part2);
     if (id1)
-        byContact_[static_cast<std::size_t>(*id1)].push_back({position, id2.value_or(kNobody)});
+        addPlace(*id1, {position, id2.value_or(kNobody)});
     if (id2 && id2 != id1)
-        byContact_[static_cast<std::size_t>(*id2)].push_back({position, id1.value_or(kNobody)});
+        addPlace(*id2, {position, id1.value_or(kNobody)});
+}
+
+void RelationIndex::addPlace(int id, const Place& place) {
+    Places& places = byContact_[static_cast<std::size_t>(id)];
+    // Growing step by step from one place on would take twice as long.
+    if (places.capacity() == 0)
+        places.reserve(8);
+    places.push_back(place);
 }
 
 /// Looks among the relations of whoever has fewer.

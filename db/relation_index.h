@@ -59,6 +59,7 @@ class RelationIndex {
     };
     using Places = std::vector<Place>;
 
+    void addPlace(int id, const Place& place);
     const Places& placesOf(int id) const;
     XmlElement take(RelationEntry& entry);
     void closeManyGaps();

@@ -101,9 +101,9 @@ std::string Storage::replaceDatabase(const Database& database) {
     return kept;
 }
 
-std::unique_ptr<Database> Storage::parse(std::string_view xml) {
+std::unique_ptr<Database> Storage::parse(std::string xml) {
     std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
-    if (!document->loadXml(xml))
+    if (!document->loadXml(std::move(xml)))
         throw Error("It holds no well-formed document (" + document->parseError() + ").");
     return std::make_unique<Database>(std::move(document));
 }
@@ -136,8 +136,7 @@ std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) 
 std::unique_ptr<Database> Storage::decipher(const std::string& content) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    cipher.setCipherText(content);
-    return parse(cipher.plainText());
+    return parse(cipher.decipher(content));
 }
 
 /// A name beside the path under which nothing stands yet.
@@ -150,19 +149,26 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
 }
 
 /// The file holds the cipher text as one line.
-void Storage::writeCipherText(const std::string& plainText, const std::string& path) {
+void Storage::writeCipherText(std::string plainText, const std::string& path) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    cipher.setPlainText(plainText);
-    writeWholeFile(cipher.cipherText() + "\r\n", path);
+    writeFile(path, [&](WritableFile& file) {
+        cipher.encipher(std::move(plainText),
+                        [&file](std::string_view piece) { file.write(piece); });
+        file.write("\r\n");
+    });
 }
 
-/// Writes a new file beside the old one and puts it in its place once it is safely on the disk.
 void Storage::writeWholeFile(const std::string& content, const std::string& path) {
+    writeFile(path, [&content](WritableFile& file) { file.write(content); });
+}
+
+/// Fills a new file beside the old one and puts it in its place once it is safely on the disk.
+void Storage::writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill) {
     const std::string fresh = path + ".new";
     try {
         const std::unique_ptr<WritableFile> file = platform_.files.createFile(fresh);
-        file->write(content);
+        fill(*file);
         file->flushToDisk();
         file->close();
         platform_.files.replaceFile(fresh, path);

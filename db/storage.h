@@ -2,6 +2,7 @@
 // The database on disk: one enciphered file in the user's data folder, and copies of it that the
 // user exports and imports.
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -55,15 +56,16 @@ class Storage {
     std::optional<std::string> databaseFolder();
 
     /// A database from a plain document. Throws `Error` when the text is no such document.
-    std::unique_ptr<Database> parse(std::string_view xml);
+    std::unique_ptr<Database> parse(std::string xml);
 
  private:
     std::optional<std::string> locateFile();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
     std::unique_ptr<Database> decipher(const std::string& content);
     std::string freeName(const std::string& path, const std::string& purpose);
-    void writeCipherText(const std::string& plainText, const std::string& path);
+    void writeCipherText(std::string plainText, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);
+    void writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
     void removeLeftover(const std::string& path) noexcept;
 
     Platform platform_;

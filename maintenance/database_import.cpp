@@ -44,7 +44,7 @@ ImportOutcome importDatabaseFile(Database& current, const std::string& path, Sto
 }
 
 void deleteDatabase(Database& current, Storage& storage) {
-    replaceAndSave(current, storage.parse(kEmptiedDocument), storage);
+    replaceAndSave(current, storage.parse(std::string(kEmptiedDocument)), storage);
 }
 
 }  // namespace pelk

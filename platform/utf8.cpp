@@ -51,9 +51,20 @@ bool mayStandInXml(std::uint32_t code) {
 
 /// How many printable characters of ASCII the text begins with.
 std::size_t plainLength(std::string_view text) {
-    const auto end = std::find_if(text.begin(), text.end(),
-                                  [](unsigned char byte) { return byte < 0x20 || byte >= 0x7F; });
-    return static_cast<std::size_t>(end - text.begin());
+    const auto isPlain = [](unsigned char byte) { return byte >= 0x20 && byte < 0x7F; };
+    // Whole blocks first: without a way out of the inner loop, compilers test many bytes at once.
+    constexpr std::size_t block = 64;
+    std::size_t length = 0;
+    for (; length + block <= text.size(); length += block) {
+        unsigned char plain = 1;
+        for (const char byte : text.substr(length, block))
+            plain &= isPlain(static_cast<unsigned char>(byte));
+        if (plain == 0)
+            break;
+    }
+    while (length < text.size() && isPlain(static_cast<unsigned char>(text[length])))
+        ++length;
+    return length;
 }
 
 }  // namespace

@@ -134,9 +134,10 @@ class XmlDocument {
     virtual ~XmlDocument() = default;
 
     /// Replaces the content by the document in `text` (UTF-8, whatever encoding its declaration
-    /// names). Returns false, with the document empty and `parseError` set, when the text is not
-    /// one well-formed document. External entities and document types are never followed.
-    virtual bool loadXml(std::string_view text) = 0;
+    /// names), which a library may keep and read in its place. Returns false, with the document
+    /// empty and `parseError` set, when the text is not one well-formed document. External entities
+    /// and document types are never followed.
+    virtual bool loadXml(std::string text) = 0;
     /// What the last `loadXml` stumbled on, in a few words; empty when it did not fail.
     virtual std::string parseError() const = 0;
 

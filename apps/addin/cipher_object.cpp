@@ -62,11 +62,14 @@ void moveErrorTo(EXCEPINFO& exception) {
 }  // namespace
 
 HRESULT CipherObject::SetPlainText(BSTR text) {
-    return reported([this, text] { cipher_.setPlainText(textOf(text)); });
+    return reported([this, text] {
+        cipherText_.clear();
+        cipher_.encipher(textOf(text), [this](std::string_view piece) { cipherText_ += piece; });
+    });
 }
 
 HRESULT CipherObject::GetPlainText(BSTR* text) {
-    return handOut(text, cipher_.plainText());
+    return handOut(text, plainText_);
 }
 
 HRESULT CipherObject::SetKey(BSTR key, LONG) {
@@ -74,11 +77,11 @@ HRESULT CipherObject::SetKey(BSTR key, LONG) {
 }
 
 HRESULT CipherObject::GetCipherText(LONG, BSTR* text) {
-    return handOut(text, cipher_.cipherText());
+    return handOut(text, cipherText_);
 }
 
 HRESULT CipherObject::SetCipherText(BSTR text) {
-    return reported([this, text] { cipher_.setCipherText(textOf(text)); });
+    return reported([this, text] { plainText_ = cipher_.decipher(textOf(text)); });
 }
 
 HRESULT CipherObject::InterfaceSupportsErrorInfo(REFIID iid) {

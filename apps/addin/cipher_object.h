@@ -1,6 +1,8 @@
 #pragma once
 // The database cipher for any COM client.
 
+#include <string>
+
 #include "apps/addin/addin_interfaces.h"
 #include "db/database_cipher.h"
 #include "platform/windows/cng_crypto.h"
@@ -28,6 +30,8 @@ class CipherObject : public AutomationObject<IDatabaseCipher, ISupportErrorInfo>
 
     CngCrypto crypto_;
     DatabaseCipher cipher_{crypto_};
+    std::string plainText_;
+    std::string cipherText_;
 };
 
 }  // namespace pelk

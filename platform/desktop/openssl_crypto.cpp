@@ -3,6 +3,7 @@
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
 
+#include <algorithm>
 #include <climits>
 #include <memory>
 
@@ -53,40 +54,39 @@ std::string OpensslCrypto::hmacSha256(std::string_view key, std::string_view dat
 }
 
 std::string OpensslCrypto::seal(std::string_view key, std::string_view nonce,
-                                std::string_view header, std::string_view plain) const {
+                                std::string_view header, std::string plain) const {
     const CipherContext context = createContext();
-    std::string sealed(plain.size() + kTagSize, '\0');
+    const int plainSize = sizeOf(plain);
+    plain.resize(plain.size() + kTagSize);
     int size = 0;
     require(EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
                                bytesOf(nonce)) == 1);
     require(EVP_EncryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    require(EVP_EncryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(plain),
-                              sizeOf(plain)) == 1);
-    unsigned char* const tag = bytesOf(sealed) + plain.size();
+    require(EVP_EncryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(plain), plainSize) ==
+            1);
+    unsigned char* const tag = bytesOf(plain) + plainSize;
     require(EVP_EncryptFinal_ex(context.get(), tag, &size) == 1);
     require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) == 1);
-    return sealed;
+    return plain;
 }
 
 std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string_view nonce,
-                                               std::string_view header,
-                                               std::string_view sealed) const {
+                                               std::string_view header, std::string sealed) const {
     if (sealed.size() < kTagSize)
         return std::nullopt;
-    const std::string_view text = sealed.substr(0, sealed.size() - kTagSize);
-    std::string tag(sealed.substr(text.size()));
     const CipherContext context = createContext();
-    std::string plain(text.size(), '\0');
+    std::string tag = sealed.substr(sealed.size() - kTagSize);
+    sealed.resize(sealed.size() - kTagSize);
     int size = 0;
     require(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
                                bytesOf(nonce)) == 1);
     require(EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    require(EVP_DecryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(text), sizeOf(text)) ==
-            1);
+    require(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
+                              sizeOf(sealed)) == 1);
     require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) == 1);
     if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) != 1)
         return std::nullopt;
-    return plain;
+    return sealed;
 }
 
 std::string OpensslCrypto::base64(std::string_view bytes) const {
@@ -96,16 +96,21 @@ std::string OpensslCrypto::base64(std::string_view bytes) const {
     return text;
 }
 
-std::string OpensslCrypto::fromBase64(std::string_view text) const {
-    if (text.size() % 4 != 0)
-        return {};
+std::optional<std::string> OpensslCrypto::fromBase64(std::string_view text) const {
     std::string bytes(text.size() / 4 * 3, '\0');
-    const int size = EVP_DecodeBlock(bytesOf(bytes), bytesOf(text), sizeOf(text));
-    if (size < 0)
-        return {};
-    // The library counts the padding as bytes.
+    // The library passes over blanks at either end.
+    if (text.size() % 4 != 0 ||
+        EVP_DecodeBlock(bytesOf(bytes), bytesOf(text), sizeOf(text)) != sizeOf(bytes))
+        return std::nullopt;
+    // It reads "=" anywhere as no bits, and counts padding as bytes.
     const std::size_t padding = text.ends_with("==") ? 2 : text.ends_with('=') ? 1 : 0;
-    bytes.resize(static_cast<std::size_t>(size) - padding);
+    bytes.resize(bytes.size() - padding);
+    // The last four characters may carry bits that belong to no byte.
+    const std::string_view end = text.substr(text.size() - std::min<std::size_t>(text.size(), 4));
+    const std::string_view endBytes =
+        std::string_view(bytes).substr((text.size() - end.size()) / 4 * 3);
+    if (text.find('=') < text.size() - padding || base64(endBytes) != end)
+        return std::nullopt;
     return bytes;
 }
 

@@ -6,6 +6,8 @@
 
 #include <cerrno>
 #include <cstring>
+#include <exception>
+#include <thread>
 #include <utility>
 
 namespace pelk {
@@ -20,6 +22,7 @@ namespace {
 class Descriptor {
  public:
     explicit Descriptor(int number) : number_(number) {}
+    Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() {
@@ -62,6 +65,16 @@ class PosixWritableFile : public WritableFile {
     Descriptor descriptor_;
     std::string path_;
 };
+
+/// Closes a file that has no name any more. The system frees its content then, which takes about
+/// as long as writing it did, so nobody waits for that.
+void letGoOf(Descriptor file) {
+    try {
+        std::thread([file = std::move(file)] {}).detach();
+    } catch (const std::exception&) {
+        // No thread was to be had, and it has been closed here.
+    }
+}
 
 std::string folderOf(const std::string& path) {
     const std::size_t slash = path.rfind('/');
@@ -128,12 +141,16 @@ std::unique_ptr<WritableFile> PosixFiles::createFile(const std::string& path) {
 }
 
 void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
+    // This opens anything, whatever its mode, and never waits.
+    Descriptor replaced(::open(to.c_str(), O_PATH | O_CLOEXEC));
     if (::rename(from.c_str(), to.c_str()) != 0)
         fail(to, "replaced");
     // The new name counts once the folder that holds it is on the disk.
     const Descriptor folder(::open(folderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.get() < 0 || ::fsync(folder.get()) != 0)
         fail(to, "replaced");
+    if (replaced.get() >= 0)
+        letGoOf(std::move(replaced));
 }
 
 void PosixFiles::removeFile(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "platform/desktop/pugi_document.h"
 
 #include <pugixml.hpp>
+#include <utility>
 
 #include "platform/desktop/xml_strictness.h"
 
@@ -106,13 +107,15 @@ class StringWriter : public pugi::xml_writer {
 
 class PugiDocument : public XmlDocument {
  public:
-    bool loadXml(std::string_view text) override {
-        error_ = faultOfText(text);
+    bool loadXml(std::string text) override {
+        document_.reset();
+        text_ = std::move(text);
+        error_ = faultOfText(text_);
         if (error_.empty()) {
             constexpr unsigned options =
                 pugi::parse_default | pugi::parse_fragment | pugi::parse_doctype;
-            const pugi::xml_parse_result result =
-                document_.load_buffer(text.data(), text.size(), options, pugi::encoding_utf8);
+            const pugi::xml_parse_result result = document_.load_buffer_inplace(
+                text_.data(), text_.size(), options, pugi::encoding_utf8);
             error_ = result ? faultOfDocument(document_) : result.description();
         }
         if (!error_.empty())
@@ -123,7 +126,10 @@ class PugiDocument : public XmlDocument {
     std::string parseError() const override { return error_; }
 
     std::string xml() const override {
-        std::string text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
+        std::string text;
+        // It is about as long as what was loaded.
+        text.reserve(text_.size() + text_.size() / 8);
+        text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
         StringWriter writer(text);
         document_.document_element().print(writer, "", pugi::format_raw, pugi::encoding_utf8);
         return text;
@@ -132,6 +138,8 @@ class PugiDocument : public XmlDocument {
     XmlElement root() const override { return {library(), unwrap(document_.document_element())}; }
 
  private:
+    /// The text that was loaded, changed by the library, whose nodes point into it.
+    std::string text_;
     pugi::xml_document document_;
     std::string error_;
 };

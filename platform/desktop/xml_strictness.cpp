@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <pugixml.hpp>
+#include <vector>
 
 #include "platform/utf8.h"
 
@@ -35,13 +36,29 @@ bool isKnownReference(std::string_view name) {
            (name.starts_with('#') && isCharacterReference(name));
 }
 
+/// Whether the text, which begins with "&", begins with a reference.
+bool beginsWithReference(std::string_view text) {
+    constexpr std::size_t longest = 12;
+    const std::size_t end = text.substr(0, longest).find(';');
+    return end != std::string_view::npos && isKnownReference(text.substr(1, end - 1));
+}
+
+/// Whether every "&" begins a reference, even those that would not have to: true of nearly all
+/// documents, and quickly known.
+bool holdsReferencesOnly(std::string_view text) {
+    for (auto at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1))
+        if (!beginsWithReference(text.substr(at)))
+            return false;
+    return true;
+}
+
 /// Where the text goes on behind a section that `text` begins with.
 std::size_t endOfSection(std::string_view text, std::string_view terminator) {
     const std::size_t end = text.find(terminator);
     return end == std::string_view::npos ? text.size() : end + terminator.size();
 }
 
-/// The first "&" that starts no reference, outside comments and character data.
+/// Whether an "&" begins no reference, outside comments and character data.
 bool hasStrayReference(std::string_view text) {
     while (true) {
         const auto at = std::find_if(text.begin(), text.end(),
@@ -53,33 +70,29 @@ bool hasStrayReference(std::string_view text) {
             text.remove_prefix(endOfSection(text, "-->"));
         } else if (text.starts_with(kCharacterData)) {
             text.remove_prefix(endOfSection(text, "]]>"));
-        } else if (text.front() == '<') {
+        } else if (text.front() == '<' || beginsWithReference(text)) {
             text.remove_prefix(1);
         } else {
-            constexpr std::size_t longest = 12;
-            const std::size_t end = text.substr(0, longest).find(';');
-            if (end == std::string_view::npos || !isKnownReference(text.substr(1, end - 1)))
-                return true;
-            text.remove_prefix(end);
+            return true;
         }
     }
-}
-
-bool hasAttributeTwice(pugi::xml_node element) {
-    for (pugi::xml_attribute attribute : element.attributes())
-        if (element.attribute(attribute.name()) != attribute)
-            return true;
-    return false;
 }
 
 /// Finds the first element with an attribute twice, however deep the document is nested.
 class DoubledAttribute : public pugi::xml_tree_walker {
  public:
     bool for_each(pugi::xml_node& node) override {
-        found = hasAttributeTwice(node);
+        names_.clear();
+        for (auto at = node.first_attribute(); at; at = at.next_attribute())
+            names_.emplace_back(at.name());
+        std::sort(names_.begin(), names_.end());
+        found = std::adjacent_find(names_.begin(), names_.end()) != names_.end();
         return !found;
     }
     bool found = false;
+
+ private:
+    std::vector<std::string_view> names_;
 };
 
 }  // namespace
@@ -87,7 +100,7 @@ class DoubledAttribute : public pugi::xml_tree_walker {
 std::string faultOfText(std::string_view text) {
     if (!isXmlText(text))
         return "bytes that are not UTF-8 text";
-    if (hasStrayReference(text))
+    if (!holdsReferencesOnly(text) && hasStrayReference(text))
         return "a reference to an unknown character";
     return {};
 }

@@ -98,36 +98,37 @@ std::string CngCrypto::hmacSha256(std::string_view key, std::string_view data) c
 }
 
 std::string CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
-                            std::string_view plain) const {
+                            std::string plain) const {
     Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
     const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
-    std::string sealed(plain.size() + kTagSize, '\0');
+    const ULONG size = sizeOf(plain);
+    plain.resize(plain.size() + kTagSize);
     BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info =
-        modeInfo(nonce, header, std::string_view(sealed).substr(plain.size()));
+        modeInfo(nonce, header, std::string_view(plain).substr(size));
     ULONG written = 0;
-    require(BCryptEncrypt(handle, bytesOf(plain), sizeOf(plain), &info, nullptr, 0, bytesOf(sealed),
-                          sizeOf(plain), &written, 0) >= 0);
-    require(written == plain.size());
-    return sealed;
+    require(BCryptEncrypt(handle, bytesOf(plain), size, &info, nullptr, 0, bytesOf(plain), size,
+                          &written, 0) >= 0);
+    require(written == size);
+    return plain;
 }
 
 std::optional<std::string> CngCrypto::open(std::string_view key, std::string_view nonce,
-                                           std::string_view header, std::string_view sealed) const {
+                                           std::string_view header, std::string sealed) const {
     if (sealed.size() < kTagSize)
         return std::nullopt;
-    const std::string_view text = sealed.substr(0, sealed.size() - kTagSize);
+    const auto size = static_cast<ULONG>(sizeOf(sealed) - kTagSize);
     Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
     const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
     BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info =
-        modeInfo(nonce, header, sealed.substr(text.size()));
-    std::string plain(text.size(), '\0');
+        modeInfo(nonce, header, std::string_view(sealed).substr(size));
     ULONG written = 0;
-    const NTSTATUS status = BCryptDecrypt(handle, bytesOf(text), sizeOf(text), &info, nullptr, 0,
-                                          bytesOf(plain), sizeOf(plain), &written, 0);
+    const NTSTATUS status = BCryptDecrypt(handle, bytesOf(sealed), size, &info, nullptr, 0,
+                                          bytesOf(sealed), size, &written, 0);
     if (status == kTagMismatch)
         return std::nullopt;
-    require(status >= 0 && written == plain.size());
-    return plain;
+    require(status >= 0 && written == size);
+    sealed.resize(size);
+    return sealed;
 }
 
 std::string CngCrypto::base64(std::string_view bytes) const {
@@ -143,16 +144,19 @@ std::string CngCrypto::base64(std::string_view bytes) const {
     return text;
 }
 
-std::string CngCrypto::fromBase64(std::string_view text) const {
+std::optional<std::string> CngCrypto::fromBase64(std::string_view text) const {
     // The library would take a length of 0 for a text that ends in a NUL.
     if (text.empty())
-        return {};
+        return std::string();
     DWORD size = sizeOf(text);
     std::string bytes(size, '\0');
     if (!CryptStringToBinaryA(text.data(), sizeOf(text), CRYPT_STRING_BASE64, bytesOf(bytes), &size,
                               nullptr, nullptr))
-        return {};
+        return std::nullopt;
     bytes.resize(size);
+    // What the library lets pass differs from version to version.
+    if (base64(bytes) != text)
+        return std::nullopt;
     return bytes;
 }
 

@@ -223,7 +223,7 @@ class MsxmlDocument : public XmlDocument {
         document_->setProperty(Bstr(std::string_view("ProhibitDTD")).get(), yes);
     }
 
-    bool loadXml(std::string_view text) override {
+    bool loadXml(std::string text) override {
         error_ = faultOfText(text);
         if (error_.empty()) {
             VARIANT_BOOL loaded = VARIANT_FALSE;

@@ -56,11 +56,12 @@ TEST(Database, refusesWhatIsNoContactDatabaseAndTheContactThatHasNoId) {
 
 TEST(Database, readsForeignNumbersLeniently) {
     Database database = load(documentOf(contactXml("12abc", "a@x"),
-                                        relationXml("1", "2", "7.9x") + relationXml("3", "x", "") +
+                                        relationXml("1", "2", "7.9x") + relationXml("03", "x", "") +
                                             relationXml("4", "99999", "-5")));
     EXPECT_EQ(database.contactIdByAddress("a@x"), 12);
     EXPECT_FALSE(database.contact(12)) << "a query for 12 does not find 12abc";
     EXPECT_EQ(database.strongestWeight(), 8);
+    EXPECT_EQ(database.relations()[1].part1, 3);
     EXPECT_EQ(database.relations()[2].part2, 0);
     database.addMailBetween(1, 2);
     EXPECT_EQ(database.relationsOf(1)[0].weight, 8);

@@ -28,7 +28,7 @@ class FixedClock : public Clock {
 
 inline std::unique_ptr<Database> loadDocument(std::string_view xml) {
     std::unique_ptr<XmlDocument> document = makeXmlDocument();
-    EXPECT_TRUE(document->loadXml(xml)) << document->parseError();
+    EXPECT_TRUE(document->loadXml(std::string(xml))) << document->parseError();
     return std::make_unique<Database>(std::move(document));
 }
 
