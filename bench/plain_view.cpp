@@ -43,9 +43,9 @@ void PlainView::fill(const std::vector<std::string>& texts) {
     model_.setStringList(sortedTexts(toQt(texts)));
 }
 
-void PlainTree::addRowsBelow() {
-    beginInsertRows(index(0, 0, {}), 0, static_cast<int>(below_.size()) - 1);
-    shown_ = sortedTexts(below_);
+void PlainTree::addRowsBelow(const QStringList& texts) {
+    beginInsertRows(index(0, 0, {}), 0, static_cast<int>(texts.size()) - 1);
+    below_ = sortedTexts(texts);
     endInsertRows();
 }
 
@@ -62,7 +62,7 @@ int PlainTree::rowCount(const QModelIndex& parent) const {
     if (!parent.isValid())
         return static_cast<int>(top_.size());
     const bool first = parent.internalId() == 0 && parent.row() == 0;
-    return first ? static_cast<int>(shown_.size()) : 0;
+    return first ? static_cast<int>(below_.size()) : 0;
 }
 
 bool PlainTree::hasChildren(const QModelIndex& parent) const {
@@ -70,7 +70,7 @@ bool PlainTree::hasChildren(const QModelIndex& parent) const {
 }
 
 QVariant PlainTree::data(const QModelIndex& index, int role) const {
-    return role == Qt::DisplayRole ? (index.internalId() == 0 ? top_ : shown_)[index.row()]
+    return role == Qt::DisplayRole ? (index.internalId() == 0 ? top_ : below_)[index.row()]
                                    : QVariant();
 }
 

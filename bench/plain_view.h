@@ -26,11 +26,10 @@ class PlainView {
 /// The same with rows below the first: a model that holds nothing but two lists.
 class PlainTree : public QAbstractItemModel {
  public:
-    PlainTree(QStringList top, QStringList below)
-        : top_(std::move(top)), below_(std::move(below)) {}
+    explicit PlainTree(QStringList top) : top_(std::move(top)) {}
 
-    /// Sorts and announces the rows below the first, which were not there before.
-    void addRowsBelow();
+    /// Sorts the texts and adds them as rows below the first, where none were before.
+    void addRowsBelow(const QStringList& texts);
 
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;
     QModelIndex parent(const QModelIndex& child) const override;
@@ -42,7 +41,6 @@ class PlainTree : public QAbstractItemModel {
  private:
     QStringList top_;
     QStringList below_;
-    QStringList shown_;
 };
 
 }  // namespace pelk

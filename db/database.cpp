@@ -79,6 +79,11 @@ std::optional<Contact> Database::contact(int id) const {
     return element ? std::optional(readContact(element)) : std::nullopt;
 }
 
+std::string Database::nameOf(int id) const {
+    const XmlElement element = contactElement(id);
+    return element ? element.text("name") : std::string();
+}
+
 int Database::contactIdByAddress(const std::string& address) const {
     const XmlElement element = contactElementByAddress(address);
     return element ? readContactId(element.text("id")) : 0;

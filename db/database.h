@@ -68,6 +68,8 @@ class Database {
     void forEachContact(const std::function<void(const Contact&)>& visit) const;
     /// The contact with that id; nothing when there is none.
     std::optional<Contact> contact(int id) const;
+    /// The name alone; empty when there is no such contact, or it has none.
+    std::string nameOf(int id) const;
     /// The id of the contact that owns the address, which is in lower case; 0 when nobody does.
     /// Throws `MalformedQuery` when the address holds an apostrophe.
     int contactIdByAddress(const std::string& address) const;

@@ -3,7 +3,6 @@
 #include <exception>
 #include <optional>
 
-#include "views/domains_tree.h"
 #include "views/placeholder.h"
 
 namespace pelk {
@@ -33,7 +32,8 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
       stopButton(window->addButton({}, "Stop!")),
       cancelButton(window->addButton({}, "Cancel")),
       layout_(*window, kInnerSize),
-      platform_(platform) {
+      platform_(platform),
+      domains_(presTree, platform_.language) {
     window->setCaption("Best link(s)");
     layout_.add(Label1, kLabelBounds, kFollowsWidth);
     layout_.add(presTree, kTreeBounds, kFollowsBoth);
@@ -43,9 +43,7 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
     layout_.add(cancelButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
     stopButton.keepArrowPointer();
     stopButton.setEnabled(false);
-    presTree.onExpand = [this](TreeNode& node) {
-        expandDomain(presTree, node, *db, platform_.language);
-    };
+    presTree.onExpand = [this](TreeNode& node) { domains_.expand(node, *db); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onSelect = [this](TreeNode&) { okButton.setEnabled(!searching_); };
     okButton.onClick = [this] { okButtonClick(); };
@@ -59,7 +57,7 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
 
 void findFormDomain::fillTreeDomains() {
     okButton.setEnabled(false);
-    fillDomainsTree(presTree, *db, platform_.language);
+    domains_.fill(*db);
 }
 
 void findFormDomain::refresh() {

@@ -10,6 +10,7 @@
 #include "links/domain_search.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "views/domains_tree.h"
 #include "views/form_layout.h"
 
 namespace pelk {
@@ -57,6 +58,7 @@ class findFormDomain : private DomainSearchProgress {
 
     FormLayout layout_;
     Platform platform_;
+    DomainsTree domains_;
     bool searching_ = false;
     bool stopRequested_ = false;
     bool abandoned_ = false;

@@ -1,14 +1,6 @@
 #include "maintenance/relation_details.h"
 
 namespace pelk {
-namespace {
-
-std::string nameOf(const Database& database, int id) {
-    const std::optional<Contact> contact = database.contact(id);
-    return contact ? contact->name : std::string();
-}
-
-}  // namespace
 
 std::string RelationDetails::sentence() const {
     // Only the first half follows its number.
@@ -21,7 +13,7 @@ std::optional<RelationDetails> relationDetails(const Database& database, int id1
     const std::optional<Relation> relation = database.relationOfPair(id1, id2);
     if (!relation)
         return std::nullopt;
-    return RelationDetails{nameOf(database, id1), nameOf(database, id2),
+    return RelationDetails{database.nameOf(id1), database.nameOf(id2),
                            roundToInteger(relation->weight), database.strongestWeight()};
 }
 

@@ -11,7 +11,7 @@
 
 #include <cstdint>
 #include <list>
-#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -68,7 +68,7 @@ class TreeNode {
     std::vector<TreeNode*> children_;
     int row_ = 0;
     int shownCount_ = 0;
-    std::list<TreeNode>::iterator self_;
+    std::pmr::list<TreeNode>::iterator self_;
 };
 
 /// What the native tree hears of. Each pair brackets the change: before the first call the model
@@ -149,8 +149,10 @@ class TreeModel {
     const Language& language_;
     TreeListener* listener_ = nullptr;
     TreeNode root_;
-    std::list<TreeNode> nodes_;
-    std::unordered_map<std::string_view, TreeNode*> byKey_;
+    /// Keeps the nodes side by side, so that many are added, walked and cleared quickly.
+    std::pmr::unsynchronized_pool_resource memory_;
+    std::pmr::list<TreeNode> nodes_{&memory_};
+    std::pmr::unordered_map<std::string_view, TreeNode*> byKey_{&memory_};
     bool suspended_ = false;
     std::vector<TreeNode*> unannounced_;
 };

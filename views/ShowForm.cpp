@@ -1,7 +1,6 @@
 #include "views/ShowForm.h"
 
 #include "views/contacts_tree.h"
-#include "views/domains_tree.h"
 #include "views/placeholder.h"
 
 namespace pelk {
@@ -52,6 +51,7 @@ ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
       gotoButton(window->addButton(kButtonBounds, "GoTo")),
       platform_(platform),
       storage_(storage),
+      domains_(presTree, platform_.language),
       showmenu_(window->addPopupMenu()),
       mergeMenuItem_(addMenuItem("Merge contacts", &ShowForm::mergeMenuItemClick)),
       renameMenuItem_(addMenuItem("Rename", &ShowForm::renameMenuItemClick)),
@@ -94,7 +94,7 @@ void ShowForm::fillTree() {
 }
 
 void ShowForm::fillTreeDomains() {
-    fillDomainsTree(presTree, *database, platform_.language);
+    domains_.fill(*database);
 }
 
 void ShowForm::refresh() {
@@ -114,7 +114,7 @@ void ShowForm::group(bool byNames) {
 
 void ShowForm::expand(TreeNode& node) {
     if (!groupedByNames_)
-        expandDomain(presTree, node, *database, platform_.language);
+        domains_.expand(node, *database);
     else if (const int* const id = std::get_if<int>(&node.tag()); id != nullptr && !isFilled(node))
         fillRelatedContacts(presTree, node, *database, *id, strongestWeight_);
 }

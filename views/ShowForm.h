@@ -12,6 +12,7 @@
 #include "db/storage.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
+#include "views/domains_tree.h"
 
 namespace pelk {
 
@@ -80,6 +81,7 @@ class ShowForm {
 
     Platform platform_;
     Storage& storage_;
+    DomainsTree domains_;
     PopupMenu& showmenu_;
     MenuItem& mergeMenuItem_;
     MenuItem& renameMenuItem_;

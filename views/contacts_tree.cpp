@@ -1,6 +1,5 @@
 #include "views/contacts_tree.h"
 
-#include <optional>
 #include <string>
 
 #include "views/contact_text.h"
@@ -35,8 +34,7 @@ void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& databas
     const Thresholds thresholds = database.thresholds();
     for (const Relation& relation : database.relationsOf(contactId)) {
         const int relatedId = relation.partnerOf(contactId);
-        const std::optional<Contact> related = database.contact(relatedId);
-        TreeNode& child = model.add(node, related ? related->name : std::string());
+        TreeNode& child = model.add(node, database.nameOf(relatedId));
         model.setTag(child, relatedId);
         showStrength(model, child, relation.weight, strongest, thresholds);
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 #include <unordered_set>
 #include <utility>
 
@@ -26,33 +27,39 @@ bool isBelow(const std::vector<std::string>& parts, const std::vector<std::strin
 
 }  // namespace
 
-std::vector<std::string> topLevelDomains(const Database& database, const Language& language) {
-    std::vector<std::string> labels;
-    std::unordered_set<std::string> seen;
-    forEachAddress(database, [&](const Contact&, const std::string& address) {
-        const std::optional<std::vector<std::string>> parts = splitAddress(address, language);
-        if (parts && seen.insert(parts->back()).second)
-            labels.push_back(parts->back());
+std::vector<MailAddress> mailAddresses(const Database& database, const Language& language) {
+    std::vector<MailAddress> addresses;
+    forEachAddress(database, [&](const Contact& contact, const std::string& address) {
+        if (std::optional<std::vector<std::string>> parts = splitAddress(address, language))
+            addresses.push_back({address, std::move(*parts), contact.name});
     });
+    return addresses;
+}
+
+std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& addresses) {
+    std::vector<std::string> labels;
+    std::unordered_set<std::string_view> seen;
+    for (const MailAddress& address : addresses)
+        if (seen.insert(address.parts.back()).second)
+            labels.push_back(address.parts.back());
     return labels;
 }
 
-std::vector<DomainEntry> entriesBelow(const Database& database, const Language& language,
+std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
                                       const std::vector<std::string>& labels) {
     std::vector<DomainEntry> entries;
-    std::unordered_set<std::string> seenLabels;
-    std::unordered_set<std::string> seenLocalParts;
-    forEachAddress(database, [&](const Contact& contact, const std::string& address) {
-        const std::optional<std::vector<std::string>> parts = splitAddress(address, language);
-        if (!parts || !isBelow(*parts, labels))
-            return;
-        const std::size_t next = parts->size() - labels.size() - 1;
-        const std::string& part = (*parts)[next];
+    std::unordered_set<std::string_view> seenLabels;
+    std::unordered_set<std::string_view> seenLocalParts;
+    for (const MailAddress& address : addresses) {
+        if (!isBelow(address.parts, labels))
+            continue;
+        const std::size_t next = address.parts.size() - labels.size() - 1;
+        const std::string& part = address.parts[next];
         if (next > 0 && seenLabels.insert(part).second)
             entries.push_back({part, {}});
         else if (next == 0 && seenLocalParts.insert(part).second)
-            entries.push_back({part + " (" + contact.name + ")", address});
-    });
+            entries.push_back({part + " (" + address.owner + ")", address.whole});
+    }
     return entries;
 }
 

@@ -20,12 +20,24 @@ struct DomainEntry {
     bool isAddress() const { return !address.empty(); }
 };
 
-/// The last labels of all addresses, in order of first appearance in the document.
-std::vector<std::string> topLevelDomains(const Database& database, const Language& language);
+/// An address taken apart, and the name of the contact who has it.
+struct MailAddress {
+    std::string whole;
+    /// The local part, then the labels of the domain from left to right.
+    std::vector<std::string> parts;
+    std::string owner;
+};
+
+/// All addresses that have a domain, in document order. To take them apart costs far more than to
+/// look through them.
+std::vector<MailAddress> mailAddresses(const Database& database, const Language& language);
+
+/// The last labels of all addresses, in order of first appearance.
+std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& addresses);
 
 /// What stands directly below a domain, in order of first appearance. `labels` are the domain's,
 /// from left to right: b, a for b.a. Of two contacts with one address the first is listed.
-std::vector<DomainEntry> entriesBelow(const Database& database, const Language& language,
+std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
                                       const std::vector<std::string>& labels);
 
 /// The ids of the contacts that own an address which ends with the text, each once, in the order

@@ -1,8 +1,5 @@
 #include "views/domains_tree.h"
 
-#include <vector>
-
-#include "views/domains.h"
 #include "views/fast_tree.h"
 #include "views/placeholder.h"
 
@@ -35,28 +32,36 @@ std::vector<std::string> pathOf(const TreeNode& node) {
 
 }  // namespace
 
-void fillDomainsTree(TreeView& tree, const Database& database, const Language& language) {
-    fastClear(tree);
-    const RedrawSuspension suspension(tree);
-    TreeModel& model = tree.model();
-    for (const std::string& label : topLevelDomains(database, language))
+void DomainsTree::fill(const Database& database) {
+    fastClear(tree_);
+    const RedrawSuspension suspension(tree_);
+    TreeModel& model = tree_.model();
+    read(database);
+    for (const std::string& label : topLevelDomains(addresses_))
         model.setKey(addLabel(model, model.root(), label), label);
 }
 
-void expandDomain(TreeView& tree, TreeNode& node, const Database& database,
-                  const Language& language) {
+void DomainsTree::expand(TreeNode& node, const Database& database) {
     if (isFilled(node))
         return;
-    const RedrawSuspension suspension(tree);
-    TreeModel& model = tree.model();
+    if (revision_ != database.revision())
+        read(database);
+    const std::vector<DomainEntry> entries = entriesBelow(addresses_, pathOf(node));
+    const RedrawSuspension suspension(tree_);
+    TreeModel& model = tree_.model();
     model.removeChildren(node);
-    for (const DomainEntry& entry : entriesBelow(database, language, pathOf(node))) {
+    for (const DomainEntry& entry : entries) {
         if (entry.isAddress())
             addAddress(model, node, entry);
         else
             addLabel(model, node, entry.text);
     }
     model.sortChildren(node);
+}
+
+void DomainsTree::read(const Database& database) {
+    addresses_ = mailAddresses(database, language_);
+    revision_ = database.revision();
 }
 
 std::string domainOf(const TreeNode& node) {

@@ -55,11 +55,6 @@ void sortByWeight(std::vector<Relation>& relations) {
     });
 }
 
-std::string nameOfContact(const Database& database, int id) {
-    const std::optional<Contact> contact = database.contact(id);
-    return contact ? contact->name : std::string();
-}
-
 /// The labels of a domain, from left to right.
 std::vector<std::string> labelsOf(const std::string& domain) {
     std::vector<std::string> labels;
@@ -139,7 +134,7 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
         const std::int64_t weight = roundToInteger(relation.weight);
         const Strength strength = strengthOf(weight, strongest, database.thresholds());
         const int partner = relation.partnerOf(contactId);
-        const std::string name = nameOfContact(database, partner);
+        const std::string name = database.nameOf(partner);
         if (json) {
             array.append(QJsonObject{{"class", nameOf(strength)},
                                      {"weight", static_cast<qint64>(weight)},
@@ -156,12 +151,13 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
 
 std::vector<DomainEntry> domainEntries(const Database& database, const Language& language,
                                        const std::string& domain) {
+    const std::vector<MailAddress> addresses = mailAddresses(database, language);
     std::vector<DomainEntry> entries;
     if (domain.empty())
-        for (std::string& label : topLevelDomains(database, language))
+        for (std::string& label : topLevelDomains(addresses))
             entries.push_back({std::move(label), {}});
     else
-        entries = entriesBelow(database, language, labelsOf(domain));
+        entries = entriesBelow(addresses, labelsOf(domain));
     std::vector<std::string> texts;
     for (const DomainEntry& entry : entries)
         texts.push_back(entry.text);
@@ -214,8 +210,8 @@ void printStrongest(std::ostream& out, const Database& database, std::size_t cou
     for (const Relation& relation : relations) {
         const std::int64_t weight = roundToInteger(relation.weight);
         printStrength(out, strengthOf(weight, strongest, database.thresholds()), weight);
-        out << "  " << nameOfContact(database, relation.part1) << " - "
-            << nameOfContact(database, relation.part2) << '\n';
+        out << "  " << database.nameOf(relation.part1) << " - " << database.nameOf(relation.part2)
+            << '\n';
     }
 }
 

@@ -178,6 +178,7 @@ class QtDriver : public Driver {
     std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent) override {
         const QTreeView& view = native<QTreeView>(tree);
         const QModelIndex above = indexAt(view, parent);
+        view.model()->fetchMore(above);
         std::vector<TreeRow> rows;
         for (int row = 0; row < view.model()->rowCount(above); ++row) {
             const QModelIndex index = view.model()->index(row, 0, above);

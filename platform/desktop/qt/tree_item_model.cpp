@@ -14,7 +14,6 @@ QModelIndex TreeItemModel::indexOf(const TreeNode& node) const {
     return indexAt(node);
 }
 
-/// Requires: the native tree knows of the node.
 QModelIndex TreeItemModel::indexAt(const TreeNode& node) const {
     return node.parent() == nullptr ? QModelIndex() : createIndex(node.row(), 0, &node);
 }
@@ -24,10 +23,9 @@ TreeNode& TreeItemModel::nodeAt(const QModelIndex& index) const {
 }
 
 QModelIndex TreeItemModel::index(int row, int column, const QModelIndex& parent) const {
-    const TreeNode& node = nodeAt(parent);
-    if (row < 0 || row >= node.shownCount() || column != 0)
+    if (row < 0 || row >= rowCount(parent) || column != 0)
         return {};
-    return createIndex(row, 0, node.children()[static_cast<std::size_t>(row)]);
+    return createIndex(row, 0, nodeAt(parent).children()[static_cast<std::size_t>(row)]);
 }
 
 QModelIndex TreeItemModel::parent(const QModelIndex& child) const {
@@ -35,7 +33,26 @@ QModelIndex TreeItemModel::parent(const QModelIndex& child) const {
 }
 
 int TreeItemModel::rowCount(const QModelIndex& parent) const {
-    return nodeAt(parent).shownCount();
+    const TreeNode& node = nodeAt(parent);
+    return isFetched(node) ? node.shownCount() : 0;
+}
+
+bool TreeItemModel::hasChildren(const QModelIndex& parent) const {
+    return nodeAt(parent).shownCount() > 0;
+}
+
+void TreeItemModel::fetchMore(const QModelIndex& parent) {
+    const TreeNode& node = nodeAt(parent);
+    if (isFetched(node) || node.shownCount() == 0)
+        return;
+    fetchMore(parent.parent());
+    beginInsertRows(parent, 0, node.shownCount() - 1);
+    fetched_.insert(&node);
+    endInsertRows();
+}
+
+bool TreeItemModel::isFetched(const TreeNode& node) const {
+    return node.parent() == nullptr || fetched_.contains(&node);
 }
 
 QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
@@ -62,18 +79,42 @@ QColor TreeItemModel::shownColor(const Color& color) const {
 }
 
 void TreeItemModel::beforeInsert(TreeNode& parent, int firstRow, int lastRow) {
-    beginInsertRows(indexAt(parent), firstRow, lastRow);
+    changing_ = &parent;
+    if (isFetched(parent))
+        beginInsertRows(indexAt(parent), firstRow, lastRow);
+}
+
+void TreeItemModel::afterInsert() {
+    if (isFetched(*changing_))
+        endInsertRows();
+    else
+        unfetchedChanged(indexAt(*changing_));
 }
 
 void TreeItemModel::beforeRemove(TreeNode& parent, int firstRow, int lastRow) {
-    beginRemoveRows(indexAt(parent), firstRow, lastRow);
+    changing_ = &parent;
+    if (isFetched(parent))
+        beginRemoveRows(indexAt(parent), firstRow, lastRow);
+}
+
+void TreeItemModel::afterRemove() {
+    if (!isFetched(*changing_)) {
+        unfetchedChanged(indexAt(*changing_));
+        return;
+    }
+    if (changing_->shownCount() == 0)
+        fetched_.erase(changing_);
+    endRemoveRows();
 }
 
 void TreeItemModel::beforeReorder(TreeNode& parent) {
-    emit layoutAboutToBeChanged({indexAt(parent)}, VerticalSortHint);
+    if (isFetched(parent))
+        emit layoutAboutToBeChanged({indexAt(parent)}, VerticalSortHint);
 }
 
 void TreeItemModel::afterReorder(TreeNode& parent) {
+    if (!isFetched(parent))
+        return;
     const QModelIndexList before = persistentIndexList();
     QModelIndexList after;
     after.reserve(before.size());
@@ -83,7 +124,14 @@ void TreeItemModel::afterReorder(TreeNode& parent) {
     emit layoutChanged({indexAt(parent)}, VerticalSortHint);
 }
 
+void TreeItemModel::beforeClear() {
+    beginResetModel();
+    fetched_.clear();
+}
+
 void TreeItemModel::changed(TreeNode& node) {
+    if (!isFetched(*node.parent()))
+        return;
     const QModelIndex index = indexAt(node);
     emit dataChanged(index, index);
 }

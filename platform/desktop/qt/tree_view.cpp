@@ -56,7 +56,7 @@ void QtTreeView::select(TreeNode* node) {
     const QModelIndex index = node == nullptr ? QModelIndex() : items_.indexOf(*node);
     for (QModelIndex at = index.parent(); at.isValid(); at = at.parent()) {
         items_.dropWish(items_.nodeAt(at));
-        widget_.expand(at);
+        open(at);
     }
     widget_.selectForCode(index);
     if (index.isValid())
@@ -79,7 +79,12 @@ void QtTreeView::expandNow(const TreeNode& node, bool expanded) {
     const QScopedValueRollback<bool> silence(silent_, true);
     // Qt then lays the rows out once, however many nodes are opened, and not at each of them.
     widget_.scheduleDelayedItemsLayout();
-    widget_.setExpanded(index, expanded);
+    expanded ? open(index) : widget_.collapse(index);
+}
+
+void QtTreeView::open(const QModelIndex& index) {
+    items_.fetchMore(index);
+    widget_.expand(index);
 }
 
 /// The selection does not stay below a closed node, where it cannot be seen.
@@ -106,6 +111,12 @@ void QtTreeView::Items::redrawResumed() {
         view_.expandNow(*node, expanded);
 }
 
+/// Qt looks for expanders when it lays out. A node that is being filled is looked at afterwards.
+void QtTreeView::Items::unfetchedChanged(const QModelIndex& parent) {
+    if (parent != view_.expanding_)
+        view_.widget_.scheduleDelayedItemsLayout();
+}
+
 void QtTreeView::userExpanded(QModelIndex index) {
     if (silent_)
         return;
@@ -118,7 +129,16 @@ void QtTreeView::userExpanded(QModelIndex index) {
     if (const auto handler = onExpand)
         guarded(dialogs_, [&] { handler(items_.nodeAt(index)); });
     expanding_ = outer;
-    closeIfEmpty(node);
+    showFilled(node);
+}
+
+/// Qt has opened the node before its rows were there. While it is closed they cost nothing.
+void QtTreeView::showFilled(const QModelIndex& index) {
+    if (!widget_.isExpanded(index) || items_.isFetched(index))
+        return;
+    const QScopedValueRollback<bool> silence(silent_, true);
+    widget_.collapse(index);
+    items_.hasChildren(index) ? open(index) : widget_.scheduleDelayedItemsLayout();
 }
 
 void QtTreeView::userCollapsed(QModelIndex index) {

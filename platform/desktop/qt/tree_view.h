@@ -35,13 +35,18 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
         void redrawSuspended() override { suspended_ = true; }
         void redrawResumed() override;
-        void forgotten(const TreeNode& node) override { dropWish(node); }
+        void forgotten(const TreeNode& node) override {
+            dropWish(node);
+            TreeItemModel::forgotten(node);
+        }
         void beforeClear() override {
             wishes_.clear();
             TreeItemModel::beforeClear();
         }
 
      private:
+        void unfetchedChanged(const QModelIndex& parent) override;
+
         QtTreeView& view_;
         bool suspended_ = false;
         std::unordered_map<const TreeNode*, bool> wishes_;
@@ -49,10 +54,12 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
     void connectUserActs();
     void expandNow(const TreeNode& node, bool expanded);
+    void open(const QModelIndex& index);
     void bringOutSelection(const QModelIndex& closed);
     // The index is taken by value: what Qt refers to may go when the handler changes the tree.
     void userExpanded(QModelIndex index);
     void userCollapsed(QModelIndex index);
+    void showFilled(const QModelIndex& index);
     void closeIfEmpty(const QModelIndex& index);
 
     Dialogs& dialogs_;

@@ -112,6 +112,13 @@ TEST_F(QtControls, WindowsBearTheProgramsIcon) {
     EXPECT_EQ(icon.pixmap(QSize(32, 32), 1.0).toImage().pixelColor(16, 3).alpha(), 255);
 }
 
+void expectPaintedAsItStands(QTreeView& view) {
+    QCoreApplication::processEvents();  // a scroll bar comes late
+    const QImage shown = view.grab().toImage();
+    view.doItemsLayout();
+    ASSERT_EQ(shown, view.grab().toImage()) << "it is not what Qt finds when it looks again";
+}
+
 /// Qt's own checker of item models watches, and a view shows the model, while it is edited.
 TEST_F(QtControls, TreeItemModelKeepsQtsRules) {
     TreeView& tree = window_->addTreeView({0, 0, 3000, 3000});
@@ -121,8 +128,41 @@ TEST_F(QtControls, TreeItemModelKeepsQtsRules) {
     int changes = 0;
     QObject::connect(view.model(), &QAbstractItemModel::dataChanged, [&] { ++changes; });
     window_->show();
-    editAtRandom(tree, driver_, [] {});
+    editAtRandom(tree, driver_, [&view] { expectPaintedAsItStands(view); });
     EXPECT_GT(changes, 10) << "what changes is painted anew";
+}
+
+/// Rows that come or go below an open node make Qt lay out all rows of the tree anew.
+TEST_F(QtControls, NodesAreFilledBeforeQtLaysThemOut) {
+    TreeView& tree = window_->addTreeView({0, 0, 3000, 3000});
+    TreeModel& model = tree.model();
+    TreeNode& node = model.add(model.root(), "node");
+    model.add(node, "?");
+    std::vector<const char*> filling = {"first", "second"};
+    tree.onExpand = [&](TreeNode&) {
+        model.removeChildren(node);
+        for (const char* text : filling)
+            model.add(node, text);
+    };
+    tree.onCollapse = [&](TreeNode&) {
+        model.removeChildren(node);
+        model.add(node, "?");
+    };
+    auto& view = dynamic_cast<QTreeView&>(native(tree));
+    std::string heard;
+    QObject::connect(view.model(), &QAbstractItemModel::rowsRemoved, [&] { heard += "-"; });
+    QObject::connect(view.model(), &QAbstractItemModel::rowsInserted,
+                     [&](QModelIndex index) { heard += view.isExpanded(index) ? "open" : "+"; });
+    window_->show();
+    driver_.expand(tree, {0});
+    driver_.collapse(tree, {0});
+    driver_.expand(tree, {0});
+    EXPECT_EQ(heard, "+-+");
+    driver_.collapse(tree, {0});
+    filling.clear();
+    driver_.expand(tree, {0});
+    EXPECT_EQ(heard, "+-+-");
+    expectPaintedAsItStands(view);
 }
 
 }  // namespace
