@@ -10,58 +10,69 @@ namespace pelk {
 
 void ContactIndex::append(const XmlElement& contact) {
     const auto position = static_cast<std::uint32_t>(contacts_.size());
-    contacts_.push_back(contact);
+    const std::string id = contact.text("id");
+    contacts_.push_back({contact, readContactId(id)});
     ++count_;
-    if (const std::optional<int> id = plainContactId(contact.text("id")))
-        byId_[static_cast<std::size_t>(*id)].push_back(position);
+    if (const std::optional<int> plain = plainContactId(id)) {
+        Chain& chain = byId_[static_cast<std::size_t>(*plain)];
+        (chain.first == kNowhere ? chain.first : contacts_[chain.last].nextOfId) = position;
+        chain.last = position;
+    }
     for (const std::string& address : addressesOf(contact))
         give(address, position);
 }
 
 XmlElement ContactIndex::byId(int id) const {
-    const Positions& positions = positionsOf(id);
-    return positions.empty() ? XmlElement() : contacts_[positions.front()];
+    const std::uint32_t position = positionOf(id);
+    return position == kNowhere ? XmlElement() : contacts_[position].element;
 }
 
 XmlElement ContactIndex::byAddress(const std::string& address) const {
-    const auto found = byAddress_.find(address);
-    return found == byAddress_.end() ? XmlElement() : contacts_[found->second.front()];
+    const Entry* const entry = entryByAddress(address);
+    return entry == nullptr ? XmlElement() : entry->element;
 }
 
-std::vector<XmlElement> ContactIndex::allByAddress(const std::string& address) const {
-    std::vector<XmlElement> owners;
+int ContactIndex::idByAddress(const std::string& address) const {
+    const Entry* const entry = entryByAddress(address);
+    return entry == nullptr ? 0 : entry->id;
+}
+
+std::vector<int> ContactIndex::idsByAddress(const std::string& address) const {
+    std::vector<int> ids;
     if (const auto found = byAddress_.find(address); found != byAddress_.end())
         for (const std::uint32_t position : found->second)
-            owners.push_back(contacts_[position]);
-    return owners;
+            ids.push_back(contacts_[position].id);
+    return ids;
 }
 
 XmlElement ContactIndex::take(int id) {
-    const Positions& positions = positionsOf(id);
-    if (positions.empty())
+    const std::uint32_t position = positionOf(id);
+    if (position == kNowhere)
         return {};
-    const std::uint32_t position = positions.front();
-    XmlElement contact = std::exchange(contacts_[position], {});
-    Positions& ofId = byId_[static_cast<std::size_t>(id)];
-    ofId.erase(ofId.begin());
-    for (const std::string& address : addressesOf(contact))
+    Entry& entry = contacts_[position];
+    byId_[static_cast<std::size_t>(id)].first = entry.nextOfId;
+    for (const std::string& address : addressesOf(entry.element))
         withdraw(address, position);
     --count_;
-    return contact;
+    return std::exchange(entry.element, {});
 }
 
 void ContactIndex::moveAddresses(int fromId, int toId) {
-    const std::uint32_t from = positionsOf(fromId).front();
-    const std::uint32_t to = positionsOf(toId).front();
-    for (const std::string& address : addressesOf(contacts_[from])) {
+    const std::uint32_t from = positionOf(fromId);
+    const std::uint32_t to = positionOf(toId);
+    for (const std::string& address : addressesOf(contacts_[from].element)) {
         withdraw(address, from);
         give(address, to);
     }
 }
 
-const ContactIndex::Positions& ContactIndex::positionsOf(int id) const {
-    static const Positions none;
-    return id >= 0 && id <= kMaxContactId ? byId_[static_cast<std::size_t>(id)] : none;
+std::uint32_t ContactIndex::positionOf(int id) const {
+    return id >= 0 && id <= kMaxContactId ? byId_[static_cast<std::size_t>(id)].first : kNowhere;
+}
+
+const ContactIndex::Entry* ContactIndex::entryByAddress(const std::string& address) const {
+    const auto found = byAddress_.find(address);
+    return found == byAddress_.end() ? nullptr : &contacts_[found->second.front()];
 }
 
 /// A contact that lists the address already keeps its one place.

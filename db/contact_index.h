@@ -25,30 +25,47 @@ class ContactIndex {
     /// reference when there is none.
     XmlElement byId(int id) const;
     XmlElement byAddress(const std::string& address) const;
-    /// All contacts that own the address, in document order.
-    std::vector<XmlElement> allByAddress(const std::string& address) const;
+    /// The ids, read leniently, of all contacts that own the address, in document order. The first
+    /// alone is 0 when there is none.
+    std::vector<int> idsByAddress(const std::string& address) const;
+    int idByAddress(const std::string& address) const;
 
     /// Forgets the contact that `byId` finds, and returns its element, which is still in the
     /// document; an empty reference when there is none.
     XmlElement take(int id);
     /// Gives a contact, which exists, one more address.
-    void addAddress(int id, const std::string& address) { give(address, positionsOf(id).front()); }
+    void addAddress(int id, const std::string& address) { give(address, positionOf(id)); }
     /// Gives the addresses of one contact to another; both exist, and their elements have not
     /// been changed yet.
     void moveAddresses(int fromId, int toId);
 
  private:
+    static constexpr std::uint32_t kNowhere = 0xFFFFFFFF;
+
+    struct Entry {
+        XmlElement element;
+        /// As it is read leniently. No contact's id ever changes.
+        int id = 0;
+        /// The position of the next contact with the very same id.
+        std::uint32_t nextOfId = kNowhere;
+    };
+    /// The contacts with one id, linked in document order: nearly always a single one.
+    struct Chain {
+        std::uint32_t first = kNowhere;
+        std::uint32_t last = kNowhere;
+    };
     /// Ascending, so the first contact in document order comes first.
     using Positions = std::vector<std::uint32_t>;
 
-    const Positions& positionsOf(int id) const;
+    std::uint32_t positionOf(int id) const;
+    const Entry* entryByAddress(const std::string& address) const;
     void give(const std::string& address, std::uint32_t position);
     void withdraw(const std::string& address, std::uint32_t position);
 
     std::size_t count_ = 0;
     /// In document order, with an empty reference in the place of each that was taken.
-    std::vector<XmlElement> contacts_;
-    std::vector<Positions> byId_ = std::vector<Positions>(kMaxContactId + 1);
+    std::vector<Entry> contacts_;
+    std::vector<Chain> byId_ = std::vector<Chain>(kMaxContactId + 1);
     std::unordered_map<std::string, Positions> byAddress_;
 };
 
