@@ -97,10 +97,12 @@ TEST_F(FoldersTest, handsOutManyItemsInTurnAndOutOfTurn) {
     constexpr int kGone = 300;
     std::vector<int> order;
     for (int i = 1; i <= kCount; ++i) {
-        files.write("md/cur/" + std::to_string(1000 + i), "From: " + std::to_string(i) + "@x\n\n");
+        const std::string more(i < 10 ? 700'000 : 1, 'x');
+        files.write("md/cur/" + std::to_string(1000 + i),
+                    "X: " + more + "\nFrom: " + std::to_string(i) + "@x\n\n");
         order.push_back(i);
     }
-    order.insert(order.end(), {kCount, 5, 6, kGone, kGone + 1, 129, 130, 1, 2, kCount});
+    order.insert(order.end(), {kCount, 5, 6, kGone, kGone + 1, 257, 258, 1, 2, kCount});
     const auto folder = openFolder("md");
     ASSERT_EQ(folder->itemCount(), kCount);
     std::filesystem::remove(pathOf("md/cur/" + std::to_string(1000 + kGone)));

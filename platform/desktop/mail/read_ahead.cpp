@@ -6,8 +6,10 @@
 namespace pelk {
 namespace {
 
-// Enough to make little of the cost of a thread; a header may have a megabyte.
-constexpr std::size_t kBatchSize = 64;
+// Enough to make little of the cost of a thread.
+constexpr std::size_t kBatchSize = 256;
+// Of headers in a batch: far more than they have, unless somebody means harm.
+constexpr std::size_t kMostBytes = 4UL << 20;
 // Reading takes about as long as counting; a third thread would have to wait.
 constexpr std::size_t kBatchesAhead = 2;
 
@@ -62,14 +64,16 @@ void ReadAhead::startReading() {
 ReadAhead::Batch ReadAhead::read(const StoredMessages& messages, std::size_t begin, std::size_t end,
                                  bool withPeople) {
     Batch batch(end - begin);
-    for (std::size_t index = begin; index < end; ++index) {
+    std::size_t bytes = 0;
+    for (std::size_t index = begin; index < end && bytes < kMostBytes; ++index) {
         try {
             ListedMessage listed = messages.message(index);
             if (withPeople)
                 listed.message->readPeople();
+            bytes += listed.message->heldBytes();
             batch[index - begin] = std::move(listed);
         } catch (const std::exception&) {
-            // Whoever takes the message meets the fault.
+            // Whoever takes the message reads it, and meets the fault.
         }
     }
     return batch;

@@ -22,7 +22,7 @@ class ReadAhead {
     ListedMessage message(std::size_t index);
 
  private:
-    /// Nothing in the place of a message that could not be read.
+    /// Nothing in the place of a message that has not been read.
     using Batch = std::vector<std::optional<ListedMessage>>;
 
     void startBehind(std::size_t index);

@@ -31,6 +31,8 @@ class StoredMessage : public MailItem {
     bool peopleWanted() const { return peopleWanted_; }
 
     const MessageHeader& header();
+    /// Bytes of the header that have been read and are kept.
+    std::size_t heldBytes() const { return header_ ? header_->length() : 0; }
     /// The one whom the message says it is from, as text, or empty text.
     std::string author();
     std::string subject();
