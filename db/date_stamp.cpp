@@ -1,9 +1,8 @@
 #include "db/date_stamp.h"
 
-#include <array>
 #include <chrono>
 #include <cstdint>
-#include <cstdio>
+#include <utility>
 
 #include "db/numbers.h"
 
@@ -25,11 +24,15 @@ std::int64_t secondsSince1970(const LocalTime& time) {
 }  // namespace
 
 std::string formatStamp(const LocalTime& time) {
-    std::array<char, 80> text;
-    const int length =
-        std::snprintf(text.data(), text.size(), "%d-%02d-%02dT%02d:%02d:%02d", time.year,
-                      time.month, time.day, time.hour, time.minute, time.second);
-    return {text.data(), static_cast<std::size_t>(length)};
+    std::string stamp = std::to_string(time.year);
+    for (const auto& [mark, number] :
+         {std::pair('-', time.month), std::pair('-', time.day), std::pair('T', time.hour),
+          std::pair(':', time.minute), std::pair(':', time.second)}) {
+        stamp += mark;
+        stamp += static_cast<char>('0' + number / 10);
+        stamp += static_cast<char>('0' + number % 10);
+    }
+    return stamp;
 }
 
 LocalTime parseStamp(std::string_view stamp) {

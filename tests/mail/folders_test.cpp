@@ -102,7 +102,7 @@ TEST_F(FoldersTest, handsOutManyItemsInTurnAndOutOfTurn) {
                     "X: " + more + "\nFrom: " + std::to_string(i) + "@x\n\n");
         order.push_back(i);
     }
-    order.insert(order.end(), {kCount, 5, 6, kGone, kGone + 1, 257, 258, 1, 2, kCount});
+    order.insert(order.end(), {kCount, 5, 6, kGone, kGone + 1, 129, 130, 1, 2, kCount});
     const auto folder = openFolder("md");
     ASSERT_EQ(folder->itemCount(), kCount);
     std::filesystem::remove(pathOf("md/cur/" + std::to_string(1000 + kGone)));

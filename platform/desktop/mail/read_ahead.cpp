@@ -2,12 +2,13 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace pelk {
 namespace {
 
 // Enough to make little of the cost of a thread.
-constexpr std::size_t kBatchSize = 256;
+constexpr std::size_t kBatchSize = 128;
 // Of headers in a batch: far more than they have, unless somebody means harm.
 constexpr std::size_t kMostBytes = 4UL << 20;
 // Reading takes about as long as counting; a third thread would have to wait.
@@ -38,31 +39,35 @@ void ReadAhead::startBehind(std::size_t index) {
 std::optional<ListedMessage> ReadAhead::takeNext() {
     if (taken_ == batch_.size())
         takeBatch();
-    return std::move(batch_[taken_++]);
+    return batch_[taken_++];
 }
 
 void ReadAhead::takeBatch() {
-    startReading();
-    batch_ = coming_.front().get();
+    startReading({});
+    Batch done = std::exchange(batch_, coming_.front().get());
     coming_.pop_front();
     taken_ = 0;
-    startReading();
+    startReading(std::move(done));
 }
 
-/// Mail that an earlier scan has counted is not asked for its people, who take most of the time.
-void ReadAhead::startReading() {
+/// The messages of `done` go on the thread that reads the next: to free here what was allocated
+/// there would keep both waiting for each other. Mail that an earlier scan has counted is not asked
+/// for its people, who take most of the time.
+void ReadAhead::startReading(Batch done) {
     const bool withPeople = !last_ || last_->peopleWanted();
     while (coming_.size() < kBatchesAhead && unread_ < messages_.count()) {
         const std::size_t end = std::min(unread_ + kBatchSize, messages_.count());
         // Where the system has no thread left, the batch is read when it is taken.
         coming_.push_back(std::async(std::launch::async | std::launch::deferred, read,
-                                     std::cref(messages_), unread_, end, withPeople));
+                                     std::cref(messages_), unread_, end, withPeople,
+                                     std::move(done)));
         unread_ = end;
     }
 }
 
 ReadAhead::Batch ReadAhead::read(const StoredMessages& messages, std::size_t begin, std::size_t end,
-                                 bool withPeople) {
+                                 bool withPeople, Batch done) {
+    done.clear();
     Batch batch(end - begin);
     std::size_t bytes = 0;
     for (std::size_t index = begin; index < end && bytes < kMostBytes; ++index) {

@@ -28,9 +28,9 @@ class ReadAhead {
     void startBehind(std::size_t index);
     std::optional<ListedMessage> takeNext();
     void takeBatch();
-    void startReading();
+    void startReading(Batch done);
     static Batch read(const StoredMessages& messages, std::size_t begin, std::size_t end,
-                      bool withPeople);
+                      bool withPeople, Batch done);
 
     const StoredMessages& messages_;
     Batch batch_;
