@@ -25,7 +25,7 @@ class StoredMessage : public MailItem {
     int recipientCount() override;
     MailPerson recipient(int index) override;
 
-    /// Reads now what the functions above tell, as far as it can be read.
+    /// Reads now whom the functions above will name.
     void readPeople();
     /// Whether somebody has asked for a person.
     bool peopleWanted() const { return peopleWanted_; }
