@@ -5,16 +5,54 @@
 #include <QString>
 #include <QStringDecoder>
 #include <algorithm>
-#include <numeric>
+#include <iterator>
+#include <span>
 
 #include "platform/ascii.h"
+#include "platform/desktop/side_by_side.h"
 
 namespace pelk {
-
 namespace {
 
 QByteArrayView toQt(std::string_view text) {
     return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
+struct Entry {
+    QCollatorSortKey key;
+    std::size_t position;
+};
+using Entries = std::vector<Entry>;
+
+bool comesBefore(const Entry& left, const Entry& right) {
+    return left.key.compare(right.key) < 0;
+}
+
+/// In alphabetical order.
+Entries sortedEntries(std::span<const std::string_view> texts, std::size_t firstPosition,
+                      const QCollator& collator) {
+    Entries entries;
+    entries.reserve(texts.size());
+    for (const std::string_view text : texts)
+        entries.push_back(
+            {collator.sortKey(QString::fromUtf8(toQt(text))), firstPosition + entries.size()});
+    std::stable_sort(entries.begin(), entries.end(), comesBefore);
+    return entries;
+}
+
+/// The same for many texts, half by half.
+Entries sortedHalves(std::span<const std::string_view> texts, const QCollator& collator,
+                     const QCollator& other) {
+    const std::size_t middle = texts.size() / 2;
+    Entries first;
+    Entries second;
+    sideBySide([&] { second = sortedEntries(texts.subspan(middle), middle, other); },
+               [&] { first = sortedEntries(texts.first(middle), 0, collator); });
+    Entries all;
+    all.reserve(texts.size());
+    std::merge(first.begin(), first.end(), second.begin(), second.end(), std::back_inserter(all),
+               comesBefore);
+    return all;
 }
 
 }  // namespace
@@ -26,24 +64,25 @@ LocaleLanguage::LocaleLanguage(const std::string& name) {
     QLocale locale(QString::fromStdString(name));
     if (locale.language() == QLocale::C)
         locale = QLocale(QLocale::English);
-    collator_ = std::make_unique<QCollator>(locale);
-    collator_->setCaseSensitivity(Qt::CaseInsensitive);
-    collator_->setNumericMode(false);
+    for (std::unique_ptr<QCollator>& collator : collators_) {
+        collator = std::make_unique<QCollator>(locale);
+        collator->setCaseSensitivity(Qt::CaseInsensitive);
+        collator->setNumericMode(false);
+    }
 }
 
 LocaleLanguage::~LocaleLanguage() = default;
 
 std::vector<std::size_t> LocaleLanguage::alphabeticalOrder(
     const std::vector<std::string_view>& texts) const {
-    std::vector<QCollatorSortKey> keys;
-    keys.reserve(texts.size());
-    for (const std::string_view text : texts)
-        keys.push_back(collator_->sortKey(QString::fromUtf8(toQt(text))));
-    std::vector<std::size_t> order(texts.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(), [&keys](std::size_t left, std::size_t right) {
-        return keys[left].compare(keys[right]) < 0;
-    });
+    constexpr std::size_t kMany = 1000;
+    const Entries entries = texts.size() < kMany
+                                ? sortedEntries(texts, 0, *collators_[0])
+                                : sortedHalves(texts, *collators_[0], *collators_[1]);
+    std::vector<std::size_t> order;
+    order.reserve(entries.size());
+    for (const Entry& entry : entries)
+        order.push_back(entry.position);
     return order;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // Order and letter case of the user's locale, from the desktop's Unicode tables.
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -25,7 +26,8 @@ class LocaleLanguage : public Language {
     std::string lowerCase(std::string_view text) const override;
 
  private:
-    std::unique_ptr<QCollator> collator_;
+    /// Two that are alike, as one is not for several threads.
+    std::array<std::unique_ptr<QCollator>, 2> collators_;
 };
 
 }  // namespace pelk

@@ -26,6 +26,22 @@ TEST_F(LanguageTest, ordersForPeople) {
     EXPECT_EQ(inOrder({}), "");
 }
 
+TEST_F(LanguageTest, ordersManyAsItOrdersFew) {
+    constexpr std::size_t kMany = 3001;
+    const std::vector<std::string> different = {"zeta", "Ärla", "ann", "Zoe", "bob", "Ann", ""};
+    const std::vector<std::string_view> few(different.begin(), different.end());
+    std::vector<std::string_view> many;
+    std::vector<std::size_t> expected;
+    for (std::size_t i = 0; i < kMany; ++i)
+        many.push_back(few[i % few.size()]);
+    // Letter case does not count, so "ann" and "Ann" stand among each other as they came.
+    for (const std::size_t which : language->alphabeticalOrder(few))
+        for (std::size_t i = which; i < kMany && few[which] != "Ann"; ++i)
+            if (many[i] == few[which] || (few[which] == "ann" && many[i] == "Ann"))
+                expected.push_back(i);
+    EXPECT_EQ(language->alphabeticalOrder(many), expected);
+}
+
 TEST_F(LanguageTest, findsStartsWithoutRegardToCase) {
     using Pair = std::pair<std::string_view, std::string_view>;
     for (const auto& [text, start] :
