@@ -8,6 +8,10 @@
 
 namespace pelk {
 
+ContactIndex::ContactIndex(const XmlElement& container) {
+    forEachChild(container, "contact", [this](const XmlElement& contact) { append(contact); });
+}
+
 void ContactIndex::append(const XmlElement& contact) {
     const auto position = static_cast<std::uint32_t>(contacts_.size());
     const std::string id = contact.text("id");
@@ -18,8 +22,8 @@ void ContactIndex::append(const XmlElement& contact) {
         (chain.first == kNowhere ? chain.first : contacts_[chain.last].nextOfId) = position;
         chain.last = position;
     }
-    for (const std::string& address : addressesOf(contact))
-        give(address, position);
+    for (std::string& address : addressesOf(contact))
+        give(std::move(address), position);
 }
 
 XmlElement ContactIndex::byId(int id) const {
@@ -60,9 +64,9 @@ XmlElement ContactIndex::take(int id) {
 void ContactIndex::moveAddresses(int fromId, int toId) {
     const std::uint32_t from = positionOf(fromId);
     const std::uint32_t to = positionOf(toId);
-    for (const std::string& address : addressesOf(contacts_[from].element)) {
+    for (std::string& address : addressesOf(contacts_[from].element)) {
         withdraw(address, from);
-        give(address, to);
+        give(std::move(address), to);
     }
 }
 
@@ -76,8 +80,8 @@ const ContactIndex::Entry* ContactIndex::entryByAddress(const std::string& addre
 }
 
 /// A contact that lists the address already keeps its one place.
-void ContactIndex::give(const std::string& address, std::uint32_t position) {
-    Positions& owners = byAddress_[address];
+void ContactIndex::give(std::string address, std::uint32_t position) {
+    Positions& owners = byAddress_[std::move(address)];
     const auto at = std::lower_bound(owners.begin(), owners.end(), position);
     if (at == owners.end() || *at != position)
         owners.insert(at, position);

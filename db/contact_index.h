@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "db/numbers.h"
@@ -17,6 +18,10 @@ namespace pelk {
 
 class ContactIndex {
  public:
+    ContactIndex() = default;
+    /// Takes in all contacts of the element in which they stand.
+    explicit ContactIndex(const XmlElement& container);
+
     /// Takes in the contact that stands last in the document.
     void append(const XmlElement& contact);
 
@@ -34,7 +39,7 @@ class ContactIndex {
     /// document; an empty reference when there is none.
     XmlElement take(int id);
     /// Gives a contact, which exists, one more address.
-    void addAddress(int id, const std::string& address) { give(address, positionOf(id)); }
+    void addAddress(int id, std::string address) { give(std::move(address), positionOf(id)); }
     /// Gives the addresses of one contact to another; both exist, and their elements have not
     /// been changed yet.
     void moveAddresses(int fromId, int toId);
@@ -59,7 +64,7 @@ class ContactIndex {
 
     std::uint32_t positionOf(int id) const;
     const Entry* entryByAddress(const std::string& address) const;
-    void give(const std::string& address, std::uint32_t position);
+    void give(std::string address, std::uint32_t position);
     void withdraw(const std::string& address, std::uint32_t position);
 
     std::size_t count_ = 0;

@@ -45,10 +45,8 @@ Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(
         throw Error("It is not a contact database: its root element is not pelkDB.");
     contactsContainer_ = onlyElement(root_, queries::kContactsContainer);
     relationsContainer_ = onlyElement(root_, queries::kRelationsContainer);
-    forEachChild(contactsContainer_, "contact",
-                 [this](const XmlElement& contact) { contacts_.append(contact); });
-    forEachChild(relationsContainer_, "relation",
-                 [this](const XmlElement& relation) { relations_.append(relation); });
+    document_->readSideBySide([this] { contacts_ = ContactIndex(contactsContainer_); },
+                              [this] { relations_ = RelationIndex(relationsContainer_); });
 }
 
 void Database::setDate(const std::string& stamp) {

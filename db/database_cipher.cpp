@@ -13,28 +13,35 @@ namespace {
 constexpr std::string_view kVersion = "PELK1:";
 constexpr std::size_t kNonceSize = 12;
 constexpr std::size_t kEncodedNonceSize = kNonceSize / 3 * 4;
-/// How many bytes become one piece of cipher text: few enough for a processor's cache.
-constexpr std::size_t kSliceSize = 192 * 1024;
 // What is made of three bytes each can be put together to what would be made of all at once.
-static_assert(kNonceSize % 3 == 0 && kSliceSize % 3 == 0);
+static_assert(kNonceSize % 3 == 0);
 
 }  // namespace
 
-void DatabaseCipher::setKey(std::string_view key) {
-    sealingKey_ = crypto_.hmacSha256(key, "pelk database sealing key");
-    nonceKey_ = crypto_.hmacSha256(key, "pelk database nonce key");
+MakeText readyText(std::string text) {
+    return [text = std::move(text)](const TakePiece& watch) {
+        watch(text);
+        return text;
+    };
 }
 
-void DatabaseCipher::encipher(std::string plainText,
-                              const std::function<void(std::string_view)>& take) const {
-    const std::string nonce = nonceOf(plainText);
-    const std::string sealed = crypto_.seal(sealingKey_, nonce, kVersion, std::move(plainText));
+void DatabaseCipher::setKey(std::string_view key) {
+    const auto derive = [&](std::string_view purpose) {
+        return crypto_.hmacSha256(key, [purpose](const TakePiece& take) { take(purpose); });
+    };
+    sealingKey_ = derive("pelk database sealing key");
+    nonceKey_ = derive("pelk database nonce key");
+}
+
+/// The nonce is derived from the text, so that equal texts give equal files and different ones
+/// never share a nonce.
+void DatabaseCipher::encipher(const MakeText& makeText, const TakePiece& take) const {
+    std::string plainText;
+    const std::string nonce =
+        crypto_.hmacSha256(nonceKey_, [&](const TakePiece& watch) { plainText = makeText(watch); })
+            .substr(0, kNonceSize);
     take(std::string(kVersion) + crypto_.base64(nonce));
-    for (std::string_view rest = sealed; !rest.empty();) {
-        const std::string_view slice = rest.substr(0, kSliceSize);
-        take(crypto_.base64(slice));
-        rest.remove_prefix(slice.size());
-    }
+    crypto_.seal(sealingKey_, nonce, kVersion, std::move(plainText), take);
 }
 
 std::string DatabaseCipher::decipher(std::string_view cipherText) const {
@@ -52,12 +59,6 @@ std::string DatabaseCipher::decipher(std::string_view cipherText) const {
     if (!plain)
         throw Error("It is damaged, or was made with another key.");
     return std::move(*plain);
-}
-
-/// Derived from the text, so that equal texts give equal files and different ones never share a
-/// nonce.
-std::string DatabaseCipher::nonceOf(std::string_view plainText) const {
-    return crypto_.hmacSha256(nonceKey_, plainText).substr(0, kNonceSize);
 }
 
 }  // namespace pelk

@@ -9,6 +9,12 @@
 
 namespace pelk {
 
+/// Makes a plain text, and hands each piece of it to `watch`, too, as soon as it is there.
+using MakeText = std::function<std::string(const TakePiece& watch)>;
+
+/// Hands over a text that is there already.
+MakeText readyText(std::string text);
+
 /// The same plain text under the same key always gives the same cipher text.
 class DatabaseCipher {
  public:
@@ -16,10 +22,9 @@ class DatabaseCipher {
 
     void setKey(std::string_view key);
 
-    /// Hands out the cipher text from start to end, in pieces: one line of printable characters,
-    /// without its line ending. Throws `Error`, and whatever `take` throws.
-    void encipher(std::string plainText,
-                  const std::function<void(std::string_view piece)>& take) const;
+    /// Hands out the cipher text: one line of printable characters, without its line ending. Throws
+    /// `Error`, and whatever `makeText` and `take` throw.
+    void encipher(const MakeText& makeText, const TakePiece& take) const;
 
     /// The plain text. Line ends behind the cipher text are ignored, so that a line read back from
     /// a file will do. Throws `Error`, which says why, when any other byte differs from what
@@ -27,8 +32,6 @@ class DatabaseCipher {
     std::string decipher(std::string_view cipherText) const;
 
  private:
-    std::string nonceOf(std::string_view plainText) const;
-
     const Crypto& crypto_;
     std::string sealingKey_;
     std::string nonceKey_;

@@ -5,35 +5,49 @@
 #include <utility>
 
 namespace pelk {
-namespace {
+/// Calls the visitor with each end that is found, and its partner.
+template <typename Visit>
+void RelationIndex::forEachEnd(const Ends& ends, const Visit& visit) {
+    const auto [id1, id2] = ends;
+    if (id1 != kNobody)
+        visit(static_cast<std::size_t>(id1), id2);
+    if (id2 != kNobody && id2 != id1)
+        visit(static_cast<std::size_t>(id2), id1);
+}
 
-/// The partner in a relation whose other part no query for an id finds.
-constexpr int kNobody = -1;
-
-}  // namespace
+/// The places of each contact are counted first: making them grow one by one takes longer than all
+/// else here.
+RelationIndex::RelationIndex(const XmlElement& container) {
+    std::vector<Ends> ends;
+    std::vector<std::size_t> counts(byContact_.size());
+    forEachChild(container, "relation", [&](const XmlElement& relation) {
+        ends.push_back(addEntry(relation));
+        forEachEnd(ends.back(), [&counts](std::size_t id, int) { ++counts[id]; });
+    });
+    for (std::size_t id = 0; id < counts.size(); ++id)
+        byContact_[id].reserve(counts[id]);
+    for (std::uint32_t position = 0; position < ends.size(); ++position)
+        addPlaces(position, ends[position]);
+}
 
 void RelationIndex::append(XmlElement element) {
     const auto position = static_cast<std::uint32_t>(entries_.size());
-    const std::string part1 = element.text("part1");
-    const std::string part2 = element.text("part2");
-    const std::optional<int> id1 = plainContactId(part1);
-    const std::optional<int> id2 = plainContactId(part2);
-    const Relation relation{id1 ? *id1 : readContactId(part1), id2 ? *id2 : readContactId(part2),
-                            readNumber(element.text("weight"))};
-    entries_.push_back({std::move(element), relation});
-
-    if (id1)
-        addPlace(*id1, {position, id2.value_or(kNobody)});
-    if (id2 && id2 != id1)
-        addPlace(*id2, {position, id1.value_or(kNobody)});
+    addPlaces(position, addEntry(std::move(element)));
 }
 
-void RelationIndex::addPlace(int id, const Place& place) {
-    Places& places = byContact_[static_cast<std::size_t>(id)];
-    // Growing step by step from one place on would take twice as long.
-    if (places.capacity() == 0)
-        places.reserve(8);
-    places.push_back(place);
+RelationIndex::Ends RelationIndex::addEntry(XmlElement element) {
+    const auto [part1, part2, weight] = element.texts("part1", "part2", "weight");
+    const Ends ends{plainContactId(part1).value_or(kNobody),
+                    plainContactId(part2).value_or(kNobody)};
+    const Relation relation{readContactId(part1), readContactId(part2), readNumber(weight)};
+    entries_.push_back({std::move(element), relation});
+    return ends;
+}
+
+void RelationIndex::addPlaces(std::uint32_t position, const Ends& ends) {
+    forEachEnd(ends, [&](std::size_t id, int partner) {
+        byContact_[id].push_back({position, partner});
+    });
 }
 
 /// Looks among the relations of whoever has fewer.
@@ -87,7 +101,7 @@ XmlElement RelationIndex::take(RelationEntry& entry) {
 void RelationIndex::closeManyGaps() {
     if (gaps_ <= count())
         return;
-    std::vector<RelationEntry> entries = std::exchange(entries_, {});
+    std::deque<RelationEntry> entries = std::exchange(entries_, {});
     gaps_ = 0;
     for (const RelationEntry& entry : entries) {
         byContact_[static_cast<std::size_t>(entry.relation.part1)].clear();

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <vector>
 
 #include "db/numbers.h"
@@ -21,6 +22,10 @@ struct RelationEntry {
 
 class RelationIndex {
  public:
+    RelationIndex() = default;
+    /// Takes in all relations of the element in which they stand.
+    explicit RelationIndex(const XmlElement& container);
+
     /// Takes in the relation that stands last in the document.
     void append(XmlElement element);
 
@@ -51,21 +56,32 @@ class RelationIndex {
     std::vector<XmlElement> takeAllOf(int id);
 
  private:
+    static constexpr int kNobody = -1;
+
     struct Place {
         /// Of the entry.
         std::uint32_t position;
-        /// The id of the contact at the other end.
+        /// The id of the contact at the other end; `kNobody` when no query for an id finds it.
         int partner;
     };
     using Places = std::vector<Place>;
 
-    void addPlace(int id, const Place& place);
+    /// The ids at the ends of a relation; `kNobody` for one that no query for an id finds.
+    struct Ends {
+        int id1;
+        int id2;
+    };
+
+    template <typename Visit>
+    static void forEachEnd(const Ends& ends, const Visit& visit);
+    Ends addEntry(XmlElement element);
+    void addPlaces(std::uint32_t position, const Ends& ends);
     const Places& placesOf(int id) const;
     XmlElement take(RelationEntry& entry);
     void closeManyGaps();
 
     /// In document order; a gap has no element.
-    std::vector<RelationEntry> entries_;
+    std::deque<RelationEntry> entries_;
     std::size_t gaps_ = 0;
     /// The places of each contact's relations, gaps among them, in document order.
     std::vector<Places> byContact_ = std::vector<Places>(kMaxContactId + 1);

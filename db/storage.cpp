@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "db/database_cipher.h"
 #include "db/default_documents.h"
 #include "platform/utf8.h"
 
@@ -16,6 +15,10 @@ constexpr std::string_view kKey = "TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD";
 constexpr const char* kFolderName = "pelk";
 constexpr const char* kFileName = "pelk.db";
 constexpr const char* kPlainCopyName = "pelkdb.xml";
+
+MakeText textOf(const Database& database) {
+    return [&database](const TakePiece& watch) { return database.xml(watch); };
+}
 
 }  // namespace
 
@@ -41,7 +44,7 @@ std::unique_ptr<Database> Storage::loadDatabase() {
 
 void Storage::saveDatabase(const Database& database) {
     if (const std::optional<std::string> path = locateFile())
-        writeCipherText(database.xml(), *path);
+        writeCipherText(textOf(database), *path);
 }
 
 void Storage::saveChange(const Database& database) {
@@ -66,7 +69,7 @@ void Storage::keepBackup() {
 }
 
 void Storage::exportDatabase(const Database& database, const std::string& path) {
-    writeCipherText(database.xml(), path);
+    writeCipherText(textOf(database), path);
 }
 
 /// In the encoding that the document's declaration names.
@@ -97,7 +100,7 @@ std::string Storage::replaceDatabase(const Database& database) {
         kept = freeName(*path, "old");
         writeWholeFile(platform_.files.readWholeFile(*path), kept);
     }
-    writeCipherText(database.xml(), *path);
+    writeCipherText(textOf(database), *path);
     return kept;
 }
 
@@ -129,7 +132,7 @@ std::optional<std::string> Storage::locateFile() {
 
 /// Writes the default document to the file and reads it back from there.
 std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) {
-    writeCipherText(std::string(kFirstStartDocument), path);
+    writeCipherText(readyText(std::string(kFirstStartDocument)), path);
     return decipher(platform_.files.readWholeFile(path));
 }
 
@@ -149,12 +152,11 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
 }
 
 /// The file holds the cipher text as one line.
-void Storage::writeCipherText(std::string plainText, const std::string& path) {
+void Storage::writeCipherText(const MakeText& makeText, const std::string& path) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
     writeFile(path, [&](WritableFile& file) {
-        cipher.encipher(std::move(plainText),
-                        [&file](std::string_view piece) { file.write(piece); });
+        cipher.encipher(makeText, [&file](std::string_view piece) { file.write(piece); });
         file.write("\r\n");
     });
 }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "db/database.h"
+#include "db/database_cipher.h"
 #include "platform/platform.h"
 
 namespace pelk {
@@ -63,7 +64,7 @@ class Storage {
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
     std::unique_ptr<Database> decipher(const std::string& content);
     std::string freeName(const std::string& path, const std::string& purpose);
-    void writeCipherText(std::string plainText, const std::string& path);
+    void writeCipherText(const MakeText& makeText, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);
     void writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
     void removeLeftover(const std::string& path) noexcept;

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/pieces.h"
+
 namespace pelk {
 
 /// Byte strings in, byte strings out. A failure of the library itself is an `Error`.
@@ -12,14 +14,15 @@ class Crypto {
  public:
     virtual ~Crypto() = default;
 
-    /// HMAC-SHA256: 32 bytes.
-    virtual std::string hmacSha256(std::string_view key, std::string_view data) const = 0;
-    /// AES-256-GCM: as many bytes as `plain`, which is enciphered in its place, then the tag of 16.
-    /// The key has 32 bytes, the nonce 12; `header` is authenticated but not part of the result.
-    virtual std::string seal(std::string_view key, std::string_view nonce, std::string_view header,
-                             std::string plain) const = 0;
-    /// The reverse of `seal`, in its place, too; nothing when a byte of key, nonce, header or
-    /// `sealed` differs.
+    /// HMAC-SHA256 of all pieces: 32 bytes.
+    virtual std::string hmacSha256(std::string_view key, const MakePieces& make) const = 0;
+    /// AES-256-GCM: hands out the base64 of as many bytes as `plain`, which is enciphered in its
+    /// place, and of the tag of 16. The key has 32 bytes, the nonce 12; `header` is authenticated
+    /// but not part of the result.
+    virtual void seal(std::string_view key, std::string_view nonce, std::string_view header,
+                      std::string plain, const TakePiece& take) const = 0;
+    /// The reverse of `seal` and of its base64, in its place, too; nothing when a byte of key,
+    /// nonce, header or `sealed` differs.
     virtual std::optional<std::string> open(std::string_view key, std::string_view nonce,
                                             std::string_view header, std::string sealed) const = 0;
 

@@ -2,14 +2,19 @@
 // The XML document model in which the database lives. A platform supplies an `XmlLibrary`
 // and an `XmlDocument`; the rest of the program sees elements only, never a library's nodes.
 
+#include <array>
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/pieces.h"
 
 namespace pelk {
 
@@ -36,6 +41,12 @@ class XmlLibrary {
 
     virtual std::string name(Node node) const = 0;
     virtual std::optional<std::string> attribute(Node node, const char* name) const = 0;
+    /// Fills `values` with those of the attributes named, and with empty text where there is none.
+    virtual void texts(Node node, std::span<const char* const> names,
+                       std::span<std::string> values) const {
+        for (std::size_t i = 0; i < names.size(); ++i)
+            values[i] = attribute(node, names[i]).value_or(std::string());
+    }
     virtual void setAttribute(Node node, const char* name, const std::string& value) const = 0;
     /// The neighbours below are elements; null when there is none.
     virtual Node firstChild(Node node) const = 0;
@@ -87,6 +98,14 @@ class XmlElement {
     }
     /// The attribute's value, empty when there is none.
     std::string text(const char* name) const { return attribute(name).value_or(std::string()); }
+    /// The same for several attributes at once: quickest in the order in which they stand.
+    template <typename... Names>
+    std::array<std::string, sizeof...(Names)> texts(Names... names) const {
+        const std::array<const char*, sizeof...(Names)> all{names...};
+        std::array<std::string, sizeof...(Names)> values;
+        library_->texts(node_, all, values);
+        return values;
+    }
     /// Changes the attribute in place, or adds it behind those that are there.
     void setAttribute(const char* name, const std::string& value) const {
         library_->setAttribute(node_, name, value);
@@ -144,11 +163,23 @@ class XmlDocument {
     /// The whole document as UTF-8, in the one form that every platform writes: the declaration
     /// `<?xml version="1.0" encoding="UTF-16"?>`, no white space between elements, attributes in
     /// order within double quotes, `<name/>` for an element without children, and in attributes
-    /// the characters & < " escaped by name.
-    virtual std::string xml() const = 0;
+    /// the characters & < " escaped by name. Each piece of it is handed to `watch` as well, as soon
+    /// as it is there.
+    virtual std::string xml(const TakePiece& watch) const = 0;
+    std::string xml() const {
+        return xml([](std::string_view) {});
+    }
 
     /// The root element; an empty reference when the document is empty.
     virtual XmlElement root() const = 0;
+
+    /// Does two things that read the document and change nothing in it: at once, where its library
+    /// can be read by several threads.
+    virtual void readSideBySide(const std::function<void()>& first,
+                                const std::function<void()>& second) const {
+        first();
+        second();
+    }
 };
 
 }  // namespace pelk

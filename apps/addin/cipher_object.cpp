@@ -64,7 +64,8 @@ void moveErrorTo(EXCEPINFO& exception) {
 HRESULT CipherObject::SetPlainText(BSTR text) {
     return reported([this, text] {
         cipherText_.clear();
-        cipher_.encipher(textOf(text), [this](std::string_view piece) { cipherText_ += piece; });
+        cipher_.encipher(readyText(textOf(text)),
+                         [this](std::string_view piece) { cipherText_ += piece; });
     });
 }
 

@@ -1,73 +1,129 @@
 #include "platform/desktop/openssl_crypto.h"
 
 #include <openssl/evp.h>
-#include <openssl/hmac.h>
 
 #include <algorithm>
 #include <climits>
 #include <memory>
 
-#include "platform/error.h"
+#include "platform/desktop/openssl_bytes.h"
+#include "platform/desktop/openssl_hmac.h"
+#include "platform/desktop/side_by_side.h"
 
 namespace pelk {
 namespace {
 
 constexpr std::size_t kTagSize = 16;
+/// How many bytes become one piece of base64: few enough for a processor's cache, and a multiple of
+/// the three that become whole characters.
+constexpr std::size_t kSliceSize = 3 << 18;
 
 using CipherContext = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
 
-const unsigned char* bytesOf(std::string_view text) {
-    return reinterpret_cast<const unsigned char*>(text.data());
-}
-
-unsigned char* bytesOf(std::string& text) {
-    return reinterpret_cast<unsigned char*>(text.data());
-}
-
-/// OpenSSL counts in int.
+/// OpenSSL counts in int, and what is written must be readable.
 int sizeOf(std::string_view text) {
     if (text.size() > INT_MAX / 2)
         throw Error("The database is too large to be enciphered.");
     return static_cast<int>(text.size());
 }
 
-void require(bool success) {
-    if (!success)
-        throw Error("The system's cryptographic library failed.");
-}
-
 CipherContext createContext() {
     CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
-    require(context != nullptr);
+    requireCrypto(context != nullptr);
     return context;
+}
+
+/// Makes `text` the base64 of the bytes.
+void encode(std::string_view bytes, std::string& text) {
+    // The library ends what it writes with a NUL, for which a string has room anyway.
+    text.resize((bytes.size() + 2) / 3 * 4);
+    EVP_EncodeBlock(bytesOf(text), bytesOf(bytes), sizeOf(bytes));
+}
+
+/// A text that is enciphered slice by slice, in its place.
+class Sealing {
+ public:
+    Sealing(std::string_view key, std::string_view nonce, std::string_view header,
+            std::string plain)
+        : context_(createContext()), plainSize_(sizeOf(plain)), text_(std::move(plain)) {
+        text_.resize(plainSize_ + kTagSize);
+        int size = 0;
+        requireCrypto(EVP_EncryptInit_ex(context_.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
+                                         bytesOf(nonce)) == 1);
+        requireCrypto(EVP_EncryptUpdate(context_.get(), nullptr, &size, bytesOf(header),
+                                        sizeOf(header)) == 1);
+    }
+
+    /// The next slice, enciphered; empty at the end.
+    std::string_view nextSlice() {
+        const std::string_view slice = std::string_view(text_).substr(done_, kSliceSize);
+        encipherUpTo(done_ + slice.size());
+        done_ += slice.size();
+        return slice;
+    }
+
+ private:
+    /// The tag behind the text may belong to what ends there.
+    void encipherUpTo(std::size_t end) {
+        const std::size_t plainEnd = std::min(end, plainSize_);
+        if (done_ < plainEnd) {
+            unsigned char* const bytes = bytesOf(text_) + done_;
+            int size = 0;
+            requireCrypto(EVP_EncryptUpdate(context_.get(), bytes, &size, bytes,
+                                            static_cast<int>(plainEnd - done_)) == 1);
+        }
+        if (end > plainSize_ && done_ <= plainSize_)
+            writeTag(bytesOf(text_) + plainSize_);
+    }
+    void writeTag(unsigned char* tag) {
+        int size = 0;
+        requireCrypto(EVP_EncryptFinal_ex(context_.get(), tag, &size) == 1);
+        requireCrypto(EVP_CIPHER_CTX_ctrl(context_.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) ==
+                      1);
+    }
+
+    CipherContext context_;
+    const std::size_t plainSize_;
+    /// The text, and the tag behind it.
+    std::string text_;
+    std::size_t done_ = 0;
+};
+
+/// Writes the bytes for base64 text of whole groups of four. Returns false when the library does
+/// not read it as that many bytes.
+bool decodeGroups(std::string_view text, char* bytes) {
+    const std::size_t size = text.size() / 4 * 3;
+    return EVP_DecodeBlock(reinterpret_cast<unsigned char*>(bytes), bytesOf(text), sizeOf(text)) ==
+           static_cast<int>(size);
+}
+
+/// The same, half by half.
+bool decode(std::string_view text, char* bytes) {
+    const std::size_t groups = text.size() / 8;
+    bool firstDecoded = false;
+    bool secondDecoded = false;
+    sideBySide([&] { firstDecoded = decodeGroups(text.substr(0, groups * 4), bytes); },
+               [&] { secondDecoded = decodeGroups(text.substr(groups * 4), bytes + groups * 3); });
+    return firstDecoded && secondDecoded;
 }
 
 }  // namespace
 
-std::string OpensslCrypto::hmacSha256(std::string_view key, std::string_view data) const {
-    std::string digest(EVP_MAX_MD_SIZE, '\0');
-    unsigned int size = 0;
-    require(HMAC(EVP_sha256(), key.data(), sizeOf(key), bytesOf(data), data.size(), bytesOf(digest),
-                 &size) != nullptr);
-    digest.resize(size);
-    return digest;
+std::string OpensslCrypto::hmacSha256(std::string_view key, const MakePieces& make) const {
+    OpensslHmac hmac(key);
+    make([&hmac](std::string_view piece) { hmac.add(piece); });
+    return hmac.digest();
 }
 
-std::string OpensslCrypto::seal(std::string_view key, std::string_view nonce,
-                                std::string_view header, std::string plain) const {
-    const CipherContext context = createContext();
-    const int plainSize = sizeOf(plain);
-    plain.resize(plain.size() + kTagSize);
-    int size = 0;
-    require(EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
-                               bytesOf(nonce)) == 1);
-    require(EVP_EncryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    require(EVP_EncryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(plain), plainSize) ==
-            1);
-    unsigned char* const tag = bytesOf(plain) + plainSize;
-    require(EVP_EncryptFinal_ex(context.get(), tag, &size) == 1);
-    require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) == 1);
-    return plain;
+/// While one piece is taken, the next is made. Two strings take turns, as fresh memory for each
+/// piece would cost as much as the work does.
+void OpensslCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
+                         std::string plain, const TakePiece& take) const {
+    Sealing sealing(key, nonce, header, std::move(plain));
+    std::string piece;
+    std::string next;
+    for (encode(sealing.nextSlice(), piece); !piece.empty(); piece.swap(next))
+        sideBySide([&] { encode(sealing.nextSlice(), next); }, [&] { take(piece); });
 }
 
 std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string_view nonce,
@@ -78,29 +134,29 @@ std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string
     std::string tag = sealed.substr(sealed.size() - kTagSize);
     sealed.resize(sealed.size() - kTagSize);
     int size = 0;
-    require(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
-                               bytesOf(nonce)) == 1);
-    require(EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    require(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
-                              sizeOf(sealed)) == 1);
-    require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) == 1);
+    requireCrypto(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
+                                     bytesOf(nonce)) == 1);
+    requireCrypto(
+        EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
+    requireCrypto(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
+                                    sizeOf(sealed)) == 1);
+    requireCrypto(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) ==
+                  1);
     if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) != 1)
         return std::nullopt;
     return sealed;
 }
 
 std::string OpensslCrypto::base64(std::string_view bytes) const {
-    // The library ends its text with a NUL, for which the string has room anyway.
-    std::string text((bytes.size() + 2) / 3 * 4, '\0');
-    EVP_EncodeBlock(bytesOf(text), bytesOf(bytes), sizeOf(bytes));
+    std::string text;
+    encode(bytes, text);
     return text;
 }
 
 std::optional<std::string> OpensslCrypto::fromBase64(std::string_view text) const {
     std::string bytes(text.size() / 4 * 3, '\0');
     // The library passes over blanks at either end.
-    if (text.size() % 4 != 0 ||
-        EVP_DecodeBlock(bytesOf(bytes), bytesOf(text), sizeOf(text)) != sizeOf(bytes))
+    if (text.size() % 4 != 0 || !decode(text, bytes.data()))
         return std::nullopt;
     // It reads "=" anywhere as no bits, and counts padding as bytes.
     const std::size_t padding = text.ends_with("==") ? 2 : text.ends_with('=') ? 1 : 0;

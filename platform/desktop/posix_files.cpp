@@ -49,6 +49,9 @@ class PosixWritableFile : public WritableFile {
             if (written > 0)
                 bytes.remove_prefix(static_cast<std::size_t>(written));
         }
+        // The disk sets to work while more is written. Whether it succeeds is for the flush to
+        // tell.
+        ::sync_file_range(descriptor_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
     }
 
     void flushToDisk() override {

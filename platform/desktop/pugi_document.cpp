@@ -3,6 +3,7 @@
 #include <pugixml.hpp>
 #include <utility>
 
+#include "platform/desktop/side_by_side.h"
 #include "platform/desktop/xml_strictness.h"
 
 namespace pelk {
@@ -34,6 +35,14 @@ class PugiLibrary : public XmlLibrary {
     std::optional<std::string> attribute(Node node, const char* name) const override {
         const pugi::xml_attribute attribute = wrap(node).attribute(name);
         return attribute ? std::optional<std::string>(attribute.value()) : std::nullopt;
+    }
+
+    void texts(Node node, std::span<const char* const> names,
+               std::span<std::string> values) const override {
+        // Each search begins where the last one ended.
+        pugi::xml_attribute next;
+        for (std::size_t i = 0; i < names.size(); ++i)
+            values[i] = wrap(node).attribute(names[i], next).value();
     }
 
     void setAttribute(Node node, const char* name, const std::string& value) const override {
@@ -94,15 +103,15 @@ const PugiLibrary& library() {
     return theLibrary;
 }
 
-class StringWriter : public pugi::xml_writer {
+class PieceWriter : public pugi::xml_writer {
  public:
-    explicit StringWriter(std::string& text) : text_(text) {}
+    explicit PieceWriter(const TakePiece& take) : take_(take) {}
     void write(const void* data, std::size_t size) override {
-        text_.append(static_cast<const char*>(data), size);
+        take_({static_cast<const char*>(data), size});
     }
 
  private:
-    std::string& text_;
+    const TakePiece& take_;
 };
 
 class PugiDocument : public XmlDocument {
@@ -125,14 +134,23 @@ class PugiDocument : public XmlDocument {
 
     std::string parseError() const override { return error_; }
 
-    std::string xml() const override {
+    std::string xml(const TakePiece& watch) const override {
         std::string text;
         // It is about as long as what was loaded.
         text.reserve(text_.size() + text_.size() / 8);
-        text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
-        StringWriter writer(text);
+        const TakePiece take = [&](std::string_view piece) {
+            text += piece;
+            watch(piece);
+        };
+        take("<?xml version=\"1.0\" encoding=\"UTF-16\"?>");
+        PieceWriter writer(take);
         document_.document_element().print(writer, "", pugi::format_raw, pugi::encoding_utf8);
         return text;
+    }
+
+    void readSideBySide(const std::function<void()>& first,
+                        const std::function<void()>& second) const override {
+        sideBySide(first, second);
     }
 
     XmlElement root() const override { return {library(), unwrap(document_.document_element())}; }

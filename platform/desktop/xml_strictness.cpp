@@ -4,9 +4,11 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <pugixml.hpp>
 #include <vector>
 
+#include "platform/desktop/side_by_side.h"
 #include "platform/utf8.h"
 
 namespace pelk {
@@ -78,22 +80,59 @@ bool hasStrayReference(std::string_view text) {
     }
 }
 
-/// Finds the first element with an attribute twice, however deep the document is nested.
+/// Finds the first element with an attribute twice, at a node or below it, however deep.
 class DoubledAttribute : public pugi::xml_tree_walker {
  public:
+    bool begin(pugi::xml_node& node) override { return for_each(node); }
     bool for_each(pugi::xml_node& node) override {
         names_.clear();
         for (auto at = node.first_attribute(); at; at = at.next_attribute())
-            names_.emplace_back(at.name());
-        std::sort(names_.begin(), names_.end());
-        found = std::adjacent_find(names_.begin(), names_.end()) != names_.end();
+            names_.push_back(at.name());
+        found = names_.size() <= kFew ? comparesEqual() : sortsEqual();
         return !found;
     }
     bool found = false;
 
  private:
-    std::vector<std::string_view> names_;
+    /// Of so many names, comparing each with each is quicker than sorting them.
+    static constexpr std::size_t kFew = 8;
+
+    bool comparesEqual() const {
+        for (auto name = names_.begin(); name != names_.end(); ++name)
+            for (auto other = names_.begin(); other != name; ++other)
+                if (std::strcmp(*name, *other) == 0)
+                    return true;
+        return false;
+    }
+    bool sortsEqual() const {
+        std::vector<std::string_view> sorted(names_.begin(), names_.end());
+        std::sort(sorted.begin(), sorted.end());
+        return std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end();
+    }
+
+    std::vector<const char*> names_;
 };
+
+bool hasDoubledAttribute(pugi::xml_node node) {
+    DoubledAttribute doubled;
+    node.traverse(doubled);
+    return doubled.found;
+}
+
+/// The same for a whole document. Below the root of a database stand two large elements.
+bool hasDoubledAttribute(const pugi::xml_document& document) {
+    pugi::xml_node root = document.document_element();
+    bool inFirst = false;
+    bool inRest = false;
+    sideBySide([&] { inFirst = hasDoubledAttribute(root.first_child()); },
+               [&] {
+                   inRest = !DoubledAttribute().for_each(root);
+                   for (auto at = root.first_child().next_sibling(); at && !inRest;
+                        at = at.next_sibling())
+                       inRest = hasDoubledAttribute(at);
+               });
+    return inFirst || inRest;
+}
 
 }  // namespace
 
@@ -116,9 +155,7 @@ std::string faultOfDocument(const pugi::xml_document& document) {
     }
     if (roots != 1)
         return std::to_string(roots) + " root elements";
-    DoubledAttribute doubled;
-    document.root().traverse(doubled);
-    return doubled.found ? "an attribute that stands twice" : "";
+    return hasDoubledAttribute(document) ? "an attribute that stands twice" : "";
 }
 
 }  // namespace pelk

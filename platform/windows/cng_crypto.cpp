@@ -14,6 +14,9 @@ namespace {
 
 constexpr std::size_t kTagSize = 16;
 constexpr std::size_t kDigestSize = 32;
+/// How many bytes become one piece of base64: few enough for a processor's cache, and a multiple of
+/// the three that become whole characters.
+constexpr std::size_t kSliceSize = 3 << 16;
 /// STATUS_AUTH_TAG_MISMATCH, whose header cannot be used beside windows.h.
 constexpr NTSTATUS kTagMismatch = static_cast<NTSTATUS>(0xC000A002);
 
@@ -88,17 +91,19 @@ BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO modeInfo(std::string_view nonce, std::stri
 
 }  // namespace
 
-std::string CngCrypto::hmacSha256(std::string_view key, std::string_view data) const {
+std::string CngCrypto::hmacSha256(std::string_view key, const MakePieces& make) const {
     Algorithm algorithm(BCRYPT_SHA256_ALGORITHM, BCRYPT_ALG_HANDLE_HMAC_FLAG);
     const BCRYPT_HASH_HANDLE hash = algorithm.createHash(key);
     std::string digest(kDigestSize, '\0');
-    require(BCryptHashData(hash, bytesOf(data), sizeOf(data), 0) >= 0);
+    make([hash](std::string_view piece) {
+        require(BCryptHashData(hash, bytesOf(piece), sizeOf(piece), 0) >= 0);
+    });
     require(BCryptFinishHash(hash, bytesOf(digest), sizeOf(digest), 0) >= 0);
     return digest;
 }
 
-std::string CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
-                            std::string plain) const {
+void CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
+                     std::string plain, const TakePiece& take) const {
     Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
     const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
     const ULONG size = sizeOf(plain);
@@ -109,7 +114,11 @@ std::string CngCrypto::seal(std::string_view key, std::string_view nonce, std::s
     require(BCryptEncrypt(handle, bytesOf(plain), size, &info, nullptr, 0, bytesOf(plain), size,
                           &written, 0) >= 0);
     require(written == size);
-    return plain;
+    for (std::string_view rest = plain; !rest.empty();) {
+        const std::string_view slice = rest.substr(0, kSliceSize);
+        take(base64(slice));
+        rest.remove_prefix(slice.size());
+    }
 }
 
 std::optional<std::string> CngCrypto::open(std::string_view key, std::string_view nonce,

@@ -238,13 +238,15 @@ class MsxmlDocument : public XmlDocument {
 
     std::string parseError() const override { return error_; }
 
-    std::string xml() const override {
+    std::string xml(const TakePiece& watch) const override {
         ComPtr<IXMLDOMElement> element;
         Bstr text;
         document_->get_documentElement(element.put());
         if (element)
             require(element->get_xml(text.put()), "write a document");
-        return inOneForm(text.utf8());
+        std::string xml = inOneForm(text.utf8());
+        watch(xml);
+        return xml;
     }
 
     XmlElement root() const override {

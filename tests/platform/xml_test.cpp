@@ -27,9 +27,10 @@ TEST_F(XmlTest, refusesWhatIsNoOneWellFormedDocument) {
     using namespace std::literals;
     for (const std::string& text :
          {""s, "text"s, "<a>"s, "<a></b>"s, "<a/><b/>"s, "<a/>junk"s, "<a b='1' b='2'/>"s,
-          "<a><b c='' d='' c=''/></a>"s, "<a b='&lt; & y'/>"s, "<a b='&unknown;'/>"s,
-          "<a b='&#0;'/>"s, "<a b='&#xD800;'/>"s, "<a b='\x01'/>"s, "<a b='\xFF'/>"s,
-          "<a b='\0'/>"s, "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>"s}) {
+          "<a><b c='' d='' c=''/></a>"s, "<a><b/><c d='' d=''/></a>"s,
+          "<a b='' c='' d='' e='' f='' g='' h='' i='' j='' b=''/>"s, "<a b='&lt; & y'/>"s,
+          "<a b='&unknown;'/>"s, "<a b='&#0;'/>"s, "<a b='&#xD800;'/>"s, "<a b='\x01'/>"s,
+          "<a b='\xFF'/>"s, "<a b='\0'/>"s, "<!DOCTYPE a [<!ENTITY e 'x'>]><a/>"s}) {
         EXPECT_FALSE(document->loadXml(text)) << text;
         EXPECT_NE(document->parseError(), "");
         EXPECT_FALSE(document->root());
@@ -64,6 +65,8 @@ TEST_F(XmlTest, walksAndEditsElements) {
     a.setAttribute("y", "");
     EXPECT_EQ(a.attribute("y"), "");
     a.setAttribute("x", "2");
+    EXPECT_EQ(a.texts("x", "y"), (std::array<std::string, 2>{"2", ""}));
+    EXPECT_EQ(a.texts("z", "y", "x"), (std::array<std::string, 3>{"", "", "2"}));
     const XmlElement added = root.appendElement("c");
     EXPECT_EQ(root.select("c").front(), added);
     a.nextSibling().remove();
@@ -85,6 +88,31 @@ TEST_F(XmlTest, copiesElementsFromAnyDocument) {
     EXPECT_EQ(xml.substr(xml.find("<r>")),
               "<r><a x=\"1\"><b>text</b></a><c/><a x=\"4\"><b>text</b></a>"
               "<a x=\"2&quot;\"><d y=\"3\"/></a></r>");
+}
+
+TEST_F(XmlTest, handsOverAsItWrites) {
+    std::string text = "<r>";
+    for (int i = 0; i < 10000; ++i)
+        text += "<a x=\"" + std::to_string(i) + "\"/>";
+    ASSERT_TRUE(document->loadXml(text + "</r>"));
+    std::string pieces;
+    const std::string xml = document->xml([&](std::string_view piece) { pieces += piece; });
+    EXPECT_EQ(pieces, xml);
+    EXPECT_TRUE(xml.ends_with(text + "</r>"));
+}
+
+TEST_F(XmlTest, readsTwoThingsAtOnce) {
+    ASSERT_TRUE(document->loadXml("<r><a x='1'/><b x='2'/></r>"));
+    const XmlElement a = document->root().firstChild();
+    std::string first;
+    std::string second;
+    document->readSideBySide([&] { first = a.text("x"); },
+                             [&] { second = a.nextSibling().text("x"); });
+    EXPECT_EQ(first + second, "12");
+    const auto fail = [] { throw Error("unreadable"); };
+    const auto pass = [] {};
+    EXPECT_THROW(document->readSideBySide(fail, pass), Error);
+    EXPECT_THROW(document->readSideBySide(pass, fail), Error);
 }
 
 TEST_F(XmlTest, selectsInDocumentOrder) {
