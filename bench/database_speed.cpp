@@ -2,7 +2,6 @@
 // it keeps a database.
 
 #include <fcntl.h>
-#include <malloc.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -21,11 +20,6 @@ void writeAndFlush(const std::string& path, const std::string& content) {
         ::fsync(file) != 0)
         std::exit(1);
     ::close(file);
-}
-
-/// A program that opens its database has just started, and gets its memory from the system.
-void giveMemoryBack() {
-    ::malloc_trim(0);
 }
 
 /// Waits until the system is through with what a save left it to do.

@@ -1,5 +1,6 @@
 #include "bench/opening.h"
 
+#include <malloc.h>
 #include <openssl/evp.h>
 
 #include <cstdio>
@@ -34,6 +35,10 @@ LargeStore::LargeStore(const std::string& folder)
     : desktop(folder), platform(desktop.with(dialogs)), storage(platform) {
     storage.saveDatabase(*storage.parse(makeLargeDocument(kMostContacts, kManyRelations)));
     path = platform.files.join(*storage.databaseFolder(), "pelk.db");
+}
+
+void giveMemoryBack() {
+    ::malloc_trim(0);
 }
 
 BareOpening::BareOpening(std::string xml) {

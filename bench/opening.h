@@ -38,6 +38,10 @@ class LargeStore {
     std::string path;
 };
 
+/// Gives memory back to the system. A program that opens its database has just started, and gets
+/// its memory from there.
+void giveMemoryBack();
+
 /// Deciphering and parsing alone, with nothing checked and nothing kept.
 class BareOpening {
  public:

@@ -82,6 +82,7 @@ class ViewSpeed {
     void closeView() {
         form_.reset();
         database_.reset();
+        giveMemoryBack();
     }
     void openView() {
         database_ = store_.storage.loadDatabase();
@@ -102,7 +103,7 @@ class ViewSpeed {
         const BareOpening bare(database_->xml());
         compare("Opening it up to the relations view on the screen",
                 {[&] { openView(); }, [&] { closeView(); }}, "deciphering and pugixml alone",
-                {[&] { bare.run(); }}, 2);
+                {[&] { bare.run(); }, giveMemoryBack}, 2);
     }
 
     void compareFilling() {
