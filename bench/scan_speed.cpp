@@ -49,11 +49,11 @@ void compareMaildir(const std::string& path, const char* cache, int rounds) {
 }
 
 void compareProgram(const std::string& mbox, const std::string& name, const std::string& command,
-                    int rounds, const Work& work, double limit) {
+                    const Work& work, double limit) {
     const std::string question = "The same";
     if (!isInstalled(command))
         return printSkipped(question, command + " is not installed");
-    const auto times = medians(rounds, {{[&] { scanAnew(mbox); }}, work});
+    const auto times = medians(3, {{[&] { scanAnew(mbox); }}, work});
     print({question, "warm", times[0], name, times[1], "ms", limit});
 }
 
@@ -72,10 +72,10 @@ int main(int argc, char** argv) {
     pelk::compareMbox(mbox, "cold", 3);
     for (const std::string way : {"search", "parser"})
         pelk::compareProgram(
-            mbox, "Python, headers alone, " + way, "python3", 3,
+            mbox, "Python, headers alone, " + way, "python3",
             {[&] { pelk::run("python3 " PELK_BENCH_SCRIPT " " + way + ' ' + mbox); }}, 1.0 / 15);
     const std::string index = folder + "/mu";
-    pelk::compareProgram(mbox, "mu index of as many in a Maildir (bodies, too)", "mu", 1,
+    pelk::compareProgram(mbox, "mu index of as many in a Maildir (bodies, too)", "mu",
                          {[&] { pelk::run("mu index --muhome=" + index); },
                           [&] {
                               pelk::run("rm -rf " + index + " && mu init --muhome=" + index +
