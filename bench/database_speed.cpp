@@ -6,7 +6,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <thread>
 
 #include "bench/measure.h"
 #include "bench/opening.h"
@@ -22,9 +21,12 @@ void writeAndFlush(const std::string& path, const std::string& content) {
     ::close(file);
 }
 
-/// Waits until the system is through with what a save left it to do.
+/// Waits until the system is through with what a save left it to do. The processor stays awake, as
+/// it is after a scan or a command.
 void settle() {
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
+    while (std::chrono::steady_clock::now() < end) {
+    }
 }
 
 void compareOpening(LargeStore& store) {

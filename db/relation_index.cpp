@@ -1,10 +1,9 @@
 #include "db/relation_index.h"
 
-#include <optional>
-#include <string>
 #include <utility>
 
 namespace pelk {
+
 /// Calls the visitor with each end that is found, and its partner.
 template <typename Visit>
 void RelationIndex::forEachEnd(const Ends& ends, const Visit& visit) {
@@ -15,8 +14,7 @@ void RelationIndex::forEachEnd(const Ends& ends, const Visit& visit) {
         visit(static_cast<std::size_t>(id2), id1);
 }
 
-/// The places of each contact are counted first: making them grow one by one takes longer than all
-/// else here.
+/// The places of each contact are counted first, so that none of their lists has to grow.
 RelationIndex::RelationIndex(const XmlElement& container) {
     std::vector<Ends> ends;
     std::vector<std::size_t> counts(byContact_.size());
@@ -101,7 +99,7 @@ XmlElement RelationIndex::take(RelationEntry& entry) {
 void RelationIndex::closeManyGaps() {
     if (gaps_ <= count())
         return;
-    std::deque<RelationEntry> entries = std::exchange(entries_, {});
+    std::vector<RelationEntry> entries = std::exchange(entries_, {});
     gaps_ = 0;
     for (const RelationEntry& entry : entries) {
         byContact_[static_cast<std::size_t>(entry.relation.part1)].clear();

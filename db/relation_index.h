@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <vector>
 
 #include "db/numbers.h"
@@ -81,7 +80,7 @@ class RelationIndex {
     void closeManyGaps();
 
     /// In document order; a gap has no element.
-    std::deque<RelationEntry> entries_;
+    std::vector<RelationEntry> entries_;
     std::size_t gaps_ = 0;
     /// The places of each contact's relations, gaps among them, in document order.
     std::vector<Places> byContact_ = std::vector<Places>(kMaxContactId + 1);

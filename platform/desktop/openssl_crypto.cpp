@@ -1,24 +1,38 @@
 #include "platform/desktop/openssl_crypto.h"
 
+#include <openssl/core_names.h>
 #include <openssl/evp.h>
+#include <openssl/params.h>
 
 #include <algorithm>
 #include <climits>
 #include <memory>
+#include <utility>
 
-#include "platform/desktop/openssl_bytes.h"
-#include "platform/desktop/openssl_hmac.h"
+#include "platform/desktop/hand_over.h"
 #include "platform/desktop/side_by_side.h"
+#include "platform/error.h"
 
 namespace pelk {
 namespace {
 
 constexpr std::size_t kTagSize = 16;
+constexpr std::size_t kDigestSize = 32;
+/// How many bytes are handed over to be hashed.
+constexpr std::size_t kBlockSize = 1U << 20U;
 /// How many bytes become one piece of base64: few enough for a processor's cache, and a multiple of
 /// the three that become whole characters.
 constexpr std::size_t kSliceSize = 3 << 18;
 
 using CipherContext = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
+
+const unsigned char* bytesOf(std::string_view text) {
+    return reinterpret_cast<const unsigned char*>(text.data());
+}
+
+unsigned char* bytesOf(std::string& text) {
+    return reinterpret_cast<unsigned char*>(text.data());
+}
 
 /// OpenSSL counts in int, and what is written must be readable.
 int sizeOf(std::string_view text) {
@@ -27,17 +41,48 @@ int sizeOf(std::string_view text) {
     return static_cast<int>(text.size());
 }
 
-CipherContext createContext() {
-    CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
-    requireCrypto(context != nullptr);
-    return context;
+void require(bool success) {
+    if (!success)
+        throw Error("The system's cryptographic library failed.");
 }
 
-/// Makes `text` the base64 of the bytes.
-void encode(std::string_view bytes, std::string& text) {
-    // The library ends what it writes with a NUL, for which a string has room anyway.
-    text.resize((bytes.size() + 2) / 3 * 4);
-    EVP_EncodeBlock(bytesOf(text), bytesOf(bytes), sizeOf(bytes));
+class Hmac {
+ public:
+    explicit Hmac(std::string_view key) : context_(createContext(), &EVP_MAC_CTX_free) {
+        char digest[] = "SHA256";
+        const OSSL_PARAM parameters[] = {
+            OSSL_PARAM_construct_utf8_string(OSSL_MAC_PARAM_DIGEST, digest, 0),
+            OSSL_PARAM_construct_end()};
+        require(context_ != nullptr &&
+                EVP_MAC_init(context_.get(), bytesOf(key), key.size(), parameters) == 1);
+    }
+
+    void add(std::string_view text) {
+        require(EVP_MAC_update(context_.get(), bytesOf(text), text.size()) == 1);
+    }
+
+    std::string digest() {
+        std::string digest(kDigestSize, '\0');
+        std::size_t size = 0;
+        require(EVP_MAC_final(context_.get(), bytesOf(digest), &size, digest.size()) == 1 &&
+                size == digest.size());
+        return digest;
+    }
+
+ private:
+    static EVP_MAC_CTX* createContext() {
+        const std::unique_ptr<EVP_MAC, decltype(&EVP_MAC_free)> hmac(
+            EVP_MAC_fetch(nullptr, OSSL_MAC_NAME_HMAC, nullptr), &EVP_MAC_free);
+        return hmac ? EVP_MAC_CTX_new(hmac.get()) : nullptr;
+    }
+
+    std::unique_ptr<EVP_MAC_CTX, decltype(&EVP_MAC_CTX_free)> context_;
+};
+
+CipherContext createContext() {
+    CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
+    require(context != nullptr);
+    return context;
 }
 
 /// A text that is enciphered slice by slice, in its place.
@@ -48,10 +93,10 @@ class Sealing {
         : context_(createContext()), plainSize_(sizeOf(plain)), text_(std::move(plain)) {
         text_.resize(plainSize_ + kTagSize);
         int size = 0;
-        requireCrypto(EVP_EncryptInit_ex(context_.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
-                                         bytesOf(nonce)) == 1);
-        requireCrypto(EVP_EncryptUpdate(context_.get(), nullptr, &size, bytesOf(header),
-                                        sizeOf(header)) == 1);
+        require(EVP_EncryptInit_ex(context_.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
+                                   bytesOf(nonce)) == 1);
+        require(EVP_EncryptUpdate(context_.get(), nullptr, &size, bytesOf(header),
+                                  sizeOf(header)) == 1);
     }
 
     /// The next slice, enciphered; empty at the end.
@@ -69,17 +114,16 @@ class Sealing {
         if (done_ < plainEnd) {
             unsigned char* const bytes = bytesOf(text_) + done_;
             int size = 0;
-            requireCrypto(EVP_EncryptUpdate(context_.get(), bytes, &size, bytes,
-                                            static_cast<int>(plainEnd - done_)) == 1);
+            require(EVP_EncryptUpdate(context_.get(), bytes, &size, bytes,
+                                      static_cast<int>(plainEnd - done_)) == 1);
         }
         if (end > plainSize_ && done_ <= plainSize_)
             writeTag(bytesOf(text_) + plainSize_);
     }
     void writeTag(unsigned char* tag) {
         int size = 0;
-        requireCrypto(EVP_EncryptFinal_ex(context_.get(), tag, &size) == 1);
-        requireCrypto(EVP_CIPHER_CTX_ctrl(context_.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) ==
-                      1);
+        require(EVP_EncryptFinal_ex(context_.get(), tag, &size) == 1);
+        require(EVP_CIPHER_CTX_ctrl(context_.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) == 1);
     }
 
     CipherContext context_;
@@ -109,21 +153,32 @@ bool decode(std::string_view text, char* bytes) {
 
 }  // namespace
 
+/// What has come is hashed while more is made.
 std::string OpensslCrypto::hmacSha256(std::string_view key, const MakePieces& make) const {
-    OpensslHmac hmac(key);
-    make([&hmac](std::string_view piece) { hmac.add(piece); });
+    Hmac hmac(key);
+    std::string block;
+    HandOver hashing([&hmac](std::string_view full) { hmac.add(full); });
+    make([&](std::string_view piece) {
+        block += piece;
+        if (block.size() < kBlockSize)
+            return;
+        std::string next;
+        next.reserve(block.capacity());
+        hashing.add(std::exchange(block, std::move(next)));
+    });
+    hashing.finish();
+    hmac.add(block);
     return hmac.digest();
 }
 
-/// While one piece is taken, the next is made. Two strings take turns, as fresh memory for each
-/// piece would cost as much as the work does.
+/// What has been enciphered is taken while more is.
 void OpensslCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
                          std::string plain, const TakePiece& take) const {
     Sealing sealing(key, nonce, header, std::move(plain));
-    std::string piece;
-    std::string next;
-    for (encode(sealing.nextSlice(), piece); !piece.empty(); piece.swap(next))
-        sideBySide([&] { encode(sealing.nextSlice(), next); }, [&] { take(piece); });
+    HandOver taking(take);
+    for (std::string_view slice = sealing.nextSlice(); !slice.empty(); slice = sealing.nextSlice())
+        taking.add(base64(slice));
+    taking.finish();
 }
 
 std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string_view nonce,
@@ -134,22 +189,21 @@ std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string
     std::string tag = sealed.substr(sealed.size() - kTagSize);
     sealed.resize(sealed.size() - kTagSize);
     int size = 0;
-    requireCrypto(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
-                                     bytesOf(nonce)) == 1);
-    requireCrypto(
-        EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
-    requireCrypto(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
-                                    sizeOf(sealed)) == 1);
-    requireCrypto(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) ==
-                  1);
+    require(EVP_DecryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
+                               bytesOf(nonce)) == 1);
+    require(EVP_DecryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
+    require(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
+                              sizeOf(sealed)) == 1);
+    require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) == 1);
     if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) != 1)
         return std::nullopt;
     return sealed;
 }
 
 std::string OpensslCrypto::base64(std::string_view bytes) const {
-    std::string text;
-    encode(bytes, text);
+    // The library ends its text with a NUL, for which the string has room anyway.
+    std::string text((bytes.size() + 2) / 3 * 4, '\0');
+    EVP_EncodeBlock(bytesOf(text), bytesOf(bytes), sizeOf(bytes));
     return text;
 }
 

@@ -1,6 +1,5 @@
 #include "platform/desktop/pugi_document.h"
 
-#include <cstring>
 #include <pugixml.hpp>
 #include <utility>
 
@@ -47,10 +46,7 @@ class PugiLibrary : public XmlLibrary {
     }
 
     void setAttribute(Node node, const char* name, const std::string& value) const override {
-        // A relation's weight, which changes most, is its last attribute.
-        pugi::xml_attribute attribute = wrap(node).last_attribute();
-        if (std::strcmp(attribute.name(), name) != 0)
-            attribute = wrap(node).attribute(name);
+        pugi::xml_attribute attribute = wrap(node).attribute(name);
         if (!attribute)
             attribute = wrap(node).append_attribute(name);
         attribute.set_value(value.c_str());
