@@ -18,7 +18,7 @@ class Crypto {
     virtual std::string hmacSha256(std::string_view key, const MakePieces& make) const = 0;
     /// AES-256-GCM: hands out the base64 of as many bytes as `plain`, which is enciphered in its
     /// place, and of the tag of 16. The key has 32 bytes, the nonce 12; `header` is authenticated
-    /// but not part of the result.
+    /// but not part of the result. `take` may be called on another thread.
     virtual void seal(std::string_view key, std::string_view nonce, std::string_view header,
                       std::string plain, const TakePiece& take) const = 0;
     /// The reverse of `seal` and of its base64, in its place, too; nothing when a byte of key,
