@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <pugixml.hpp>
 #include <vector>
 
@@ -87,30 +86,15 @@ class DoubledAttribute : public pugi::xml_tree_walker {
     bool for_each(pugi::xml_node& node) override {
         names_.clear();
         for (auto at = node.first_attribute(); at; at = at.next_attribute())
-            names_.push_back(at.name());
-        found = names_.size() <= kFew ? comparesEqual() : sortsEqual();
+            names_.emplace_back(at.name());
+        std::sort(names_.begin(), names_.end());
+        found = std::adjacent_find(names_.begin(), names_.end()) != names_.end();
         return !found;
     }
     bool found = false;
 
  private:
-    /// Of so many names, comparing each with each is quicker than sorting them.
-    static constexpr std::size_t kFew = 8;
-
-    bool comparesEqual() const {
-        for (auto name = names_.begin(); name != names_.end(); ++name)
-            for (auto other = names_.begin(); other != name; ++other)
-                if (std::strcmp(*name, *other) == 0)
-                    return true;
-        return false;
-    }
-    bool sortsEqual() const {
-        std::vector<std::string_view> sorted(names_.begin(), names_.end());
-        std::sort(sorted.begin(), sorted.end());
-        return std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end();
-    }
-
-    std::vector<const char*> names_;
+    std::vector<std::string_view> names_;
 };
 
 bool hasDoubledAttribute(pugi::xml_node node) {

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
-#include <future>
 #include <string_view>
 
 #include "platform/desktop/mail/mail_text.h"
 #include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/side_by_side.h"
 
 namespace pelk {
 namespace {
@@ -136,9 +136,7 @@ std::vector<Part> scanParts(const MailFile& file) {
         for (std::size_t i = next++; i < parts.size(); i = next++)
             parts[i] = scan.run(i * kPartSize);
     };
-    std::future<void> others = std::async(std::launch::async | std::launch::deferred, scanSome);
-    scanSome();
-    others.get();
+    sideBySide(scanSome, scanSome);
     return parts;
 }
 
