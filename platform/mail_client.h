@@ -4,11 +4,13 @@
 // Every operation may fail with an `Error`: a mail system refuses, a message is broken. Objects
 // are cheap references; each is released as soon as its receiver lets go of it.
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/clock.h"
 #include "platform/error.h"
@@ -27,11 +29,26 @@ class NotAMailItem : public Error {
     NotAMailItem() : Error("The item is not an e-mail.") {}
 };
 
+/// The folders that every mail client has for a purpose of its own.
+enum class DefaultFolder { Outbox, DeletedItems, Drafts, Junk };
+
 class MailItem {
  public:
     virtual ~MailItem() = default;
     /// When the item came into its store.
     virtual LocalTime creationTime() = 0;
+    /// Whether the item's own time lies after the last change of its store, so that `creationTime`
+    /// is a guess which may be a later one after the next change.
+    virtual bool isDatedAhead() { return false; }
+    /// The Message-ID (RFC 5322, 3.6.4) without its brackets; empty when the item has none, or the
+    /// client does not tell copies of an e-mail apart.
+    virtual std::string messageId() { return {}; }
+    /// A number that is the same whenever this e-mail is read again, wherever it lies by then; 0
+    /// when the client cannot tell.
+    virtual std::uint64_t fingerprint() { return 0; }
+    /// The default folder in which the item's own labels put it, for a client that files e-mails by
+    /// labels; nothing when they put it in none.
+    virtual std::optional<DefaultFolder> labelledFolder() { return std::nullopt; }
     /// Whom a reply to this e-mail would go to first: its sender. Nothing when it has none.
     virtual std::optional<MailPerson> replyRecipient() = 0;
     /// Direct, copy and blind-copy recipients, in order.
@@ -58,6 +75,9 @@ class MailFolder {
  public:
     virtual ~MailFolder() = default;
     virtual std::string name() = 0;
+    /// Where the folder lies. The place of a folder inside another one begins with the place of
+    /// that one and "/". Empty when the client cannot tell its stores apart.
+    virtual std::string place() { return {}; }
     virtual int defaultItemType() = 0;
     virtual std::unique_ptr<MailFolders> folders() = 0;
     virtual int itemCount() = 0;
@@ -65,13 +85,15 @@ class MailFolder {
     virtual std::shared_ptr<MailItem> mailItem(int index) = 0;
 };
 
-enum class DefaultFolder { DeletedItems = 3, Outbox = 4 };
-
 class MailSession {
  public:
     virtual ~MailSession() = default;
     /// The top-level folders, one per message store.
     virtual std::unique_ptr<MailFolders> folders() = 0;
+    /// The default folders whose items are not counted.
+    virtual std::vector<DefaultFolder> leftOutFolders() {
+        return {DefaultFolder::Outbox, DefaultFolder::DeletedItems};
+    }
     /// Whether `folder` is the session's folder for that purpose.
     virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
 };

@@ -51,9 +51,9 @@ void Scanner::scanTree(std::unique_ptr<MailFolders> folders) {
 /// Leaves out the items of the outbox and of the deleted items, but not the folders inside them:
 /// what is filed there is meant to be kept.
 void Scanner::scanFolder(MailFolder& folder) {
-    if (session_->isDefaultFolder(folder, DefaultFolder::Outbox) ||
-        session_->isDefaultFolder(folder, DefaultFolder::DeletedItems))
-        return;
+    for (const DefaultFolder kind : session_->leftOutFolders())
+        if (session_->isDefaultFolder(folder, kind))
+            return;
     progress_.folderStarted(folder.name());
     const int count = folder.itemCount();
     progress_.itemsCounted(count);

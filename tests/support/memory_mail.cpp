@@ -74,7 +74,17 @@ class Session : public MailSession {
     explicit Session(const std::vector<MemoryFolder>& stores) : stores_(stores) {}
     std::unique_ptr<MailFolders> folders() override { return walk(stores_); }
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
-        return folder.name() == (kind == DefaultFolder::Outbox ? "Outbox" : "Deleted Items");
+        switch (kind) {
+            case DefaultFolder::Outbox:
+                return folder.name() == "Outbox";
+            case DefaultFolder::DeletedItems:
+                return folder.name() == "Deleted Items";
+            case DefaultFolder::Drafts:
+                return folder.name() == "Drafts";
+            case DefaultFolder::Junk:
+                break;
+        }
+        return folder.name() == "Junk";
     }
 
  private:

@@ -153,11 +153,9 @@ Served serveFolders(StandInMail& mail, const std::vector<MemoryFolder>& folders,
 
 Served serveDefaultFolder(StandInMail& mail, const Arguments& arguments) {
     const MemoryFolder& store = mail.stores.front();
-    for (const auto& [kind, name] : {std::pair(DefaultFolder::Outbox, "Outbox"),
-                                     std::pair(DefaultFolder::DeletedItems, "Deleted Items")})
+    for (const auto& [number, name] : {std::pair(4, "Outbox"), std::pair(3, "Deleted Items")})
         for (const MemoryFolder& folder : store.folders)
-            if (arguments.size() == 1 && arguments[0].lVal == static_cast<int>(kind) &&
-                folder.name == name)
+            if (arguments.size() == 1 && arguments[0].lVal == number && folder.name == name)
                 return serveFolder(mail, folder, "/" + store.name + "/" + name);
     raiseUnknown("There is no such folder.");
 }

@@ -130,6 +130,8 @@ class DiskSession : public MailSession {
     }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
+        if (kind != DefaultFolder::Outbox && kind != DefaultFolder::DeletedItems)
+            return false;
         const std::vector<std::string>& names =
             kind == DefaultFolder::Outbox ? options_.outboxNames : options_.deletedNames;
         const std::string wanted = foldCase(folder.name());

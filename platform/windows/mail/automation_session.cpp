@@ -10,6 +10,21 @@ namespace {
 
 constexpr const char* kFolder = "a folder";
 
+/// The number by which the mail client knows a default folder (`OlDefaultFolders`).
+int numberOf(DefaultFolder kind) {
+    switch (kind) {
+        case DefaultFolder::DeletedItems:
+            return 3;
+        case DefaultFolder::Outbox:
+            return 4;
+        case DefaultFolder::Drafts:
+            return 16;
+        case DefaultFolder::Junk:
+            break;
+    }
+    return 23;
+}
+
 std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
                                          std::shared_ptr<DirectoryAddresses> addresses);
 
@@ -71,7 +86,7 @@ class AutomationSession : public MailSession {
     /// Folders are compared by their ids, as the same folder is another object each time.
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const Dispatch wanted =
-            nameSpace_.object("GetDefaultFolder", kFolder, {variantOf(static_cast<int>(kind))});
+            nameSpace_.object("GetDefaultFolder", kFolder, {variantOf(numberOf(kind))});
         return dynamic_cast<AutomationFolder&>(folder).entryId() == wanted.text("EntryID");
     }
 
