@@ -98,6 +98,11 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
         members_.push_back({std::move(call), {}});
     }
 
+    static HRESULT CALLBACK fillIn(EXCEPINFO* exception) {
+        std::swap(exception->bstrDescription, exception->bstrHelpFile);
+        return S_OK;
+    }
+
     /// The text is filled in when it is asked for, which a caller must not forget.
     static HRESULT raise(const Raised& raised, EXCEPINFO* exception) {
         if (raised.text.empty() || exception == nullptr)
@@ -105,10 +110,7 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
         *exception = {};
         exception->scode = raised.code;
         exception->bstrHelpFile = Bstr(raised.text).detach();
-        exception->pfnDeferredFillIn = [](EXCEPINFO* filled) {
-            std::swap(filled->bstrDescription, filled->bstrHelpFile);
-            return S_OK;
-        };
+        exception->pfnDeferredFillIn = fillIn;
         return DISP_E_EXCEPTION;
     }
 

@@ -31,16 +31,18 @@ HWND openBox() {
     return nullptr;
 }
 
+void CALLBACK actWhenShown(HWND, UINT, UINT_PTR timer, DWORD) {
+    if (const HWND box = findShown()) {
+        KillTimer(nullptr, timer);
+        whenShownAct(box);
+    }
+}
+
 /// Runs `act` on the box as soon as `find` finds one.
 void whenShown(std::function<void(HWND)> act, std::function<HWND()> find = openBox) {
     whenShownAct = std::move(act);
     findShown = std::move(find);
-    SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR timer, DWORD) {
-        if (const HWND box = findShown()) {
-            KillTimer(nullptr, timer);
-            whenShownAct(box);
-        }
-    });
+    SetTimer(nullptr, 0, 10, actWhenShown);
 }
 
 struct Message {

@@ -129,19 +129,19 @@ void clickMiddle(HWND control) {
 
 void pressKey(HWND window, WPARAM key) {
     PostMessageW(window, WM_KEYDOWN, key, 1);
-    PostMessageW(window, WM_KEYUP, key, 1 | 3LL << 30);
+    constexpr DWORD wasDownAndGoesUp = 0xC0000000;
+    PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(wasDownAndGoesUp | 1U));
+}
+
+static BOOL CALLBACK addIfVisible(HWND window, LPARAM windows) {
+    if (IsWindowVisible(window))
+        reinterpret_cast<std::vector<HWND>*>(windows)->push_back(window);
+    return TRUE;
 }
 
 std::vector<HWND> windowsOfThread() {
     std::vector<HWND> windows;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM all) -> BOOL {
-            if (IsWindowVisible(window))
-                reinterpret_cast<std::vector<HWND>*>(all)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&windows));
+    EnumThreadWindows(GetCurrentThreadId(), addIfVisible, reinterpret_cast<LPARAM>(&windows));
     return windows;
 }
 
