@@ -2,11 +2,13 @@
 # wine.sh PROGRAM [ARGUMENT...]: runs a Windows program under Wine, without a display.
 # wine.sh --end: ends what earlier runs have left running, so that a next one would start quickly.
 #
-# The prefix is made on first use: $WINEPREFIX, else one in the build folder.
+# The prefix is made on first use: $WINEPREFIX, else one in the build folder. Where $PELK_WINE_ROOT
+# names a system in a folder, Wine is the one of that system.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-export WINEPREFIX="${WINEPREFIX:-$root/build/windows/prefix}" WINEARCH=win64 WINEDEBUG=-all
+export WINEPREFIX="${WINEPREFIX:-$root/build/windows/prefix}" WINEARCH="${WINEARCH:-win64}"
+export WINEDEBUG=-all
 # File names are UTF-8 whatever the caller's locale is.
 export LC_ALL=C.UTF-8
 # A crash ends the program at once instead of waiting in a debugger.
@@ -14,8 +16,11 @@ export WINEDLLOVERRIDES="winedbg.exe=d"
 
 # Under a random layout of its memory Wine finds a place that it needs taken, once in some thousand
 # starts, and ends without a word.
-wine=(wine)
-setarch -R true 2>/dev/null && wine=(setarch -R wine)
+inside=()
+setarch -R true 2>/dev/null && inside=(setarch -R)
+[ -z "${PELK_WINE_ROOT:-}" ] || inside+=(chroot "$PELK_WINE_ROOT" env -C "$PWD")
+wine=("${inside[@]}" wine)
+wineserver=("${inside[@]}" wineserver)
 
 # What runs here must not hold on to the files of the one who called.
 quietly() {
@@ -23,8 +28,8 @@ quietly() {
 }
 
 end_session() {
-  quietly wineserver -k || true
-  wineserver -w
+  quietly "${wineserver[@]}" -k || true
+  "${wineserver[@]}" -w
 }
 
 make_prefix() {
