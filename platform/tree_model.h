@@ -149,8 +149,13 @@ class TreeModel {
     const Language& language_;
     TreeListener* listener_ = nullptr;
     TreeNode root_;
-    /// Keeps the nodes side by side, so that many are added, walked and cleared quickly.
+    /// Keeps the nodes side by side, so that many are added, walked and cleared quickly. Where the
+    /// addresses are checked each node is allocated by itself, or no use after free would show.
+#ifdef __SANITIZE_ADDRESS__
+    std::pmr::unsynchronized_pool_resource memory_{{.largest_required_pool_block = 1}};
+#else
     std::pmr::unsynchronized_pool_resource memory_;
+#endif
     std::pmr::list<TreeNode> nodes_{&memory_};
     std::pmr::unordered_map<std::string_view, TreeNode*> byKey_{&memory_};
     bool suspended_ = false;
