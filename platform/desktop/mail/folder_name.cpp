@@ -21,6 +21,12 @@ std::optional<std::string> decodeRun(std::string run) {
 
 }  // namespace
 
+std::string withoutCompanionEnding(std::string_view name) {
+    if (name.size() > kCompanionEnding.size() && name.ends_with(kCompanionEnding))
+        name.remove_suffix(kCompanionEnding.size());
+    return std::string(name);
+}
+
 std::vector<std::string> splitMaildirName(std::string_view fileName) {
     const std::string_view whole = fileName.substr(1);
     std::vector<std::string> names;
@@ -33,6 +39,13 @@ std::vector<std::string> splitMaildirName(std::string_view fileName) {
         begin = end + 1;
     }
     return names;
+}
+
+std::optional<std::string_view> maildirFlags(std::string_view fileName) {
+    const std::size_t mark = fileName.find_last_of(":;!");
+    if (mark == std::string_view::npos || !fileName.substr(mark + 1).starts_with("2,"))
+        return std::nullopt;
+    return fileName.substr(mark + 3);
 }
 
 std::string decodeModifiedUtf7(std::string_view name) {
