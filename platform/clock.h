@@ -1,6 +1,8 @@
 #pragma once
 // Points in local time.
 
+#include <compare>
+
 namespace pelk {
 
 /// A wall-clock reading in the user's time zone. Months and days count from 1, hours run 0..23.
@@ -12,7 +14,8 @@ struct LocalTime {
     int minute = 0;
     int second = 0;
 
-    friend bool operator==(const LocalTime&, const LocalTime&) = default;
+    /// Earlier is less.
+    friend auto operator<=>(const LocalTime&, const LocalTime&) = default;
 };
 
 class Clock {

@@ -47,29 +47,55 @@ TEST_F(MboxTest, handsOutItemsThatOutliveTheFolderButNotTheMessage) {
     EXPECT_EQ(folder->itemCount(), 2);
     EXPECT_EQ(item->recipientCount(), 1);
     std::filesystem::remove(path);
-    EXPECT_EQ(other->creationTime(), (LocalTime{2001, 1, 2, 4, 4, 5}));
+    EXPECT_EQ(other->creationTime(), (LocalTime{2001, 1, 2, 3, 4, 5}));
     EXPECT_EQ(other->replyRecipient()->name, "Jane");
     EXPECT_EQ(other->recipient(1).address, "bob@x.org");
 }
 
+// A message may be expunged at either side of a seam, and those around it keep their own text.
+TEST_F(MboxTest, leavesOutWhatIsExpunged) {
+    const auto withStatus = [](const std::string& status, const std::string& subject) {
+        return "From - Tue Jan  2 03:04:05 2001\nX-Account-Key: a\nX-Mozilla-Status: " + status +
+               "\n" + message(subject) + "\n";
+    };
+    const std::string gone =
+        withStatus("0009", "Content-Type: text/calendar; method=REPLY") + withStatus("8008", "y");
+    for (std::size_t shift = 0; shift <= 130; shift += 13) {
+        std::string text = mbox("1");
+        text.resize((1 << 20) - shift, 'x');
+        files.write("box", text + "\n\n" + gone + withStatus("8017", "2") + gone + mbox("3") +
+                               "X-Mozilla-Status: 0008\n\n" + gone);
+        const auto folder = openFolder("box");
+        ASSERT_EQ(folder->itemCount(), 3) << shift;
+        EXPECT_EQ(folder->mailItem(2)->recipientCount(), 1);
+        EXPECT_EQ(treeOf("box"), "box[1 2 3]");
+    }
+    files.write("all", gone);
+    EXPECT_EQ(openFolder("all")->itemCount(), 0);
+}
+
 TEST_F(MboxTest, readsTheTimeInTheLineBetweenMessages) {
-    constexpr std::int64_t kMoment = 978404645;  // 2001-01-02 03:04:05 UTC
-    for (const char* const line :
-         {"From jane@x.org Tue Jan  2 03:04:05 2001", "From - Tue Jan 02 03:04:05 2001\r",
-          "From \"jane doe 12:30\"@x Tue Jan  2 03:04:05 2001",
-          "From a@b Tue Jan  2 04:04:05 +0100 2001", "From a@b Tue Jan  2 02:04:05 2001 -0100",
-          "From a@b Tue Jan  2 04:04:05 CET 2001", "From Tue Jan  2 03:04:05 2001",
-          "From a@b Tue JAN  2 03:04:05 XYZ 2001 remote from host",
-          "From a@b Tue Jan  2 03:04:05 01", "From a@b Tue, 2 Jan 2001 03:04:05 +0000"})
-        EXPECT_EQ(fromLineTime(line), kMoment) << line;
-    EXPECT_EQ(fromLineTime("From a@b Tue Jan  2 03:04 2001"), kMoment - 5);
-    EXPECT_EQ(fromLineTime("From a@b Fri Dec 31 23:59:60 99"), 946684800);
-    for (const char* const line :
-         {"From ", "From a@b Tue Jan  2 03:04:05", "From a@b Tue Feb 30 03:04:05 2001",
-          "From a@b Tue Jan  2 24:04:05 2001", "From a@b Tue Jan  2 03:60:05 2001",
-          "From a@b Wed Dec 31 23:00:00 1969", "From a@b Tue Jan  2 03:04:05 +9900 2001",
-          "From a@b Tue Jan  2 03:04:05 20011", "From a@b Tue 2 03:04:05 2001", "From a 1:22 1:2:"})
-        EXPECT_EQ(fromLineTime(line), kNoTime) << line;
+    constexpr std::int64_t kMoment = 978404645;  // 2001-01-02 03:04:05
+    const auto check = [](const NotedTime& time, const std::vector<const char*>& lines) {
+        for (const char* const line : lines)
+            EXPECT_EQ(fromLineTime(line), time) << line;
+    };
+    check({kMoment, true},
+          {"From jane@x.org Tue Jan  2 03:04:05 2001", "From - Tue Jan 02 03:04:05 2001\r",
+           "From \"jane doe 12:30\"@x Tue Jan  2 03:04:05 2001", "From Tue Jan  2 03:04:05 2001",
+           "From a@b Tue JAN  2 03:04:05 XYZ 2001 remote from host",
+           "From a@b Tue Jan  2 03:04:05 01"});
+    check({kMoment, false},
+          {"From a@b Tue Jan  2 04:04:05 +0100 2001", "From a@b Tue Jan  2 02:04:05 2001 -0100",
+           "From a@b Tue Jan  2 04:04:05 CET 2001", "From a@b Tue Jan  2 03:04:05 UTC 2001",
+           "From a@b Tue, 2 Jan 2001 03:04:05 +0000"});
+    check({kMoment - 5, true}, {"From a@b Tue Jan  2 03:04 2001"});
+    check({946684800, true}, {"From a@b Fri Dec 31 23:59:60 99"});
+    check({}, {"From ", "From a@b Tue Jan  2 03:04:05", "From a@b Tue Feb 30 03:04:05 2001",
+               "From a@b Tue Jan  2 24:04:05 2001", "From a@b Tue Jan  2 03:60:05 2001",
+               "From a@b Wed Dec 31 23:00:00 1969", "From a@b Thu Jan  1 01:00:00 1970",
+               "From a@b Tue Jan  2 03:04:05 +9900 2001", "From a@b Tue Jan  2 03:04:05 20011",
+               "From a@b Tue 2 03:04:05 2001", "From a 1:22 1:2:"});
 }
 
 }  // namespace

@@ -25,6 +25,20 @@ class StoredMessageTest : public MailTest {
         return text;
     }
 
+    /// When the message in a file came that was changed in June of `year`; sets `isAhead_`.
+    LocalTime timeOf(const std::string& path, const std::string& content, int year) {
+        const std::string file = files.write(path, content);
+        const std::chrono::sys_seconds fileTime =
+            std::chrono::sys_days(std::chrono::year(year) / 6 / 7);
+        std::filesystem::last_write_time(file, std::chrono::file_clock::from_sys(fileTime));
+        const auto mail = openFolder(path.substr(0, path.find('/')))->mailItem(1);
+        std::filesystem::remove(file);
+        isAhead_ = mail->isDatedAhead();
+        return mail->creationTime();
+    }
+
+    bool isAhead_ = false;
+
     /// As a file, and in an mbox, where most messages are told to be e-mails at first sight.
     bool isMail(const std::string& content) {
         files.write("one.eml", content);
@@ -39,6 +53,8 @@ TEST_F(StoredMessageTest, namesSenderAndRecipients) {
     EXPECT_EQ(peopleOf("Cc: c@x\nto: a@x,\r\n\tb@x\r\nFROM: s@x\nBcc: d@x\nTO : a@x\nReply-To:\n\n"
                        "To: body@x\n"),
               "s@x: a@x b@x a@x c@x d@x");
+    EXPECT_EQ(peopleOf("Sender: s@x\nTo: a@x\n"), "s@x: a@x");
+    EXPECT_EQ(peopleOf("Sender: s@x\nFrom: f@x\n"), "f@x:");
     EXPECT_EQ(peopleOf("From: s@x\nReply-To: <>\nReply-To: r@x, q@x\n"), "r@x:");
     EXPECT_EQ(peopleOf("To: a@x\nno field\n b@x\nFrom: nobody here\n"), ": a@x");
     EXPECT_EQ(peopleOf("\nTo: a@x"), ":");
@@ -60,35 +76,107 @@ TEST_F(StoredMessageTest, readsLongHeadersUpToALimit) {
 }
 
 TEST_F(StoredMessageTest, tellsWhenItCame) {
-    const auto creationTime = [&](const std::string& path, const std::string& content, int year) {
-        const std::string file = files.write(path, content);
-        const std::chrono::sys_seconds fileTime =
-            std::chrono::sys_days(std::chrono::year(year) / 6 / 7);
-        std::filesystem::last_write_time(file, std::chrono::file_clock::from_sys(fileTime));
-        const auto folder = openFolder(path.substr(0, path.find('/')));
-        const LocalTime time = folder->mailItem(1)->creationTime();
-        std::filesystem::remove(file);
-        return time;
-    };
     const std::string date = "Date: Tue, 2 Jan 2001 03:04:05 -0100\n\n";
+    const std::string received =
+        "Received: by a; b;\n Tue, 2 Jan 2001 09:00:00 +0100 (CET)\n"
+        "Received: by b; Mon, 1 Jan 2001 01:00:00 +0100\n";
     const LocalTime dated{2001, 1, 2, 5, 4, 5};
+    const LocalTime came{2001, 1, 2, 9, 0, 0};
     const LocalTime changed{2005, 6, 7, 2, 0, 0};
-    EXPECT_EQ(creationTime("a.eml", date, 2005), changed);
-    EXPECT_EQ(creationTime("a.eml", date, 1945), dated);
-    EXPECT_EQ(creationTime("a.eml", "\n", 1945), LocalTime{});
-    EXPECT_EQ(creationTime("md/cur/1000000000.x:2,S", date, 2005),
+    EXPECT_EQ(timeOf("a.eml", date, 2005), dated);
+    EXPECT_EQ(timeOf("a.eml", received + date, 2005), came);
+    EXPECT_EQ(timeOf("a.eml", "Received: by a\n" + date, 2005), dated);
+    EXPECT_EQ(timeOf("a.eml", date, 1945), dated) << "no time of a file";
+    EXPECT_EQ(timeOf("a.eml", "\n", 1945), LocalTime{});
+    EXPECT_EQ(timeOf("a.eml", "\n", 2005), changed);
+    EXPECT_EQ(timeOf("md/cur/1000000000.x:2,S", received, 2005),
               (LocalTime{2001, 9, 9, 3, 46, 40}));
     for (const char* const name :
-         {"md/cur/name", "md/cur/1000000000", "md/cur/a1000000000.x", "md/cur/-5.x"})
-        EXPECT_EQ(creationTime(name, date, 2005), changed) << name;
-    for (const char* const name : {"md/cur/999999999999.x", "md/cur/99999999999999999999999.x"})
-        EXPECT_EQ(creationTime(name, date, 2005), dated) << name;
-    EXPECT_EQ(creationTime("box", "From - Sun Jul  1 10:00:00 2001\n" + date, 2005),
-              (LocalTime{2001, 7, 1, 12, 0, 0}));
-    EXPECT_EQ(creationTime("box", "From -\n" + date, 2005), dated);
-    EXPECT_EQ(creationTime("box", "From -\nDate: soon\n", 2005), changed);
-    EXPECT_EQ(creationTime("box", "From -\nDate: Fri, 31 Dec 9999 23:30:00 +0000\n", 2005), changed)
+         {"md/cur/name", "md/cur/1000000000", "md/cur/a1000000000.x", "md/cur/-5.x",
+          "md/cur/999999999999.x", "md/cur/99999999999999999999999.x"})
+        EXPECT_EQ(timeOf(name, date, 2005), dated) << name;
+    EXPECT_EQ(timeOf("box", "From -\n" + received + date, 2005), came);
+    EXPECT_EQ(timeOf("box", "From -\nDate: soon\n", 2005), changed);
+    EXPECT_EQ(timeOf("box", "From -\nDate: Fri, 31 Dec 9999 23:30:00 +0000\n", 2005), changed)
         << "the year 10000";
+}
+
+TEST_F(StoredMessageTest, takesTheLineBetweenMessagesForTheUsersOwnClock) {
+    const std::string written = "From - Sun Jul  1 10:00:00 2001\n";
+    const std::string zoned = "From - Sun Jul  1 10:00:00 2001 +0000\n";
+    EXPECT_EQ(timeOf("box", written, 2005), (LocalTime{2001, 7, 1, 10, 0, 0}));
+    EXPECT_EQ(timeOf("box", zoned, 2005), (LocalTime{2001, 7, 1, 12, 0, 0}));
+    EXPECT_EQ(timeOf("box", "From - Sun Mar 25 02:30:00 2001\n", 2005),
+              (LocalTime{2001, 3, 25, 2, 30, 0}))
+        << "an hour that the clock left out";
+    ::setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
+    ::tzset();
+    EXPECT_EQ(timeOf("box", written, 2005), (LocalTime{2001, 7, 1, 10, 0, 0}));
+    EXPECT_EQ(timeOf("box", zoned, 2005), (LocalTime{2001, 7, 1, 6, 0, 0}));
+}
+
+// 7 June 2005, 0:00 UTC, is when each file was changed last.
+TEST_F(StoredMessageTest, cameBeforeItsFileWasChangedLast) {
+    const std::string ahead =
+        "From - Fri Jan  1 10:00:00 2038\nDate: Tue, 7 Jun 2005 01:00 +0000\n";
+    const LocalTime changed{2005, 6, 7, 2, 0, 0};
+    for (const auto& [path, isAhead] : std::vector<std::pair<const char*, bool>>{
+             {"box", true}, {"md/cur/2145949200.x:2,S", false}}) {
+        EXPECT_EQ(timeOf(path, ahead, 2005), changed) << path;
+        EXPECT_EQ(isAhead_, isAhead) << path;
+    }
+    EXPECT_EQ(timeOf("a.eml", "Date: Fri, 1 Jan 2038 10:00:00 +0000\n", 2005), changed);
+    EXPECT_FALSE(isAhead_);
+    EXPECT_EQ(timeOf("box", "From -\n\n", 2005), changed);
+    EXPECT_TRUE(isAhead_) << "a message without a time";
+    timeOf("box", "From - Tue Jun  7 02:00:00 2005\n", 2005);
+    EXPECT_FALSE(isAhead_);
+    for (const char* const path : {"box", "a.eml"}) {
+        const LocalTime time = timeOf(path, ahead, 2039);
+        EXPECT_GT(time, (LocalTime{2020, 1, 1, 0, 0, 0})) << path;
+        EXPECT_LT(time, (LocalTime{2038, 1, 1, 0, 0, 0})) << path;
+        EXPECT_TRUE(isAhead_) << "a file from the future: " << path;
+    }
+}
+
+TEST_F(StoredMessageTest, knowsCopiesOfItself) {
+    const auto idOf = [&](const std::string& header) { return item(header)->messageId(); };
+    EXPECT_EQ(idOf("Message-Id:\n < a@b >\nMessage-ID: <c@d>\n"), "a@b");
+    EXPECT_EQ(idOf("Message-ID: a@b \n"), "a@b");
+    EXPECT_EQ(idOf("Message-ID: <>\nFrom: a@x\n"), "");
+    EXPECT_EQ(idOf("Message-ID: <" + std::string(5000, 'x') + ">\n").size(), 998U);
+    const auto printOf = [&](const std::string& header) { return item(header)->fingerprint(); };
+    const std::string letter = "From: a@x\nTo: b@x\nDate: 1 Jan 2001 00:00 +0000\n";
+    const std::uint64_t print = printOf(letter);
+    EXPECT_EQ(print, printOf("From x\nX-Mozilla-Status: 0001\nStatus: RO\nX-UID: 7\n" + letter +
+                             "X-Gmail-Labels: a\n\nFrom: text@x\n"));
+    EXPECT_EQ(printOf("Message-ID: <a@b>\n" + letter), 0xE6AC991904E00A72ULL) << "kept on disk";
+    EXPECT_EQ(printOf("Message-ID: <a@b>\n"), printOf("Message-Id: <a@b>\n" + letter));
+    for (const char* const other : {"From: c@x\n", "\n", "Subject: s\n"})
+        EXPECT_NE(printOf(other + letter), print) << other;
+    EXPECT_NE(printOf("\n"), 0U);
+}
+
+TEST_F(StoredMessageTest, knowsTheFolderOfItsLabels) {
+    const auto folderOf = [&](const std::string& labels) {
+        const auto folder = item("X-Gmail-Labels: " + labels + "\n\n")->labelledFolder();
+        return folder ? static_cast<int>(*folder) : -1;
+    };
+    const int deleted = static_cast<int>(DefaultFolder::DeletedItems);
+    const int junk = static_cast<int>(DefaultFolder::Junk);
+    const int drafts = static_cast<int>(DefaultFolder::Drafts);
+    for (const char* const labels :
+         {"Trash", "Opened, TRASH", "Spam,Bin", "=?UTF-8?Q?Papierkorb,Ge=C3=B6ffnet?=",
+          "=?UTF-8?B?44K044Of566x?=", "=?UTF-8?B?0JrQvtGA0LfQuNC90LA=?=,\n =?UTF-8?Q?a?=",
+          "\"a, b\",\n Corbeille", "Thùng Rác", "Çöp kutusu"})
+        EXPECT_EQ(folderOf(labels), deleted) << labels;
+    for (const char* const labels : {"Unread,Spam", "=?UTF-8?B?7Iqk7Yy47ZWo?=", "Inbox,Skräppost"})
+        EXPECT_EQ(folderOf(labels), junk) << labels;
+    for (const char* const labels : {"Drafts", "=?UTF-8?Q?Entw=C3=BCrfe?=", "Черновики,Важное"})
+        EXPECT_EQ(folderOf(labels), drafts) << labels;
+    for (const char* const labels : {"", "Inbox", "\"no, Trash\"", "Trash/Old", "Outbox"})
+        EXPECT_EQ(folderOf(labels), -1) << labels;
+    EXPECT_EQ(item("From: a@x\n\nX-Gmail-Labels: Trash\n")->labelledFolder(), std::nullopt);
 }
 
 TEST_F(StoredMessageTest, tellsReportsAndMeetingsFromMail) {

@@ -1,12 +1,19 @@
 #include <algorithm>
+#include <array>
 #include <iterator>
+#include <optional>
 
 #include "platform/desktop/mail/directory.h"
+#include "platform/desktop/mail/folder_name.h"
 #include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/mail/mozilla_status.h"
 #include "platform/desktop/mail/stored_messages.h"
+#include "platform/error.h"
 
 namespace pelk {
 namespace {
+
+constexpr const char* kRead = "cur/";
 
 struct MessageFile {
     std::string name;
@@ -26,9 +33,9 @@ class FileMessages : public StoredMessages {
         const MessageFile& entry = files_[index];
         const auto file = MailFile::open(directory_ + entry.place + entry.name);
         const MessagePlace place{file, 0, file->size(), false};
-        std::int64_t received = file->modified();
+        NotedTime received;
         if (*entry.place != '\0')
-            received = maildirNameTime(entry.name).value_or(received);
+            received.seconds = maildirNameTime(entry.name).value_or(kNoTime);
         ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
         listed.kind = itemKind(place, listed.message->header());
         // The header is all that anybody asks for from here on, and many messages may be held.
@@ -40,6 +47,26 @@ class FileMessages : public StoredMessages {
     std::string directory_;
     std::vector<MessageFile> files_;
 };
+
+bool startsExpunged(const std::string& path) {
+    try {
+        std::array<char, kMozillaStatusReach> start{};
+        const std::size_t length = MailFile::open(path)->read(0, start.data(), start.size());
+        return isExpunged({start.data(), length});
+    } catch (const Error&) {
+        // Told to the user when the message is taken.
+        return false;
+    }
+}
+
+/// Whether the mail program has deleted the message and not yet removed the file. Thunderbird,
+/// which writes this into the header, keeps no flags in the name, and nothing in `new`; the files
+/// of other programs need not be read.
+bool isDeleted(const std::string& prefix, std::string_view place, const std::string& name) {
+    if (const std::optional<std::string_view> flags = maildirFlags(name))
+        return flags->find('T') != std::string_view::npos;
+    return place == kRead && startsExpunged(prefix + kRead + name);
+}
 
 }  // namespace
 
@@ -57,9 +84,10 @@ std::unique_ptr<StoredMessages> openDirectory(const std::string& path) {
         if (isMessageFile(entry)) {
             own.push_back({std::move(entry.name), ""});
         } else if (isMaildirPart(entry)) {
-            const char* const place = entry.name == "cur" ? "cur/" : "new/";
+            const char* const place = entry.name == "cur" ? kRead : "new/";
             for (DirectoryEntry& message : readDirectory(prefix + entry.name))
-                if (!message.isDirectory && !message.name.starts_with('.'))
+                if (!message.isDirectory && !message.name.starts_with('.') &&
+                    !isDeleted(prefix, place, message.name))
                     maildir.push_back({std::move(message.name), place});
         }
     }

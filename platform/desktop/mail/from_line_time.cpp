@@ -9,6 +9,9 @@
 namespace pelk {
 namespace {
 
+constexpr std::int64_t kSecondsPerDay = 86400;
+// In days since 1970. Moment 0 lies before this one in every zone.
+constexpr std::int64_t kFirstDay = 1;
 constexpr std::size_t kMaxWords = 64;
 constexpr std::string_view kParting = " \t\r\n,";
 
@@ -42,11 +45,11 @@ constexpr NamedNumber kMonths[] = {{"Jan", 1}, {"Feb", 2},  {"Mar", 3},  {"Apr",
                                    {"May", 5}, {"Jun", 6},  {"Jul", 7},  {"Aug", 8},
                                    {"Sep", 9}, {"Oct", 10}, {"Nov", 11}, {"Dec", 12}};
 
-// Hours east of Greenwich. A zone not among them counts as UTC.
-constexpr NamedNumber kZones[] = {{"EST", -5}, {"EDT", -4}, {"CST", -6}, {"CDT", -5}, {"MST", -7},
-                                  {"MDT", -6}, {"PST", -8}, {"PDT", -7}, {"BST", 1},  {"WEST", 1},
-                                  {"CET", 1},  {"MET", 1},  {"CEST", 2}, {"MEST", 2}, {"EET", 2},
-                                  {"EEST", 3}, {"MSK", 3},  {"JST", 9}};
+// Hours east of Greenwich. A word not among them tells of no zone.
+constexpr NamedNumber kZones[] = {
+    {"GMT", 0},  {"UTC", 0},  {"UT", 0},   {"EST", -5}, {"EDT", -4}, {"CST", -6}, {"CDT", -5},
+    {"MST", -7}, {"MDT", -6}, {"PST", -8}, {"PDT", -7}, {"BST", 1},  {"WEST", 1}, {"CET", 1},
+    {"MET", 1},  {"CEST", 2}, {"MEST", 2}, {"EET", 2},  {"EEST", 3}, {"MSK", 3},  {"JST", 9}};
 
 template <std::size_t size>
 std::optional<int> named(const NamedNumber (&table)[size], std::string_view name) {
@@ -117,15 +120,14 @@ Date dateBefore(const Words& words, std::size_t at) {
 }
 
 /// The time that `date` and the words from `at` on, its year and zone, make of a time of day.
-std::int64_t timeWith(Date date, const Words& words, std::size_t at, int secondOfDay) {
-    int offset = 0;
+NotedTime timeWith(Date date, const Words& words, std::size_t at, int secondOfDay) {
+    std::optional<int> offset;
     for (; at < words.count(); ++at) {
         const std::string_view word = words[at];
         if (word.front() == '+' || word.front() == '-') {
-            const auto zone = zoneOffset(word);
-            if (!zone)
-                return kNoTime;
-            offset = *zone;
+            offset = zoneOffset(word);
+            if (!offset)
+                return {};
         } else if (!date.year && yearOf(word)) {
             date.year = yearOf(word);
         } else if (const auto hours = named(kZones, word)) {
@@ -133,19 +135,21 @@ std::int64_t timeWith(Date date, const Words& words, std::size_t at, int secondO
         }
     }
     if (!date.year)
-        return kNoTime;
+        return {};
     const std::chrono::year_month_day day{std::chrono::year(*date.year),
                                           std::chrono::month(static_cast<unsigned>(*date.month)),
                                           std::chrono::day(static_cast<unsigned>(*date.day))};
     if (!day.ok())
-        return kNoTime;
+        return {};
     const std::int64_t days = std::chrono::sys_days(day).time_since_epoch().count();
-    return std::max(days * 86400 + secondOfDay - offset, kNoTime);
+    if (days < kFirstDay)
+        return {};
+    return {days * kSecondsPerDay + secondOfDay - offset.value_or(0), !offset};
 }
 
 }  // namespace
 
-std::int64_t fromLineTime(std::string_view line) {
+NotedTime fromLineTime(std::string_view line) {
     const Words words(line);
     // The sender may hold anything, so the date is where a time of day follows a day and a month.
     for (std::size_t i = 2; i < words.count(); ++i) {
@@ -155,7 +159,7 @@ std::int64_t fromLineTime(std::string_view line) {
                 return timeWith(date, words, i + 1, *secondOfDay);
         }
     }
-    return kNoTime;
+    return {};
 }
 
 }  // namespace pelk

@@ -4,11 +4,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <ctime>
 #include <system_error>
 #include <utility>
 
+#include "platform/desktop/mail/message_time.h"
 #include "platform/error.h"
 
 namespace pelk {
@@ -30,7 +33,12 @@ std::shared_ptr<MailFile> MailFile::open(const std::string& path) {
     if (!S_ISREG(status.st_mode))
         throw Error(path + " cannot be read: it is not a file.");
     file->size_ = static_cast<std::uint64_t>(status.st_size);
-    file->modified_ = status.st_mtim.tv_sec;
+    const std::int64_t modified = status.st_mtim.tv_sec;
+    const std::int64_t present = std::time(nullptr);
+    file->ahead_ = modified > present;
+    // 0 is what files have that were packed without a time.
+    if (modified > 0)
+        file->changed_ = localTime(NotedTime{std::min(modified, present)});
     return file;
 }
 

@@ -3,8 +3,11 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "platform/clock.h"
 
 namespace pelk {
 
@@ -28,8 +31,11 @@ class MailFile {
     const std::string& path() const { return path_; }
     /// In bytes, as it was when the file was opened.
     std::uint64_t size() const { return size_; }
-    /// When the file was changed last, in seconds since 1970.
-    std::int64_t modified() const { return modified_; }
+    /// When the file was changed last, or the present if that is told to lie in the future.
+    /// Nothing when the system does not know.
+    const std::optional<LocalTime>& changed() const { return changed_; }
+    /// Whether the file is told to have been changed in the future.
+    bool isAhead() const { return ahead_; }
     /// Reads up to `length` bytes and returns their number, which is smaller at the end of the
     /// file only. Fails with an `Error`.
     std::size_t read(std::uint64_t offset, char* bytes, std::size_t length) const;
@@ -42,7 +48,8 @@ class MailFile {
     int descriptor_;
     std::string path_;
     std::uint64_t size_ = 0;
-    std::int64_t modified_ = 0;
+    std::optional<LocalTime> changed_;
+    bool ahead_ = false;
 };
 
 /// How each message of an mbox begins.

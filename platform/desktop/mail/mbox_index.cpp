@@ -7,6 +7,7 @@
 
 #include "platform/desktop/mail/mail_text.h"
 #include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/mail/mozilla_status.h"
 #include "platform/desktop/side_by_side.h"
 
 namespace pelk {
@@ -15,7 +16,7 @@ namespace {
 // The file is gone through in parts. What is looked for begins within a part and ends at most this
 // far behind it.
 constexpr std::uint64_t kPartSize = 1UL << 20;
-constexpr std::size_t kLookAhead = 512;
+constexpr std::size_t kLookAhead = kMozillaStatusReach;
 // The empty line before a message, and the end of the line before that.
 constexpr std::size_t kLookBehind = 3;
 
@@ -114,9 +115,10 @@ class PartScan {
     }
 
     void addEntry(std::size_t at) {
-        const std::string_view line = text().substr(at, kLookAhead);
+        const std::string_view start = text().substr(at, kLookAhead);
+        const NotedTime received = fromLineTime(start.substr(0, start.find('\n')));
         part_.entries.push_back(
-            {offset_ + at, fromLineTime(line.substr(0, line.find('\n'))), false});
+            {offset_ + at, 0, received.seconds, received.onWallClock, false, isExpunged(start)});
     }
 
     const MailFile& file_;
@@ -150,6 +152,10 @@ std::vector<MboxEntry> indexMbox(const MailFile& file) {
         entries.insert(entries.end(), part.entries.begin(), part.entries.end());
         part = {};
     }
+    std::uint64_t end = file.size();
+    for (std::size_t i = entries.size(); i-- > 0; end = entries[i].offset)
+        entries[i].end = end;
+    std::erase_if(entries, [](const MboxEntry& entry) { return entry.expunged; });
     return entries;
 }
 

@@ -13,10 +13,9 @@ class MboxMessages : public StoredMessages {
 
     ListedMessage message(std::size_t index) const override {
         const MboxEntry& entry = entries_[index];
-        const std::uint64_t end =
-            index + 1 < entries_.size() ? entries_[index + 1].offset : file_->size();
-        const MessagePlace place{file_, entry.offset, end - entry.offset, true};
-        ListedMessage listed{std::make_shared<StoredMessage>(place, entry.received)};
+        const MessagePlace place{file_, entry.offset, entry.end - entry.offset, true};
+        const NotedTime received{entry.received, entry.onWallClock};
+        ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
         if (entry.doubtful)
             listed.kind = itemKind(place, listed.message->header());
         return listed;

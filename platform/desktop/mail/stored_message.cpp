@@ -1,23 +1,46 @@
 #include "platform/desktop/mail/stored_message.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "platform/desktop/mail/address_list.h"
 #include "platform/desktop/mail/mail_text.h"
-#include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/mail/message_identity.h"
+#include "platform/desktop/mail/special_folder.h"
 #include "platform/error.h"
 
 namespace pelk {
 
-StoredMessage::StoredMessage(MessagePlace place, std::int64_t received)
+StoredMessage::StoredMessage(MessagePlace place, NotedTime received)
     : place_(std::move(place)), received_(received) {}
 
 LocalTime StoredMessage::creationTime() {
-    if (const auto noted = localTime(received_))
-        return *noted;
-    if (const auto written = localTime(dateFieldTime(header().first("Date"))))
-        return *written;
-    return localTime(place_.file->modified()).value_or(LocalTime{});
+    const std::optional<LocalTime>& changed = place_.file->changed();
+    const std::optional<LocalTime>& own = ownTime();
+    if (own && changed)
+        return std::min(*own, *changed);
+    return own ? *own : changed.value_or(LocalTime{});
+}
+
+/// A file that holds this message alone is not written to again, an mbox is. A change in the future
+/// is read as the present, which moves on.
+bool StoredMessage::isDatedAhead() {
+    const std::optional<LocalTime>& changed = place_.file->changed();
+    if (changed && ownTime() && *ownTime() <= *changed)
+        return false;
+    return place_.inMbox || place_.file->isAhead();
+}
+
+std::string StoredMessage::messageId() {
+    return pelk::messageId(header());
+}
+
+std::uint64_t StoredMessage::fingerprint() {
+    return pelk::fingerprint(header());
+}
+
+std::optional<DefaultFolder> StoredMessage::labelledFolder() {
+    return folderOfLabels(header().first("X-Gmail-Labels"));
 }
 
 std::optional<MailPerson> StoredMessage::replyRecipient() {
@@ -50,12 +73,28 @@ const MessageHeader& StoredMessage::header() {
 }
 
 std::string StoredMessage::author() {
-    const std::vector<MailPerson> found = people("From");
+    std::vector<MailPerson> found = people("From");
+    if (found.empty())
+        found = people("Sender");
     return found.empty() ? std::string() : found.front().name;
 }
 
 std::string StoredMessage::subject() {
     return decodeText(header().first("Subject"));
+}
+
+const std::optional<LocalTime>& StoredMessage::ownTime() {
+    if (!ownTime_)
+        ownTime_ = findOwnTime();
+    return *ownTime_;
+}
+
+std::optional<LocalTime> StoredMessage::findOwnTime() {
+    if (const auto noted = localTime(received_))
+        return noted;
+    if (const auto came = localTime(NotedTime{receivedFieldTime(header().first("Received"))}))
+        return came;
+    return localTime(NotedTime{dateFieldTime(header().first("Date"))});
 }
 
 std::vector<MailPerson> StoredMessage::people(std::string_view field) {
@@ -70,9 +109,10 @@ std::vector<MailPerson> StoredMessage::people(std::string_view field) {
 
 const std::optional<MailPerson>& StoredMessage::sender() {
     if (!sender_) {
-        std::vector<MailPerson> found = people("Reply-To");
-        if (found.empty())
-            found = people("From");
+        std::vector<MailPerson> found;
+        for (const char* const field : {"Reply-To", "From", "Sender"})
+            if (found.empty())
+                found = people(field);
         sender_ = found.empty() ? std::nullopt : std::optional(std::move(found.front()));
     }
     return *sender_;

@@ -9,6 +9,7 @@
 
 #include "platform/desktop/mail/mail_file.h"
 #include "platform/desktop/mail/message_header.h"
+#include "platform/desktop/mail/message_time.h"
 #include "platform/mail_client.h"
 
 namespace pelk {
@@ -17,10 +18,16 @@ namespace pelk {
 class StoredMessage : public MailItem {
  public:
     /// `received` is the time when the message came into its store, as it is noted outside of its
-    /// header, or `kNoTime`.
-    StoredMessage(MessagePlace place, std::int64_t received);
+    /// header, if it is.
+    StoredMessage(MessagePlace place, NotedTime received);
 
+    /// Where no time is noted, the topmost `Received` field tells, then `Date`; but the message was
+    /// there when its file was changed last.
     LocalTime creationTime() override;
+    bool isDatedAhead() override;
+    std::string messageId() override;
+    std::uint64_t fingerprint() override;
+    std::optional<DefaultFolder> labelledFolder() override;
     std::optional<MailPerson> replyRecipient() override;
     int recipientCount() override;
     MailPerson recipient(int index) override;
@@ -38,12 +45,16 @@ class StoredMessage : public MailItem {
     std::string subject();
 
  private:
+    /// The time that the message itself tells.
+    const std::optional<LocalTime>& ownTime();
+    std::optional<LocalTime> findOwnTime();
     std::vector<MailPerson> people(std::string_view field);
     const std::optional<MailPerson>& sender();
     const std::vector<MailPerson>& recipients();
 
     MessagePlace place_;
-    std::int64_t received_;
+    NotedTime received_;
+    std::optional<std::optional<LocalTime>> ownTime_;
     std::unique_ptr<const MessageHeader> header_;
     std::optional<std::optional<MailPerson>> sender_;
     std::optional<std::vector<MailPerson>> recipients_;

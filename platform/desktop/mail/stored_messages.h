@@ -30,7 +30,7 @@ std::unique_ptr<StoredMessages> openMbox(const std::string& path);
 std::unique_ptr<StoredMessages> openSingleMessage(const std::string& path);
 
 /// The messages of a directory: its `.eml` files by name, then those of a Maildir, in `cur` and
-/// `new` together, by name. Fails with an `Error`.
+/// `new` together, by name. What the mail program has deleted is left out. Fails with an `Error`.
 std::unique_ptr<StoredMessages> openDirectory(const std::string& path);
 
 }  // namespace pelk
