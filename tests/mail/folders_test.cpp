@@ -25,6 +25,38 @@ class FoldersTest : public MailTest {
     void link(const std::string& target, const std::string& name) const {
         std::filesystem::create_symlink(target, pathOf(name));
     }
+    std::string namesOf(const std::vector<std::string>& names) const {
+        std::vector<std::string> paths;
+        for (const std::string& name : names)
+            paths.push_back(std::filesystem::exists(name) ? name : pathOf(name));
+        const auto folders = openMailSession(paths, {})->folders();
+        std::string text;
+        for (auto folder = folders->first(); folder; folder = folders->next())
+            text += (text.empty() ? "" : " ") + folder->name();
+        return text;
+    }
+    /// The places of all folders, without their first `skip` characters.
+    static std::string placesOf(MailFolders& folders, std::size_t skip) {
+        std::string text;
+        for (auto folder = folders.first(); folder; folder = folders.next()) {
+            const std::string place = folder->place().substr(skip);
+            text += (place.empty() ? "=" : place) + " " + placesOf(*folder->folders(), skip);
+        }
+        return text;
+    }
+    static constexpr std::string_view kLetters = "odej";
+    static std::string kindsOf(MailSession& session, MailFolders& folders) {
+        std::string text;
+        for (auto folder = folders.first(); folder; folder = folders.next()) {
+            std::string kinds;
+            for (std::size_t kind = 0; kind < kLetters.size(); ++kind)
+                if (session.isDefaultFolder(*folder, static_cast<DefaultFolder>(kind)))
+                    kinds += kLetters[kind];
+            text += kinds.empty() ? "" : folder->name() + ":" + kinds + " ";
+            text += kindsOf(session, *folder->folders());
+        }
+        return text;
+    }
     void makePipe(const std::string& name) const {
         ASSERT_EQ(::mkfifo(pathOf(name).c_str(), 0600), 0);
     }
@@ -123,11 +155,45 @@ TEST_F(FoldersTest, namesStoresByTheirPath) {
     write(message, {"top/x/1.eml"});
     write(mbox, {"top/box"});
     std::filesystem::current_path(pathOf("top"));
-    const auto session = openMailSession({pathOf("top//"), ".", "x/..", "./box", "x/1.eml"}, {});
-    EXPECT_EQ(describe(*session->folders()),
-              "top[](box[box] x[1.eml]) top[](box[box] x[1.eml]) top[](box[box] x[1.eml]) "
-              "box[box] 1.eml[1.eml]");
+    for (const std::string& path : {pathOf("top//"), std::string("."), std::string("x/..")})
+        EXPECT_EQ(namesOf({path}), "top") << path;
+    EXPECT_EQ(namesOf({"./box", "x/1.eml"}), "box 1.eml");
     std::filesystem::current_path("/");
+}
+
+TEST_F(FoldersTest, readsWhatIsNamedTwiceOnce) {
+    write(message, {"top/x/1.eml", "top/md/cur/2.eml", "top/.hid/3.eml", "md/.A.B/cur/1"});
+    write(mbox, {"top/box", "top/Dir.sbd/box", "top/Dir", "other"});
+    link("top/box", "link");
+    link("../other", "top/out");
+    EXPECT_EQ(namesOf({"top", "top/", "top/x/..", "top"}), "top");
+    EXPECT_EQ(namesOf({"link", "top/box", "other"}), "link other");
+    for (const char* const inner :
+         {"top/box", "link", "top/x", "top/x/1.eml", "top/md/cur", "top/md/cur/2.eml",
+          "top/Dir.sbd", "top/Dir.sbd/box", "other"}) {
+        EXPECT_EQ(namesOf({"top", inner}), "top") << inner;
+        EXPECT_EQ(namesOf({inner, "md", "top"}), "md top") << inner;
+    }
+    EXPECT_EQ(namesOf({"top/Dir.sbd", "top/Dir"}), "Dir");
+    EXPECT_EQ(namesOf({"md", "md/.A.B", "top/.hid", "top"}), "md .hid top") << "not read in top";
+    EXPECT_EQ(namesOf({"top/x/1.eml", "top/x/1.eml"}), "1.eml");
+}
+
+TEST_F(FoldersTest, givesEachFolderAPlace) {
+    write(mbox, {"top/Inbox", "top/Inbox.sbd/Work.sbd/Old", "top/Lone.sbd/L", "top/D.sbd/d"});
+    write(message, {"top/D/d/1.eml", "top/.Lists.Kernel/cur/k", "top/.Lists/cur/l", "top/new/1"});
+    const std::string root = std::filesystem::canonical(pathOf("top")).string();
+    EXPECT_EQ(placesOf(*open("top")->folders(), root.size()),
+              "= /.Lists /.Lists/.Kernel /D /D/d /D/d+ /Inbox /Inbox/Work /Inbox/Work/Old /Lone "
+              "/Lone/L ");
+    link("top/Inbox.sbd/Work.sbd", "link");
+    for (const auto& [path, place] :
+         std::vector<std::pair<const char*, const char*>>{{"link", "/Inbox/Work"},
+                                                          {"top/Lone.sbd/L", "/Lone/L"},
+                                                          {"top/Inbox", "/Inbox"},
+                                                          {"top/.Lists.Kernel", "/.Lists/.Kernel"},
+                                                          {"top/D/../D", "/D"}})
+        EXPECT_EQ(openFolder(path)->place(), root + place) << path;
 }
 
 TEST_F(FoldersTest, refusesWhatIsNoStore) {
@@ -141,21 +207,48 @@ TEST_F(FoldersTest, refusesWhatIsNoStore) {
     EXPECT_EQ(treeOf("dir"), "dir[](sub[](deep[](box[box])))");
 }
 
-TEST_F(FoldersTest, knowsOutboxAndDeletedItems) {
-    const auto kinds = [&](const MailStoreOptions& options) {
+// Told by their names: o for the outbox, d for deleted items, e for drafts and j for junk.
+TEST_F(FoldersTest, knowsDefaultFoldersAtTheTopOfAStore) {
+    write(mbox, {"top/Outbox", "top/Trash", "top/Trash.sbd/Trash", "top/JUNK e-mail", "top/Drafts",
+                 "top/Bozze", "top/Work", "top/Work.sbd/Trash", "top/[Gmail].sbd/Papierkorb"});
+    write(message, {"md/cur/1", "md/.Trash/cur/1", "md/.INBOX.Spam/cur/1", "md/.Work.Trash/cur/1",
+                    "mail/a/INBOX/cur/1", "mail/a/Trash/cur/1", "mail/b/.Trash/cur/1",
+                    "mail/Work/Trash/cur/1"});
+    const auto kinds = [&](const char* path, const MailStoreOptions& options) {
+        const auto session = openMailSession({pathOf(path)}, options);
+        return kindsOf(*session, *session->folders());
+    };
+    EXPECT_EQ(kinds("top", {}), "Bozze:e Drafts:e JUNK e-mail:j Outbox:o Trash:d Papierkorb:d ");
+    EXPECT_EQ(kinds("top", {{"WORK"}, {"bozze"}}), "Bozze:de Drafts:e JUNK e-mail:j Work:o ");
+    EXPECT_EQ(kinds("top/Trash", {}), "Trash:d ") << "the folder in it, not the store";
+    EXPECT_EQ(kinds("md", {}), "Spam:j Trash:d ");
+    EXPECT_EQ(kinds("mail", {}), "Trash:d Trash:d ");
+    const auto session = openMailSession({pathOf("top"), pathOf("top/Trash")}, {});
+    EXPECT_EQ(kindsOf(*session, *session->folders()).find("Trash:d"), std::string::npos);
+}
+
+TEST_F(FoldersTest, leavesOutDraftsAndJunkUnlessAsked) {
+    write(mbox, {"box"});
+    const auto countOf = [&](bool drafts, bool junk) {
+        MailStoreOptions options;
+        options.countDrafts = drafts;
+        options.countJunk = junk;
         std::string text;
-        for (const char* const name : {"Outbox", "UNSENT messages", "deleted items", "Müll"}) {
-            const auto session = openMailSession({files.write(name, "")}, options);
-            const auto folder = session->folders()->first();
-            const bool outbox = session->isDefaultFolder(*folder, DefaultFolder::Outbox);
-            const bool deleted = session->isDefaultFolder(*folder, DefaultFolder::DeletedItems);
-            text += outbox ? "o" : deleted ? "d" : "-";
-        }
+        for (const DefaultFolder kind : openMailSession({pathOf("box")}, options)->leftOutFolders())
+            text += kLetters[static_cast<std::size_t>(kind)];
         return text;
     };
-    EXPECT_EQ(kinds({}), "ood-");
-    EXPECT_EQ(kinds({{}, {"mÜll"}}), "oo-d");
-    EXPECT_EQ(kinds({{"Müll", "other"}, {}}), "--do");
+    EXPECT_EQ(countOf(false, false), "odej");
+    EXPECT_EQ(countOf(true, false), "odj");
+    EXPECT_EQ(countOf(false, true), "ode");
+}
+
+TEST_F(FoldersTest, leavesOutMessagesMarkedAsDeletedInMaildirs) {
+    write(message, {"md/cur/1:2,ST", "md/cur/2:2,S", "md/cur/3;2,T", "md/cur/4T", "md/new/5:2,T"});
+    files.write("md/cur/6.eml", "X-Mozilla-Status: 0008\n" + message("gone"));
+    files.write("md/cur/7.eml", "X-Mozilla-Status: 0001\n" + message("7"));
+    EXPECT_EQ(treeOf("md"), "md[2:2,S 4T 7]");
+    EXPECT_EQ(openFolder("md")->itemCount(), 3);
 }
 
 }  // namespace

@@ -1,21 +1,21 @@
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "platform/desktop/mail/folder_name.h"
 #include "platform/desktop/mail/folder_place.h"
 #include "platform/desktop/mail/mail_file.h"
 #include "platform/desktop/mail/mail_text.h"
+#include "platform/desktop/mail/special_folder.h"
 #include "platform/error.h"
 
 namespace pelk {
 namespace {
 
-constexpr std::string_view kCompanion = ".sbd";
 constexpr std::string_view kSummary = ".msf";
 
 bool isCompanion(const DirectoryEntry& entry) {
-    return entry.isDirectory && entry.name.size() > kCompanion.size() &&
-           entry.name.ends_with(kCompanion);
+    return entry.isDirectory && withoutCompanionEnding(entry.name) != entry.name;
 }
 
 /// Whether a directory belongs to the machinery of a mail store.
@@ -40,12 +40,20 @@ class Listing {
     }
 
     std::vector<FolderPlace> result() {
+        const bool top = holdsTop();
         addNested();
         std::stable_sort(found_.begin(), found_.end(),
                          [](const auto& a, const auto& b) { return a.fileName < b.fileName; });
         std::vector<FolderPlace> places;
-        for (Found& found : found_)
+        std::set<std::string> taken;
+        for (Found& found : found_) {
+            found.place.atTop = top;
+            found.place.canonical = parent_.canonical + "/" + found.canonicalName;
+            // A folder may stand here twice: beside the directory X there may be X.sbd.
+            while (!taken.insert(found.place.canonical).second)
+                found.place.canonical += "+";
             places.push_back(std::move(found.place));
+        }
         return places;
     }
 
@@ -53,14 +61,29 @@ class Listing {
     struct Found {
         std::string fileName;
         FolderPlace place;
+        std::string canonicalName = fileName;
     };
+
+    /// Whether mail programs put the folders that they have for purposes of their own here: at the
+    /// top of what the user named, and of an account in that, which is told by its inbox, by the
+    /// outbox of Thunderbird or by Maildirs that are named as only those of an account are.
+    bool holdsTop() const {
+        const auto marksAccount = [](const Found& found) {
+            return equalsIgnoringCase(found.fileName, "INBOX") ||
+                   found.fileName == "Unsent Messages";
+        };
+        return parent_.isStore || (parent_.atTop && isContainerName(parent_.name)) ||
+               (parent_.kind == FolderPlace::Kind::Directory &&
+                (nested_.size() > parent_.nested.size() ||
+                 std::any_of(found_.begin(), found_.end(), marksAccount)));
+    }
 
     bool isNew(const DirectoryId& id) const {
         return std::find(parent_.trail.begin(), parent_.trail.end(), id) == parent_.trail.end();
     }
 
     FolderPlace place(std::string name, FolderPlace::Kind kind, const std::string& path) const {
-        return {std::move(name), kind, path, {}, {}, parent_.trail};
+        return {std::move(name), kind, path, {}, {}, parent_.trail, {}};
     }
 
     FolderPlace directoryPlace(std::string name, const std::string& path,
@@ -98,7 +121,7 @@ class Listing {
         try {
             const FileStart start = startOf(path);
             return start == FileStart::Mbox ||
-                   (start == FileStart::Nothing && (has(kCompanion) || has(kSummary)));
+                   (start == FileStart::Nothing && (has(kCompanionEnding) || has(kSummary)));
         } catch (const Error&) {
             // Told to the user when it is opened.
             return true;
@@ -109,7 +132,7 @@ class Listing {
     /// `end`. Without that it is a folder itself.
     void addCompanion(const DirectoryEntry& entry, const std::string& path, std::size_t begin,
                       std::size_t end) {
-        const std::string name = entry.name.substr(0, entry.name.size() - kCompanion.size());
+        const std::string name = withoutCompanionEnding(entry.name);
         const auto first = found_.begin() + static_cast<std::ptrdiff_t>(begin);
         const auto last = found_.begin() + static_cast<std::ptrdiff_t>(end);
         const auto owner = std::lower_bound(
@@ -118,7 +141,7 @@ class Listing {
             owner->place.companion = path;
             owner->place.trail.push_back(entry.id);
         } else {
-            found_.push_back({entry.name, directoryPlace(decodeText(name), path, entry.id)});
+            found_.push_back({entry.name, directoryPlace(decodeText(name), path, entry.id), name});
         }
     }
 
@@ -158,6 +181,26 @@ std::vector<FolderPlace> listSubfolders(const FolderPlace& place) {
     if (!place.companion.empty())
         listing.addContentOf(place.companion);
     return listing.result();
+}
+
+bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit) {
+    std::vector<FolderPlace> open = {top};
+    std::set<DirectoryId> seen;
+    while (!open.empty()) {
+        const FolderPlace place = std::move(open.back());
+        open.pop_back();
+        try {
+            if (visit(place))
+                return true;
+            for (FolderPlace& inner : listSubfolders(place))
+                if (inner.kind != FolderPlace::Kind::Directory ||
+                    seen.insert(inner.trail.back()).second)
+                    open.push_back(std::move(inner));
+        } catch (const Error&) {
+            // What cannot be read holds nothing as far as can be told.
+        }
+    }
+    return false;
 }
 
 }  // namespace pelk

@@ -5,9 +5,10 @@
 #include <limits>
 #include <optional>
 
-#include "platform/desktop/mail/folder_place.h"
 #include "platform/desktop/mail/mail_text.h"
+#include "platform/desktop/mail/named_stores.h"
 #include "platform/desktop/mail/read_ahead.h"
+#include "platform/desktop/mail/special_folder.h"
 #include "platform/desktop/mail/stored_messages.h"
 #include "platform/error.h"
 
@@ -22,7 +23,10 @@ class DiskFolder : public StoredFolder {
  public:
     explicit DiskFolder(FolderPlace place) : place_(std::move(place)) {}
 
+    const FolderPlace& location() const { return place_; }
+
     std::string name() override { return place_.name; }
+    std::string place() override { return place_.canonical; }
     int defaultItemType() override { return kMailItemType; }
     std::unique_ptr<MailFolders> folders() override {
         return walk([place = place_] { return listSubfolders(place); });
@@ -116,32 +120,38 @@ std::unique_ptr<MailFolders> walk(std::function<PlaceList()> list) {
 class DiskSession : public MailSession {
  public:
     DiskSession(const std::vector<std::string>& paths, MailStoreOptions options)
-        : options_(std::move(options)) {
-        if (options_.outboxNames.empty())
-            options_.outboxNames = {"Outbox", "Unsent", "Unsent Messages"};
-        if (options_.deletedNames.empty())
-            options_.deletedNames = {"Trash", "Deleted", "Deleted Items", "Deleted Messages"};
-        for (const std::string& path : paths)
-            stores_.push_back(findStore(path));
-    }
+        : options_(std::move(options)), named_(paths) {}
 
     std::unique_ptr<MailFolders> folders() override {
-        return walk([stores = stores_] { return stores; });
+        return walk([stores = named_.stores()] { return stores; });
+    }
+
+    std::vector<DefaultFolder> leftOutFolders() override {
+        std::vector<DefaultFolder> kinds = MailSession::leftOutFolders();
+        if (!options_.countDrafts)
+            kinds.push_back(DefaultFolder::Drafts);
+        if (!options_.countJunk)
+            kinds.push_back(DefaultFolder::Junk);
+        return kinds;
     }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
-        if (kind != DefaultFolder::Outbox && kind != DefaultFolder::DeletedItems)
-            return false;
-        const std::vector<std::string>& names =
-            kind == DefaultFolder::Outbox ? options_.outboxNames : options_.deletedNames;
-        const std::string wanted = foldCase(folder.name());
-        return std::any_of(names.begin(), names.end(),
-                           [&](const std::string& name) { return foldCase(name) == wanted; });
+        const FolderPlace& place = dynamic_cast<DiskFolder&>(folder).location();
+        return place.atTop && isCalled(place.name, kind) && !named_.isNamed(place);
     }
 
  private:
-    MailStoreOptions options_;
-    PlaceList stores_;
+    bool isCalled(const std::string& name, DefaultFolder kind) const {
+        const std::vector<std::string>& names =
+            kind == DefaultFolder::Outbox ? options_.outboxNames : options_.deletedNames;
+        if (names.empty() || kind == DefaultFolder::Drafts || kind == DefaultFolder::Junk)
+            return folderCalled(name) == kind;
+        return std::any_of(names.begin(), names.end(),
+                           [&](const std::string& one) { return foldCase(one) == foldCase(name); });
+    }
+
+    const MailStoreOptions options_;
+    const NamedStores named_;
 };
 
 }  // namespace

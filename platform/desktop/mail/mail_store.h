@@ -32,10 +32,18 @@ struct MailStoreOptions {
     /// Where empty, the names that mail programs commonly give them.
     std::vector<std::string> outboxNames;
     std::vector<std::string> deletedNames;
+    /// Whether the items of these folders are counted.
+    bool countDrafts = false;
+    bool countJunk = false;
 };
 
-/// Each path is one top-level folder, named by the last part of the path. Fails with an `Error`
-/// that names the path when one does not exist, cannot be read or holds no mail of a known kind.
+/// Each path is one top-level folder, named by the last part of the path. One that is named twice,
+/// or that another one holds, is there once. Fails with an `Error` that names the path when one
+/// does not exist, cannot be read or holds no mail of a known kind.
+///
+/// Default folders are those of a usual name at the top of a store: right below what the user
+/// named, or below an account in that; also in a folder such as INBOX or [Gmail] there. What the
+/// user named is none.
 ///
 /// A folder is looked at when it is first asked for its items, and shows these from then on,
 /// whatever happens to it on disk. Items outlive their folder. A folder or message that cannot be

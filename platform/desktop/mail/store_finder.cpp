@@ -1,8 +1,10 @@
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <filesystem>
-#include <set>
+#include <memory>
 
+#include "platform/desktop/mail/folder_name.h"
 #include "platform/desktop/mail/folder_place.h"
 #include "platform/desktop/mail/mail_file.h"
 #include "platform/desktop/mail/mail_text.h"
@@ -42,23 +44,36 @@ bool isMailDirectory(const FolderPlace& place) {
 
 /// Whether there is mail in the directory `top` or anywhere below.
 bool holdsMail(const FolderPlace& top) {
-    std::vector<FolderPlace> open = {top};
-    std::set<DirectoryId> seen;
-    while (!open.empty()) {
-        const FolderPlace place = std::move(open.back());
-        open.pop_back();
-        try {
-            if (place.kind != FolderPlace::Kind::Directory || isMailDirectory(place))
-                return true;
-            for (FolderPlace& inner : listSubfolders(place))
-                if (inner.kind != FolderPlace::Kind::Directory ||
-                    seen.insert(inner.trail.back()).second)
-                    open.push_back(std::move(inner));
-        } catch (const Error&) {
-            // What cannot be read holds no mail as far as can be told.
+    return anyFolder(top, [](const FolderPlace& place) {
+        return place.kind != FolderPlace::Kind::Directory || isMailDirectory(place);
+    });
+}
+
+struct Free {
+    void operator()(char* text) const { std::free(text); }
+};
+
+/// See `FolderPlace::canonical`.
+std::string canonicalPlace(const std::string& path) {
+    const std::unique_ptr<char, Free> real(::realpath(path.c_str(), nullptr));
+    if (!real)
+        failReading(path);
+    std::string place;
+    std::filesystem::path onDisk = "/";
+    for (const std::filesystem::path& part : std::filesystem::path(real.get()).relative_path()) {
+        const std::string name = part.string();
+        const bool inMaildir = name.starts_with('.') && isMaildir(onDisk.string());
+        onDisk /= part;
+        if (inMaildir && isMaildir(onDisk.string())) {
+            for (const std::string& level : splitMaildirName(name))
+                place += "/." + level;
+        } else {
+            std::error_code error;
+            const bool isDirectory = std::filesystem::is_directory(onDisk, error);
+            place += "/" + (isDirectory ? withoutCompanionEnding(name) : name);
         }
     }
-    return false;
+    return place.empty() ? "/" : place;
 }
 
 FolderPlace directoryStore(FolderPlace place, const struct stat& status) {
@@ -75,7 +90,7 @@ FolderPlace fileStore(FolderPlace place) {
     if (startOf(place.path) != FileStart::Other) {
         place.kind = FolderPlace::Kind::Mbox;
         struct stat status {};
-        const std::string companion = place.path + ".sbd";
+        const std::string companion = place.path + std::string(kCompanionEnding);
         if (::stat(companion.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
             place.companion = companion;
             place.trail.push_back({status.st_dev, status.st_ino});
@@ -94,9 +109,11 @@ FolderPlace findStore(const std::string& path) {
     FolderPlace place;
     place.path = withoutFinalSlashes(path);
     place.name = decodeText(nameOf(place.path));
+    place.isStore = true;
     struct stat status {};
     if (::stat(place.path.c_str(), &status) != 0)
         failReading(place.path);
+    place.canonical = canonicalPlace(place.path);
     return S_ISDIR(status.st_mode) ? directoryStore(std::move(place), status)
                                    : fileStore(std::move(place));
 }
