@@ -57,9 +57,11 @@ Options:
   --yes            do delete the contacts of a domain, or the database
   --best           print only the best of the links between two domains
   --ok, --cancel   answer the questions of an import so
-  --outbox NAME    take folders called NAME for the outbox, which is not scanned
-  --deleted NAME   take folders called NAME for the deleted items, which are not
-                   scanned
+  --outbox NAME    take a folder called NAME at the top of the mail for the
+                   outbox, which is not scanned
+  --deleted NAME   take a folder called NAME at the top of the mail for the
+                   deleted items, which are not scanned
+  --drafts, --junk scan the drafts, the junk, too
   --help, --version
 
 Exit status: 0 done, 1 refused or failed, 2 wrong usage.
@@ -152,9 +154,13 @@ class WordReader {
         else if (word == "--data")
             arguments_.dataFolder = value(word);
         else if (word == "--outbox")
-            arguments_.outboxNames.push_back(value(word));
+            arguments_.mail.outboxNames.push_back(value(word));
         else if (word == "--deleted")
-            arguments_.deletedNames.push_back(value(word));
+            arguments_.mail.deletedNames.push_back(value(word));
+        else if (word == "--drafts")
+            arguments_.mail.countDrafts = true;
+        else if (word == "--junk")
+            arguments_.mail.countJunk = true;
         else
             throw UsageError("unknown option " + word);
     }

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/desktop/mail/mail_store.h"
+
 namespace pelk {
 
 /// The command line cannot be understood; `what()` says why.
@@ -20,8 +22,8 @@ struct Arguments {
     std::vector<std::string> operands;
     /// Empty for the user's usual data folder.
     std::string dataFolder;
-    std::vector<std::string> outboxNames;
-    std::vector<std::string> deletedNames;
+    /// Where the mail is read.
+    MailStoreOptions mail;
     /// The name that `merge` gives; empty when there is none.
     std::string name;
     bool yes = false;

@@ -24,7 +24,7 @@ constexpr std::size_t kStrongestShown = 20;
 void scan(CommandRun& run) {
     const Arguments& arguments = run.arguments();
     const std::unique_ptr<MailSession> session =
-        openMailSession(arguments.operands, {arguments.outboxNames, arguments.deletedNames});
+        openMailSession(arguments.operands, arguments.mail);
     run.lock();
     Database& database = run.database();
     const std::string since = database.date();

@@ -36,7 +36,7 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
     const Platform platform = desktop.with(dialogs);
     QtToolkit toolkit(dialogs, desktop.language());
-    MainWindow window(arguments.operands, {arguments.outboxNames, arguments.deletedNames}, dialogs);
+    MainWindow window(arguments.operands, arguments.mail, dialogs);
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     Connect connect(toolkit, platform);
