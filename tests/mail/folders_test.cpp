@@ -214,6 +214,8 @@ TEST_F(FoldersTest, knowsDefaultFoldersAtTheTopOfAStore) {
     write(message, {"md/cur/1", "md/.Trash/cur/1", "md/.INBOX.Spam/cur/1", "md/.Work.Trash/cur/1",
                     "mail/a/INBOX/cur/1", "mail/a/Trash/cur/1", "mail/b/.Trash/cur/1",
                     "mail/Work/Trash/cur/1"});
+    files.write("mail/imap.x/INBOX.msf", "");
+    write(mbox, {"mail/imap.x/Spam"});
     const auto kinds = [&](const char* path, const MailStoreOptions& options) {
         const auto session = openMailSession({pathOf(path)}, options);
         return kindsOf(*session, *session->folders());
@@ -222,7 +224,7 @@ TEST_F(FoldersTest, knowsDefaultFoldersAtTheTopOfAStore) {
     EXPECT_EQ(kinds("top", {{"WORK"}, {"bozze"}}), "Bozze:de Drafts:e JUNK e-mail:j Work:o ");
     EXPECT_EQ(kinds("top/Trash", {}), "Trash:d ") << "the folder in it, not the store";
     EXPECT_EQ(kinds("md", {}), "Spam:j Trash:d ");
-    EXPECT_EQ(kinds("mail", {}), "Trash:d Trash:d ");
+    EXPECT_EQ(kinds("mail", {}), "Trash:d Trash:d Spam:j ");
     const auto session = openMailSession({pathOf("top"), pathOf("top/Trash")}, {});
     EXPECT_EQ(kindsOf(*session, *session->folders()).find("Trash:d"), std::string::npos);
 }

@@ -87,6 +87,8 @@ TEST_F(StoredMessageTest, tellsWhenItCame) {
     EXPECT_EQ(timeOf("a.eml", received + date, 2005), came);
     EXPECT_EQ(timeOf("a.eml", "Received: by a\n" + date, 2005), dated);
     EXPECT_EQ(timeOf("a.eml", date, 1945), dated) << "no time of a file";
+    EXPECT_EQ(timeOf("box", "From -\n" + date, 1945), dated);
+    EXPECT_FALSE(isAhead_);
     EXPECT_EQ(timeOf("a.eml", "\n", 1945), LocalTime{});
     EXPECT_EQ(timeOf("a.eml", "\n", 2005), changed);
     EXPECT_EQ(timeOf("md/cur/1000000000.x:2,S", received, 2005),

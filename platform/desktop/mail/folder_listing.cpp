@@ -30,9 +30,11 @@ class Listing {
     void addContentOf(const std::string& path) {
         const std::vector<DirectoryEntry> entries = readDirectory(path);
         const std::size_t begin = found_.size();
-        for (const DirectoryEntry& entry : entries)
+        for (const DirectoryEntry& entry : entries) {
+            isAccount_ = isAccount_ || marksAccount(entry.name);
             if (!isCompanion(entry))
                 add(entry, path + "/" + entry.name, entries);
+        }
         const std::size_t end = found_.size();
         for (const DirectoryEntry& entry : entries)
             if (isCompanion(entry) && !entry.name.starts_with('.') && isNew(entry.id))
@@ -65,17 +67,18 @@ class Listing {
     };
 
     /// Whether mail programs put the folders that they have for purposes of their own here: at the
-    /// top of what the user named, and of an account in that, which is told by its inbox, by the
-    /// outbox of Thunderbird or by Maildirs that are named as only those of an account are.
+    /// top of what the user named, and of an account in that.
     bool holdsTop() const {
-        const auto marksAccount = [](const Found& found) {
-            return equalsIgnoringCase(found.fileName, "INBOX") ||
-                   found.fileName == "Unsent Messages";
-        };
         return parent_.isStore || (parent_.atTop && isContainerName(parent_.name)) ||
-               (parent_.kind == FolderPlace::Kind::Directory &&
-                (nested_.size() > parent_.nested.size() ||
-                 std::any_of(found_.begin(), found_.end(), marksAccount)));
+               (parent_.kind == FolderPlace::Kind::Directory && isAccount_);
+    }
+
+    /// Whether only the directory of an account holds something of that name: its inbox, or the
+    /// outbox of Thunderbird, or no more of them than the summary.
+    static bool marksAccount(std::string_view name) {
+        if (name.ends_with(kSummary))
+            name.remove_suffix(kSummary.size());
+        return equalsIgnoringCase(name, "INBOX") || name == "Unsent Messages";
     }
 
     bool isNew(const DirectoryId& id) const {
@@ -106,6 +109,8 @@ class Listing {
         } else if (!entry.name.starts_with('.')) {
             found_.push_back({entry.name, directoryPlace(decodeText(entry.name), path, entry.id)});
         } else if (isMaildir(path)) {
+            // So an account names its folders, and stands above them itself.
+            isAccount_ = true;
             nested_.push_back({splitMaildirName(entry.name), path, entry.id});
         }
     }
@@ -170,6 +175,7 @@ class Listing {
     const FolderPlace& parent_;
     std::vector<NestedMaildir> nested_;
     std::vector<Found> found_;
+    bool isAccount_ = false;
 };
 
 }  // namespace

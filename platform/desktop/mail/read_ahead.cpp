@@ -73,6 +73,7 @@ ReadAhead::Batch ReadAhead::read(const StoredMessages& messages, std::size_t beg
     for (std::size_t index = begin; index < end && bytes < kMostBytes; ++index) {
         try {
             ListedMessage listed = messages.message(index);
+            listed.message->creationTime();
             if (withPeople)
                 listed.message->readPeople();
             bytes += listed.message->heldBytes();

@@ -26,7 +26,8 @@ LocalTime StoredMessage::creationTime() {
 /// is read as the present, which moves on.
 bool StoredMessage::isDatedAhead() {
     const std::optional<LocalTime>& changed = place_.file->changed();
-    if (changed && ownTime() && *ownTime() <= *changed)
+    const std::optional<LocalTime>& own = ownTime();
+    if (own && (!changed || *own <= *changed))
         return false;
     return place_.inMbox || place_.file->isAhead();
 }
