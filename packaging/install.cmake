@@ -15,10 +15,6 @@ if(WIN32)
   return()
 endif()
 
-# It reads files of strangers, so the system's own checks are on.
-target_compile_options(pelk_options INTERFACE $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
-target_link_options(pelk PRIVATE LINKER:-z,relro,-z,now)
-
 # The release stands at the head of the users' change log, with its date.
 set(log ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${log})
