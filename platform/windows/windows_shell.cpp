@@ -24,6 +24,16 @@ std::wstring folderOfModule() {
     }
 }
 
+/// The help viewer of Windows itself: a program of that name in the current folder or on the path
+/// may be anybody's.
+std::wstring helpViewer() {
+    wchar_t folder[MAX_PATH];
+    const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH)
+        throw Error("The help cannot be opened: the folder of Windows is not known.");
+    return std::wstring(folder) + L"\\hh.exe";
+}
+
 }  // namespace
 
 std::optional<std::string> WindowsShell::applicationDataFolder() {
@@ -40,14 +50,15 @@ std::optional<std::string> WindowsShell::ownFolder() {
 
 /// The viewer itself tells the user when the file is not there.
 void WindowsShell::openHelp() {
-    std::wstring command = L"hh.exe \"" + folderOfModule() + L"\\pelk.chm\"";
+    const std::wstring viewer = helpViewer();
+    std::wstring command = L"\"" + viewer + L"\" \"" + folderOfModule() + L"\\pelk.chm\"";
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESHOWWINDOW;
     startup.wShowWindow = SW_SHOWNORMAL;
     PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
+    if (!CreateProcessW(viewer.c_str(), command.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &startup, &process))
         throw Error("The help cannot be opened: Windows does not start hh.exe.");
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
