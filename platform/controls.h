@@ -100,6 +100,7 @@ class Slider : public Control {
 
 class ProgressBar : public Control {
  public:
+    /// At its maximum the bar is full, in a range of a single value as well.
     virtual void setRange(int minimum, int maximum) = 0;
     /// The value stays within the range.
     virtual void setValue(int value) = 0;

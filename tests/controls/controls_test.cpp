@@ -194,5 +194,21 @@ TEST_F(Controls, ProgressStaysInItsRange) {
     EXPECT_EQ(driver_.progressOf(bar), (Progress{1, 3, 1}));
 }
 
+TEST_F(Controls, ProgressIsFullAtItsMaximumEvenInARangeOfOneValue) {
+    ProgressBar& bar = window_->addProgressBar({0, 0, 6000, 250});
+    window_->show();
+    const auto look = [&](int maximum, int value) {
+        bar.setRange(1, maximum);
+        bar.setValue(value);
+        EXPECT_EQ(driver_.progressOf(bar), (Progress{1, maximum, value}));
+        return driver_.pictureOf(bar);
+    };
+    const auto full = look(2, 2);
+    const auto empty = look(2, 1);
+    EXPECT_NE(full, empty);
+    EXPECT_EQ(look(1, 1), full);
+    EXPECT_EQ(look(2, 1), empty);
+}
+
 }  // namespace
 }  // namespace pelk

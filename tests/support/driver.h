@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -57,6 +58,8 @@ class Driver {
     virtual bool isWindowShown(const std::string& caption) = 0;
     virtual bool isLabelShown(const std::string& text) = 0;
     virtual void clickButton(const std::string& text) = 0;
+    /// Clicks the close button of the modal window.
+    virtual void closeModal() = 0;
 
     virtual bool isVisible(Window& window) = 0;
     virtual std::string captionOf(Window& window) = 0;
@@ -79,6 +82,8 @@ class Driver {
     /// Clicks with the mouse where the button is; whatever is in its way gets the click.
     virtual void click(Control& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
+    /// The pixels that the bar paints now.
+    virtual std::vector<std::uint32_t> pictureOf(ProgressBar& bar) = 0;
     /// The image that is shown.
     virtual TreeImage imageOf(Picture& picture) = 0;
     virtual bool isChecked(OptionButton& button) = 0;

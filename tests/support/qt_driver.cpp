@@ -60,6 +60,8 @@ class QtDriver : public Driver {
             ADD_FAILURE() << "No button " << text;
     }
 
+    void closeModal() override { QGuiApplication::modalWindow()->close(); }
+
     bool isVisible(Window& window) override { return native<QWidget>(window).isVisible(); }
     std::string captionOf(Window& window) override {
         QWidget& widget = native<QWidget>(window);
@@ -124,6 +126,13 @@ class QtDriver : public Driver {
     Progress progressOf(ProgressBar& bar) override {
         const QProgressBar& widget = native<QProgressBar>(bar);
         return {widget.minimum(), widget.maximum(), widget.value()};
+    }
+
+    std::vector<std::uint32_t> pictureOf(ProgressBar& bar) override {
+        const QImage image =
+            native<QWidget>(bar).grab().toImage().convertToFormat(QImage::Format_RGB32);
+        const auto* const pixels = reinterpret_cast<const std::uint32_t*>(image.constBits());
+        return {pixels, pixels + image.width() * image.height()};
     }
 
     TreeImage imageOf(Picture& picture) override { return imageIn(native<QWidget>(picture)); }

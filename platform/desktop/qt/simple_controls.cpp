@@ -1,6 +1,7 @@
 #include "platform/desktop/qt/simple_controls.h"
 
 #include <QPainter>
+#include <QStyleOptionProgressBar>
 #include <algorithm>
 
 #include "platform/desktop/qt/images.h"
@@ -67,6 +68,12 @@ void QtOptionButton::setChecked(bool checked) {
     widget_.group()->setExclusive(checked);
     widget_.setChecked(checked);
     widget_.group()->setExclusive(true);
+}
+
+void BarWidget::initStyleOption(QStyleOptionProgressBar* option) const {
+    QProgressBar::initStyleOption(option);
+    if (option->minimum == option->maximum)
+        --option->minimum;
 }
 
 QtProgressBar::QtProgressBar(QWidget& parent, const TwipScale& scale) : QtControl(parent, scale) {

@@ -63,7 +63,16 @@ class QtOptionButton : public QtControl<OptionButton, QRadioButton> {
     bool isChecked() const override { return widget_.isChecked(); }
 };
 
-class QtProgressBar : public QtControl<ProgressBar, QProgressBar> {
+/// Styles draw a range of a single value as nothing done, or as a wait without end.
+class BarWidget : public QProgressBar {
+ public:
+    using QProgressBar::QProgressBar;
+
+ protected:
+    void initStyleOption(QStyleOptionProgressBar* option) const override;
+};
+
+class QtProgressBar : public QtControl<ProgressBar, BarWidget> {
  public:
     QtProgressBar(QWidget& parent, const TwipScale& scale);
     void setRange(int minimum, int maximum) override;

@@ -30,6 +30,20 @@ void addStyle(HWND control, DWORD style) {
                       GetWindowLongPtrW(control, GWL_STYLE) | static_cast<LONG_PTR>(style));
 }
 
+/// Windows draws a range of a single value as nothing done. So the bar has one more below it, which
+/// is kept from whoever asks for its range.
+LRESULT CALLBACK answerForSingleValue(HWND bar, UINT message, WPARAM lowest, LPARAM range, UINT_PTR,
+                                      DWORD_PTR) {
+    if (message == WM_NCDESTROY)
+        RemoveWindowSubclass(bar, answerForSingleValue, 0);
+    const LRESULT answer = DefSubclassProc(bar, message, lowest, range);
+    if (message != PBM_GETRANGE)
+        return answer;
+    if (range != 0)
+        ++reinterpret_cast<PBRANGE*>(range)->iLow;
+    return lowest != 0 ? answer + 1 : answer;
+}
+
 }  // namespace
 
 Win32Label::Win32Label(const ControlPlace& place)
@@ -155,7 +169,13 @@ Win32ProgressBar::Win32ProgressBar(const ControlPlace& place)
 
 void Win32ProgressBar::setRange(int minimum, int maximum) {
     const auto value = static_cast<int>(SendMessageW(handle(), PBM_GETPOS, 0, 0));
-    SendMessageW(handle(), PBM_SETRANGE32, static_cast<WPARAM>(minimum), maximum);
+    const bool isSingleValue = minimum == maximum;
+    if (isSingleValue)
+        SetWindowSubclass(handle(), answerForSingleValue, 0, 0);
+    else
+        RemoveWindowSubclass(handle(), answerForSingleValue, 0);
+    const int lowest = isSingleValue ? minimum - 1 : minimum;
+    SendMessageW(handle(), PBM_SETRANGE32, static_cast<WPARAM>(lowest), maximum);
     setValue(value);
 }
 

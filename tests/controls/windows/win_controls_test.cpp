@@ -7,6 +7,7 @@
 #include "platform/windows/controls/native_control.h"
 #include "tests/controls/random_edits.h"
 #include "tests/controls/window_fixture.h"
+#include "tests/support/windows/paper.h"
 #include "tests/support/windows/win_acts.h"
 
 namespace pelk {
@@ -64,40 +65,13 @@ TEST_F(WinKeyboard, MenuKeyAsksForAMenuAtTheSelectedRow) {
     EXPECT_EQ(asked, 1);
 }
 
-/// A picture in memory to draw on, white at first.
-class Paper {
- public:
-    explicit Paper(SIZE size) : size_(size), dc_(CreateCompatibleDC(nullptr)) {
-        BITMAPINFO info = {};
-        info.bmiHeader = {sizeof info.bmiHeader, size.cx, size.cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-        bitmap_ = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, nullptr, nullptr, 0);
-        before_ = SelectObject(dc_, bitmap_);
-        PatBlt(dc_, 0, 0, size.cx, size.cy, WHITENESS);
-    }
-    ~Paper() {
-        SelectObject(dc_, before_);
-        DeleteDC(dc_);
-        DeleteObject(bitmap_);
-    }
-    Paper(const Paper&) = delete;
-    Paper& operator=(const Paper&) = delete;
-
-    HDC dc() const { return dc_; }
-    template <class Test>
-    std::vector<bool> pixelsThat(Test test) const {
-        std::vector<bool> pixels;
-        for (int y = 0; y < size_.cy; ++y)
-            for (int x = 0; x < size_.cx; ++x)
-                pixels.push_back(test(GetPixel(dc_, x, y)));
-        return pixels;
-    }
-
- private:
-    SIZE size_;
-    HDC dc_;
-    HBITMAP bitmap_;
-    HGDIOBJ before_;
-};
+template <class Test>
+std::vector<bool> pixelsThat(const Paper& paper, Test test) {
+    std::vector<bool> pixels;
+    for (const COLORREF color : paper.pixels())
+        pixels.push_back(test(color));
+    return pixels;
+}
 
 auto countOf(const std::vector<bool>& pixels) {
     return std::count(pixels.begin(), pixels.end(), true);
@@ -110,7 +84,7 @@ TEST(WinLook, ImagesDifferInShape) {
         const Paper paper({16, 16});
         ImageList_DrawEx(images, image, paper.dc(), 0, 0, 16, 16, CLR_NONE, CLR_NONE,
                          ILD_TRANSPARENT);
-        shapes.push_back(paper.pixelsThat([](COLORREF color) { return GetGValue(color) < 200; }));
+        shapes.push_back(pixelsThat(paper, [](COLORREF color) { return GetGValue(color) < 200; }));
         EXPECT_EQ(countOf(shapes.back()) > 20, image != 0) << image;
         for (std::size_t other = 0; other + 1 < shapes.size(); ++other) {
             int different = 0;
@@ -136,8 +110,8 @@ class WinTree : public WindowTest {
         GetClientRect(native, &inner);
         const Paper paper({inner.right, inner.bottom});
         SendMessageW(native, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()), PRF_CLIENT);
-        return countOf(paper.pixelsThat(
-            [](COLORREF color) { return GetRValue(color) > 200 && GetGValue(color) < 80; }));
+        return countOf(pixelsThat(
+            paper, [](COLORREF color) { return GetRValue(color) > 200 && GetGValue(color) < 80; }));
     }
     /// The native tree shows what the model holds, each node once.
     void expectSame(const TreeNode& node, const TreePath& path) {

@@ -11,6 +11,7 @@
 #include "platform/windows/controls/window_text.h"
 #include "tests/support/test_platform.h"
 #include "tests/support/windows/native_tree.h"
+#include "tests/support/windows/paper.h"
 #include "tests/support/windows/win_acts.h"
 
 namespace pelk {
@@ -57,6 +58,8 @@ class WinDriver : public Driver {
         else
             ADD_FAILURE() << "No button " << text;
     }
+
+    void closeModal() override { PostMessageW(GetActiveWindow(), WM_SYSCOMMAND, SC_CLOSE, 0); }
 
     bool isVisible(Window& window) override { return IsWindowVisible(native(window)) != FALSE; }
     std::string captionOf(Window& window) override { return toUtf8(textOfWindow(native(window))); }
@@ -196,6 +199,14 @@ class WinDriver : public Driver {
         SendMessageW(native(bar), PBM_GETRANGE, TRUE, reinterpret_cast<LPARAM>(&range));
         const LRESULT value = SendMessageW(native(bar), PBM_GETPOS, 0, 0);
         return {range.iLow, range.iHigh, static_cast<int>(value)};
+    }
+
+    std::vector<std::uint32_t> pictureOf(ProgressBar& bar) override {
+        RECT inner = {};
+        GetClientRect(native(bar), &inner);
+        const Paper paper({inner.right, inner.bottom});
+        SendMessageW(native(bar), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()), PRF_CLIENT);
+        return paper.pixels();
     }
 
     std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent) override {
