@@ -95,7 +95,8 @@ void Forms::openFind(const Database& database, int sourceId) {
     form.show();
 }
 
-/// While a search is under way its form comes to the front as it is.
+/// While a search is under way its form comes to the front as it is; whoever wanted another one is
+/// told why it does not start.
 void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
     findFormDomain& form = created(findDomain, toolkit_, platform_);
     if (!form.isSearching()) {
@@ -112,6 +113,12 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
         form.fillTreeDomains();
     }
     form.show();
+    if (form.sourceDomain != sourceDomain)
+        platform_.dialogs.message("A search for the links of " + form.sourceDomain +
+                                      " is still running. Stop it or wait for its end before you "
+                                      "look for those of " +
+                                      sourceDomain + ".",
+                                  Buttons::Ok);
 }
 
 void Forms::openOthers(Database& database) {
@@ -141,7 +148,9 @@ void Forms::refreshBesideView() {
     refreshIfOpen(details);
     refreshIfOpen(contact);
     refreshIfOpen(find);
+    refreshIfOpen(links);
     refreshIfOpen(findDomain);
+    refreshIfOpen(domainLinks);
 }
 
 void Forms::abandonSearch() {

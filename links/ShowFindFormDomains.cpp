@@ -32,6 +32,7 @@ ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit)
 }
 
 void ShowFindFormDomains::fill(const std::vector<LinkChain>& chains) {
+    chains_ = chains;
     maxWeight_ = std::max(maxWeight_, db->strongestWeight());
     fastClear(presTree);
     const RedrawSuspension suspension(presTree);
@@ -43,6 +44,14 @@ void ShowFindFormDomains::fill(const std::vector<LinkChain>& chains) {
         tree.setTag(first, chain.cost);
     }
     presTree.setExpanded(root, true);
+}
+
+void ShowFindFormDomains::refresh() {
+    maxWeight_ = std::max(maxWeight_, db->strongestWeight());
+    TreeModel& tree = presTree.model();
+    const std::vector<TreeNode*>& shown = tree.firstByIndex()->children();
+    for (std::size_t at = 0; at < chains_.size(); ++at)
+        showChain(tree, *shown[at], chains_[at].ids, *db, maxWeight_);
 }
 
 /// Chains of the same cost are opened together.

@@ -25,6 +25,8 @@ class ShowFindFormDomains {
     /// Shows the chains below one node that names the two domains. The first node of a chain has
     /// the chain's cost as tag.
     void fill(const std::vector<LinkChain>& chains);
+    /// Shows what a change of the database has made of the chains.
+    void refresh();
     void show() { window->show(); }
 
     const std::unique_ptr<Window> window;
@@ -36,6 +38,7 @@ class ShowFindFormDomains {
     void shortestButtonClick();
 
     FormLayout layout_;
+    std::vector<LinkChain> chains_;
     /// The largest weight that the form has seen. It is never lowered, on purpose: two results that
     /// are looked at one after the other are measured alike.
     std::int64_t maxWeight_ = 0;

@@ -32,4 +32,10 @@ void ShowFindFormSimple::fill() {
     addStaircase(presTree, presTree.model().root(), path, *db, maxWeight_, StairKeys::Contacts);
 }
 
+void ShowFindFormSimple::refresh() {
+    maxWeight_ = std::max(maxWeight_, db->strongestWeight());
+    TreeModel& tree = presTree.model();
+    showChain(tree, *tree.firstByIndex(), path, *db, maxWeight_);
+}
+
 }  // namespace pelk

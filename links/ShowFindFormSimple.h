@@ -22,6 +22,8 @@ class ShowFindFormSimple {
 
     /// Shows the path.
     void fill();
+    /// Shows what a change of the database has made of the path.
+    void refresh();
     void show() { window->show(); }
 
     const std::unique_ptr<Window> window;

@@ -57,6 +57,7 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
 
 void findFormDomain::fillTreeDomains() {
     okButton.setEnabled(false);
+    revision_ = db->revision();
     domains_.fill(*db);
 }
 
@@ -111,10 +112,13 @@ void findFormDomain::setSearching(bool searching) {
     abandoned_ = false;
     okButton.setEnabled(!searching);
     stopButton.setEnabled(searching);
-    if (searching)
+    if (searching) {
         window->setBusyPointer(true);
-    else
-        ProgressBar1.setValue(1);
+        return;
+    }
+    ProgressBar1.setValue(1);
+    if (revision_ != db->revision())
+        fillTreeDomains();
 }
 
 void findFormDomain::pairsCounted(std::size_t count) {

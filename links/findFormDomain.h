@@ -2,6 +2,7 @@
 // Asks for the mail domain to which the best links are searched, and searches them, with progress
 // and a way to stop.
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -28,7 +29,8 @@ class findFormDomain : private DomainSearchProgress {
 
     /// Fills the tree with the top level of the domains.
     void fillTreeDomains();
-    /// Shows what a change of the database has made of the domains. During a search the tree stays.
+    /// Shows what a change of the database has made of the domains. During a search the tree stays
+    /// as it is, and is brought up to date when the search ends.
     void refresh();
     void show() { window->show(); }
 
@@ -59,6 +61,8 @@ class findFormDomain : private DomainSearchProgress {
     FormLayout layout_;
     Platform platform_;
     DomainsTree domains_;
+    /// Of the document that the tree shows.
+    std::uint64_t revision_ = 0;
     bool searching_ = false;
     bool stopRequested_ = false;
     bool abandoned_ = false;

@@ -20,23 +20,37 @@ std::string describeById(const Database& database, int id) {
 TreeNode& addStaircase(TreeView& tree, TreeNode& parent, const std::vector<int>& chain,
                        const Database& database, std::int64_t strongest, StairKeys keys) {
     TreeModel& model = tree.model();
-    const Thresholds thresholds = database.thresholds();
     TreeNode* step = &parent;
     TreeNode* first = nullptr;
-    int previous = 0;
     for (const int id : chain) {
-        step = &model.add(*step, describeById(database, id));
+        step = &model.add(*step);
         if (keys == StairKeys::Contacts)
             model.setKey(*step, contactKey(id));
-        model.setImage(*step, TreeImage::Contact);
         if (first == nullptr)
             first = step;
-        else if (const auto relation = database.relationOfPair(previous, id))
-            showStrength(model, *step, relation->weight, strongest, thresholds);
-        previous = id;
     }
+    showChain(model, *first, chain, database, strongest);
     setChainExpanded(tree, *first, true);
     return *first;
+}
+
+void showChain(TreeModel& tree, TreeNode& first, const std::vector<int>& chain,
+               const Database& database, std::int64_t strongest) {
+    const Thresholds thresholds = database.thresholds();
+    TreeNode* step = &first;
+    for (std::size_t at = 0; at < chain.size(); ++at) {
+        if (at > 0)
+            step = step->children().front();
+        tree.setText(*step, describeById(database, chain[at]));
+        const std::optional<Relation> relation =
+            at > 0 ? database.relationOfPair(chain[at - 1], chain[at]) : std::nullopt;
+        if (relation) {
+            showStrength(tree, *step, relation->weight, strongest, thresholds);
+        } else {
+            tree.setImage(*step, TreeImage::Contact);
+            tree.clearColor(*step);
+        }
+    }
 }
 
 void setChainExpanded(TreeView& tree, TreeNode& node, bool expanded) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <string>
 
 #include "maintenance/relation_details.h"
 #include "views/form_layout.h"
@@ -16,6 +17,11 @@ constexpr int kLineHeight = 260;
 
 constexpr Rect line(int top, int lines = 1) {
     return {kFormMargin, top, kWidth, lines * kLineHeight};
+}
+
+std::string nameToShow(const Database& database, int id) {
+    const std::optional<Contact> contact = database.contact(id);
+    return contact ? contact->name : "a contact that is gone";
 }
 
 int barValue(std::int64_t weight) {
@@ -43,13 +49,14 @@ void DetailsForm::fillInfo(int firstId, int secondId) {
     firstId_ = firstId;
     secondId_ = secondId;
     const std::optional<RelationDetails> details = relationDetails(*database, firstId, secondId);
+    part1Label.setText(nameToShow(*database, firstId));
+    part2Label.setText(nameToShow(*database, secondId));
     if (!details) {
+        weightBar.setRange(1, 2);
         weightBar.setValue(1);
         moreLabel.setText("This relation is no longer in the database.");
         return;
     }
-    part1Label.setText(details->name1);
-    part2Label.setText(details->name2);
     weightBar.setRange(1, barValue(details->strongest));
     weightBar.setValue(barValue(details->weight));
     moreLabel.setText(details->sentence());

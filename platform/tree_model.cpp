@@ -57,6 +57,14 @@ void TreeModel::setImage(TreeNode& node, TreeImage image) {
 }
 
 void TreeModel::setColor(TreeNode& node, Color color) {
+    paint(node, color);
+}
+
+void TreeModel::clearColor(TreeNode& node) {
+    paint(node, std::nullopt);
+}
+
+void TreeModel::paint(TreeNode& node, const std::optional<Color>& color) {
     node.color_ = color;
     if (listener_ != nullptr && isShown(node))
         listener_->changed(node);

@@ -122,6 +122,8 @@ class TreeModel {
     void setTag(TreeNode& node, TreeTag tag) { node.tag_ = std::move(tag); }
     void setImage(TreeNode& node, TreeImage image);
     void setColor(TreeNode& node, Color color);
+    /// Gives the node the toolkit's own text colour again.
+    void clearColor(TreeNode& node);
     /// Returns false, with the node's key unchanged, when another node has that key.
     bool setKey(TreeNode& node, std::string key);
 
@@ -144,6 +146,7 @@ class TreeModel {
     bool isShown(const TreeNode& node) const;
     void announce(TreeNode& parent);
     void forget(TreeNode& node);
+    void paint(TreeNode& node, const std::optional<Color>& color);
     void removeRows(TreeNode& parent, std::size_t first, std::size_t count);
 
     const Language& language_;

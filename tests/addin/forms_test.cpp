@@ -6,6 +6,7 @@
 
 #include "addin/HelpForm.h"
 #include "tests/support/core_platform.h"
+#include "tests/support/memory_mail.h"
 #include "tests/support/tree_text.h"
 
 namespace pelk {
@@ -81,6 +82,11 @@ TEST_F(FormsTest, mergesTheContactsThatWereCollected) {
     driver.selectRows(form.listView, {0, 3});
     driver.click(form.Delcmd);
     EXPECT_EQ(driver.rowsOf(form.listView), (Rows{"Cy (cy@c)", "Eve (eve@e)"}));
+    for (const int row : {0, 1, 3})
+        choose({row}, "Merge contacts");
+    driver.selectRows(form.listView, {2, 3, 4});
+    driver.click(form.Delcmd);
+    EXPECT_EQ(driver.rowsOf(form.listView), (Rows{"Cy (cy@c)", "Eve (eve@e)"}));
     choose({1}, "Merge contacts");
     driver.type(form.MergeName, "");
     EXPECT_FALSE(driver.isEnabled(form.mergeButton));
@@ -118,6 +124,22 @@ TEST_F(FormsTest, showsHowStrongARelationIs) {
     EXPECT_EQ(driver.textOf(form.moreLabel).substr(0, 23), "1 email has been exchan");
     driver.click(form.okButton);
     EXPECT_FALSE(driver.isVisible(*form.window));
+
+    database->removeContacts({2});
+    choose({0, 0}, "More details");
+    EXPECT_EQ(driver.textOf(form.part1Label), "Ann");
+    EXPECT_EQ(driver.textOf(form.part2Label), "a contact that is gone") << "not the one before";
+    EXPECT_EQ(driver.textOf(form.moreLabel), "This relation is no longer in the database.");
+    database =
+        loadDocument(std::string(kCommunity)
+                         .replace(std::string(kCommunity).find("weight='10'"), 11, "weight='1'"));
+    database->removeContacts({3});
+    forms.openView(*database);
+    driver.expand(tree(), {0});
+    const auto nothing = driver.pictureOf(form.weightBar);
+    choose({0, 0}, "More details");
+    EXPECT_EQ(driver.progressOf(form.weightBar), (Progress{1, 1, 1}));
+    EXPECT_NE(driver.pictureOf(form.weightBar), nothing) << "the strongest relation fills the bar";
 }
 
 TEST_F(FormsTest, showsAContactAlone) {
@@ -181,6 +203,8 @@ TEST_F(FormsTest, setsTheThresholdsButLetsThemNotCross) {
     const auto set = [this](int strong, int weak) {
         driver.later([this, strong, weak] {
             configForm& form = *forms.configuration;
+            EXPECT_EQ(driver.valueOf(form.maxSlider), database->thresholds().strong);
+            EXPECT_EQ(driver.valueOf(form.minSlider), database->thresholds().weak);
             EXPECT_EQ(driver.textOf(form.maxValueLabel),
                       std::to_string(driver.valueOf(form.maxSlider)));
             driver.move(form.maxSlider, strong);
@@ -202,6 +226,7 @@ TEST_F(FormsTest, setsTheThresholdsButLetsThemNotCross) {
         "a weak relation. Please apply a different configuration.");
     set(29, 30);
     EXPECT_EQ(database->thresholds().strong, 30);
+    set(31, 30);
     for (Label* label : {&forms.configuration->Label1, &forms.configuration->Label2,
                          &forms.configuration->Label3, &forms.configuration->Label4})
         EXPECT_TRUE(driver.showsWholeText(*label)) << driver.textOf(*label);
@@ -392,6 +417,89 @@ TEST_F(DomainLinksTest, searchesTheDatabaseAsItIsAtEachPair) {
     };
     search({1});
     EXPECT_EQ(chains(), "Ann (ann@b.a) > Contact 3 is no longer in the database.");
+}
+
+TEST_F(DomainLinksTest, refusesAnotherSearchAndShowsAfterwardsWhatBecameOfTheDomains) {
+    openFor({0});
+    findFormDomain& form = *forms.findDomain;
+    act = [&](int event) {
+        driver.clickRow(form.presTree, {2});
+        EXPECT_FALSE(driver.isEnabled(form.okButton)) << "a search is under way";
+        if (event != 1)
+            return;
+        choose({0}, "Find all possible links");
+        core.dialogs.expectMessage(
+            "A search for the links of a is still running. Stop it or wait for its end before you "
+            "look for those of c.");
+        choose({1}, "Find all possible links");
+        core.dialogs.expectMessage("Do you want to delete this domain?", Buttons::OkCancel,
+                                   Answer::Ok);
+        choose({2}, "Delete");
+        EXPECT_EQ(shownRows(driver, form.presTree), "a, c, e");
+    };
+    search({1});
+    EXPECT_EQ(shownRows(driver, form.presTree), "a, c");
+    EXPECT_FALSE(driver.isEnabled(form.okButton)) << "nothing is selected";
+    act = nullptr;
+    search({1});
+    driver.clickRow(form.presTree, {0});
+    choose({1}, "Find all possible links");
+    EXPECT_EQ(form.sourceDomain, "c");
+    EXPECT_FALSE(driver.isEnabled(form.okButton)) << "the domains were filled anew";
+    driver.expand(form.presTree, {0});
+    driver.collapse(form.presTree, {0});
+    EXPECT_EQ(shownRows(driver, form.presTree, {0}), "Loading...");
+    EXPECT_FALSE(driver.rows(form.presTree, {0})[0].color);
+}
+
+TEST_F(DomainLinksTest, showsInOpenFormsWhatAnEditHasChanged) {
+    choose({3}, "Find the best link");
+    driver.clickRow(forms.find->listTree, {2});
+    driver.click(forms.find->okButton);
+    openFor({0});
+    search({1});
+    driver.click(forms.domainLinks->shortestButton);
+    driver.click(forms.view->namesRadio);
+    core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Ann (ann@b.a)", "Al");
+    choose({0}, "Rename");
+    EXPECT_EQ(shownRows(driver, forms.find->listTree), "Al, Bob, Cy, Dee, Eve");
+    EXPECT_EQ(shownRows(driver, forms.links->presTree, {0}), "Al (ann@b.a) weak");
+    EXPECT_EQ(chains(),
+              "Al (ann@b.a) > Cy (cy@c) medium; Al (ann@b.a) > Dee (dee@c) weak; "
+              "Bob (bob@b.a) > Cy (cy@c) medium; "
+              "Bob (bob@b.a) > Al (ann@b.a) strong > Dee (dee@c) weak");
+    EXPECT_TRUE(driver.rows(forms.domainLinks->presTree, {0})[0].expanded);
+    EXPECT_FALSE(driver.rows(forms.domainLinks->presTree, {0})[1].expanded);
+
+    for (const int row : {2, 4})
+        choose({row}, "Merge contacts");
+    driver.type(forms.merge->MergeName, "Eve");
+    driver.click(forms.merge->mergeButton);
+    EXPECT_EQ(shownRows(driver, forms.links->presTree, {0, 0}), "Eve (cy@c/eve@e) medium");
+    core.dialogs.expectMessage("Do you want to delete this contact ?", Buttons::OkCancel,
+                               Answer::Ok);
+    choose({0}, "Delete");
+    EXPECT_EQ(shownRows(driver, forms.find->listTree), "Bob, Dee, Eve");
+    EXPECT_EQ(shownRows(driver, forms.links->presTree, {0}),
+              "Contact 1 is no longer in the database.");
+    EXPECT_EQ(driver.rows(forms.links->presTree, {0, 0})[0].image, TreeImage::Contact);
+    EXPECT_FALSE(driver.rows(forms.links->presTree, {0, 0})[0].color) << "its relation is gone";
+    search({1});
+    EXPECT_EQ(chains(), "Bob (bob@b.a) > Eve (cy@c/eve@e) medium")
+        << "the strongest relation is gone, but once seen it stays the measure";
+
+    database->setDate("2019-01-01T00:00:00");
+    MemoryMailClient mailClient;
+    mailClient.stores = {{"Post", {mail("new@x", {"bob@b.a"})}, {}}};
+    driver.later([this] { driver.clickButton("Start"); });
+    forms.openScan(*database, mailClient);
+    EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "a, c, e, x");
+    core.dialogs.expectMessage("Do you really want to delete the contacts database?",
+                               Buttons::OkCancel, Answer::Ok);
+    forms.openOthers(*database);
+    driver.settle();
+    driver.click(forms.others->delButton);
+    EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "");
 }
 
 }  // namespace
