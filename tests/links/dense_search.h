@@ -19,7 +19,7 @@ class DenseSearch {
     explicit DenseSearch(const Database& database)
         : n_(static_cast<int>(database.totalContacts())),
           width_(static_cast<std::size_t>(n_) + 1),
-          cost_(width_ * width_, kNoLink) {
+          cost_(width_ * width_, kNone) {
         std::int64_t maxWeight = 0;
         for (const Relation& relation : database.relations())
             if (relation.weight > static_cast<double>(maxWeight))
@@ -56,7 +56,7 @@ class DenseSearch {
     }
 
     std::optional<LinkChain> chainTo(int target) const {
-        if (dist_[target] >= kNoLink)
+        if (dist_[target] >= kNone)
             return std::nullopt;
         LinkChain chain{{}, static_cast<int>(dist_[target])};
         for (int x = target; x != 0; x = prev_[x])
@@ -66,6 +66,9 @@ class DenseSearch {
     }
 
  private:
+    /// The cost from which on there is no link. A number of its own, as the definition has it.
+    static constexpr int kNone = 100000;
+
     Cost& cost(int from, int to) { return cost_[from * width_ + to]; }
 
     int n_;

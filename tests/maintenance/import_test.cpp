@@ -98,6 +98,12 @@ TEST_F(ImportTest, asksBeforeItMergesContactsAndOnCancelLeavesThemOut) {
                                                    "the name Ann: Shall I continue?"}));
     EXPECT_EQ(contacts(), "1A ann@a; 2B ann@b; 3Bob bob@a; 4Cy cy@a; ");
     EXPECT_EQ(current->relationCount(), 0U);
+    current->addAddresses(1, {"ann@c"});
+    import(
+        "<pelkDB><contacts><contact id='1' name='Anna'><emails><email value='ann@a'/>"
+        "<email value='ann@b'/><email value='ann@c'/></emails></contact></contacts>"
+        "<relations/></pelkDB>");
+    EXPECT_EQ(questions.size(), 2U) << "the owners are A, B and A again";
 }
 
 TEST_F(ImportTest, endsQuietlyOnOkAndChangesNothing) {

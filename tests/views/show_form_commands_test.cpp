@@ -40,10 +40,24 @@ TEST_F(CommandsTest, groupsByDomainsAndBack) {
     EXPECT_EQ(rows({0, 3}), "mo (Mo)") << "the grouping that is shown is not built anew";
     driver.collapse(form.presTree, {0});
     EXPECT_EQ(rows({0}), "Loading...");
+    EXPECT_FALSE(driver.rows(form.presTree, {0})[0].color);
     driver.click(form.refreshButton);
     EXPECT_EQ(rows(), "a, b");
     driver.click(form.namesRadio);
     EXPECT_EQ(driver.rows(form.presTree).size(), 6U);
+    driver.expand(form.presTree, {0});
+    driver.collapse(form.presTree, {0});
+    EXPECT_FALSE(driver.rows(form.presTree, {0})[0].color);
+}
+
+TEST_F(CommandsTest, opensByNamesAfterItWasGroupedByDomains) {
+    groupByDomains();
+    open();
+    EXPECT_TRUE(driver.isChecked(form.namesRadio));
+    EXPECT_FALSE(driver.isChecked(form.domainsRadio));
+    EXPECT_EQ(expanded(0), "bob medium, Carl weak, Zoe strong");
+    groupByDomains();
+    EXPECT_EQ(rows(), "a, b");
 }
 
 TEST_F(CommandsTest, offersInItsMenuWhatSuitsTheNode) {

@@ -31,6 +31,8 @@ TEST_F(ShowFormTest, measuresByTheThresholdsOfTheMomentAndTheStrongestRelationOf
         database->addMailBetween(2, 3);
     form.database = database.get();
     EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe strong");
+    driver.click(form.refreshButton);
+    EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe strong") << "it is not measured again";
     open();
     EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe weak") << "200 of 400";
 }
