@@ -1,6 +1,5 @@
 # Makes a fault in memory harder to exploit, for all targets that link pelk_options, as far as the
-# compiler and the linker know how. tests/packaging/hardening_checks.sh reads the
-# result back.
+# compiler and the linker know how. tests/packaging/hardening_checks.sh reads the result back.
 include(CheckCXXCompilerFlag)
 include(CheckCXXSourceCompiles)
 include(CheckLinkerFlag)

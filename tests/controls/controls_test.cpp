@@ -24,7 +24,8 @@ TEST_F(Controls, ShowTheirTextsAsTheyAre) {
     EXPECT_TRUE(driver_.showsWholeText(label));
     EXPECT_TRUE(driver_.showsWholeText(button));
 
-    label.setText("a text that takes more than the one line it is given");
+    label.setText(
+        "a text that takes more than the one line it is given, in whichever font it is shown");
     EXPECT_FALSE(driver_.showsWholeText(label));
     label.setBounds({0, 0, 3000, 1000});
     EXPECT_TRUE(driver_.showsWholeText(label)) << "the text does not wrap";
