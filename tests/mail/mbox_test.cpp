@@ -52,18 +52,22 @@ TEST_F(MboxTest, handsOutItemsThatOutliveTheFolderButNotTheMessage) {
     EXPECT_EQ(other->recipient(1).address, "bob@x.org");
 }
 
-// A message may be expunged at either side of a seam, and those around it keep their own text.
+// A message may be expunged at either side of a seam. Those around it keep their own text: the
+// first part of what is gone would make a meeting of the message before it.
 TEST_F(MboxTest, leavesOutWhatIsExpunged) {
-    const auto withStatus = [](const std::string& status, const std::string& subject) {
+    const auto withStatus = [](const std::string& status, const std::string& rest) {
         return "From - Tue Jan  2 03:04:05 2001\nX-Account-Key: a\nX-Mozilla-Status: " + status +
-               "\n" + message(subject) + "\n";
+               "\n" + rest + "\n";
     };
     const std::string gone =
-        withStatus("0009", "Content-Type: text/calendar; method=REPLY") + withStatus("8008", "y");
+        withStatus("0009", "\n--o\nContent-Type: text/calendar; method=REPLY\n\n") +
+        withStatus("8008", message("y"));
+    const std::string left = withStatus(
+        "8017", "Content-Type: multipart/mixed; boundary=o\n" + message("2") + "a/calendar");
     for (std::size_t shift = 0; shift <= 130; shift += 13) {
         std::string text = mbox("1");
         text.resize((1 << 20) - shift, 'x');
-        files.write("box", text + "\n\n" + gone + withStatus("8017", "2") + gone + mbox("3") +
+        files.write("box", text + "\n\n" + gone + left + "\n" + gone + mbox("3") +
                                "X-Mozilla-Status: 0008\n\n" + gone);
         const auto folder = openFolder("box");
         ASSERT_EQ(folder->itemCount(), 3) << shift;
