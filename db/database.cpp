@@ -5,17 +5,18 @@
 #include <limits>
 #include <utility>
 
+#include "db/damaged_data.h"
 #include "db/queries.h"
 
 namespace pelk {
 namespace {
 
-/// The one element that the query selects. Throws `Error` when it selects none or several.
+/// The one element that the query selects. Throws `DamagedData` when it selects none or several.
 XmlElement onlyElement(const XmlElement& root, const char* query) {
     const std::vector<XmlElement> found = root.select(query);
     if (found.size() != 1)
-        throw Error("It is not a contact database: it holds " + std::to_string(found.size()) +
-                    " elements " + query + " in place of one.");
+        throw DamagedData("It is not a contact database: it holds " + std::to_string(found.size()) +
+                          " elements " + query + " in place of one.");
     return found.front();
 }
 
@@ -42,7 +43,7 @@ ContactLimitReached::ContactLimitReached()
 Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(document)) {
     root_ = document_->root();
     if (!root_ || root_.name() != "pelkDB")
-        throw Error("It is not a contact database: its root element is not pelkDB.");
+        throw DamagedData("It is not a contact database: its root element is not pelkDB.");
     contactsContainer_ = onlyElement(root_, queries::kContactsContainer);
     relationsContainer_ = onlyElement(root_, queries::kRelationsContainer);
     document_->readSideBySide([this] { contacts_ = ContactIndex(contactsContainer_); },

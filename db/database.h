@@ -40,8 +40,8 @@ class ContactLimitReached : public Error {
 
 class Database {
  public:
-    /// Takes over a loaded document. Throws `Error`, which says what is wrong, when it is not a
-    /// contact database: another root, or not one container each of contacts and relations.
+    /// Takes over a loaded document. Throws `DamagedData`, which says what is wrong, when it is not
+    /// a contact database: another root, or not one container each of contacts and relations.
     explicit Database(std::unique_ptr<XmlDocument> document);
 
     /// The whole document as text, see `XmlDocument::xml`.

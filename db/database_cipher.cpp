@@ -4,7 +4,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/error.h"
+#include "db/damaged_data.h"
 
 namespace pelk {
 namespace {
@@ -48,16 +48,16 @@ std::string DatabaseCipher::decipher(std::string_view cipherText) const {
     while (cipherText.ends_with('\n') || cipherText.ends_with('\r'))
         cipherText.remove_suffix(1);
     if (!cipherText.starts_with(kVersion))
-        throw Error("It does not begin as a database file does.");
+        throw DamagedData("It does not begin as a database file does.");
     const std::string_view encoded = cipherText.substr(kVersion.size());
     const std::string_view encodedNonce = encoded.substr(0, kEncodedNonceSize);
     const auto nonce = crypto_.fromBase64(encodedNonce);
     auto sealed = crypto_.fromBase64(encoded.substr(encodedNonce.size()));
     if (!nonce || nonce->size() != kNonceSize || !sealed)
-        throw Error("It is cut short or damaged.");
+        throw DamagedData("It is cut short or damaged.");
     auto plain = crypto_.open(sealingKey_, *nonce, kVersion, std::move(*sealed));
     if (!plain)
-        throw Error("It is damaged, or was made with another key.");
+        throw DamagedData("It is damaged, or was made with another key.");
     return std::move(*plain);
 }
 

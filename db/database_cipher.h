@@ -27,8 +27,8 @@ class DatabaseCipher {
     void encipher(const MakeText& makeText, const TakePiece& take) const;
 
     /// The plain text. Line ends behind the cipher text are ignored, so that a line read back from
-    /// a file will do. Throws `Error`, which says why, when any other byte differs from what
-    /// `encipher` gave.
+    /// a file will do. Throws `DamagedData`, which says why, when any other byte differs from what
+    /// `encipher` gave, and `Error` when the library fails.
     std::string decipher(std::string_view cipherText) const;
 
  private:

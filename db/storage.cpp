@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "db/damaged_data.h"
 #include "db/default_documents.h"
 #include "platform/utf8.h"
 
@@ -30,8 +31,8 @@ std::unique_ptr<Database> Storage::loadDatabase() {
         return createFirstDatabase(*path);
     const std::string content = platform_.files.readWholeFile(*path);
     try {
-        return decipher(content);
-    } catch (const Error& error) {
+        return open(content);
+    } catch (const DamagedData& error) {
         const std::string kept = freeName(*path, "damaged");
         platform_.files.replaceFile(*path, kept);
         platform_.dialogs.message("The database file " + *path + " cannot be used. " +
@@ -85,9 +86,9 @@ void Storage::writePlainCopy(const Database& database) {
 std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
     const std::string content = platform_.files.readWholeFile(path);
     try {
-        return decipher(content);
-    } catch (const Error& error) {
-        throw Error("The file " + path + " cannot be used. " + error.what());
+        return open(content);
+    } catch (const DamagedData& error) {
+        throw DamagedData("The file " + path + " cannot be used. " + error.what());
     }
 }
 
@@ -104,10 +105,41 @@ std::string Storage::replaceDatabase(const Database& database) {
     return kept;
 }
 
+std::optional<std::string> Storage::readBeside(const std::string& name) {
+    const std::optional<std::string> folder = platform_.shell.applicationDataFolderName();
+    if (!folder)
+        return std::nullopt;
+    const std::string path = platform_.files.join(platform_.files.join(*folder, kFolderName), name);
+    if (!platform_.files.fileExists(path))
+        return std::nullopt;
+    const std::string content = platform_.files.readWholeFile(path);
+    try {
+        return decipher(content);
+    } catch (const DamagedData& error) {
+        throw DamagedData("The file " + path + " cannot be used. " + error.what());
+    }
+}
+
+void Storage::writeBeside(const std::string& name, std::string text) {
+    const std::optional<std::string> folder = databaseFolder();
+    if (!folder)
+        throw Error("There is no folder for the file " + name + ".");
+    writeCipherText(readyText(std::move(text)), platform_.files.join(*folder, name));
+}
+
+void Storage::removeBeside(const std::string& name) {
+    const std::optional<std::string> folder = platform_.shell.applicationDataFolderName();
+    if (!folder)
+        return;
+    const std::string path = platform_.files.join(platform_.files.join(*folder, kFolderName), name);
+    if (platform_.files.fileExists(path))
+        platform_.files.removeFile(path);
+}
+
 std::unique_ptr<Database> Storage::parse(std::string xml) {
     std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
     if (!document->loadXml(std::move(xml)))
-        throw Error("It holds no well-formed document (" + document->parseError() + ").");
+        throw DamagedData("It holds no well-formed document (" + document->parseError() + ").");
     return std::make_unique<Database>(std::move(document));
 }
 
@@ -133,13 +165,17 @@ std::optional<std::string> Storage::locateFile() {
 /// Writes the default document to the file and reads it back from there.
 std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) {
     writeCipherText(readyText(std::string(kFirstStartDocument)), path);
-    return decipher(platform_.files.readWholeFile(path));
+    return open(platform_.files.readWholeFile(path));
 }
 
-std::unique_ptr<Database> Storage::decipher(const std::string& content) {
+std::unique_ptr<Database> Storage::open(const std::string& content) {
+    return parse(decipher(content));
+}
+
+std::string Storage::decipher(const std::string& content) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    return parse(cipher.decipher(content));
+    return cipher.decipher(content);
 }
 
 /// A name beside the path under which nothing stands yet.

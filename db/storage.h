@@ -44,8 +44,8 @@ class Storage {
     /// program's folder is not the user's own, beside the user's file. Throws `Error`.
     void writePlainCopy(const Database& database);
 
-    /// The database in an exported file. Throws `Error` when the file cannot be read, or is not a
-    /// database.
+    /// The database in an exported file. Throws `DamagedData` when the file is not a database, and
+    /// `Error` when it cannot be read.
     std::unique_ptr<Database> importDatabase(const std::string& path);
 
     /// Replaces the user's file by the database, and keeps the file that was there beside it.
@@ -56,13 +56,24 @@ class Storage {
     /// the system names no data folder. Throws `Error`.
     std::optional<std::string> databaseFolder();
 
-    /// A database from a plain document. Throws `Error` when the text is no such document.
+    /// The text of a sealed document that lies beside the database under that file name; nothing
+    /// when there is none. Throws `DamagedData`, or `Error` when it cannot be read.
+    std::optional<std::string> readBeside(const std::string& name);
+
+    /// Seals the text and writes it beside the database, as safely. Throws `Error`.
+    void writeBeside(const std::string& name, std::string text);
+
+    /// Removes it, if it is there. Throws `Error`.
+    void removeBeside(const std::string& name);
+
+    /// A database from a plain document. Throws `DamagedData` when the text is no such document.
     std::unique_ptr<Database> parse(std::string xml);
 
  private:
     std::optional<std::string> locateFile();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
-    std::unique_ptr<Database> decipher(const std::string& content);
+    std::unique_ptr<Database> open(const std::string& content);
+    std::string decipher(const std::string& content);
     std::string freeName(const std::string& path, const std::string& purpose);
     void writeCipherText(const MakeText& makeText, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);

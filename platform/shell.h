@@ -12,6 +12,11 @@ class Shell {
     /// The folder in which programs keep this user's data. It exists; nothing is returned when
     /// the system cannot name or make it.
     virtual std::optional<std::string> applicationDataFolder() = 0;
+    /// The path of that folder, whether it exists or not; nothing when the system names none.
+    /// Creates nothing.
+    virtual std::optional<std::string> applicationDataFolderName() {
+        return applicationDataFolder();
+    }
     /// The folder from which the program was loaded, where that is the user's own; nothing where
     /// programs are installed for everybody.
     virtual std::optional<std::string> ownFolder() = 0;

@@ -54,10 +54,13 @@ std::string firstHelpPage() {
 }  // namespace
 
 std::optional<std::string> DesktopShell::applicationDataFolder() {
+    const std::optional<std::string> folder = applicationDataFolderName();
+    return folder && makeFolder(*folder) ? folder : std::nullopt;
+}
+
+std::optional<std::string> DesktopShell::applicationDataFolderName() {
     const std::string folder = dataFolder_.empty() ? usualDataFolder() : dataFolder_;
-    if (folder.empty() || !makeFolder(folder))
-        return std::nullopt;
-    return folder;
+    return folder.empty() ? std::nullopt : std::optional(folder);
 }
 
 void DesktopShell::openHelp() {

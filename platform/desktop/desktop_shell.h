@@ -15,6 +15,7 @@ class DesktopShell : public Shell {
     /// An empty `dataFolder` stands for the usual one.
     explicit DesktopShell(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
     std::optional<std::string> applicationDataFolder() override;
+    std::optional<std::string> applicationDataFolderName() override;
     std::optional<std::string> ownFolder() override { return std::nullopt; }
     void openHelp() override;
 

@@ -1,5 +1,6 @@
 #include "db/storage.h"
 
+#include "db/damaged_data.h"
 #include "db/database_cipher.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/message_of.h"
@@ -154,6 +155,23 @@ TEST_F(StorageTest, savesChangesOrTellsThatTheyStandInMemoryOnly) {
     database->addContact("Bob", "bob@b.example");
     EXPECT_EQ(files.files[storage.replaceDatabase(*database)], saved) << "the old file is kept";
     EXPECT_EQ(storage.loadDatabase()->contactCount(), 2U);
+}
+
+TEST_F(StorageTest, keepsSealedDocumentsBesideTheDatabase) {
+    EXPECT_EQ(storage.readBeside("stores.db"), std::nullopt);
+    EXPECT_NO_THROW(storage.removeBeside("stores.db"));
+    EXPECT_TRUE(files.folders.empty()) << "reading creates nothing";
+    storage.writeBeside("stores.db", "a secret");
+    std::string& content = files.files["/data/pelk/stores.db"];
+    EXPECT_EQ(content.find("secret"), std::string::npos);
+    EXPECT_EQ(storage.readBeside("stores.db"), "a secret");
+    content[20] ^= 1;
+    EXPECT_THROW(storage.readBeside("stores.db"), DamagedData);
+    files.readsFail = true;
+    EXPECT_EQ(messageOf([&] { storage.readBeside("stores.db"); }),
+              "/data/pelk/stores.db cannot be read.");
+    storage.removeBeside("stores.db");
+    EXPECT_TRUE(files.files.empty());
 }
 
 TEST_F(StorageTest, refusesAForeignImportAndNamesIt) {
