@@ -16,6 +16,19 @@ constexpr std::string_view kKey = "TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD";
 constexpr const char* kFolderName = "pelk";
 constexpr const char* kFileName = "pelk.db";
 constexpr const char* kPlainCopyName = "pelkdb.xml";
+/// How many copies from before a loss are kept.
+constexpr int kCopies = 3;
+
+/// What `judge` makes of a file's content. Its verdict, if it is one of damage, then names the
+/// file.
+template <typename Judge>
+auto naming(const std::string& path, const Judge& judge) {
+    try {
+        return judge();
+    } catch (const DamagedData& error) {
+        throw DamagedData("The file " + path + " cannot be used. " + error.what());
+    }
+}
 
 MakeText textOf(const Database& database) {
     return [&database](const TakePiece& watch) { return database.xml(watch); };
@@ -24,27 +37,30 @@ MakeText textOf(const Database& database) {
 }  // namespace
 
 std::unique_ptr<Database> Storage::loadDatabase() {
-    const std::optional<std::string> path = locateFile();
+    const std::optional<std::string> path = placeFile();
     if (!path)
         return nullptr;
-    if (!platform_.files.fileExists(*path))
-        return createFirstDatabase(*path);
-    const std::string content = platform_.files.readWholeFile(*path);
-    try {
-        return open(content);
-    } catch (const DamagedData& error) {
-        const std::string kept = freeName(*path, "damaged");
-        platform_.files.replaceFile(*path, kept);
-        platform_.dialogs.message("The database file " + *path + " cannot be used. " +
-                                      error.what() + " It has been kept as " + kept +
-                                      ", and Pelk goes on with an empty database.",
-                                  Buttons::Ok);
-        return createFirstDatabase(*path);
-    }
+    std::unique_ptr<Database> database = openOrSetAside(*path);
+    return database ? std::move(database) : createFirstDatabase(*path);
+}
+
+std::unique_ptr<Database> Storage::openDatabase() {
+    const std::optional<std::string> path = nameFile();
+    if (!path)
+        return nullptr;
+    std::unique_ptr<Database> database = openOrSetAside(*path);
+    return database ? std::move(database) : emptyDatabase();
+}
+
+std::unique_ptr<Database> Storage::readDatabase() {
+    const std::optional<std::string> path = nameFile();
+    if (!path)
+        return nullptr;
+    return platform_.files.fileExists(*path) ? importDatabase(*path) : emptyDatabase();
 }
 
 void Storage::saveDatabase(const Database& database) {
-    if (const std::optional<std::string> path = locateFile())
+    if (const std::optional<std::string> path = placeFile())
         writeCipherText(textOf(database), *path);
 }
 
@@ -62,11 +78,26 @@ void Storage::saveChange(const Database& database) {
 void Storage::keepBackup() {
     if (backupKept_)
         return;
-    const std::optional<std::string> path = locateFile();
+    const std::optional<std::string> path = nameFile();
     if (!path || !platform_.files.fileExists(*path))
         return;
-    writeWholeFile(platform_.files.readWholeFile(*path), *path + ".bak");
+    keepCopy(platform_.files.readWholeFile(*path), *path + ".bak", 1);
     backupKept_ = true;
+}
+
+/// Keeps the content as a copy of that age, from 1 for the newest to `kCopies`. What was the copy
+/// of that age becomes the next older one first, so that it is there under either name at any
+/// moment.
+void Storage::keepCopy(const std::string& content, const std::string& newest, int age) {
+    const std::string name = age == 1 ? newest : newest + "-" + std::to_string(age);
+    if (platform_.files.fileExists(name)) {
+        const std::string before = platform_.files.readWholeFile(name);
+        if (before == content)
+            return;
+        if (age < kCopies)
+            keepCopy(before, newest, age + 1);
+    }
+    writeWholeFile(content, name);
 }
 
 void Storage::exportDatabase(const Database& database, const std::string& path) {
@@ -77,7 +108,7 @@ void Storage::exportDatabase(const Database& database, const std::string& path) 
 void Storage::writePlainCopy(const Database& database) {
     std::optional<std::string> folder = platform_.shell.ownFolder();
     if (!folder)
-        folder = databaseFolder();
+        folder = makeFolder();
     if (folder)
         writeWholeFile(utf16FileBytes(database.xml()),
                        platform_.files.join(*folder, kPlainCopyName));
@@ -85,15 +116,11 @@ void Storage::writePlainCopy(const Database& database) {
 
 std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
     const std::string content = platform_.files.readWholeFile(path);
-    try {
-        return open(content);
-    } catch (const DamagedData& error) {
-        throw DamagedData("The file " + path + " cannot be used. " + error.what());
-    }
+    return naming(path, [&] { return parse(decipher(content)); });
 }
 
 std::string Storage::replaceDatabase(const Database& database) {
-    const std::optional<std::string> path = locateFile();
+    const std::optional<std::string> path = placeFile();
     if (!path)
         return {};
     std::string kept;
@@ -106,34 +133,24 @@ std::string Storage::replaceDatabase(const Database& database) {
 }
 
 std::optional<std::string> Storage::readBeside(const std::string& name) {
-    const std::optional<std::string> folder = platform_.shell.applicationDataFolderName();
-    if (!folder)
+    const std::optional<std::string> path = nameBeside(name);
+    if (!path || !platform_.files.fileExists(*path))
         return std::nullopt;
-    const std::string path = platform_.files.join(platform_.files.join(*folder, kFolderName), name);
-    if (!platform_.files.fileExists(path))
-        return std::nullopt;
-    const std::string content = platform_.files.readWholeFile(path);
-    try {
-        return decipher(content);
-    } catch (const DamagedData& error) {
-        throw DamagedData("The file " + path + " cannot be used. " + error.what());
-    }
+    const std::string content = platform_.files.readWholeFile(*path);
+    return naming(*path, [&] { return decipher(content); });
 }
 
 void Storage::writeBeside(const std::string& name, std::string text) {
-    const std::optional<std::string> folder = databaseFolder();
+    const std::optional<std::string> folder = makeFolder();
     if (!folder)
         throw Error("There is no folder for the file " + name + ".");
     writeCipherText(readyText(std::move(text)), platform_.files.join(*folder, name));
 }
 
 void Storage::removeBeside(const std::string& name) {
-    const std::optional<std::string> folder = platform_.shell.applicationDataFolderName();
-    if (!folder)
-        return;
-    const std::string path = platform_.files.join(platform_.files.join(*folder, kFolderName), name);
-    if (platform_.files.fileExists(path))
-        platform_.files.removeFile(path);
+    const std::optional<std::string> path = nameBeside(name);
+    if (path && platform_.files.fileExists(*path))
+        platform_.files.removeFile(*path);
 }
 
 std::unique_ptr<Database> Storage::parse(std::string xml) {
@@ -144,32 +161,68 @@ std::unique_ptr<Database> Storage::parse(std::string xml) {
 }
 
 std::optional<std::string> Storage::databaseFolder() {
-    const std::optional<std::string> data = platform_.shell.applicationDataFolder();
-    if (!data) {
-        platform_.dialogs.message("Serious error, cannot access the application data directory !",
-                                  Buttons::Ok);
-        return std::nullopt;
-    }
-    const std::string folder = platform_.files.join(*data, kFolderName);
-    if (!platform_.files.folderExists(folder))
-        platform_.files.createFolder(folder);
+    return folderIn(platform_.shell.applicationDataFolderName());
+}
+
+/// Creates the folder of the user's file when it is missing.
+std::optional<std::string> Storage::makeFolder() {
+    std::optional<std::string> folder = folderIn(platform_.shell.applicationDataFolder());
+    if (folder && !platform_.files.folderExists(*folder))
+        platform_.files.createFolder(*folder);
     return folder;
 }
 
-/// The path of the user's file; nothing, after a message, when there is no folder for it.
-std::optional<std::string> Storage::locateFile() {
+/// The folder of the user's file within the data folder; nothing, after a message, without one.
+std::optional<std::string> Storage::folderIn(const std::optional<std::string>& data) {
+    if (data)
+        return platform_.files.join(*data, kFolderName);
+    platform_.dialogs.message("Serious error, cannot access the application data directory !",
+                              Buttons::Ok);
+    return std::nullopt;
+}
+
+/// The path of a file beside the user's; nothing, after a message, without a data folder.
+std::optional<std::string> Storage::nameBeside(const std::string& name) {
     const std::optional<std::string> folder = databaseFolder();
+    return folder ? std::optional(platform_.files.join(*folder, name)) : std::nullopt;
+}
+
+std::optional<std::string> Storage::nameFile() {
+    return nameBeside(kFileName);
+}
+
+/// The path of the user's file in its folder, which is created when it is missing.
+std::optional<std::string> Storage::placeFile() {
+    const std::optional<std::string> folder = makeFolder();
     return folder ? std::optional(platform_.files.join(*folder, kFileName)) : std::nullopt;
+}
+
+/// The database in the file; null when there is no file, or it was damaged and has been set aside.
+std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
+    if (!platform_.files.fileExists(path))
+        return nullptr;
+    const std::string content = platform_.files.readWholeFile(path);
+    try {
+        return parse(decipher(content));
+    } catch (const DamagedData& error) {
+        const std::string kept = freeName(path, "damaged");
+        platform_.files.replaceFile(path, kept);
+        platform_.dialogs.message("The database file " + path + " cannot be used. " + error.what() +
+                                      " It has been kept as " + kept +
+                                      ", and Pelk goes on with an empty database.",
+                                  Buttons::Ok);
+        return nullptr;
+    }
+}
+
+std::unique_ptr<Database> Storage::emptyDatabase() {
+    return parse(std::string(kFirstStartDocument));
 }
 
 /// Writes the default document to the file and reads it back from there.
 std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) {
     writeCipherText(readyText(std::string(kFirstStartDocument)), path);
-    return open(platform_.files.readWholeFile(path));
-}
-
-std::unique_ptr<Database> Storage::open(const std::string& content) {
-    return parse(decipher(content));
+    return parse(decipher(platform_.files.readWholeFile(path)));
 }
 
 std::string Storage::decipher(const std::string& content) {
@@ -202,16 +255,17 @@ void Storage::writeWholeFile(const std::string& content, const std::string& path
 }
 
 /// Fills a new file beside the old one and puts it in its place once it is safely on the disk.
+/// Whatever ends that early, the new file is removed.
 void Storage::writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill) {
-    const std::string fresh = path + ".new";
+    TemporaryFile fresh = platform_.files.createTemporary(path);
     try {
-        const std::unique_ptr<WritableFile> file = platform_.files.createFile(fresh);
-        fill(*file);
-        file->flushToDisk();
-        file->close();
-        platform_.files.replaceFile(fresh, path);
-    } catch (const Error&) {
-        removeLeftover(fresh);
+        fill(*fresh.file);
+        fresh.file->flushToDisk();
+        fresh.file->close();
+        platform_.files.replaceFile(fresh.path, path);
+    } catch (...) {
+        fresh.file.reset();
+        removeLeftover(fresh.path);
         throw;
     }
 }
@@ -219,10 +273,9 @@ void Storage::writeFile(const std::string& path, const std::function<void(Writab
 /// Tidies up after a write that failed, whose own error is the one to report.
 void Storage::removeLeftover(const std::string& path) noexcept {
     try {
-        if (platform_.files.fileExists(path))
-            platform_.files.removeFile(path);
+        platform_.files.removeFile(path);
     } catch (const std::exception&) {
-        // The next write empties the file before it uses it.
+        // It stays, under a name that nothing uses.
     }
 }
 

@@ -20,8 +20,16 @@ class Storage {
     /// The user's database; an empty one at the first start, when folder and file are created. A
     /// file that is damaged or not a database is kept under another name beside it, the user is
     /// told, and the database is an empty one. Null, after a message, when the system names no
-    /// data folder. Throws `Error` when the file cannot be read or written.
+    /// data folder. Throws `Error` when the file cannot be read or written, or a library fails: the
+    /// file is then left as it is.
     std::unique_ptr<Database> loadDatabase();
+
+    /// The same for whoever may have nothing to save: an empty database stands in memory only.
+    std::unique_ptr<Database> openDatabase();
+
+    /// The same for whoever only reads: nothing is created, renamed or written. Throws
+    /// `DamagedData` when the file is not a database.
+    std::unique_ptr<Database> readDatabase();
 
     /// Writes the database to the user's file. Whatever goes wrong, the file holds either what it
     /// held or the new content, whole. Throws `Error`, or shows a message and writes nothing when
@@ -32,7 +40,8 @@ class Storage {
     /// the change stands in memory only, until a later save.
     void saveChange(const Database& database);
 
-    /// Keeps the user's file, as it stands, beside it as "pelk.db.bak". To be called before a
+    /// Keeps the user's file, as it stands, beside it as "pelk.db.bak"; an earlier copy becomes
+    /// "pelk.db.bak-2" and then "pelk.db.bak-3", unless it is the same. To be called before a
     /// change that removes contacts; only the first call of this object's life copies the file, so
     /// that the copy is from before the first such change. Throws `Error` when it cannot be kept.
     void keepBackup();
@@ -52,8 +61,8 @@ class Storage {
     /// Returns the path under which it is kept, empty when there was none. Throws `Error`.
     std::string replaceDatabase(const Database& database);
 
-    /// The folder of the user's file, created when it is missing; nothing, after a message, when
-    /// the system names no data folder. Throws `Error`.
+    /// The path of the folder of the user's file, which may be missing; nothing, after a message,
+    /// when the system names no data folder.
     std::optional<std::string> databaseFolder();
 
     /// The text of a sealed document that lies beside the database under that file name; nothing
@@ -70,9 +79,15 @@ class Storage {
     std::unique_ptr<Database> parse(std::string xml);
 
  private:
-    std::optional<std::string> locateFile();
+    std::optional<std::string> makeFolder();
+    std::optional<std::string> folderIn(const std::optional<std::string>& data);
+    std::optional<std::string> nameBeside(const std::string& name);
+    std::optional<std::string> nameFile();
+    std::optional<std::string> placeFile();
+    std::unique_ptr<Database> openOrSetAside(const std::string& path);
+    std::unique_ptr<Database> emptyDatabase();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
-    std::unique_ptr<Database> open(const std::string& content);
+    void keepCopy(const std::string& content, const std::string& newest, int age);
     std::string decipher(const std::string& content);
     std::string freeName(const std::string& path, const std::string& purpose);
     void writeCipherText(const MakeText& makeText, const std::string& path);

@@ -21,6 +21,12 @@ class WritableFile {
     virtual void close() = 0;
 };
 
+/// A new file that is to take the place of another one.
+struct TemporaryFile {
+    std::string path;
+    std::unique_ptr<WritableFile> file;
+};
+
 /// The file system. Paths are UTF-8. Every failure is an `Error` that names the path.
 class FileSystem {
  public:
@@ -29,18 +35,22 @@ class FileSystem {
     /// The path of `name` inside `folder`, with the platform's separator.
     virtual std::string join(const std::string& folder, const std::string& name) const = 0;
 
+    /// Whether a folder, or a normal file, stands there. False only when nothing does; where
+    /// something else stands (also a link that leads nowhere), or the system does not tell, they
+    /// throw `Error`.
     virtual bool folderExists(const std::string& path) = 0;
-    /// True when a normal file (not a folder) stands there.
     virtual bool fileExists(const std::string& path) = 0;
     /// Creates one folder, open to its owner alone; the folder above it must exist.
     virtual void createFolder(const std::string& path) = 0;
 
     /// The whole content, byte for byte.
     virtual std::string readWholeFile(const std::string& path) = 0;
-    /// Creates the file, or empties it if it exists; readable by its owner alone.
-    virtual std::unique_ptr<WritableFile> createFile(const std::string& path) = 0;
-    /// Puts `from` in the place of `to`, which may exist, in one step that a crash cannot split,
-    /// and returns when the change of names is on the disk. Both lie in the same folder.
+    /// Creates an empty file in the folder of `target`, for `replaceFile`: readable by its owner
+    /// alone, under a name that nobody had and nobody could foretell. Its `Error`s name `target`.
+    virtual TemporaryFile createTemporary(const std::string& target) = 0;
+    /// Puts `from` in the place of `to`, which may exist, in one step that a crash cannot split.
+    /// Both lie in the same folder. Where `to` is a symbolic link that the platform follows, the
+    /// file it leads to is replaced. When it throws, nothing has changed.
     virtual void replaceFile(const std::string& from, const std::string& to) = 0;
     virtual void removeFile(const std::string& path) = 0;
 };

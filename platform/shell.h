@@ -10,7 +10,7 @@ class Shell {
  public:
     virtual ~Shell() = default;
     /// The folder in which programs keep this user's data. It exists; nothing is returned when
-    /// the system cannot name or make it.
+    /// the system names none. Throws `Error` when it cannot be made.
     virtual std::optional<std::string> applicationDataFolder() = 0;
     /// The path of that folder, whether it exists or not; nothing when the system names none.
     /// Creates nothing.

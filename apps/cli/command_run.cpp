@@ -9,7 +9,7 @@ void CommandRun::lock() {
 
 Database& CommandRun::database() {
     if (!database_)
-        database_ = storage_.loadDatabase();
+        database_ = lock_ ? storage_.openDatabase() : storage_.readDatabase();
     if (!database_)
         throw Error("There is no folder for the database.");
     return *database_;

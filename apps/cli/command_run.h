@@ -30,7 +30,8 @@ class CommandRun {
     /// Keeps other programs from the database until the end of the run. To be called before the
     /// database is read, by commands that change it.
     void lock();
-    /// The user's database, read at the first call. Throws `Error`.
+    /// The user's database, read at the first call; an empty one when there is none. Without the
+    /// lock, reading changes nothing on the disk. Throws `Error`.
     Database& database();
 
     /// The ids of the contacts, each given as an id or an address. Throws `Error`, which names the

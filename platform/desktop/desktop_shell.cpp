@@ -7,6 +7,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/desktop/made_folders.h"
 #include "platform/error.h"
 
 namespace pelk {
@@ -26,19 +27,6 @@ std::string usualDataFolder() {
     return home.empty() ? home : home + "/.local/share";
 }
 
-/// Creates the folder with all above it that are missing; false when that fails.
-bool makeFolder(const std::filesystem::path& path) {
-    std::error_code error;
-    if (std::filesystem::is_directory(path, error))
-        return true;
-    if (path.has_parent_path() && path.parent_path() != path && !makeFolder(path.parent_path()))
-        return false;
-    if (!std::filesystem::create_directory(path, error))
-        return std::filesystem::is_directory(path, error);
-    std::filesystem::permissions(path, std::filesystem::perms::owner_all, error);
-    return true;
-}
-
 /// The first page of the help: where it is installed, or built. Empty when it is in neither place.
 std::string firstHelpPage() {
     std::error_code error;
@@ -54,8 +42,10 @@ std::string firstHelpPage() {
 }  // namespace
 
 std::optional<std::string> DesktopShell::applicationDataFolder() {
-    const std::optional<std::string> folder = applicationDataFolderName();
-    return folder && makeFolder(*folder) ? folder : std::nullopt;
+    std::optional<std::string> folder = applicationDataFolderName();
+    if (folder)
+        makeFolders(*folder);
+    return folder;
 }
 
 std::optional<std::string> DesktopShell::applicationDataFolderName() {

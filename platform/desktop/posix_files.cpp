@@ -1,10 +1,13 @@
 #include "platform/desktop/posix_files.h"
 
 #include <fcntl.h>
+#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 #include <exception>
 #include <thread>
@@ -16,6 +19,15 @@ namespace {
 /// What went wrong with the path, with the system's own reason for it.
 [[noreturn]] void fail(const std::string& path, const std::string& what) {
     throw Error(path + " cannot be " + what + ": " + std::strerror(errno) + ".");
+}
+
+/// Calls the system until no signal interrupts it.
+template <typename Call>
+auto uninterrupted(const Call& call) {
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
 }
 
 /// An open file, closed at the end.
@@ -36,18 +48,23 @@ class Descriptor {
     int number_;
 };
 
+Descriptor openFile(const std::string& path, int flags, mode_t mode = 0) {
+    return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+}
+
 class PosixWritableFile : public WritableFile {
  public:
-    PosixWritableFile(int descriptor, std::string path)
-        : descriptor_(descriptor), path_(std::move(path)) {}
+    /// `path` is the one to name in messages.
+    PosixWritableFile(Descriptor descriptor, std::string path)
+        : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
 
     void write(std::string_view bytes) override {
         while (!bytes.empty()) {
-            const ssize_t written = ::write(descriptor_.get(), bytes.data(), bytes.size());
-            if (written < 0 && errno != EINTR)
+            const ssize_t written = uninterrupted(
+                [&] { return ::write(descriptor_.get(), bytes.data(), bytes.size()); });
+            if (written < 0)
                 fail(path_, "written");
-            if (written > 0)
-                bytes.remove_prefix(static_cast<std::size_t>(written));
+            bytes.remove_prefix(static_cast<std::size_t>(written));
         }
         // The disk sets to work while more is written. Whether it succeeds is for the flush to
         // tell.
@@ -55,12 +72,13 @@ class PosixWritableFile : public WritableFile {
     }
 
     void flushToDisk() override {
-        if (::fsync(descriptor_.get()) != 0)
+        if (uninterrupted([this] { return ::fsync(descriptor_.get()); }) != 0)
             fail(path_, "written");
     }
 
     void close() override {
-        if (::close(descriptor_.release()) != 0)
+        // An interrupted call has closed the file nevertheless.
+        if (::close(descriptor_.release()) != 0 && errno != EINTR)
             fail(path_, "written");
     }
 
@@ -86,9 +104,62 @@ std::string folderOf(const std::string& path) {
     return slash == 0 ? "/" : path.substr(0, slash);
 }
 
-bool hasType(const std::string& path, mode_t type) {
+const char* kindOf(mode_t mode) {
+    switch (mode & S_IFMT) {
+        case S_IFREG:
+            return "a file";
+        case S_IFDIR:
+            return "a folder";
+        case S_IFIFO:
+            return "a pipe";
+        case S_IFSOCK:
+            return "a socket";
+        default:
+            return "a device";
+    }
+}
+
+/// Whether something stands at the path, or a link to it; nothing else may stand there than what is
+/// wanted.
+bool exists(const std::string& path, mode_t wanted) {
     struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 && (status.st_mode & S_IFMT) == type;
+    if (::stat(path.c_str(), &status) == 0) {
+        if ((status.st_mode & S_IFMT) != wanted)
+            throw Error(path + " is " + kindOf(status.st_mode) + ", not " + kindOf(wanted) + ".");
+        return true;
+    }
+    if (errno != ENOENT)
+        fail(path, "looked up");
+    if (::lstat(path.c_str(), &status) == 0)
+        throw Error(path + " is a symbolic link that leads nowhere.");
+    if (errno != ENOENT)
+        fail(path, "looked up");
+    return false;
+}
+
+/// Where the path leads, if it is a symbolic link; else the path.
+std::string behindLink(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+        return path;
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
+                                                           &std::free);
+    if (!real)
+        fail(path, "looked up");
+    return real.get();
+}
+
+/// 64 bits as hexadecimal digits.
+std::string randomDigits(const std::string& path) {
+    std::array<unsigned char, 8> bytes{};
+    if (uninterrupted([&] { return ::getrandom(bytes.data(), bytes.size(), 0); }) !=
+        static_cast<ssize_t>(bytes.size()))
+        fail(path, "written");
+    std::string digits;
+    for (const unsigned byte : bytes)
+        for (const unsigned digit : {byte >> 4U, byte & 15U})
+            digits += "0123456789abcdef"[digit];
+    return digits;
 }
 
 }  // namespace
@@ -98,11 +169,11 @@ std::string PosixFiles::join(const std::string& folder, const std::string& name)
 }
 
 bool PosixFiles::folderExists(const std::string& path) {
-    return hasType(path, S_IFDIR);
+    return exists(path, S_IFDIR);
 }
 
 bool PosixFiles::fileExists(const std::string& path) {
-    return hasType(path, S_IFREG);
+    return exists(path, S_IFREG);
 }
 
 void PosixFiles::createFolder(const std::string& path) {
@@ -111,7 +182,7 @@ void PosixFiles::createFolder(const std::string& path) {
 }
 
 std::string PosixFiles::readWholeFile(const std::string& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const Descriptor file = openFile(path, O_RDONLY);
     struct stat status {};
     if (file.get() < 0 || ::fstat(file.get(), &status) != 0)
         fail(path, "read");
@@ -121,13 +192,13 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
     content.resize(static_cast<std::size_t>(status.st_size) + 1);
     std::size_t size = 0;
     while (true) {
-        const ssize_t got = ::read(file.get(), content.data() + size, content.size() - size);
+        const ssize_t got = uninterrupted(
+            [&] { return ::read(file.get(), content.data() + size, content.size() - size); });
         if (got == 0)
             break;
-        if (got < 0 && errno != EINTR)
+        if (got < 0)
             fail(path, "read");
-        if (got > 0)
-            size += static_cast<std::size_t>(got);
+        size += static_cast<std::size_t>(got);
         if (size == content.size())
             content.resize(size + slice);
     }
@@ -135,23 +206,37 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
     return content;
 }
 
-std::unique_ptr<WritableFile> PosixFiles::createFile(const std::string& path) {
-    const int descriptor =
-        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (descriptor < 0)
-        fail(path, "written");
-    return std::make_unique<PosixWritableFile>(descriptor, path);
+TemporaryFile PosixFiles::createTemporary(const std::string& target) {
+    const std::string real = behindLink(target);
+    // A device or a pipe is no place for a file.
+    exists(real, S_IFREG);
+    TemporaryFile temporary{real + ".new-" + randomDigits(target), nullptr};
+    Descriptor descriptor =
+        openFile(temporary.path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+    if (descriptor.get() < 0)
+        fail(target, "written");
+    try {
+        temporary.file = std::make_unique<PosixWritableFile>(std::move(descriptor), target);
+    } catch (...) {
+        ::unlink(temporary.path.c_str());
+        throw;
+    }
+    return temporary;
 }
 
 void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
+    const std::string real = behindLink(to);
+    const std::string folderPath = folderOf(real);
     // This opens anything, whatever its mode, and never waits.
-    Descriptor replaced(::open(to.c_str(), O_PATH | O_CLOEXEC));
-    if (::rename(from.c_str(), to.c_str()) != 0)
+    Descriptor replaced = openFile(real, O_PATH);
+    if (::rename(from.c_str(), real.c_str()) != 0)
         fail(to, "replaced");
-    // The new name counts once the folder that holds it is on the disk.
-    const Descriptor folder(::open(folderOf(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.get() < 0 || ::fsync(folder.get()) != 0)
-        fail(to, "replaced");
+    // The new name counts once the folder that holds it is on the disk. Where the system cannot
+    // bring it there now it will later: the change has been made and is not to be reported as
+    // failed.
+    const Descriptor folder = openFile(folderPath, O_RDONLY | O_DIRECTORY);
+    if (folder.get() >= 0)
+        uninterrupted([&folder] { return ::fsync(folder.get()); });
     if (replaced.get() >= 0)
         letGoOf(std::move(replaced));
 }

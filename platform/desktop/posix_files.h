@@ -5,6 +5,7 @@
 
 namespace pelk {
 
+/// A file that is replaced may be a symbolic link, which stays: its target is replaced.
 class PosixFiles : public FileSystem {
  public:
     std::string join(const std::string& folder, const std::string& name) const override;
@@ -12,7 +13,7 @@ class PosixFiles : public FileSystem {
     bool fileExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::string readWholeFile(const std::string& path) override;
-    std::unique_ptr<WritableFile> createFile(const std::string& path) override;
+    TemporaryFile createTemporary(const std::string& target) override;
     void replaceFile(const std::string& from, const std::string& to) override;
     void removeFile(const std::string& path) override;
 };

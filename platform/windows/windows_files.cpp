@@ -1,6 +1,8 @@
 #include "platform/windows/windows_files.h"
 
 #include <windows.h>
+// The line above comes first.
+#include <bcrypt.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -95,9 +97,31 @@ class WindowsWritableFile : public WritableFile {
     std::string path_;
 };
 
-/// The attributes of what stands at the path; nothing stands there when they are invalid.
-DWORD attributesOf(const std::string& path) {
-    return GetFileAttributesW(systemPath(path).c_str());
+/// Whether something stands at the path; a folder must be one, and nothing else.
+bool exists(const std::string& path, bool folderWanted) {
+    const DWORD attributes = GetFileAttributesW(systemPath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const DWORD number = GetLastError();
+        if (number != ERROR_FILE_NOT_FOUND && number != ERROR_PATH_NOT_FOUND)
+            fail(path, "looked up");
+        return false;
+    }
+    const bool isFolder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    if (isFolder != folderWanted)
+        throw Error(path + (isFolder ? " is a folder, not a file." : " is a file, not a folder."));
+    return true;
+}
+
+/// 64 bits as hexadecimal digits.
+std::string randomDigits(const std::string& path) {
+    UCHAR bytes[8] = {};
+    if (BCryptGenRandom(nullptr, bytes, sizeof bytes, BCRYPT_USE_SYSTEM_PREFERRED_RNG) < 0)
+        throw Error(path + " cannot be written: Windows gives no random number for its name.");
+    std::string digits;
+    for (const unsigned byte : bytes)
+        for (const unsigned digit : {byte >> 4U, byte & 15U})
+            digits += "0123456789abcdef"[digit];
+    return digits;
 }
 
 }  // namespace
@@ -107,13 +131,11 @@ std::string WindowsFiles::join(const std::string& folder, const std::string& nam
 }
 
 bool WindowsFiles::folderExists(const std::string& path) {
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+    return exists(path, true);
 }
 
 bool WindowsFiles::fileExists(const std::string& path) {
-    const DWORD attributes = attributesOf(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+    return exists(path, false);
 }
 
 void WindowsFiles::createFolder(const std::string& path) {
@@ -143,12 +165,21 @@ std::string WindowsFiles::readWholeFile(const std::string& path) {
     return content;
 }
 
-std::unique_ptr<WritableFile> WindowsFiles::createFile(const std::string& path) {
-    FileHandle file(CreateFileW(systemPath(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.isOpen())
-        fail(path, "written");
-    return std::make_unique<WindowsWritableFile>(std::move(file), path);
+TemporaryFile WindowsFiles::createTemporary(const std::string& target) {
+    exists(target, false);
+    TemporaryFile temporary{target + ".new-" + randomDigits(target), nullptr};
+    const std::wstring path = systemPath(temporary.path);
+    FileHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!handle.isOpen())
+        fail(target, "written");
+    try {
+        temporary.file = std::make_unique<WindowsWritableFile>(std::move(handle), target);
+    } catch (...) {
+        DeleteFileW(path.c_str());
+        throw;
+    }
+    return temporary;
 }
 
 /// A program that watches files may hold one for a moment, so a refusal is not taken at once.

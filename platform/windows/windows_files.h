@@ -14,7 +14,7 @@ class WindowsFiles : public FileSystem {
     bool fileExists(const std::string& path) override;
     void createFolder(const std::string& path) override;
     std::string readWholeFile(const std::string& path) override;
-    std::unique_ptr<WritableFile> createFile(const std::string& path) override;
+    TemporaryFile createTemporary(const std::string& target) override;
     void replaceFile(const std::string& from, const std::string& to) override;
     void removeFile(const std::string& path) override;
 };

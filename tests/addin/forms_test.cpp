@@ -266,7 +266,7 @@ TEST_F(FormsTest, exportsImportsAndDeletesTheDatabase) {
 
     core.files.failAt = core.files.steps + 1;
     core.dialogs.expectFile("Importing a database", filter, "/copy.db");
-    core.dialogs.expectMessage("/data/pelk/pelk.db.new cannot be written.");
+    core.dialogs.expectMessage("/data/pelk/pelk.db cannot be written.");
     driver.click(form.importButton);
     EXPECT_TRUE(driver.isEnabled(form.importButton));
     EXPECT_EQ(database->relationOfPair(1, 2)->weight, 10);

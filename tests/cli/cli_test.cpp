@@ -70,10 +70,26 @@ TEST_F(CliTest, refusesADocumentThatIsNotSoundAndGoesOnBesideADamagedDatabase) {
     EXPECT_EQ(contentOf(database), before);
 
     folder.write("data/pelk/pelk.db", "no database");
-    const Outcome outcome = run("contacts");
+    expectRefused("contacts", 1,
+                  "The file data/pelk/pelk.db cannot be used. It does not begin as a database file "
+                  "does.");
+    EXPECT_EQ(contentOf(database), "no database");
+    const Outcome outcome = run("scan Inbox");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_NE(outcome.errors.find("data/pelk/pelk.db.damaged"), std::string::npos);
     EXPECT_EQ(contentOf(database + ".damaged"), "no database");
+}
+
+TEST_F(CliTest, createsNothingBeforeThereIsSomethingToSave) {
+    for (const char* question :
+         {"contacts", "relations 1", "domains", "details 1 2", "links 1 2", "domain-links a b",
+          "dump", "thresholds", "delete-domain a", "export copy.db"})
+        EXPECT_NE(run(question).status, 2) << question;
+    for (const char* change : {"rename 1 Ann", "delete 1", "merge 1 2 --name A", "import none"})
+        EXPECT_EQ(run(change).status, 1) << change;
+    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/data"));
+    EXPECT_EQ(run("thresholds 60 7").status, 0);
+    EXPECT_EQ(run("thresholds").output, "strong: 60\nweak: 7\n");
 }
 
 TEST_F(CliTest, refusesInOneLine) {
@@ -81,7 +97,7 @@ TEST_F(CliTest, refusesInOneLine) {
     expectRefused("relations nobody@x", 1, "There is no contact nobody@x.");
     expectRefused("relations 99", 1, "There is no contact 99.");
     expectRefused("export no/copy.db", 1,
-                  "no/copy.db.new cannot be written: No such file or directory.");
+                  "no/copy.db cannot be written: No such file or directory.");
     expectRefused("contacts >/dev/full", 1, "Standard output cannot be written.");
     EXPECT_EQ(run("scan none").status, 1);
     expectRefused("scan", 2, "pelk scan takes at least one operand; see pelk --help");

@@ -9,6 +9,7 @@ namespace pelk {
 namespace {
 
 constexpr const char* kFile = "/data/pelk/pelk.db";
+const std::string kBackup = std::string(kFile) + ".bak";
 
 class StorageTest : public ::testing::Test {
  protected:
@@ -118,26 +119,44 @@ TEST_F(StorageTest, tellsWhenThereIsNoDataFolder) {
     EXPECT_EQ(files.steps, 0);
 }
 
-TEST_F(StorageTest, keepsOneBackupFromBeforeTheFirstLoss) {
-    const std::string backup = std::string(kFile) + ".bak";
+TEST_F(StorageTest, keepsACopyFromBeforeTheFirstLoss) {
     storage.keepBackup();
     EXPECT_TRUE(files.files.empty()) << "there was nothing to keep";
     const std::unique_ptr<Database> database = saveOne();
-    for (int step = 1; step <= 5; ++step) {
-        files.files[backup] = "of an earlier day";
-        files.steps = 0;
-        files.failAt = step;
-        EXPECT_THROW(storage.keepBackup(), Error);
-        files.failAt = 0;
-        EXPECT_EQ(files.files.size(), 2U);
-        EXPECT_EQ(files.files[backup], "of an earlier day") << "step " << step;
-    }
     storage.keepBackup();
     database->removeContacts({1});
     storage.saveChange(*database);
     storage.keepBackup();
-    EXPECT_EQ(files.files[backup], saved);
+    EXPECT_EQ(files.files[kBackup], saved);
     EXPECT_NE(files.files[kFile], saved);
+}
+
+TEST_F(StorageTest, keepsThreeCopiesAndLosesNoneToAFailure) {
+    const auto keep = [&](const std::string& content) {
+        files.files[kFile] = content;
+        Storage(core.platform()).keepBackup();
+    };
+    for (const char* content : {"1", "2", "2", "3", "4", "4"})
+        keep(content);
+    const std::map<std::string, std::string> before = {
+        {kFile, "4"}, {kBackup, "4"}, {kBackup + "-2", "3"}, {kBackup + "-3", "2"}};
+    EXPECT_EQ(files.files, before);
+    int step = 1;
+    for (bool failed = true; failed; ++step) {
+        files.files = before;
+        files.steps = 0;
+        files.failAt = step;
+        failed = messageOf([&] { keep("5"); }) != "";
+        files.failAt = 0;
+        if (!failed)
+            break;
+        EXPECT_EQ(files.files[kBackup], "4") << "step " << step;
+        keep("5");
+        EXPECT_EQ(files.files[kBackup + "-2"], "4") << "step " << step;
+        EXPECT_EQ(files.files[kBackup + "-3"], "3") << "step " << step;
+        EXPECT_LE(files.files.size(), 4U) << "step " << step << " left a file behind";
+    }
+    EXPECT_EQ(step, 16);
 }
 
 TEST_F(StorageTest, savesChangesOrTellsThatTheyStandInMemoryOnly) {
@@ -145,7 +164,7 @@ TEST_F(StorageTest, savesChangesOrTellsThatTheyStandInMemoryOnly) {
     database->renameContact(1, "Ann Jones");
     files.failAt = files.steps + 2;
     dialogs.expectMessage(
-        "/data/pelk/pelk.db.new cannot be written. The change stands in memory only, and will be "
+        "/data/pelk/pelk.db cannot be written. The change stands in memory only, and will be "
         "saved with the next change.");
     storage.saveChange(*database);
     EXPECT_EQ(files.files[kFile], saved);

@@ -9,6 +9,12 @@
 
 namespace pelk {
 
+/// The files and folders in a folder.
+inline std::size_t countIn(const std::string& folder) {
+    return static_cast<std::size_t>(
+        std::distance(std::filesystem::directory_iterator(std::filesystem::u8path(folder)), {}));
+}
+
 class FilesTest : public ::testing::Test {
  protected:
     TemporaryFolder folder;
@@ -16,10 +22,11 @@ class FilesTest : public ::testing::Test {
     std::string path = files->join(folder.path(), "Änne 李.db");
 
     void write(const std::string& target, const std::string& content) {
-        const std::unique_ptr<WritableFile> file = files->createFile(target);
-        file->write(content);
-        file->flushToDisk();
-        file->close();
+        TemporaryFile fresh = files->createTemporary(target);
+        fresh.file->write(content);
+        fresh.file->flushToDisk();
+        fresh.file->close();
+        files->replaceFile(fresh.path, target);
     }
 };
 

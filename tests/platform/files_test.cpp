@@ -22,10 +22,22 @@ TEST_F(FilesTest, writesReplacesAndRemovesAndTellsFilesAndFoldersApart) {
     EXPECT_FALSE(files->folderExists(inner));
     files->createFolder(inner);
     EXPECT_TRUE(files->folderExists(inner));
-    EXPECT_FALSE(files->fileExists(inner));
+    EXPECT_EQ(messageOf([&] { files->fileExists(inner); }), inner + " is a folder, not a file.");
+    EXPECT_EQ(messageOf([&] { write(inner, ""); }), inner + " is a folder, not a file.");
     write(path, "");
     EXPECT_TRUE(files->fileExists(path));
-    EXPECT_FALSE(files->folderExists(path));
+    EXPECT_EQ(messageOf([&] { files->folderExists(path); }), path + " is a file, not a folder.");
+    const std::string below = files->join(files->join(inner, "no"), "file");
+    EXPECT_FALSE(files->fileExists(below) || files->folderExists(below));
+}
+
+TEST_F(FilesTest, makesTemporaryFilesThatAreNobodysBeside) {
+    write(path, "old");
+    const TemporaryFile one = files->createTemporary(path);
+    const TemporaryFile other = files->createTemporary(path);
+    EXPECT_NE(one.path, other.path);
+    EXPECT_EQ(files->readWholeFile(path), "old");
+    EXPECT_EQ(countIn(folder.path()), 3U);
 }
 
 TEST_F(FilesTest, namesThePathAndTheReasonOfAFailure) {
@@ -38,7 +50,7 @@ TEST_F(FilesTest, namesThePathAndTheReasonOfAFailure) {
         EXPECT_TRUE(message.ends_with('.') && !message.ends_with("..")) << message;
     };
     expectMessage("read", [&] { files->readWholeFile(missing); });
-    expectMessage("written", [&] { files->createFile(missing); });
+    expectMessage("written", [&] { files->createTemporary(missing); });
     expectMessage("created", [&] { files->createFolder(missing); });
     expectMessage("removed", [&] { files->removeFile(missing); });
     expectMessage("replaced", [&] { files->replaceFile(path, missing); });

@@ -73,7 +73,7 @@ TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
     core.files.steps = 0;
     core.files.failAt = 2;
     core.dialogs.expectMessage(
-        "/data/pelk/pelk.db.new cannot be written. The e-mails have been "
+        "/data/pelk/pelk.db cannot be written. The e-mails have been "
         "counted, but the result is not saved. Click the start button to "
         "save it.");
     showAndDo([this] {

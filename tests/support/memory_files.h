@@ -3,6 +3,7 @@
 
 #include <map>
 #include <memory>
+#include <new>
 #include <set>
 #include <string>
 #include <utility>
@@ -20,25 +21,36 @@ class MemoryFiles : public FileSystem {
     int steps = 0;
     int failAt = 0;
     bool readsFail = false;
+    /// Whether the system refuses to tell what there is.
+    bool lookUpsFail = false;
+    /// Whether a step that fails does so for lack of memory.
+    bool memoryFails = false;
 
     std::string join(const std::string& folder, const std::string& name) const override {
         return folder + "/" + name;
     }
-    bool folderExists(const std::string& path) override { return folders.contains(path); }
-    bool fileExists(const std::string& path) override { return files.contains(path); }
+    bool folderExists(const std::string& path) override {
+        lookUp(path);
+        return folders.contains(path);
+    }
+    bool fileExists(const std::string& path) override {
+        lookUp(path);
+        return files.contains(path);
+    }
     void createFolder(const std::string& path) override {
         step(path);
         folders.insert(path);
     }
     std::string readWholeFile(const std::string& path) override {
-        if (readsFail || !fileExists(path))
+        if (readsFail || !files.contains(path))
             throw Error(path + " cannot be read.");
         return files[path];
     }
-    std::unique_ptr<WritableFile> createFile(const std::string& path) override {
-        step(path);
+    TemporaryFile createTemporary(const std::string& target) override {
+        step(target);
+        const std::string path = target + ".new-" + std::to_string(steps);
         files[path].clear();
-        return std::make_unique<File>(*this, path);
+        return {path, std::make_unique<File>(*this, path, target)};
     }
     void replaceFile(const std::string& from, const std::string& to) override {
         step(to);
@@ -53,24 +65,33 @@ class MemoryFiles : public FileSystem {
  private:
     class File : public WritableFile {
      public:
-        File(MemoryFiles& owner, std::string path) : owner_(owner), path_(std::move(path)) {}
+        File(MemoryFiles& owner, std::string path, std::string target)
+            : owner_(owner), path_(std::move(path)), target_(std::move(target)) {}
         void write(std::string_view bytes) override {
             // A disk that fills up takes the first half.
             owner_.files[path_] += bytes.substr(0, bytes.size() / 2);
-            owner_.step(path_);
+            owner_.step(target_);
             owner_.files[path_] += bytes.substr(bytes.size() / 2);
         }
-        void flushToDisk() override { owner_.step(path_); }
-        void close() override { owner_.step(path_); }
+        void flushToDisk() override { owner_.step(target_); }
+        void close() override { owner_.step(target_); }
 
      private:
         MemoryFiles& owner_;
         std::string path_;
+        std::string target_;
     };
 
     void step(const std::string& path) {
-        if (++steps == failAt)
-            throw Error(path + " cannot be written.");
+        if (++steps != failAt)
+            return;
+        if (memoryFails)
+            throw std::bad_alloc();
+        throw Error(path + " cannot be written.");
+    }
+    void lookUp(const std::string& path) const {
+        if (lookUpsFail)
+            throw Error(path + " cannot be looked up.");
     }
 };
 

@@ -177,7 +177,7 @@ TEST_F(CommandsTest, keepsAChangeThatCannotBeSavedAndSaysSo) {
     core.files.failAt = core.files.steps + 1;
     core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Zoe (zoe@a)", "Zed");
     core.dialogs.expectMessage(
-        "/data/pelk/pelk.db.new cannot be written. The change stands in memory only, and will be "
+        "/data/pelk/pelk.db cannot be written. The change stands in memory only, and will be "
         "saved with the next change.");
     driver.chooseAt(form.presTree, {4}, "Rename");
     EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, bob (bob@a), Carl (carl@a), Zed");

@@ -1,5 +1,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <optional>
@@ -24,6 +25,38 @@ TEST_F(FilesTest, areTheirOwnersAlone) {
     EXPECT_EQ(modeOf(inner), 0700);
 }
 
+TEST_F(FilesTest, followsALinkToTheFileItLeadsTo) {
+    const std::string elsewhere = files->join(folder.path(), "elsewhere");
+    files->createFolder(elsewhere);
+    const std::string real = files->join(elsewhere, "real.db");
+    write(real, "old");
+    ASSERT_EQ(::symlink("elsewhere/real.db", path.c_str()), 0);
+    EXPECT_TRUE(files->fileExists(path));
+    write(path, "new");
+    EXPECT_EQ(files->readWholeFile(real), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(path));
+    EXPECT_EQ(countIn(elsewhere), 1U);
+}
+
+TEST_F(FilesTest, takesOnlyNothingForNothing) {
+    const std::string link = files->join(folder.path(), "link");
+    ASSERT_EQ(::symlink("nowhere", link.c_str()), 0);
+    EXPECT_EQ(messageOf([&] { files->fileExists(link); }),
+              link + " is a symbolic link that leads nowhere.");
+    EXPECT_NE(messageOf([&] { write(link, ""); }), "");
+    const std::string pipe = files->join(folder.path(), "pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+    EXPECT_EQ(messageOf([&] { files->fileExists(pipe); }), pipe + " is a pipe, not a file.");
+    EXPECT_EQ(messageOf([&] { write(pipe, ""); }), pipe + " is a pipe, not a file.");
+    write(path, "");
+    const std::string below = files->join(path, "below");
+    for (const std::string& unknown : {below, files->join(folder.path(), std::string(300, 'x'))})
+        EXPECT_TRUE(messageOf([&] {
+                        files->fileExists(unknown);
+                    }).starts_with(unknown + " cannot be looked up: "));
+    EXPECT_NE(messageOf([&] { files->folderExists(below); }), "");
+}
+
 TEST_F(FilesTest, reportsADiskThatIsFull) {
     // A limit on the size of files stands in for a disk of that size.
     std::signal(SIGXFSZ, SIG_IGN);
@@ -43,7 +76,16 @@ TEST(FolderLock, keepsASecondProgramOut) {
               "Another Pelk is using the database in " + folder.path() + ". Close it first.");
     lock.reset();
     EXPECT_NO_THROW(FolderLock(folder.path()));
-    EXPECT_THROW(FolderLock(folder.path() + "/none"), Error);
+    const std::string made = folder.path() + "/made";
+    lock.emplace(made + "/inner");
+    EXPECT_EQ(modeOf(made + "/inner"), 0700);
+    lock.reset();
+    EXPECT_FALSE(std::filesystem::exists(made)) << "nothing came into it";
+    lock.emplace(made + "/inner");
+    folder.write("made/inner/file", "");
+    lock.reset();
+    EXPECT_TRUE(std::filesystem::exists(made + "/inner/file"));
+    EXPECT_THROW(FolderLock(made + "/inner/file"), Error);
 }
 
 TEST(DesktopShell, makesTheDataFolderForItsOwnerAlone) {
@@ -58,7 +100,10 @@ TEST(DesktopShell, makesTheDataFolderForItsOwnerAlone) {
     ::setenv("XDG_DATA_HOME", "relative", 1);
     EXPECT_EQ(DesktopShell("").applicationDataFolder(), usual);
     EXPECT_EQ(DesktopShell(home.path() + "/own").applicationDataFolder(), home.path() + "/own");
-    EXPECT_EQ(DesktopShell("/dev/null/none").applicationDataFolder(), std::nullopt);
+    EXPECT_EQ(messageOf([] { DesktopShell("/dev/null/none").applicationDataFolder(); }),
+              "/dev/null/none cannot be looked up: Not a directory.");
+    ::unsetenv("HOME");
+    EXPECT_EQ(DesktopShell("").applicationDataFolder(), std::nullopt);
 }
 
 }  // namespace

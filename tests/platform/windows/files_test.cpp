@@ -15,11 +15,13 @@ TEST_F(FilesTest, haveOneWriterForWhomOthersWaitAMoment) {
     const std::string fresh = path + ".new";
     write(path, "old");
     write(fresh, "new");
-    std::unique_ptr<WritableFile> held = files->createFile(path);
-    EXPECT_NE(messageOf([&] { files->createFile(path); }), "");
-    std::thread other([&held] {
+    const HANDLE held = CreateFileW(toWide(path).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_NE(messageOf([&] { files->readWholeFile(path); }), "");
+    std::thread other([held] {
         Sleep(60);
-        held.reset();
+        CloseHandle(held);
     });
     EXPECT_EQ(messageOf([&] { files->replaceFile(fresh, path); }), "");
     other.join();
