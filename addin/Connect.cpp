@@ -1,5 +1,6 @@
 #include "addin/Connect.h"
 
+#include <new>
 #include <string>
 
 #include "db/date_stamp.h"
@@ -27,6 +28,8 @@ void Connect::load() {
         database_ = storage_.loadDatabase();
     } catch (const Error& error) {
         platform_.dialogs.message(error.what(), Buttons::Ok);
+    } catch (const std::bad_alloc&) {
+        platform_.dialogs.message(kNotEnoughMemory, Buttons::Ok);
     }
     platform_.dialogs.setBusyPointer(false);
 }

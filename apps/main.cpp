@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -59,6 +60,8 @@ int guardedMain(int argc, char** argv) {
         return kWrongUsage;
     } catch (const Error& error) {
         std::cerr << "pelk: " << error.what() << '\n';
+    } catch (const std::bad_alloc&) {
+        std::cerr << "pelk: " << kNotEnoughMemory << '\n';
     } catch (const std::exception& fault) {
         std::cerr << "pelk: Unexpected fault: " << fault.what() << '\n';
     }

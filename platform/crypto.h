@@ -9,7 +9,8 @@
 
 namespace pelk {
 
-/// Byte strings in, byte strings out. A failure of the library itself is an `Error`.
+/// Byte strings in, byte strings out. A failure of the library itself is an `Error`, a lack of
+/// memory `std::bad_alloc`: neither says anything of the bytes.
 class Crypto {
  public:
     virtual ~Crypto() = default;

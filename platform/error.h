@@ -12,4 +12,7 @@ class Error : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// What the user is told of `std::bad_alloc`. It needs no memory to be shown.
+inline constexpr const char* kNotEnoughMemory = "There is not enough memory.";
+
 }  // namespace pelk

@@ -1,5 +1,6 @@
 #include "platform/guard.h"
 
+#include <new>
 #include <optional>
 #include <string>
 
@@ -26,6 +27,8 @@ std::optional<std::string> faultOf(const std::function<void()>& act) {
         return std::nullopt;
     } catch (const Error& error) {
         return error.what();
+    } catch (const std::bad_alloc&) {
+        return kNotEnoughMemory;
     } catch (const std::exception& error) {
         return std::string("Unexpected fault: ") + error.what();
     } catch (...) {

@@ -8,8 +8,8 @@
 
 namespace pelk {
 
-/// Runs `act`. The text of an `Error` that leaves it is shown in a box; so is any other fault, as
-/// an unexpected one.
+/// Runs `act`. The text of an `Error` that leaves it is shown in a box; so is a lack of memory, and
+/// any other fault, as an unexpected one.
 void guarded(Dialogs& dialogs, const std::function<void()>& act) noexcept;
 
 /// How many acts are under way, one inside another: a handler that shows a box or lets pending

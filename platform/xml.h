@@ -25,8 +25,18 @@ class MalformedQuery : public Error {
     explicit MalformedQuery(const std::string& query) : Error("Malformed query: " + query) {}
 };
 
+/// How deep the elements of a document may stand, the root being the first level: as deep as MSXML
+/// 6.0 takes. What walks down a document may call itself once for each level.
+inline constexpr int kDeepestNesting = 256;
+
+/// What is wrong with a document that nests deeper.
+inline std::string nestingFault() {
+    return "elements nested deeper than " + std::to_string(kDeepestNesting) + " levels";
+}
+
 /// What an XML library supplies for the elements of its documents. A node is the library's own
-/// pointer; none is null unless the comment says so. All text is UTF-8.
+/// pointer; none is null unless the comment says so. All text is UTF-8. Throws `Error` when the
+/// library fails, and `std::bad_alloc`.
 class XmlLibrary {
  public:
     using Node = void*;
@@ -154,8 +164,9 @@ class XmlDocument {
 
     /// Replaces the content by the document in `text` (UTF-8, whatever encoding its declaration
     /// names), which a library may keep and read in its place. Returns false, with the document
-    /// empty and `parseError` set, when the text is not one well-formed document. External entities
-    /// and document types are never followed.
+    /// empty and `parseError` set, when the text is not one well-formed document, or nests deeper
+    /// than `kDeepestNesting`. External entities and document types are never followed. Throws
+    /// `Error` when the library fails, and `std::bad_alloc`: neither says anything of the text.
     virtual bool loadXml(std::string text) = 0;
     /// What the last `loadXml` stumbled on, in a few words; empty when it did not fail.
     virtual std::string parseError() const = 0;

@@ -1,7 +1,9 @@
 #include "apps/addin/cipher_object.h"
 
+#include <new>
 #include <string_view>
 
+#include "platform/error.h"
 #include "platform/windows/com.h"
 
 namespace pelk {
@@ -24,12 +26,17 @@ std::string textOf(BSTR text) {
     return toUtf8({text, SysStringLen(text)});
 }
 
-void report(const char* reason) {
-    ComPtr<ICreateErrorInfo> created;
-    if (FAILED(CreateErrorInfo(created.put())))
-        return;
-    created->SetDescription(Bstr(std::string_view(reason)).get());
-    SetErrorInfo(0, created.query<IErrorInfo>(IID_IErrorInfo).get());
+/// Leaves the reason as error information, if there is memory for it.
+void report(const char* reason) noexcept {
+    try {
+        ComPtr<ICreateErrorInfo> created;
+        if (FAILED(CreateErrorInfo(created.put())))
+            return;
+        created->SetDescription(Bstr(std::string_view(reason)).get());
+        SetErrorInfo(0, created.query<IErrorInfo>(IID_IErrorInfo).get());
+    } catch (const std::bad_alloc&) {
+        SetErrorInfo(0, nullptr);
+    }
 }
 
 /// Runs `act`; what it throws becomes error information.
@@ -38,6 +45,9 @@ HRESULT reported(const Act& act) {
     try {
         act();
         return S_OK;
+    } catch (const std::bad_alloc&) {
+        report(kNotEnoughMemory);
+        return E_FAIL;
     } catch (const std::exception& error) {
         report(error.what());
         return E_FAIL;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <new>
 #include <optional>
 
 #include "addin/Connect.h"
@@ -61,6 +62,9 @@ void runDesktopProgram(const Arguments& arguments, int argc, char** argv) {
             openMailWindow(opened, dialogs);
     } catch (const Error& error) {
         dialogs.message(error.what(), Buttons::Ok);
+        throw;
+    } catch (const std::bad_alloc&) {
+        dialogs.message(kNotEnoughMemory, Buttons::Ok);
         throw;
     }
 }

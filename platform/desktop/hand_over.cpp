@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/desktop/side_by_side.h"
+
 namespace pelk {
 
 HandOver::~HandOver() {
@@ -19,7 +21,7 @@ void HandOver::add(std::string piece) {
     }
     changed_.notify_one();
     if (!taking_.valid())
-        taking_ = std::async(std::launch::async | std::launch::deferred, [this] { takeAll(); });
+        taking_ = startAside([this] { takeAll(); });
 }
 
 void HandOver::finish() {

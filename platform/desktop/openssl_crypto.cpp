@@ -1,12 +1,14 @@
 #include "platform/desktop/openssl_crypto.h"
 
 #include <openssl/core_names.h>
+#include <openssl/err.h>
 #include <openssl/evp.h>
 #include <openssl/params.h>
 
 #include <algorithm>
 #include <climits>
 #include <memory>
+#include <new>
 #include <utility>
 
 #include "platform/desktop/hand_over.h"
@@ -41,9 +43,22 @@ int sizeOf(std::string_view text) {
     return static_cast<int>(text.size());
 }
 
+/// Throws what the library says of its last failure.
+[[noreturn]] void fail() {
+    std::string reason;
+    while (const unsigned long code = ERR_get_error()) {
+        if (ERR_GET_REASON(code) == ERR_R_MALLOC_FAILURE)
+            throw std::bad_alloc();
+        const char* const words = ERR_reason_error_string(code);
+        if (words != nullptr && reason.empty())
+            reason = std::string(": ") + words;
+    }
+    throw Error("The system's cryptographic library failed" + reason + ".");
+}
+
 void require(bool success) {
     if (!success)
-        throw Error("The system's cryptographic library failed.");
+        fail();
 }
 
 class Hmac {
@@ -195,9 +210,13 @@ std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string
     require(EVP_DecryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(sealed),
                               sizeOf(sealed)) == 1);
     require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_SET_TAG, kTagSize, tag.data()) == 1);
-    if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) != 1)
-        return std::nullopt;
-    return sealed;
+    ERR_clear_error();
+    if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) == 1)
+        return sealed;
+    // The library calls a tag that differs no error of its own.
+    if (ERR_peek_error() != 0)
+        fail();
+    return std::nullopt;
 }
 
 std::string OpensslCrypto::base64(std::string_view bytes) const {

@@ -1,6 +1,8 @@
 #include "platform/desktop/pugi_document.h"
 
+#include <new>
 #include <pugixml.hpp>
+#include <string_view>
 #include <utility>
 
 #include "platform/desktop/side_by_side.h"
@@ -22,6 +24,26 @@ XmlLibrary::Node elementFrom(pugi::xml_node node) {
     while (node && node.type() != pugi::node_element)
         node = node.next_sibling();
     return unwrap(node);
+}
+
+/// The library answers with null, or false, when it has no memory.
+void requireMemory(bool given) {
+    if (!given)
+        throw std::bad_alloc();
+}
+
+class TextWriter : public pugi::xml_writer {
+ public:
+    void write(const void* data, std::size_t size) override {
+        text.append(static_cast<const char*>(data), size);
+    }
+    std::string text;
+};
+
+std::string textOf(pugi::xml_node node) {
+    TextWriter writer;
+    node.print(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    return std::move(writer.text);
 }
 
 /// Nodes live as long as their document, so there is nothing to retain or release.
@@ -49,7 +71,7 @@ class PugiLibrary : public XmlLibrary {
         pugi::xml_attribute attribute = wrap(node).attribute(name);
         if (!attribute)
             attribute = wrap(node).append_attribute(name);
-        attribute.set_value(value.c_str());
+        requireMemory(attribute.set_value(value.c_str()));
     }
 
     Node firstChild(Node node) const override { return elementFrom(wrap(node).first_child()); }
@@ -61,11 +83,23 @@ class PugiLibrary : public XmlLibrary {
     }
 
     Node appendElement(Node parent, const char* name) const override {
-        return unwrap(wrap(parent).append_child(name));
+        const pugi::xml_node child = wrap(parent).append_child(name);
+        // The name is set apart from the element.
+        if (std::string_view(child.name()) != name) {
+            wrap(parent).remove_child(child);
+            throw std::bad_alloc();
+        }
+        return unwrap(child);
     }
 
     Node appendCopy(Node parent, Node original) const override {
-        return unwrap(wrap(parent).append_copy(wrap(original)));
+        pugi::xml_node copy = wrap(parent).append_copy(wrap(original));
+        // A copy for which there was no memory ends anywhere.
+        if (!copy || textOf(copy) != textOf(wrap(original))) {
+            wrap(parent).remove_child(copy);
+            throw std::bad_alloc();
+        }
+        return unwrap(copy);
     }
 
     void remove(Node node) const override { wrap(node).parent().remove_child(wrap(node)); }
@@ -125,6 +159,9 @@ class PugiDocument : public XmlDocument {
                 pugi::parse_default | pugi::parse_fragment | pugi::parse_doctype;
             const pugi::xml_parse_result result = document_.load_buffer_inplace(
                 text_.data(), text_.size(), options, pugi::encoding_utf8);
+            requireMemory(result.status != pugi::status_out_of_memory);
+            if (result.status == pugi::status_internal_error)
+                throw Error("The XML library failed.");
             error_ = result ? faultOfDocument(document_) : result.description();
         }
         if (!error_.empty())

@@ -9,6 +9,7 @@
 
 #include "platform/desktop/side_by_side.h"
 #include "platform/utf8.h"
+#include "platform/xml.h"
 
 namespace pelk {
 namespace {
@@ -79,43 +80,58 @@ bool hasStrayReference(std::string_view text) {
     }
 }
 
-/// Finds the first element with an attribute twice, at a node or below it, however deep.
-class DoubledAttribute : public pugi::xml_tree_walker {
+/// Finds the first element with an attribute twice, or too deep, at a node or below it.
+class ElementFault : public pugi::xml_tree_walker {
  public:
+    /// `level` is that of the node at which the walk begins, 1 for the root.
+    explicit ElementFault(int level) : level_(level) {}
+
     bool begin(pugi::xml_node& node) override { return for_each(node); }
     bool for_each(pugi::xml_node& node) override {
+        // The node at which the walk begins has the depth -1.
+        if (node.type() == pugi::node_element && level_ + depth() + 1 > kDeepestNesting)
+            found = nestingFault();
+        else if (hasDoubledAttribute(node))
+            found = "an attribute that stands twice";
+        return found.empty();
+    }
+    std::string found;
+
+ private:
+    bool hasDoubledAttribute(pugi::xml_node node) {
         names_.clear();
         for (auto at = node.first_attribute(); at; at = at.next_attribute())
             names_.emplace_back(at.name());
         std::sort(names_.begin(), names_.end());
-        found = std::adjacent_find(names_.begin(), names_.end()) != names_.end();
-        return !found;
+        return std::adjacent_find(names_.begin(), names_.end()) != names_.end();
     }
-    bool found = false;
 
- private:
+    const int level_;
     std::vector<std::string_view> names_;
 };
 
-bool hasDoubledAttribute(pugi::xml_node node) {
-    DoubledAttribute doubled;
-    node.traverse(doubled);
-    return doubled.found;
+/// The fault of an element on the second level, or of one below it.
+std::string faultBelowRoot(pugi::xml_node node) {
+    ElementFault fault(2);
+    node.traverse(fault);
+    return fault.found;
 }
 
-/// The same for a whole document. Below the root of a database stand two large elements.
-bool hasDoubledAttribute(const pugi::xml_document& document) {
+/// The same for all elements of a document. Below the root of a database stand two large ones.
+std::string faultOfElements(const pugi::xml_document& document) {
     pugi::xml_node root = document.document_element();
-    bool inFirst = false;
-    bool inRest = false;
-    sideBySide([&] { inFirst = hasDoubledAttribute(root.first_child()); },
+    std::string inFirst;
+    std::string inRest;
+    sideBySide([&] { inFirst = faultBelowRoot(root.first_child()); },
                [&] {
-                   inRest = !DoubledAttribute().for_each(root);
-                   for (auto at = root.first_child().next_sibling(); at && !inRest;
+                   ElementFault atRoot(1);
+                   atRoot.for_each(root);
+                   inRest = atRoot.found;
+                   for (auto at = root.first_child().next_sibling(); at && inRest.empty();
                         at = at.next_sibling())
-                       inRest = hasDoubledAttribute(at);
+                       inRest = faultBelowRoot(at);
                });
-    return inFirst || inRest;
+    return inFirst.empty() ? inRest : inFirst;
 }
 
 }  // namespace
@@ -139,7 +155,7 @@ std::string faultOfDocument(const pugi::xml_document& document) {
     }
     if (roots != 1)
         return std::to_string(roots) + " root elements";
-    return hasDoubledAttribute(document) ? "an attribute that stands twice" : "";
+    return faultOfElements(document);
 }
 
 }  // namespace pelk

@@ -15,7 +15,8 @@ namespace pelk {
 std::string faultOfText(std::string_view text);
 
 /// What is wrong with a document that was parsed with its document types and stray text kept: it
-/// must hold one root element and nothing beside it, and no attribute twice. Empty when nothing is.
+/// must hold one root element and nothing beside it, no attribute twice, and nest no deeper than
+/// `kDeepestNesting`. Empty when nothing is wrong.
 std::string faultOfDocument(const pugi::xml_document& document);
 
 }  // namespace pelk

@@ -6,6 +6,7 @@
 #include <wincrypt.h>
 
 #include <climits>
+#include <new>
 
 #include "platform/error.h"
 
@@ -32,16 +33,34 @@ ULONG sizeOf(std::string_view text) {
     return static_cast<ULONG>(text.size());
 }
 
+/// STATUS_NO_MEMORY, likewise.
+constexpr NTSTATUS kNoMemory = static_cast<NTSTATUS>(0xC0000017);
+
 void require(bool success) {
     if (!success)
         throw Error("The system's cryptographic library failed.");
+}
+
+void require(NTSTATUS status) {
+    if (status == kNoMemory)
+        throw std::bad_alloc();
+    require(status >= 0);
+}
+
+/// Whether the text is such as `base64` writes, the bits at its end aside.
+bool looksLikeBase64(std::string_view text) {
+    const std::string_view inner = text.substr(0, text.find_last_not_of('=') + 1);
+    return text.size() % 4 == 0 && text.size() - inner.size() <= 2 &&
+           inner.find_first_not_of(
+               "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789"
+               "+/") == std::string_view::npos;
 }
 
 /// An algorithm of the library, with a hash or a key of it.
 class Algorithm {
  public:
     Algorithm(const wchar_t* name, ULONG flags) {
-        require(BCryptOpenAlgorithmProvider(&algorithm_, name, nullptr, flags) >= 0);
+        require(BCryptOpenAlgorithmProvider(&algorithm_, name, nullptr, flags));
     }
     Algorithm(const Algorithm&) = delete;
     Algorithm& operator=(const Algorithm&) = delete;
@@ -54,8 +73,8 @@ class Algorithm {
     }
 
     BCRYPT_HASH_HANDLE createHash(std::string_view secret) {
-        require(BCryptCreateHash(algorithm_, &hash_, nullptr, 0, bytesOf(secret), sizeOf(secret),
-                                 0) >= 0);
+        require(
+            BCryptCreateHash(algorithm_, &hash_, nullptr, 0, bytesOf(secret), sizeOf(secret), 0));
         return hash_;
     }
 
@@ -63,9 +82,9 @@ class Algorithm {
         std::wstring mode = BCRYPT_CHAIN_MODE_GCM;
         const auto size = static_cast<ULONG>((mode.size() + 1) * sizeof(wchar_t));
         require(BCryptSetProperty(algorithm_, BCRYPT_CHAINING_MODE,
-                                  reinterpret_cast<UCHAR*>(mode.data()), size, 0) >= 0);
+                                  reinterpret_cast<UCHAR*>(mode.data()), size, 0));
         require(BCryptGenerateSymmetricKey(algorithm_, &key_, nullptr, 0, bytesOf(key), sizeOf(key),
-                                           0) >= 0);
+                                           0));
         return key_;
     }
 
@@ -96,9 +115,9 @@ std::string CngCrypto::hmacSha256(std::string_view key, const MakePieces& make) 
     const BCRYPT_HASH_HANDLE hash = algorithm.createHash(key);
     std::string digest(kDigestSize, '\0');
     make([hash](std::string_view piece) {
-        require(BCryptHashData(hash, bytesOf(piece), sizeOf(piece), 0) >= 0);
+        require(BCryptHashData(hash, bytesOf(piece), sizeOf(piece), 0));
     });
-    require(BCryptFinishHash(hash, bytesOf(digest), sizeOf(digest), 0) >= 0);
+    require(BCryptFinishHash(hash, bytesOf(digest), sizeOf(digest), 0));
     return digest;
 }
 
@@ -112,7 +131,7 @@ void CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_v
         modeInfo(nonce, header, std::string_view(plain).substr(size));
     ULONG written = 0;
     require(BCryptEncrypt(handle, bytesOf(plain), size, &info, nullptr, 0, bytesOf(plain), size,
-                          &written, 0) >= 0);
+                          &written, 0));
     require(written == size);
     for (std::string_view rest = plain; !rest.empty();) {
         const std::string_view slice = rest.substr(0, kSliceSize);
@@ -135,7 +154,8 @@ std::optional<std::string> CngCrypto::open(std::string_view key, std::string_vie
                                           bytesOf(sealed), size, &written, 0);
     if (status == kTagMismatch)
         return std::nullopt;
-    require(status >= 0 && written == size);
+    require(status);
+    require(written == size);
     sealed.resize(size);
     return sealed;
 }
@@ -157,11 +177,13 @@ std::optional<std::string> CngCrypto::fromBase64(std::string_view text) const {
     // The library would take a length of 0 for a text that ends in a NUL.
     if (text.empty())
         return std::string();
+    // What is refused here would be a failure of the library there.
+    if (!looksLikeBase64(text))
+        return std::nullopt;
     DWORD size = sizeOf(text);
     std::string bytes(size, '\0');
-    if (!CryptStringToBinaryA(text.data(), sizeOf(text), CRYPT_STRING_BASE64, bytesOf(bytes), &size,
-                              nullptr, nullptr))
-        return std::nullopt;
+    require(CryptStringToBinaryA(text.data(), sizeOf(text), CRYPT_STRING_BASE64, bytesOf(bytes),
+                                 &size, nullptr, nullptr) != FALSE);
     bytes.resize(size);
     // What the library lets pass differs from version to version.
     if (base64(bytes) != text)

@@ -5,6 +5,7 @@
 // The line above comes first.
 #include <oleauto.h>
 
+#include <new>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -69,12 +70,15 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// A BSTR. The null string is the empty one.
+/// A BSTR. The null string is the empty one. Making one throws `std::bad_alloc`.
 class Bstr {
  public:
     Bstr() = default;
     explicit Bstr(std::wstring_view text)
-        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+        : text_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {
+        if (text_ == nullptr)
+            throw std::bad_alloc();
+    }
     explicit Bstr(std::string_view utf8) : Bstr(std::wstring_view(toWide(utf8))) {}
     Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     Bstr& operator=(Bstr other) noexcept {
@@ -96,15 +100,18 @@ class Bstr {
     BSTR text_ = nullptr;
 };
 
-/// A VARIANT, cleared at the end.
+/// A VARIANT, cleared at the end. Making a text one throws `std::bad_alloc`.
 class Variant : public VARIANT {
  public:
     Variant() { VariantInit(this); }
     explicit Variant(std::string_view utf8) : Variant() {
-        vt = VT_BSTR;
         bstrVal = Bstr(utf8).detach();
+        vt = VT_BSTR;
     }
-    Variant(const Variant& other) : Variant() { VariantCopy(this, const_cast<Variant*>(&other)); }
+    Variant(const Variant& other) : Variant() {
+        if (VariantCopy(this, const_cast<Variant*>(&other)) == E_OUTOFMEMORY)
+            throw std::bad_alloc();
+    }
     Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
     Variant& operator=(Variant other) noexcept {
         std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));

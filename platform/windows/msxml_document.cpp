@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 #include "platform/utf8.h"
 #include "platform/windows/xml_form.h"
@@ -22,13 +23,14 @@ constexpr CLSID kDocumentClasses[] = {
 constexpr IID kDocument2 = {
     0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
-/// As many levels as MSXML 6.0 takes.
-constexpr int kDeepestNesting = 256;
-
 void require(HRESULT result, const char* what) {
+    if (result == E_OUTOFMEMORY)
+        throw std::bad_alloc();
     if (FAILED(result))
         throw Error(std::string("The system's XML library failed to ") + what + ".");
 }
+
+constexpr const char* kFindNode = "find a node";
 
 /// An element is held by its element interface, which is its node interface, too.
 IXMLDOMElement* wrap(XmlLibrary::Node node) {
@@ -41,14 +43,15 @@ ComPtr<IXMLDOMElement> asElement(const ComPtr<IXMLDOMNode>& node) {
 
 bool isElement(const ComPtr<IXMLDOMNode>& node) {
     DOMNodeType type = NODE_INVALID;
-    return SUCCEEDED(node->get_nodeType(&type)) && type == NODE_ELEMENT;
+    require(node->get_nodeType(&type), "tell the kind of a node");
+    return type == NODE_ELEMENT;
 }
 
 /// The first of `node` and the siblings after it that is an element.
 XmlLibrary::Node elementFrom(ComPtr<IXMLDOMNode> node) {
     while (node && !isElement(node)) {
         ComPtr<IXMLDOMNode> next;
-        node->get_nextSibling(next.put());
+        require(node->get_nextSibling(next.put()), kFindNode);
         node = std::move(next);
     }
     return asElement(node).detach();
@@ -78,6 +81,7 @@ class MsxmlLibrary : public XmlLibrary {
     std::optional<std::string> attribute(Node node, const char* name) const override {
         Variant value;
         const HRESULT result = wrap(node)->getAttribute(Bstr(std::string_view(name)).get(), &value);
+        require(result, "read an attribute");
         if (result != S_OK || value.vt != VT_BSTR)
             return std::nullopt;
         return toUtf8({value.bstrVal, SysStringLen(value.bstrVal)});
@@ -90,19 +94,19 @@ class MsxmlLibrary : public XmlLibrary {
 
     Node firstChild(Node node) const override {
         ComPtr<IXMLDOMNode> child;
-        wrap(node)->get_firstChild(child.put());
+        require(wrap(node)->get_firstChild(child.put()), kFindNode);
         return elementFrom(std::move(child));
     }
 
     Node nextSibling(Node node) const override {
         ComPtr<IXMLDOMNode> next;
-        wrap(node)->get_nextSibling(next.put());
+        require(wrap(node)->get_nextSibling(next.put()), kFindNode);
         return elementFrom(std::move(next));
     }
 
     Node parent(Node node) const override {
         ComPtr<IXMLDOMNode> parent;
-        wrap(node)->get_parentNode(parent.put());
+        require(wrap(node)->get_parentNode(parent.put()), kFindNode);
         return asElement(parent).detach();
     }
 
@@ -128,7 +132,7 @@ class MsxmlLibrary : public XmlLibrary {
     void remove(Node node) const override {
         ComPtr<IXMLDOMNode> parent;
         ComPtr<IXMLDOMNode> removed;
-        wrap(node)->get_parentNode(parent.put());
+        require(wrap(node)->get_parentNode(parent.put()), kFindNode);
         require(parent ? parent->removeChild(wrap(node), removed.put()) : E_FAIL,
                 "remove an element");
     }
@@ -136,7 +140,7 @@ class MsxmlLibrary : public XmlLibrary {
     std::vector<Node> select(Node context, const std::string& query) const override {
         const ComPtr<IXMLDOMNodeList> found = evaluate(context, query);
         std::vector<ComPtr<IXMLDOMElement>> elements;
-        for (ComPtr<IXMLDOMNode> node; found->nextNode(node.put()) == S_OK && node;)
+        for (ComPtr<IXMLDOMNode> node = nextOf(found); node; node = nextOf(found))
             if (ComPtr<IXMLDOMElement> element = asElement(node))
                 elements.push_back(std::move(element));
         std::vector<Node> nodes(elements.size());
@@ -146,8 +150,8 @@ class MsxmlLibrary : public XmlLibrary {
     }
 
     std::optional<std::string> selectText(Node context, const std::string& query) const override {
-        ComPtr<IXMLDOMNode> first;
-        if (evaluate(context, query)->nextNode(first.put()) != S_OK || !first)
+        const ComPtr<IXMLDOMNode> first = nextOf(evaluate(context, query));
+        if (!first)
             return std::nullopt;
         Bstr text;
         require(first->get_text(text.put()), "read a text");
@@ -157,9 +161,18 @@ class MsxmlLibrary : public XmlLibrary {
  private:
     static ComPtr<IXMLDOMNodeList> evaluate(Node context, const std::string& query) {
         ComPtr<IXMLDOMNodeList> found;
-        if (FAILED(wrap(context)->selectNodes(Bstr(query).get(), found.put())) || !found)
+        const HRESULT result = wrap(context)->selectNodes(Bstr(query).get(), found.put());
+        if (result == E_OUTOFMEMORY)
+            throw std::bad_alloc();
+        if (FAILED(result) || !found)
             throw MalformedQuery(query);
         return found;
+    }
+    /// The next of the nodes found; null behind the last.
+    static ComPtr<IXMLDOMNode> nextOf(const ComPtr<IXMLDOMNodeList>& found) {
+        ComPtr<IXMLDOMNode> node;
+        require(found->nextNode(node.put()), kFindNode);
+        return node;
     }
 };
 
@@ -178,10 +191,10 @@ std::string faultOfText(std::string_view text) {
         const MarkupKind kind = takeMarkup(text).kind;
         if (kind == MarkupKind::DocumentType)
             return "a document type";
-        if (kind == MarkupKind::EndTag)
-            --depth;
-        if (kind == MarkupKind::StartTag && ++depth > kDeepestNesting)
-            return "elements nested deeper than " + std::to_string(kDeepestNesting) + " levels";
+        const bool isElement = kind == MarkupKind::StartTag || kind == MarkupKind::EmptyTag;
+        if (isElement && depth >= kDeepestNesting)
+            return nestingFault();
+        depth += kind == MarkupKind::StartTag ? 1 : kind == MarkupKind::EndTag ? -1 : 0;
     }
     return {};
 }
@@ -198,10 +211,14 @@ std::string_view withoutDeclaration(std::string_view text) {
 
 ComPtr<IXMLDOMDocument2> createDocument() {
     ComPtr<IXMLDOMDocument2> document;
-    for (const CLSID& version : kDocumentClasses)
-        if (SUCCEEDED(CoCreateInstance(version, nullptr, CLSCTX_INPROC_SERVER, kDocument2,
-                                       reinterpret_cast<void**>(document.put()))))
+    for (const CLSID& version : kDocumentClasses) {
+        const HRESULT result = CoCreateInstance(version, nullptr, CLSCTX_INPROC_SERVER, kDocument2,
+                                                reinterpret_cast<void**>(document.put()));
+        if (SUCCEEDED(result))
             return document;
+        if (result == E_OUTOFMEMORY)
+            throw std::bad_alloc();
+    }
     throw Error("The system has no XML library (MSXML 6.0 or 3.0).");
 }
 
@@ -228,7 +245,8 @@ class MsxmlDocument : public XmlDocument {
         if (error_.empty()) {
             VARIANT_BOOL loaded = VARIANT_FALSE;
             const Bstr wide(withoutDeclaration(text));
-            if (document_->loadXML(wide.get(), &loaded) != S_OK || loaded != VARIANT_TRUE)
+            require(document_->loadXML(wide.get(), &loaded), "read a document");
+            if (loaded != VARIANT_TRUE)
                 error_ = reasonOfFailure();
         }
         if (!error_.empty())
@@ -241,7 +259,7 @@ class MsxmlDocument : public XmlDocument {
     std::string xml(const TakePiece& watch) const override {
         ComPtr<IXMLDOMElement> element;
         Bstr text;
-        document_->get_documentElement(element.put());
+        require(document_->get_documentElement(element.put()), kFindNode);
         if (element)
             require(element->get_xml(text.put()), "write a document");
         std::string xml = inOneForm(text.utf8());
@@ -251,7 +269,7 @@ class MsxmlDocument : public XmlDocument {
 
     XmlElement root() const override {
         ComPtr<IXMLDOMElement> element;
-        document_->get_documentElement(element.put());
+        require(document_->get_documentElement(element.put()), kFindNode);
         return {library(), element.detach()};
     }
 
@@ -260,8 +278,12 @@ class MsxmlDocument : public XmlDocument {
         ComPtr<IXMLDOMParseError> fault;
         Bstr reason;
         long line = 0;
+        long code = 0;
         if (FAILED(document_->get_parseError(fault.put())) || !fault)
             return "no well-formed text";
+        fault->get_errorCode(&code);
+        if (code == E_OUTOFMEMORY)
+            throw std::bad_alloc();
         fault->get_reason(reason.put());
         fault->get_line(&line);
         std::string text = reason.utf8();

@@ -107,6 +107,75 @@ TEST_F(StorageTest, setsADamagedFileAside) {
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");
 }
 
+/// A library that enciphers, and then fails.
+class FailingCrypto : public Crypto {
+ public:
+    std::string hmacSha256(std::string_view key, const MakePieces& make) const override {
+        return crypto_->hmacSha256(key, make);
+    }
+    void seal(std::string_view key, std::string_view nonce, std::string_view header,
+              std::string plain, const TakePiece& take) const override {
+        crypto_->seal(key, nonce, header, std::move(plain), take);
+    }
+    std::optional<std::string> open(std::string_view, std::string_view, std::string_view,
+                                    std::string) const override {
+        throw Error("The library failed.");
+    }
+    std::string base64(std::string_view bytes) const override { return crypto_->base64(bytes); }
+    std::optional<std::string> fromBase64(std::string_view text) const override {
+        return crypto_->fromBase64(text);
+    }
+
+ private:
+    const std::unique_ptr<Crypto> crypto_ = makeCrypto();
+};
+
+/// What the surroundings do to a sound database: it stays where it is, and nothing else comes.
+TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
+    saveOne();
+    const std::map<std::string, std::string> before = files.files;
+    const auto expectFailure = [&](const Platform& platform) {
+        for (const auto load :
+             {&Storage::loadDatabase, &Storage::openDatabase, &Storage::readDatabase})
+            EXPECT_ANY_THROW((Storage(platform).*load)());
+        EXPECT_EQ(files.files, before);
+    };
+    FailingCrypto crypto;
+    Platform platform = core.platform();
+    const auto with = [&platform](const Crypto& failing, auto makeDocument) {
+        return Platform{platform.files, platform.shell,   platform.clock, platform.language,
+                        failing,        platform.dialogs, makeDocument};
+    };
+    expectFailure(with(crypto, makeXmlDocument));
+    expectFailure(with(platform.crypto, []() -> std::unique_ptr<XmlDocument> {
+        throw Error("The system has no XML library.");
+    }));
+    expectFailure(
+        with(platform.crypto, []() -> std::unique_ptr<XmlDocument> { throw std::bad_alloc(); }));
+    files.lookUpsFail = true;
+    expectFailure(platform);
+    EXPECT_THROW(storage.keepBackup(), Error);
+    files.lookUpsFail = false;
+    files.memoryFails = true;
+    const std::unique_ptr<Database> database = storage.readDatabase();
+    for (int step = 1; step <= 7; ++step) {
+        files.failAt = files.steps + step;
+        EXPECT_THROW(storage.saveDatabase(*database), std::bad_alloc) << step;
+        EXPECT_EQ(files.files, before) << "step " << step << " left a file behind";
+    }
+}
+
+TEST_F(StorageTest, createsAndRenamesNothingForWhoeverReads) {
+    EXPECT_EQ(storage.readDatabase()->contactCount(), 0U);
+    EXPECT_EQ(storage.openDatabase()->date(), "1970-01-01T00:00:00");
+    EXPECT_TRUE(files.folders.empty() && files.files.empty());
+    files.files[kFile] = "no database";
+    EXPECT_EQ(messageOf([&] { storage.readDatabase(); }),
+              "The file /data/pelk/pelk.db cannot be used. It does not begin as a database file "
+              "does.");
+    EXPECT_EQ(files.files.size(), 1U);
+}
+
 TEST_F(StorageTest, tellsWhenThereIsNoDataFolder) {
     const std::unique_ptr<Database> database = saveOne();
     core.shell.folder.reset();

@@ -39,17 +39,24 @@ TEST_F(XmlTest, refusesWhatIsNoOneWellFormedDocument) {
     EXPECT_EQ(document->parseError(), "");
 }
 
-TEST_F(XmlTest, survivesDeepNesting) {
-    constexpr int kDepth = 200000;
-    std::string text;
-    for (int level = 0; level < kDepth; ++level)
-        text += "<a>";
-    for (int level = 0; level < kDepth; ++level)
-        text += "</a>";
-    // A library with a limit refuses.
-    const bool loaded = document->loadXml(text);
-    EXPECT_EQ(loaded, bool(document->root()));
-    EXPECT_FALSE(document->xml().empty());
+TEST_F(XmlTest, refusesDeepNestingOnEveryPlatform) {
+    const auto nested = [](int depth, const std::string& innermost) {
+        std::string text = "<r><a/><!-- <a> -->";
+        for (int level = 2; level < depth; ++level)
+            text += "<a b='>'>text";
+        text += innermost;
+        for (int level = 2; level < depth; ++level)
+            text += "</a>";
+        return text + "</r>";
+    };
+    for (const char* innermost : {"<c/>", "<c></c>", "<c>text<!-- --></c>"}) {
+        EXPECT_TRUE(document->loadXml(nested(256, innermost))) << document->parseError();
+        for (const int depth : {257, 200000}) {
+            EXPECT_FALSE(document->loadXml(nested(depth, innermost)));
+            EXPECT_EQ(document->parseError(), "elements nested deeper than 256 levels");
+            EXPECT_FALSE(document->root());
+        }
+    }
 }
 
 TEST_F(XmlTest, walksAndEditsElements) {

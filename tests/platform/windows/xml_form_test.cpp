@@ -19,22 +19,6 @@ TEST(XmlForm, isMadeOfWhatALibraryMayWrite) {
     EXPECT_EQ(inOneForm(""), kDeclaration);
 }
 
-TEST(MsxmlDocument, takesTheDepthThatItSaysAndNoMore) {
-    const auto nested = [](int depth) {
-        std::string text;
-        for (int level = 0; level < depth; ++level)
-            text += "<a b='>'><!-- <a> --><c/>";
-        for (int level = 0; level < depth; ++level)
-            text += "</a>";
-        return text;
-    };
-    const std::unique_ptr<XmlDocument> document = makeXmlDocument();
-    EXPECT_TRUE(document->loadXml(nested(255))) << document->parseError();
-    EXPECT_EQ(document->xml().find("<c/>"), (kDeclaration + "<a b=\">\">").size());
-    EXPECT_FALSE(document->loadXml(nested(257)));
-    EXPECT_NE(document->parseError().find("256 levels"), std::string::npos);
-}
-
 TEST(MsxmlDocument, keepsElementsOfTwoDocumentsApart) {
     const std::unique_ptr<XmlDocument> one = makeXmlDocument();
     const std::unique_ptr<XmlDocument> other = makeXmlDocument();
