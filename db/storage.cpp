@@ -198,7 +198,10 @@ std::optional<std::string> Storage::placeFile() {
 }
 
 /// The database in the file; null when there is no file, or it was damaged and has been set aside.
+/// Whoever comes here keeps other programs from writing, so what temporary files there are nobody
+/// uses.
 std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
+    platform_.files.removeLeftovers(*databaseFolder());
     if (!platform_.files.fileExists(path))
         return nullptr;
     const std::string content = platform_.files.readWholeFile(path);

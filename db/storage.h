@@ -21,7 +21,7 @@ class Storage {
     /// file that is damaged or not a database is kept under another name beside it, the user is
     /// told, and the database is an empty one. Null, after a message, when the system names no
     /// data folder. Throws `Error` when the file cannot be read or written, or a library fails: the
-    /// file is then left as it is.
+    /// file is then left as it is. No other program may be saving meanwhile.
     std::unique_ptr<Database> loadDatabase();
 
     /// The same for whoever may have nothing to save: an empty database stands in memory only.

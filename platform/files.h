@@ -1,6 +1,7 @@
 #pragma once
 // Files and folders, in steps small enough that each can be made to fail in a test.
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -27,6 +28,19 @@ struct TemporaryFile {
     std::unique_ptr<WritableFile> file;
 };
 
+/// The name of a temporary file: that of its target, this, and as many random digits.
+inline constexpr std::string_view kTemporaryMark = ".new-";
+inline constexpr std::size_t kTemporaryDigits = 16;
+
+/// Whether a file of that name is one.
+inline bool isTemporaryName(std::string_view name) {
+    const std::size_t mark = name.rfind(kTemporaryMark);
+    return mark != std::string_view::npos && mark > 0 &&
+           name.size() - mark == kTemporaryMark.size() + kTemporaryDigits &&
+           name.find_first_not_of("0123456789abcdef", mark + kTemporaryMark.size()) ==
+               std::string_view::npos;
+}
+
 /// The file system. Paths are UTF-8. Every failure is an `Error` that names the path.
 class FileSystem {
  public:
@@ -48,6 +62,9 @@ class FileSystem {
     /// Creates an empty file in the folder of `target`, for `replaceFile`: readable by its owner
     /// alone, under a name that nobody had and nobody could foretell. Its `Error`s name `target`.
     virtual TemporaryFile createTemporary(const std::string& target) = 0;
+    /// Removes from a folder what `createTemporary` made there and a program that was ended left
+    /// behind. No other program may be writing there. What cannot be removed stays.
+    virtual void removeLeftovers(const std::string& folder) = 0;
     /// Puts `from` in the place of `to`, which may exist, in one step that a crash cannot split.
     /// Both lie in the same folder. Where `to` is a symbolic link that the platform follows, the
     /// file it leads to is replaced. When it throws, nothing has changed.

@@ -48,7 +48,8 @@ Usage:
   pelk delete-database     forget everything, if --yes is given
 
 CONTACT is an id or an e-mail address. Before contacts are deleted or merged,
-and before an import, a copy of the database is kept beside it as pelk.db.bak.
+and before an import, a copy of the database is kept beside it as pelk.db.bak;
+the two before that one are pelk.db.bak-2 and pelk.db.bak-3.
 
 Options:
   --data DIR       keep the database in DIR/pelk, not in ~/.local/share/pelk

@@ -1,5 +1,6 @@
 #include "platform/desktop/posix_files.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
@@ -149,9 +150,8 @@ std::string behindLink(const std::string& path) {
     return real.get();
 }
 
-/// 64 bits as hexadecimal digits.
 std::string randomDigits(const std::string& path) {
-    std::array<unsigned char, 8> bytes{};
+    std::array<unsigned char, kTemporaryDigits / 2> bytes{};
     if (uninterrupted([&] { return ::getrandom(bytes.data(), bytes.size(), 0); }) !=
         static_cast<ssize_t>(bytes.size()))
         fail(path, "written");
@@ -210,7 +210,7 @@ TemporaryFile PosixFiles::createTemporary(const std::string& target) {
     const std::string real = behindLink(target);
     // A device or a pipe is no place for a file.
     exists(real, S_IFREG);
-    TemporaryFile temporary{real + ".new-" + randomDigits(target), nullptr};
+    TemporaryFile temporary{real + std::string(kTemporaryMark) + randomDigits(target), nullptr};
     Descriptor descriptor =
         openFile(temporary.path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     if (descriptor.get() < 0)
@@ -222,6 +222,16 @@ TemporaryFile PosixFiles::createTemporary(const std::string& target) {
         throw;
     }
     return temporary;
+}
+
+void PosixFiles::removeLeftovers(const std::string& folder) {
+    DIR* const listing = ::opendir(folder.c_str());
+    if (listing == nullptr)
+        return;
+    while (const dirent* const entry = ::readdir(listing))
+        if (isTemporaryName(entry->d_name))
+            ::unlinkat(::dirfd(listing), entry->d_name, 0);
+    ::closedir(listing);
 }
 
 void PosixFiles::replaceFile(const std::string& from, const std::string& to) {

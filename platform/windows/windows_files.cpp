@@ -64,6 +64,10 @@ class FileHandle {
     HANDLE handle_;
 };
 
+struct SearchEnd {
+    void operator()(HANDLE search) const { FindClose(search); }
+};
+
 /// The most bytes that go to the system in one call.
 constexpr std::size_t kSlice = std::size_t{1} << 26U;
 
@@ -112,9 +116,8 @@ bool exists(const std::string& path, bool folderWanted) {
     return true;
 }
 
-/// 64 bits as hexadecimal digits.
 std::string randomDigits(const std::string& path) {
-    UCHAR bytes[8] = {};
+    UCHAR bytes[kTemporaryDigits / 2] = {};
     if (BCryptGenRandom(nullptr, bytes, sizeof bytes, BCRYPT_USE_SYSTEM_PREFERRED_RNG) < 0)
         throw Error(path + " cannot be written: Windows gives no random number for its name.");
     std::string digits;
@@ -167,7 +170,7 @@ std::string WindowsFiles::readWholeFile(const std::string& path) {
 
 TemporaryFile WindowsFiles::createTemporary(const std::string& target) {
     exists(target, false);
-    TemporaryFile temporary{target + ".new-" + randomDigits(target), nullptr};
+    TemporaryFile temporary{target + std::string(kTemporaryMark) + randomDigits(target), nullptr};
     const std::wstring path = systemPath(temporary.path);
     FileHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -180,6 +183,18 @@ TemporaryFile WindowsFiles::createTemporary(const std::string& target) {
         throw;
     }
     return temporary;
+}
+
+void WindowsFiles::removeLeftovers(const std::string& folder) {
+    WIN32_FIND_DATAW found;
+    const HANDLE first = FindFirstFileW(systemPath(join(folder, "*")).c_str(), &found);
+    if (first == INVALID_HANDLE_VALUE)
+        return;
+    const std::unique_ptr<void, SearchEnd> search(first);
+    do
+        if (const std::string name = toUtf8(found.cFileName); isTemporaryName(name))
+            DeleteFileW(systemPath(join(folder, name)).c_str());
+    while (FindNextFileW(search.get(), &found));
 }
 
 /// A program that watches files may hold one for a moment, so a refusal is not taken at once.

@@ -15,6 +15,7 @@ class WindowsFiles : public FileSystem {
     void createFolder(const std::string& path) override;
     std::string readWholeFile(const std::string& path) override;
     TemporaryFile createTemporary(const std::string& target) override;
+    void removeLeftovers(const std::string& folder) override;
     void replaceFile(const std::string& from, const std::string& to) override;
     void removeFile(const std::string& path) override;
 };

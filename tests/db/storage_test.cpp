@@ -165,6 +165,18 @@ TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
     }
 }
 
+TEST_F(StorageTest, tidiesUpAfterAProgramThatWasEndedInASave) {
+    saveOne();
+    const std::string left = std::string(kFile) + ".new-0123456789abcdef";
+    const std::string own = "/data/pelk/report.new-1";
+    files.files[left] = files.files[own] = "half";
+    storage.readDatabase();
+    EXPECT_TRUE(files.files.contains(left)) << "it may be that of a program at work";
+    storage.openDatabase();
+    EXPECT_FALSE(files.files.contains(left));
+    EXPECT_TRUE(files.files.contains(own));
+}
+
 TEST_F(StorageTest, createsAndRenamesNothingForWhoeverReads) {
     EXPECT_EQ(storage.readDatabase()->contactCount(), 0U);
     EXPECT_EQ(storage.openDatabase()->date(), "1970-01-01T00:00:00");

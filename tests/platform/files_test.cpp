@@ -38,6 +38,11 @@ TEST_F(FilesTest, makesTemporaryFilesThatAreNobodysBeside) {
     EXPECT_NE(one.path, other.path);
     EXPECT_EQ(files->readWholeFile(path), "old");
     EXPECT_EQ(countIn(folder.path()), 3U);
+    one.file->close();
+    other.file->close();
+    files->removeLeftovers(folder.path());
+    EXPECT_EQ(countIn(folder.path()), 1U);
+    EXPECT_TRUE(files->fileExists(path));
 }
 
 TEST_F(FilesTest, namesThePathAndTheReasonOfAFailure) {

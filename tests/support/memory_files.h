@@ -48,9 +48,16 @@ class MemoryFiles : public FileSystem {
     }
     TemporaryFile createTemporary(const std::string& target) override {
         step(target);
-        const std::string path = target + ".new-" + std::to_string(steps);
+        const std::string digits = std::to_string(steps);
+        const std::string path = target + std::string(kTemporaryMark) +
+                                 std::string(kTemporaryDigits - digits.size(), '0') + digits;
         files[path].clear();
         return {path, std::make_unique<File>(*this, path, target)};
+    }
+    void removeLeftovers(const std::string& folder) override {
+        std::erase_if(files, [&folder](const auto& file) {
+            return file.first.starts_with(folder) && isTemporaryName(file.first);
+        });
     }
     void replaceFile(const std::string& from, const std::string& to) override {
         step(to);
