@@ -9,6 +9,7 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/desktop/uninterrupted.h"
 #include "platform/error.h"
 
 namespace pelk {
@@ -20,11 +21,7 @@ namespace {
 
 /// Takes the lock. Throws `Error` when another program has it.
 void lock(int descriptor, const std::string& folder) {
-    int result = 0;
-    do
-        result = ::flock(descriptor, LOCK_EX | LOCK_NB);
-    while (result != 0 && errno == EINTR);
-    if (result == 0)
+    if (uninterrupted([descriptor] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0)
         return;
     if (errno == EWOULDBLOCK)
         throw Error("Another Pelk is using the database in " + folder + ". Close it first.");
@@ -40,7 +37,7 @@ bool standsAt(int descriptor, const std::string& folder) {
     struct stat there {};
     if (::fstat(descriptor, &held) != 0)
         fail(folder, "looked up");
-    if (::stat(folder.c_str(), &there) != 0) {
+    if (uninterrupted([&] { return ::stat(folder.c_str(), &there); }) != 0) {
         if (errno == ENOENT)
             return false;
         fail(folder, "looked up");
@@ -52,7 +49,8 @@ bool standsAt(int descriptor, const std::string& folder) {
 class Opened {
  public:
     explicit Opened(const std::string& folder)
-        : descriptor_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        : descriptor_(uninterrupted(
+              [&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); })) {
         if (descriptor_ < 0)
             fail(folder, "opened");
     }

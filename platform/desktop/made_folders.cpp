@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "platform/desktop/posix_files.h"
+#include "platform/desktop/uninterrupted.h"
 
 namespace pelk {
 namespace {
@@ -18,7 +19,7 @@ void makeMissing(const std::filesystem::path& path, MadeFolders& made) {
     makeMissing(path.parent_path(), made);
     const std::string& name = path.native();
     made.reserve(made.size() + 1);
-    if (::mkdir(name.c_str(), S_IRWXU) == 0)
+    if (uninterrupted([&] { return ::mkdir(name.c_str(), S_IRWXU); }) == 0)
         made.push_back(name);
     else if (errno != EEXIST)
         throw Error(name + " cannot be created: " + std::strerror(errno) + ".");

@@ -14,21 +14,14 @@
 #include <thread>
 #include <utility>
 
+#include "platform/desktop/uninterrupted.h"
+
 namespace pelk {
 namespace {
 
 /// What went wrong with the path, with the system's own reason for it.
 [[noreturn]] void fail(const std::string& path, const std::string& what) {
     throw Error(path + " cannot be " + what + ": " + std::strerror(errno) + ".");
-}
-
-/// Calls the system until no signal interrupts it.
-template <typename Call>
-auto uninterrupted(const Call& call) {
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
 }
 
 /// An open file, closed at the end.
@@ -124,14 +117,14 @@ const char* kindOf(mode_t mode) {
 /// wanted.
 bool exists(const std::string& path, mode_t wanted) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) == 0) {
+    if (uninterrupted([&] { return ::stat(path.c_str(), &status); }) == 0) {
         if ((status.st_mode & S_IFMT) != wanted)
             throw Error(path + " is " + kindOf(status.st_mode) + ", not " + kindOf(wanted) + ".");
         return true;
     }
     if (errno != ENOENT)
         fail(path, "looked up");
-    if (::lstat(path.c_str(), &status) == 0)
+    if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) == 0)
         throw Error(path + " is a symbolic link that leads nowhere.");
     if (errno != ENOENT)
         fail(path, "looked up");
@@ -141,7 +134,12 @@ bool exists(const std::string& path, mode_t wanted) {
 /// Where the path leads, if it is a symbolic link; else the path.
 std::string behindLink(const std::string& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+    if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) != 0) {
+        if (errno != ENOENT)
+            fail(path, "looked up");
+        return path;
+    }
+    if (!S_ISLNK(status.st_mode))
         return path;
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
                                                            &std::free);
@@ -177,7 +175,7 @@ bool PosixFiles::fileExists(const std::string& path) {
 }
 
 void PosixFiles::createFolder(const std::string& path) {
-    if (::mkdir(path.c_str(), S_IRWXU) != 0)
+    if (uninterrupted([&] { return ::mkdir(path.c_str(), S_IRWXU); }) != 0)
         fail(path, "created");
 }
 
@@ -239,7 +237,7 @@ void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
     const std::string folderPath = folderOf(real);
     // This opens anything, whatever its mode, and never waits.
     Descriptor replaced = openFile(real, O_PATH);
-    if (::rename(from.c_str(), real.c_str()) != 0)
+    if (uninterrupted([&] { return ::rename(from.c_str(), real.c_str()); }) != 0)
         fail(to, "replaced");
     // The new name counts once the folder that holds it is on the disk. Where the system cannot
     // bring it there now it will later: the change has been made and is not to be reported as
@@ -252,7 +250,7 @@ void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
 }
 
 void PosixFiles::removeFile(const std::string& path) {
-    if (::unlink(path.c_str()) != 0)
+    if (uninterrupted([&] { return ::unlink(path.c_str()); }) != 0)
         fail(path, "removed");
 }
 

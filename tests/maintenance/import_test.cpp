@@ -162,8 +162,11 @@ TEST_F(ImportTest, changesNothingWhenItCannotBeFinished) {
     import(kImported);
     const std::string before = current->xml();
     const std::string fileBefore = fileContent();
-    // Create, write, flush, close and replace: of the backup, then of the database.
-    for (int step = 1; step <= 10; ++step) {
+    const auto filesBefore = core.files.files;
+    // Create, write, flush, close and replace: of two copies, then, in three pieces, of the
+    // database.
+    for (int step = 1; step <= 12; ++step) {
+        core.files.files = filesBefore;
         core.files.failAt = core.files.steps + step;
         Storage fresh(core.platform());
         EXPECT_THROW(importDatabaseFile(*current, "/in.db", fresh, *this), Error) << step;
