@@ -205,9 +205,9 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
 }
 
 TemporaryFile PosixFiles::createTemporary(const std::string& target) {
-    const std::string real = behindLink(target);
     // A device or a pipe is no place for a file.
-    exists(real, S_IFREG);
+    exists(target, S_IFREG);
+    const std::string real = behindLink(target);
     TemporaryFile temporary{real + std::string(kTemporaryMark) + randomDigits(target), nullptr};
     Descriptor descriptor =
         openFile(temporary.path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
