@@ -17,6 +17,7 @@ void ContactIndex::append(const XmlElement& contact) {
     const std::string id = contact.text("id");
     contacts_.push_back({contact, readContactId(id)});
     ++count_;
+    highestId_ = std::max(highestId_, contacts_.back().id);
     if (const std::optional<int> plain = plainContactId(id)) {
         Chain& chain = byId_[static_cast<std::size_t>(*plain)];
         (chain.first == kNowhere ? chain.first : contacts_[chain.last].nextOfId) = position;

@@ -26,6 +26,8 @@ class ContactIndex {
     void append(const XmlElement& contact);
 
     std::size_t count() const { return count_; }
+    /// The highest of the ids, read leniently, of all contacts ever taken in; 0 without any.
+    int highestId() const { return highestId_; }
     /// The first contact in document order that has the id, or owns the address; an empty
     /// reference when there is none.
     XmlElement byId(int id) const;
@@ -68,6 +70,7 @@ class ContactIndex {
     void withdraw(const std::string& address, std::uint32_t position);
 
     std::size_t count_ = 0;
+    int highestId_ = 0;
     /// In document order, with an empty reference in the place of each that was taken.
     std::vector<Entry> contacts_;
     std::vector<Chain> byId_ = std::vector<Chain>(kMaxContactId + 1);

@@ -50,6 +50,18 @@ Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(
                               [this] { relations_ = RelationIndex(relationsContainer_); });
 }
 
+std::optional<std::string> Database::putCountRight() {
+    const int highest = contacts_.highestId();
+    const std::string before = root_.text("totalContacts");
+    if (totalContacts() >= highest && totalContacts() <= kMaxContactId)
+        return std::nullopt;
+    root_.setAttribute("totalContacts", std::to_string(highest));
+    ++revision_;
+    return "The count of contacts, totalContacts, was \"" + before +
+           "\", which would give an id twice or none at all. It has been set to " +
+           std::to_string(highest) + ", the highest id in use.";
+}
+
 void Database::setDate(const std::string& stamp) {
     root_.setAttribute("date", stamp);
     ++revision_;
@@ -100,9 +112,10 @@ std::vector<int> Database::ownersOf(const std::string& address) const {
 
 /// Hands out an id that nobody has had.
 int Database::takeNextId() {
-    const std::int64_t id = totalContacts() + 1;
-    if (id > kMaxContactId)
+    const std::int64_t last = totalContacts();
+    if (last >= kMaxContactId)
         throw ContactLimitReached();
+    const std::int64_t id = last + 1;
     root_.setAttribute("totalContacts", std::to_string(id));
     ++revision_;
     return static_cast<int>(id);

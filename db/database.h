@@ -60,9 +60,14 @@ class Database {
     Thresholds thresholds() const;
     /// Sets both thresholds, in percent.
     void setThresholds(int strong, int weak);
-    /// The number of contacts ever created, which is the last id handed out; 0 or less when the
-    /// document says so.
+    /// The number of contacts ever created, which is the last id handed out; any other number when
+    /// the document says so.
     std::int64_t totalContacts() const { return readInteger(root_.text("totalContacts")); }
+
+    /// Sets `totalContacts` to the highest id in use where it would hand out an id twice, or none
+    /// at all, as only a document from elsewhere can have it. Returns what was put right, said to
+    /// the user; nothing when the count was in order.
+    std::optional<std::string> putCountRight();
 
     std::size_t contactCount() const { return contacts_.count(); }
     /// Calls the visitor with each contact, in document order. The visitor edits nothing.
@@ -76,6 +81,9 @@ class Database {
     int contactIdByAddress(const std::string& address) const;
     /// The ids of all contacts that own the address, in document order; usually one at most.
     std::vector<int> ownersOf(const std::string& address) const;
+    /// The first of them; 0 when nobody owns the address. Unlike `contactIdByAddress`, which a scan
+    /// uses, it takes an apostrophe as it stands.
+    int ownerOf(const std::string& address) const { return contacts_.idByAddress(address); }
     /// Creates a contact with the next free id, which it returns. An empty name is left out.
     /// Throws `ContactLimitReached`, with nothing changed, when all ids have been handed out.
     int addContact(const std::string& name, const std::string& address);

@@ -1,6 +1,7 @@
 #include "db/date_stamp.h"
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -40,6 +41,23 @@ LocalTime parseStamp(std::string_view stamp) {
         return at < stamp.size() ? static_cast<int>(readInteger(stamp.substr(at, length))) : 0;
     };
     return {field(0, 4), field(5, 2), field(8, 2), field(11, 2), field(14, 2), 0};
+}
+
+bool isStamp(std::string_view text) {
+    constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
+    if (text.size() != form.size())
+        return false;
+    for (std::size_t at = 0; at < form.size(); ++at) {
+        const bool isDigit = text[at] >= '0' && text[at] <= '9';
+        if (form[at] == 'd' ? !isDigit : text[at] != form[at])
+            return false;
+    }
+    const LocalTime time = parseStamp(text);
+    const std::chrono::year_month_day day{std::chrono::year(time.year),
+                                          std::chrono::month(static_cast<unsigned>(time.month)),
+                                          std::chrono::day(static_cast<unsigned>(time.day))};
+    // Some systems count leap seconds.
+    return day.ok() && time.hour < 24 && time.minute < 60 && readInteger(text.substr(17)) <= 60;
 }
 
 double ageInDays(std::string_view stamp, const LocalTime& now) {

@@ -18,6 +18,9 @@ std::string formatStamp(const LocalTime& time);
 /// read as 0.
 LocalTime parseStamp(std::string_view stamp);
 
+/// Whether the text is the stamp of a day that there is and of a time of that day.
+bool isStamp(std::string_view text);
+
 /// The wall-clock time from the stamp's moment to `now`, in days with fractions.
 double ageInDays(std::string_view stamp, const LocalTime& now);
 

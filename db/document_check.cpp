@@ -1,14 +1,19 @@
 #include "db/document_check.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdint>
 #include <set>
 #include <string>
-#include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
+#include "db/date_stamp.h"
 #include "db/numbers.h"
 #include "db/queries.h"
+#include "db/records.h"
+#include "db/thresholds.h"
 
 namespace pelk {
 namespace {
@@ -17,72 +22,79 @@ namespace {
     throw Error("It is not a sound contact database: " + fault + ".");
 }
 
-bool isWholeNumber(std::string_view text) {
-    constexpr std::size_t longest = 15;
-    return !text.empty() && text.size() <= longest && (text == "0" || text.front() != '0') &&
-           text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
+/// The number that stands in the attribute, which must be in plain decimal form.
 std::int64_t requireWholeNumber(const XmlElement& element, const char* attribute) {
     const std::string text = element.text(attribute);
-    if (!isWholeNumber(text))
+    const char* const end = text.data() + text.size();
+    std::int64_t number = -1;
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || number < 0 || std::to_string(number) != text)
         refuse("\"" + text + "\" stands for the number " + attribute + " of an element " +
                element.name());
-    return readInteger(text);
+    return number;
 }
 
-void requireDateStamp(const std::string& stamp) {
-    constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
-    bool matches = stamp.size() == form.size();
-    for (std::size_t at = 0; matches && at < form.size(); ++at)
-        matches = form[at] == 'd' ? stamp[at] >= '0' && stamp[at] <= '9' : stamp[at] == form[at];
-    if (!matches)
-        refuse("its date is \"" + stamp + "\"");
+bool isAsciiCapital(char c) {
+    return c >= 'A' && c <= 'Z';
+}
+
+/// Reads 0 where the attribute is missing, as the rest of the program does.
+std::int64_t wholeNumberOrNone(const XmlElement& element, const char* attribute) {
+    return element.attribute(attribute) ? requireWholeNumber(element, attribute) : 0;
+}
+
+void requireThresholds(const XmlElement& root) {
+    const std::int64_t strong = wholeNumberOrNone(root, "maxInd");
+    const std::int64_t weak = wholeNumberOrNone(root, "minInd");
+    for (const auto& [name, value] : {std::pair("maxInd", strong), std::pair("minInd", weak)})
+        if (value > 100)
+            refuse(std::string("its threshold ") + name + " is over 100");
+    if (!areAcceptable(static_cast<int>(strong), static_cast<int>(weak)))
+        refuse("its threshold maxInd, " + std::to_string(strong) + ", is below minInd, " +
+               std::to_string(weak));
 }
 
 /// Checks the contacts one by one, and remembers their ids.
 class ContactCheck {
  public:
-    ContactCheck(std::int64_t highestId, const Language& language)
-        : highestId_(highestId), language_(language) {}
-
     void operator()(const XmlElement& contact) {
         const std::string text = contact.text("id");
         const int id = plainContactId(text).value_or(0);
-        if (id < 1 || id > highestId_)
+        if (id < 1)
             refuse("a contact has the id \"" + text + "\"");
         if (!ids_.insert(id).second)
             refuse("two contacts have the id " + text);
-        for (const XmlElement& email : contact.select("emails/email"))
-            checkAddress(email.text("value"), text);
+        for (const std::string& address : addressesOf(contact))
+            checkAddress(address, id);
     }
 
     bool knows(std::int64_t id) const { return ids_.contains(id); }
 
  private:
-    void checkAddress(const std::string& address, const std::string& idText) {
-        if (address.empty() || address != language_.lowerCase(address))
-            refuse("contact " + idText + " has the address \"" + address + "\"");
-        if (!addresses_.insert(address).second)
-            refuse("the address " + address + " stands twice");
+    /// What a platform makes of letters beyond ASCII is its own affair: a database that was written
+    /// on another one may hold some that this one writes otherwise.
+    void checkAddress(const std::string& address, int id) {
+        if (address.empty() || std::any_of(address.begin(), address.end(), isAsciiCapital))
+            refuse("contact " + std::to_string(id) + " has the address \"" + address + "\"");
+        // A merged contact may list an address twice.
+        if (owners_.emplace(address, id).first->second != id)
+            refuse("the address " + address + " belongs to two contacts");
     }
 
-    const std::int64_t highestId_;
-    const Language& language_;
     std::unordered_set<std::int64_t> ids_;
-    std::unordered_set<std::string> addresses_;
+    std::unordered_map<std::string, int> owners_;
 };
 
 }  // namespace
 
-void requireSoundDocument(const XmlElement& root, const Language& language) {
-    requireDateStamp(root.text("date"));
-    requireWholeNumber(root, "totalMails");
-    for (const char* threshold : {"maxInd", "minInd"})
-        if (requireWholeNumber(root, threshold) > 100)
-            refuse(std::string("its threshold ") + threshold + " is over 100");
+void requireSoundDocument(const XmlElement& root) {
+    if (const std::string date = root.text("date"); !isStamp(date))
+        refuse("its date is \"" + date + "\", which is no date");
+    wholeNumberOrNone(root, "totalMails");
+    wholeNumberOrNone(root, "totalContacts");
+    requireThresholds(root);
 
-    ContactCheck checkContact(requireWholeNumber(root, "totalContacts"), language);
+    ContactCheck checkContact;
     for (const XmlElement& contact : root.select(queries::kContacts))
         checkContact(contact);
 

@@ -1,15 +1,17 @@
 #pragma once
 // Whether a document that comes from elsewhere keeps what the program's own documents promise.
 
-#include "platform/language.h"
 #include "platform/xml.h"
 
 namespace pelk {
 
-/// Throws `Error`, which names the first fault found, unless the document keeps every invariant:
-/// a date stamp, whole numbers, thresholds within 0 to 100, ids that are unique and no larger than
-/// `totalContacts`, addresses in lower case that one contact owns, and relations between two
-/// different contacts of the document, each pair once, with the smaller id first.
-void requireSoundDocument(const XmlElement& root, const Language& language);
+/// Throws `Error`, which names the first fault found, unless the document is one that the program
+/// can have written: its date is one, numbers are whole ones in plain decimal form, the thresholds
+/// lie within 0 to 100 and do not cross, ids are unique, an address is without capitals of ASCII
+/// and belongs to one contact, and relations join two different contacts of the document, each pair
+/// once, with the smaller id first.
+///
+/// Counters and thresholds may be missing, which reads as 0.
+void requireSoundDocument(const XmlElement& root);
 
 }  // namespace pelk

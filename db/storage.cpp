@@ -56,7 +56,8 @@ std::unique_ptr<Database> Storage::readDatabase() {
     const std::optional<std::string> path = nameFile();
     if (!path)
         return nullptr;
-    return platform_.files.fileExists(*path) ? importDatabase(*path) : emptyDatabase();
+    return platform_.files.fileExists(*path) ? withRightCount(importDatabase(*path))
+                                             : emptyDatabase();
 }
 
 void Storage::saveDatabase(const Database& database) {
@@ -206,7 +207,7 @@ std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
         return nullptr;
     const std::string content = platform_.files.readWholeFile(path);
     try {
-        return parse(decipher(content));
+        return withRightCount(parse(decipher(content)));
     } catch (const DamagedData& error) {
         const std::string kept = freeName(path, "damaged");
         platform_.files.replaceFile(path, kept);
@@ -216,6 +217,13 @@ std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
                                   Buttons::Ok);
         return nullptr;
     }
+}
+
+/// The database with its count of contacts put right, which the user is told.
+std::unique_ptr<Database> Storage::withRightCount(std::unique_ptr<Database> database) {
+    if (const std::optional<std::string> putRight = database->putCountRight())
+        platform_.dialogs.message(*putRight, Buttons::Ok);
+    return database;
 }
 
 std::unique_ptr<Database> Storage::emptyDatabase() {

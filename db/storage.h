@@ -85,6 +85,7 @@ class Storage {
     std::optional<std::string> nameFile();
     std::optional<std::string> placeFile();
     std::unique_ptr<Database> openOrSetAside(const std::string& path);
+    std::unique_ptr<Database> withRightCount(std::unique_ptr<Database> database);
     std::unique_ptr<Database> emptyDatabase();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
     void keepCopy(const std::string& content, const std::string& newest, int age);

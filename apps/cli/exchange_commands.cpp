@@ -60,9 +60,11 @@ void loadCommand(CommandRun& run) {
     const std::string text = path == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
                                          : run.platform().files.readWholeFile(path);
     std::unique_ptr<Database> database;
+    std::optional<std::string> putRight;
     try {
         database = run.storage().parse(toUtf8(text));
-        requireSoundDocument(database->root(), run.language());
+        putRight = database->putCountRight();
+        requireSoundDocument(database->root());
     } catch (const Error& error) {
         throw Error("The document " + path + " cannot be used. " + error.what());
     }
@@ -70,6 +72,8 @@ void loadCommand(CommandRun& run) {
     const std::string kept = run.storage().replaceDatabase(*database);
     std::cout << "contacts: " << database->contactCount() << '\n'
               << "relations: " << database->relationCount() << '\n';
+    if (putRight)
+        std::cerr << "pelk: " << *putRight << '\n';
     if (!kept.empty())
         std::cout << "previous database: " << kept << '\n';
 }

@@ -40,7 +40,7 @@ TEST(Database, writesTheDocumentToTheLetter) {
         R"(<relations total="0"><relation part1="1" part2="2" weight="2"/></relations></pelkDB>)";
     EXPECT_EQ(database.xml(), expected);
     EXPECT_EQ(load(expected).xml(), expected);
-    EXPECT_NO_THROW(requireSoundDocument(database.root(), *makeLanguage()));
+    EXPECT_NO_THROW(requireSoundDocument(database.root()));
 }
 
 TEST(Database, refusesWhatIsNoContactDatabaseAndTheContactThatHasNoId) {
@@ -132,31 +132,71 @@ TEST(Database, findsTheNextRelationOfAPairThatStandsTwice) {
     EXPECT_EQ(database.relationCount(), 3U);
 }
 
+/// What is said of a document with that date, these thresholds, contacts and relations.
+std::string faultOf(const std::string& attributes, const std::string& contacts = "",
+                    const std::string& relations = "") {
+    return messageOf([&] {
+        requireSoundDocument(load("<pelkDB " + attributes + "><contacts>" + contacts +
+                                  "</contacts><relations>" + relations + "</relations></pelkDB>")
+                                 .root());
+    });
+}
+
+constexpr const char* kDated = "date='2020-02-29T23:59:60'";
+
 TEST(DocumentCheck, namesEachFault) {
-    const std::unique_ptr<Language> language = makeLanguage();
-    const auto faultOf = [&language](const std::string& xml) {
-        return messageOf([&] { requireSoundDocument(load(xml).root(), *language); });
-    };
     const std::string one = contactXml("1", "a@x");
     const std::string two = one + contactXml("2", "b@x");
-    EXPECT_EQ(faultOf(documentOf(two, relationXml("1", "2", "3"))), "");
-    for (const std::string& xml : {
-             documentOf(contactXml("0", "a@x"), ""),
-             documentOf(contactXml("10", "a@x"), ""),
-             documentOf(contactXml("01", "a@x"), ""),
-             documentOf(one + contactXml("1", "b@x"), ""),
-             documentOf(one + contactXml("2", "a@x"), ""),
-             documentOf(contactXml("1", "A@x"), ""),
-             documentOf(two, relationXml("2", "1", "3")),
-             documentOf(two, relationXml("1", "1", "3")),
-             documentOf(two, relationXml("1", "5", "3")),
-             documentOf(two, relationXml("1", "2", "-3")),
-             documentOf(two, relationXml("1", "2", "3") + relationXml("1", "2", "4")),
-             std::string("<pelkDB><contacts/><relations/></pelkDB>"),
-             std::string("<pelkDB date='2020-01-01T00:00:00' totalMails='0' totalContacts='0' "
-                         "maxInd='101' minInd='5'><contacts/><relations/></pelkDB>"),
-         })
-        EXPECT_NE(faultOf(xml), "") << xml;
+    const struct {
+        std::string contacts;
+        std::string relations;
+        const char* named;
+    } cases[] = {
+        {contactXml("0", "a@x"), "", "\"0\""},
+        {contactXml("01", "a@x"), "", "\"01\""},
+        {one + contactXml("1", "b@x"), "", "id 1"},
+        {one + contactXml("2", "a@x"), "", "a@x belongs to two"},
+        {contactXml("1", "A@x"), "", "\"A@x\""},
+        {contactXml("1", ""), "", "\"\""},
+        {two, relationXml("2", "1", "3"), "2 and 1"},
+        {two, relationXml("1", "1", "3"), "1 and 1"},
+        {two, relationXml("1", "5", "3"), "1 and 5"},
+        {two, relationXml("1", "2", "-3"), "weight"},
+        {two, relationXml("1", "2", "9223372036854775808"), "weight"},
+        {two, relationXml("1", "2", "3") + relationXml("1", "2", "4"), "two relations"},
+    };
+    for (const auto& [contacts, relations, named] : cases)
+        EXPECT_NE(faultOf(kDated, contacts, relations).find(named), std::string::npos) << named;
+    for (const char* date : {"", "x", "2026-99-99T99:99:99", "2026-02-30T00:00:00",
+                             "2026-00-01T00:00:00", "2026-01-01T24:00:00", "2026-01-01 00:00:00"})
+        EXPECT_NE(faultOf("date='" + std::string(date) + "'").find(" date "), std::string::npos);
+    for (const char* thresholds : {"maxInd='101'", "maxInd='5' minInd='50'", "maxInd='5x'"})
+        EXPECT_NE(faultOf(kDated + std::string(" ") + thresholds).find("maxInd"),
+                  std::string::npos);
+}
+
+TEST(DocumentCheck, acceptsWhatTheProgramCanHaveWritten) {
+    const std::string odd =
+        "<contact id='1'><emails><email value='&#x130;@x'/><email value='a@x'/>"
+        "<email value='a@x'/><email/></emails></contact><contact id='2'/>";
+    EXPECT_EQ(faultOf(kDated, odd, relationXml("1", "2", "0")), "");
+    EXPECT_EQ(faultOf(kDated, odd, relationXml("1", "2", "9223372036854775807")), "");
+}
+
+TEST(Database, putsACountRightThatWouldHandOutAnIdTwiceOrNone) {
+    for (const char* count : {"0", "4", "-7", "40000", "9223372036854775807", "x"}) {
+        Database database = load("<pelkDB totalContacts='" + std::string(count) + "'><contacts>" +
+                                 contactXml("5", "a@x") + "</contacts><relations/></pelkDB>");
+        const std::optional<std::string> said = database.putCountRight();
+        ASSERT_TRUE(said) << count;
+        EXPECT_NE(said->find("\"" + std::string(count) + "\""), std::string::npos);
+        EXPECT_EQ(database.addContact("", "b@x"), 6);
+        EXPECT_FALSE(database.putCountRight());
+    }
+    EXPECT_THROW(
+        load("<pelkDB totalContacts='9223372036854775807'><contacts/><relations/></pelkDB>")
+            .addContact("", "a@x"),
+        ContactLimitReached);
 }
 
 }  // namespace

@@ -84,7 +84,7 @@ class RandomEdits {
                 weights.erase(std::minmax(a, b));
                 break;
             case 6:
-                database.setThresholds(number(100), number(100));
+                database.setThresholds(50 + number(50), number(50));
                 ASSERT_EQ(database.renameContact(a, "Ann"), database.contact(a).has_value());
                 break;
             default:
@@ -137,7 +137,6 @@ TEST(Edits, keepEachIndexEqualToItsQuery) {
 }
 
 TEST(Edits, keepASoundDocumentSound) {
-    const std::unique_ptr<Language> language = makeLanguage();
     RandomEdits edits(2027);
     for (int round = 0; round < 50; ++round) {
         Database database = load(documentOf("", ""));
@@ -146,7 +145,7 @@ TEST(Edits, keepASoundDocumentSound) {
         edits.weights.clear();
         for (int count = 0; count < 60; ++count)
             edits.edit(database, true);
-        ASSERT_NO_THROW(requireSoundDocument(database.root(), *language)) << database.xml();
+        ASSERT_NO_THROW(requireSoundDocument(database.root())) << database.xml();
         std::map<Pair, double> weights;
         for (const Relation& relation : database.relations())
             weights[{relation.part1, relation.part2}] = relation.weight;
