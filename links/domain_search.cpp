@@ -7,6 +7,9 @@
 namespace pelk {
 
 std::optional<std::string> domainRefusal(const std::string& source, const std::string& target) {
+    // Any text ends with nothing.
+    if (source.empty() || target.empty())
+        return kEmptyDomainMessage;
     if (target == source)
         return source + " is the same as " + target;
     if (target.ends_with(source))
