@@ -73,4 +73,18 @@ std::vector<int> contactsBySuffix(const Database& database, std::string_view suf
     return ids;
 }
 
+void requireDeletableDomain(const std::string& domain) {
+    if (domain.empty())
+        throw Error(kEmptyDomainMessage);
+    if (domain.front() == '.')
+        throw Error("The domain " + domain + " begins with an empty label.");
+}
+
+std::vector<int> contactsToDelete(const Database& database, const std::string& domain) {
+    if (domain.starts_with('@'))
+        return database.ownersOf(domain);
+    requireDeletableDomain(domain);
+    return contactsBySuffix(database, domain);
+}
+
 }  // namespace pelk

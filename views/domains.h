@@ -47,4 +47,16 @@ std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
 /// x@b.a the owner of yx@b.a. This is on purpose, and all commands on domains agree on it.
 std::vector<int> contactsBySuffix(const Database& database, std::string_view suffix);
 
+inline constexpr const char* kEmptyDomainMessage = "The domain is empty.";
+
+/// Throws `Error` for a domain that is empty or begins with an empty label: everybody would be
+/// deleted with it, or everybody in the domains below.
+void requireDeletableDomain(const std::string& domain);
+
+/// The ids of the contacts that are deleted with a domain, or with the contact who owns an address:
+/// those of `contactsBySuffix`. Of an address without a local part, which begins with the "@", only
+/// the owners count, as every address of its domain ends so. Throws `Error` as
+/// `requireDeletableDomain` does.
+std::vector<int> contactsToDelete(const Database& database, const std::string& domain);
+
 }  // namespace pelk

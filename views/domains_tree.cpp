@@ -65,11 +65,11 @@ void DomainsTree::read(const Database& database) {
 }
 
 std::string domainOf(const TreeNode& node) {
-    const std::vector<std::string> path = pathOf(node);
-    std::string domain =
-        isAddressLeaf(node) ? path[0].substr(0, path[0].find(' ')) + "@" : path[0] + ".";
-    for (std::size_t step = 1; step < path.size(); ++step)
-        domain += path[step] + ".";
+    if (isAddressLeaf(node))
+        return std::get<std::string>(node.tag());
+    std::string domain;
+    for (const std::string& label : pathOf(node))
+        domain += label + ".";
     domain.pop_back();
     return domain;
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "db/database.h"
@@ -38,12 +39,12 @@ class DomainsTree {
     std::uint64_t revision_ = 0;
 };
 
+/// Whether the node is an address; every label has something below it.
 inline bool isAddressLeaf(const TreeNode& node) {
-    return node.children().empty();
+    return std::holds_alternative<std::string>(node.tag());
 }
 
-/// The domain that a node stands for, b.a for b under a; for a leaf the address, x@b.a. The local
-/// part is the leaf's text up to its first blank.
+/// The domain that a node stands for, b.a for b under a; for a leaf the whole address.
 std::string domainOf(const TreeNode& node);
 
 }  // namespace pelk
