@@ -1,6 +1,7 @@
 #include "addin/forms.h"
 
 #include "db/date_stamp.h"
+#include "maintenance/contact_acts.h"
 
 namespace pelk {
 namespace {
@@ -33,7 +34,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
 }
 
 void Forms::openView(Database& database) {
-    ShowForm& form = created(view, toolkit_, platform_, storage_);
+    ShowForm& form = created(view, toolkit_, platform_);
     form.database = &database;
     form.mergeContact = [this, &database](int id, const std::string& text) {
         openMerge(database, id, text);
@@ -47,6 +48,12 @@ void Forms::openView(Database& database) {
     form.findLinks = [this, &database](int sourceId) { openFind(database, sourceId); };
     form.findDomainLinks = [this, &database](const std::string& sourceDomain) {
         openFindDomain(database, sourceDomain);
+    };
+    form.renameContact = [this, &database](int id, const std::string& name) {
+        renameContact(database, storage_, id, name);
+    };
+    form.deleteContacts = [this, &database](const std::vector<int>& ids) {
+        deleteContacts(database, storage_, ids);
     };
     form.databaseChanged = [this] { refreshBesideView(); };
     form.startShowing();

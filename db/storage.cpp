@@ -69,6 +69,8 @@ void Storage::saveChange(const Database& database) {
     try {
         saveDatabase(database);
     } catch (const Error& error) {
+        if (saveFaults_ == SaveFaults::Thrown)
+            throw;
         platform_.dialogs.message(std::string(error.what()) +
                                       " The change stands in memory only, and will be saved with "
                                       "the next change.",

@@ -13,9 +13,14 @@
 
 namespace pelk {
 
+/// What `Storage::saveChange` makes of a save that fails: a program that goes on keeps the change
+/// in memory, a command ends with the fault.
+enum class SaveFaults { Told, Thrown };
+
 class Storage {
  public:
-    explicit Storage(const Platform& platform) : platform_(platform) {}
+    explicit Storage(const Platform& platform, SaveFaults saveFaults = SaveFaults::Told)
+        : platform_(platform), saveFaults_(saveFaults) {}
 
     /// The user's database; an empty one at the first start, when folder and file are created. A
     /// file that is damaged or not a database is kept under another name beside it, the user is
@@ -37,7 +42,8 @@ class Storage {
     void saveDatabase(const Database& database);
 
     /// Saves after a change that a command of the user made. When that fails the user is told that
-    /// the change stands in memory only, until a later save.
+    /// the change stands in memory only, until a later save; or it throws `Error`, see
+    /// `SaveFaults`.
     void saveChange(const Database& database);
 
     /// Keeps the user's file, as it stands, beside it as "pelk.db.bak"; an earlier copy becomes
@@ -97,6 +103,7 @@ class Storage {
     void removeLeftover(const std::string& path) noexcept;
 
     Platform platform_;
+    SaveFaults saveFaults_;
     bool backupKept_ = false;
 };
 

@@ -65,12 +65,19 @@ void OthersForm::importButtonClick() {
 }
 
 void OthersForm::importFile(const std::string& path) {
-    switch (importDatabaseFile(*database, path, storage_, *this)) {
+    const ImportResult result = importDatabaseFile(*database, path, storage_, *this);
+    const std::string failed = "Error while loading file " + path;
+    switch (result.outcome) {
         case ImportOutcome::Imported:
             databaseChanged();
+            if (!result.fault.empty())
+                platform_.dialogs.message(result.fault, Buttons::Ok);
             break;
         case ImportOutcome::Unreadable:
-            platform_.dialogs.message("Error while loading file " + path, Buttons::Ok);
+            platform_.dialogs.message(failed, Buttons::Ok);
+            break;
+        case ImportOutcome::Unsound:
+            platform_.dialogs.message(failed + "\n" + result.fault, Buttons::Ok);
             break;
         case ImportOutcome::Ended:
             break;

@@ -39,7 +39,7 @@ void ShowFormSingle::refresh() {
 
 void ShowFormSingle::fillTree(const std::string& address) {
     TreeModel& tree = presTree.model();
-    const std::optional<Contact> contact = database->contact(database->contactIdByAddress(address));
+    const std::optional<Contact> contact = database->contact(database->ownerOf(address));
     fastClear(presTree);
     if (!contact) {
         tree.add(tree.root(), "No contact has the address " + address + " any more.");

@@ -29,14 +29,16 @@ void refuseRepeatedRelations(const Database& database, const std::vector<int>& i
 
 }  // namespace
 
-bool mergeContacts(Database& database, const std::vector<int>& ids, const std::string& name) {
-    const std::vector<int> contacts = existingContacts(database, ids);
-    if (contacts.size() < 2)
-        return false;
-    refuseRepeatedRelations(database, contacts);
+std::vector<int> contactsToFold(const Database& database, const std::vector<int>& ids) {
+    std::vector<int> contacts = existingContacts(database, ids);
+    if (!contacts.empty())
+        refuseRepeatedRelations(database, contacts);
+    return contacts;
+}
+
+void foldContacts(Database& database, const std::vector<int>& contacts, const std::string& name) {
     for (std::size_t other = 1; other < contacts.size(); ++other)
         mergeContact(database, contacts.front(), contacts[other], name);
-    return true;
 }
 
 void mergeContact(Database& database, int survivor, int other, const std::string& name) {

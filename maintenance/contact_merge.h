@@ -8,14 +8,14 @@
 
 namespace pelk {
 
-/// Folds the contacts behind the first one into it, one after the other, and gives it the name. An
-/// id counts once, and ids of no contact are passed over, so that the first contact which is still
-/// there is the one that stays.
-///
-/// Returns false, with nothing changed, when fewer than two contacts are there. Throws `Error`,
-/// with nothing changed, when the document holds several relations between the one that stays and
-/// one of the others.
-bool mergeContacts(Database& database, const std::vector<int>& ids, const std::string& name);
+/// Those of the contacts that are there, each once, in the order given: the first is the one that
+/// stays. Throws `Error` when the document holds several relations between that one and one of the
+/// others: nobody knows what the several mean.
+std::vector<int> contactsToFold(const Database& database, const std::vector<int>& ids);
+
+/// Folds the contacts behind the first one into it, one after the other, and gives it the name.
+/// Requires: `contactsToFold` has returned them.
+void foldContacts(Database& database, const std::vector<int>& contacts, const std::string& name);
 
 /// Names the survivor, gives it the addresses and the relations of the other contact, and removes
 /// that one. Both must exist.

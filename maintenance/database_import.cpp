@@ -1,50 +1,82 @@
 #include "maintenance/database_import.h"
 
 #include <cstdint>
-#include <memory>
 #include <utility>
 
 #include "db/default_documents.h"
+#include "db/document_check.h"
+#include "maintenance/lossy_change.h"
 
 namespace pelk {
 namespace {
 
-std::unique_ptr<Database> readFile(const std::string& path, Storage& storage) {
+/// The database in the file, or what is wrong with it.
+struct ImportedFile {
+    std::unique_ptr<Database> database;
+    ImportResult refusal;
+};
+
+ImportedFile readFile(const std::string& path, Storage& storage) {
+    std::unique_ptr<Database> database;
     try {
-        return storage.importDatabase(path);
-    } catch (const Error&) {
-        return nullptr;
+        database = storage.importDatabase(path);
+    } catch (const Error& error) {
+        return {nullptr, {ImportOutcome::Unreadable, error.what()}};
     }
+    try {
+        requireSoundDocument(database->root());
+    } catch (const Error& error) {
+        return {nullptr, {ImportOutcome::Unsound, error.what()}};
+    }
+    return {std::move(database), {}};
 }
 
-void replaceAndSave(Database& current, std::unique_ptr<Database> content, Storage& storage) {
-    storage.keepBackup();
-    storage.saveDatabase(*content);
-    current.replaceContent(std::move(*content));
+/// The import stands by now: tried again, it would count every weight twice. So a copy that cannot
+/// be written is no failure of the import.
+ImportResult writePlainCopy(const Database& database, Storage& storage) {
+    try {
+        storage.writePlainCopy(database);
+    } catch (const Error& error) {
+        return {ImportOutcome::Imported,
+                "The file was imported and the database saved; only the plain copy of it is "
+                "missing. " +
+                    std::string(error.what())};
+    }
+    return {};
 }
 
 }  // namespace
 
-ImportOutcome importDatabaseFile(Database& current, const std::string& path, Storage& storage,
-                                 ImportGuide& guide) {
-    const std::unique_ptr<Database> imported = readFile(path, storage);
-    if (!imported)
-        return ImportOutcome::Unreadable;
+ImportResult importDatabaseFile(Database& current, const std::string& path, Storage& storage,
+                                ImportGuide& guide) {
+    const ImportedFile file = readFile(path, storage);
+    if (!file.database)
+        return file.refusal;
     const std::uint64_t revision = current.revision();
-    std::unique_ptr<Database> merged = storage.parse(current.xml());
-    if (!importMerge(*merged, *imported, guide))
-        return ImportOutcome::Ended;
+    const std::unique_ptr<Database> merged = storage.parse(current.xml());
+    if (!importMerge(*merged, *file.database, guide))
+        return {ImportOutcome::Ended, {}};
     if (current.revision() != revision)
         throw Error(
             "The database has been changed during the import. Nothing was imported; please "
             "import the file again.");
-    replaceAndSave(current, std::move(merged), storage);
-    storage.writePlainCopy(current);
-    return ImportOutcome::Imported;
+    replaceWithCopyKept(current, storage, std::move(*merged));
+    return writePlainCopy(current, storage);
 }
 
 void deleteDatabase(Database& current, Storage& storage) {
-    replaceAndSave(current, storage.parse(std::string(kEmptiedDocument)), storage);
+    replaceWithCopyKept(current, storage, std::move(*storage.parse(std::string(kEmptiedDocument))));
+}
+
+LoadedDocument readDocument(std::string xml, Storage& storage) {
+    LoadedDocument document{storage.parse(std::move(xml)), std::nullopt};
+    document.putRight = document.database->putCountRight();
+    requireSoundDocument(document.database->root());
+    return document;
+}
+
+std::string replaceDatabase(const Database& database, Storage& storage) {
+    return storage.replaceDatabase(database);
 }
 
 }  // namespace pelk

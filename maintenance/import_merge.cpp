@@ -60,13 +60,12 @@ class Import {
     }
 
     void importRelation(const Relation& relation) {
-        const std::int64_t weight = roundToInteger(relation.weight);
-        if (declined_.contains(relation.part1) || declined_.contains(relation.part2) || weight <= 0)
+        if (declined_.contains(relation.part1) || declined_.contains(relation.part2))
             return;
         const std::optional<int> id1 = currentIdOf(relation.part1);
         const std::optional<int> id2 = currentIdOf(relation.part2);
         if (id1 && id2 && id1 != id2)
-            current_.addRelationWeight(*id1, *id2, weight);
+            current_.addRelationWeight(*id1, *id2, roundToInteger(relation.weight));
     }
 
     /// The contact that owns the first address of an imported one; both ends of a relation may have

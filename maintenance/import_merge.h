@@ -25,7 +25,9 @@ class ImportGuide {
 /// the word of a file is left to the user's own hand. Then, and when an `Error` is thrown,
 /// `current` is changed in part: work on a copy.
 ///
-/// A relation whose contacts cannot be found is left out, and so is one that counts no e-mail.
+/// A relation whose contacts cannot be found, or have become one person, is left out.
+///
+/// An address may hold an apostrophe, which no scan lets in: the person is imported like any other.
 bool importMerge(Database& current, const Database& imported, ImportGuide& guide);
 
 }  // namespace pelk

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "maintenance/contact_merge.h"
-#include "platform/utf8.h"
+#include "maintenance/contact_acts.h"
 
 namespace pelk {
 namespace {
@@ -94,9 +93,7 @@ void mergeForm::mergeButtonClick() {
         platform_.dialogs.message("At least two contacts must be added to the list!", Buttons::Ok);
         return;
     }
-    storage_.keepBackup();
-    if (mergeContacts(*database, ids, cleanText(MergeName.text())))
-        storage_.saveChange(*database);
+    mergeContacts(*database, storage_, ids, MergeName.text());
     window->hide();
     databaseChanged();
 }

@@ -38,7 +38,7 @@ constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButt
 
 }  // namespace
 
-ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform)
     : window(toolkit.createWindow()),
       presTree(window->addTreeView({})),
       dLabel1(window->addLabel(labelIn(0), "")),
@@ -50,7 +50,6 @@ ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
       domainsRadio(window->addOptionButton(radioIn(1), "Group by domains")),
       gotoButton(window->addButton(kButtonBounds, "GoTo")),
       platform_(platform),
-      storage_(storage),
       domains_(presTree, platform_.language),
       showmenu_(window->addPopupMenu()),
       mergeMenuItem_(addMenuItem("Merge contacts", &ShowForm::mergeMenuItemClick)),

@@ -7,9 +7,9 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "db/database.h"
-#include "db/storage.h"
 #include "platform/controls.h"
 #include "platform/platform.h"
 #include "views/domains_tree.h"
@@ -18,18 +18,20 @@ namespace pelk {
 
 class ShowForm {
  public:
-    ShowForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+    ShowForm(Toolkit& toolkit, const Platform& platform);
 
     /// Set before `startShowing`; outlives the form's use of it.
-    Database* database = nullptr;
+    const Database* database = nullptr;
 
-    /// Where the selection is handed to other forms, and who hears that a command has changed the
-    /// database. Set before the form is shown.
+    /// Where the selection is handed to other forms, who carries out the changes of the database
+    /// and saves them, and who hears that a command has made one. Set before the form is shown.
     std::function<void(int contactId, const std::string& text)> mergeContact;
     std::function<void(int contactId, int relatedId)> openDetails;
     std::function<void(const std::string& address)> openContact;
     std::function<void(int contactId)> findLinks;
     std::function<void(const std::string& domain)> findDomainLinks;
+    std::function<void(int contactId, const std::string& name)> renameContact;
+    std::function<void(const std::vector<int>& ids)> deleteContacts;
     std::function<void()> databaseChanged;
 
     /// Fills the tree with the contacts, and the totals. The strengths that are shown from now on
@@ -77,10 +79,8 @@ class ShowForm {
     bool isGone(int contactId);
     void deleteContact(int id);
     void deleteDomain(const TreeNode& node);
-    void saveChange();
 
     Platform platform_;
-    Storage& storage_;
     DomainsTree domains_;
     PopupMenu& showmenu_;
     MenuItem& mergeMenuItem_;

@@ -1,7 +1,6 @@
 // The relations view's commands on the selected node: what its menu offers when, and what each
 // command does.
 
-#include "platform/utf8.h"
 #include "views/ShowForm.h"
 #include "views/contact_text.h"
 #include "views/domains.h"
@@ -64,15 +63,16 @@ void ShowForm::mergeMenuItemClick(TreeNode& node) {
 /// The node shows the bare new name, without the addresses, until the tree is filled again: this
 /// is on purpose, and tells the user which one was just renamed.
 void ShowForm::renameMenuItemClick(TreeNode& node) {
-    const std::string name = cleanText(
-        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text()));
-    if (name.empty())
+    const std::string answer =
+        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
+    if (answer.empty())
         return;
     const int id = contactOf(node);
     if (isGone(id))
         return;
-    database->renameContact(id, name);
-    saveChange();
+    renameContact(id, answer);
+    databaseChanged();
+    const std::string name = database->nameOf(id);
     presTree.model().setText(node, name);
     for (TreeNode* const related : relatedNodesOf(presTree.model(), id))
         presTree.model().setText(*related, name);
@@ -99,9 +99,8 @@ void ShowForm::deleteContact(int id) {
             Answer::Ok ||
         isGone(id))
         return;
-    storage_.keepBackup();
-    database->removeContacts({id});
-    saveChange();
+    deleteContacts({id});
+    databaseChanged();
     TreeModel& tree = presTree.model();
     for (TreeNode* const related : relatedNodesOf(tree, id))
         tree.remove(*related);
@@ -111,13 +110,14 @@ void ShowForm::deleteContact(int id) {
 }
 
 void ShowForm::deleteDomain(const TreeNode& node) {
+    const std::string domain = domainOf(node);
+    requireDeletableDomain(domain);
     if (platform_.dialogs.message(isAddressLeaf(node) ? "Do you want to delete this contact?"
                                                       : "Do you want to delete this domain?",
                                   Buttons::OkCancel) != Answer::Ok)
         return;
-    storage_.keepBackup();
-    database->removeContacts(contactsBySuffix(*database, domainOf(node)));
-    saveChange();
+    deleteContacts(contactsToDelete(*database, domain));
+    databaseChanged();
     refresh();
 }
 
@@ -140,11 +140,6 @@ void ShowForm::copyMenuItemClick(TreeNode& node) {
 
 void ShowForm::viewMenuItemClick(TreeNode& node) {
     openContact(std::get<std::string>(node.tag()));
-}
-
-void ShowForm::saveChange() {
-    storage_.saveChange(*database);
-    databaseChanged();
 }
 
 }  // namespace pelk

@@ -20,7 +20,7 @@ int CommandRun::findContact(const std::string& contact) {
     if (id && database().contact(*id))
         return *id;
     if (!id)
-        if (const int found = database().contactIdByAddress(language().lowerCase(contact)))
+        if (const int found = database().ownerOf(language().lowerCase(contact)))
             return found;
     throw Error("There is no contact " + contact + ".");
 }

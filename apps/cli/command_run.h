@@ -20,7 +20,7 @@ class CommandRun {
         : arguments_(arguments),
           desktop_(arguments.dataFolder),
           platform_(desktop_.with(dialogs_)),
-          storage_(platform_) {}
+          storage_(platform_, SaveFaults::Thrown) {}
 
     const Arguments& arguments() const { return arguments_; }
     const Platform& platform() const { return platform_; }

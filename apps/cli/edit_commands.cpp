@@ -8,8 +8,7 @@
 
 #include "apps/cli/listing.h"
 #include "db/thresholds.h"
-#include "maintenance/contact_merge.h"
-#include "platform/utf8.h"
+#include "maintenance/contact_acts.h"
 #include "views/domains.h"
 
 namespace pelk {
@@ -32,9 +31,7 @@ void removeAndSave(CommandRun& run, const std::vector<int>& ids) {
     const std::vector<Contact> contacts = contactsOf(database, ids);
     const std::size_t contactsBefore = database.contactCount();
     const std::size_t relationsBefore = database.relationCount();
-    run.storage().keepBackup();
-    database.removeContacts(ids);
-    run.storage().saveDatabase(database);
+    deleteContacts(database, run.storage(), ids);
     printContacts(std::cout, contacts, run.arguments().json);
     if (!run.arguments().json)
         std::cout << "contacts deleted: " << contactsBefore - database.contactCount() << '\n'
@@ -56,11 +53,7 @@ int readPercentage(const std::string& text) {
 void renameCommand(CommandRun& run) {
     run.lock();
     const int id = run.findContact(run.arguments().operands[0]);
-    const std::string name = cleanText(run.arguments().operands[1]);
-    if (name.empty())
-        throw Error("A contact cannot be given an empty name.");
-    run.database().renameContact(id, name);
-    run.storage().saveDatabase(run.database());
+    renameContact(run.database(), run.storage(), id, run.arguments().operands[1]);
     printContact(std::cout, *run.database().contact(id), run.arguments().json);
 }
 
@@ -73,12 +66,11 @@ void deleteDomainCommand(CommandRun& run) {
     if (run.arguments().yes)
         run.lock();
     const std::string domain = run.language().lowerCase(run.arguments().operands[0]);
-    // Every address ends in nothing: an empty domain would be everybody.
-    if (domain.empty())
-        throw Error("The domain is empty.");
-    const std::vector<int> ids = contactsBySuffix(run.database(), domain);
+    const std::vector<int> ids = contactsToDelete(run.database(), domain);
     if (ids.empty())
-        throw Error("No contact has an address that ends in " + domain + ".");
+        throw Error((domain.starts_with('@') ? "No contact has the address "
+                                             : "No contact has an address that ends in ") +
+                    domain + ".");
     if (run.arguments().yes) {
         removeAndSave(run, ids);
         return;
@@ -90,14 +82,11 @@ void deleteDomainCommand(CommandRun& run) {
 void mergeCommand(CommandRun& run) {
     run.lock();
     const std::vector<int> ids = run.findContacts(run.arguments().operands);
-    const std::string name = cleanText(run.arguments().name);
-    if (name.empty())
+    if (run.arguments().name.empty())
         throw UsageError("pelk merge needs --name NAME");
     Database& database = run.database();
-    run.storage().keepBackup();
-    if (!mergeContacts(database, ids, name))
+    if (!mergeContacts(database, run.storage(), ids, run.arguments().name))
         throw Error("All these are the same contact.");
-    run.storage().saveDatabase(database);
     printContact(std::cout, *database.contact(ids.front()), run.arguments().json);
 }
 

@@ -10,7 +10,6 @@
 #include <string>
 
 #include "apps/cli/listing.h"
-#include "db/document_check.h"
 #include "maintenance/database_import.h"
 
 namespace pelk {
@@ -59,21 +58,18 @@ void loadCommand(CommandRun& run) {
     const std::string& path = run.arguments().operands[0];
     const std::string text = path == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
                                          : run.platform().files.readWholeFile(path);
-    std::unique_ptr<Database> database;
-    std::optional<std::string> putRight;
+    LoadedDocument document;
     try {
-        database = run.storage().parse(toUtf8(text));
-        putRight = database->putCountRight();
-        requireSoundDocument(database->root());
+        document = readDocument(toUtf8(text), run.storage());
     } catch (const Error& error) {
         throw Error("The document " + path + " cannot be used. " + error.what());
     }
     run.lock();
-    const std::string kept = run.storage().replaceDatabase(*database);
-    std::cout << "contacts: " << database->contactCount() << '\n'
-              << "relations: " << database->relationCount() << '\n';
-    if (putRight)
-        std::cerr << "pelk: " << *putRight << '\n';
+    const std::string kept = replaceDatabase(*document.database, run.storage());
+    std::cout << "contacts: " << document.database->contactCount() << '\n'
+              << "relations: " << document.database->relationCount() << '\n';
+    if (document.putRight)
+        std::cerr << "pelk: " << *document.putRight << '\n';
     if (!kept.empty())
         std::cout << "previous database: " << kept << '\n';
 }
@@ -87,14 +83,18 @@ void importCommand(CommandRun& run) {
     run.lock();
     Database& database = run.database();
     TerminalGuide guide(run.arguments().answer);
-    switch (importDatabaseFile(database, path, run.storage(), guide)) {
+    const ImportResult result = importDatabaseFile(database, path, run.storage(), guide);
+    switch (result.outcome) {
         case ImportOutcome::Unreadable:
-            throw Error("Error while loading file " + path);
+        case ImportOutcome::Unsound:
+            throw Error("Error while loading file " + path + ": " + result.fault);
         case ImportOutcome::Ended:
             throw Error("The import has ended at that merge. Nothing was imported.");
         case ImportOutcome::Imported:
             break;
     }
+    if (!result.fault.empty())
+        std::cerr << "pelk: " << result.fault << '\n';
     std::cout << "contacts: " << database.contactCount() << '\n'
               << "relations: " << database.relationCount() << '\n';
 }

@@ -212,7 +212,9 @@ TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     EXPECT_NE(cancelled.errors.find("under the name Both: Shall I continue? Cancel"),
               std::string::npos);
     EXPECT_EQ(cancelled.status, 0);
-    EXPECT_EQ(run("import Inbox").errors, "pelk: Error while loading file Inbox\n");
+    expectRefused("import Inbox", 1,
+                  "Error while loading file Inbox: The file Inbox cannot be used. It does not "
+                  "begin as a database file does.");
 
     EXPECT_EQ(run("delete-database").status, 1);
     EXPECT_EQ(run("delete-database --yes").status, 0);

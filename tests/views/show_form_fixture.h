@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "maintenance/contact_acts.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/tree_text.h"
 #include "views/ShowForm.h"
@@ -30,7 +31,7 @@ class ShowFormTest : public ::testing::Test {
     Driver& driver = core.driver();
     std::unique_ptr<Database> database = loadDocument(kCommunity);
     int changes = 0;
-    ShowForm form{core.toolkit(), core.platform(), core.storage()};
+    ShowForm form{core.toolkit(), core.platform()};
 
     void SetUp() override {
         open();
@@ -39,6 +40,12 @@ class ShowFormTest : public ::testing::Test {
     }
     void open() {
         form.database = database.get();
+        form.renameContact = [this](int id, const std::string& name) {
+            renameContact(*database, core.storage(), id, name);
+        };
+        form.deleteContacts = [this](const std::vector<int>& ids) {
+            deleteContacts(*database, core.storage(), ids);
+        };
         form.databaseChanged = [this] { ++changes; };
         form.startShowing();
     }

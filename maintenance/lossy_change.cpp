@@ -1,0 +1,20 @@
+#include "maintenance/lossy_change.h"
+
+#include <utility>
+
+namespace pelk {
+
+void changeWithCopyKept(Database& database, Storage& storage,
+                        const std::function<void(Database&)>& change) {
+    storage.keepBackup();
+    change(database);
+    storage.saveChange(database);
+}
+
+void replaceWithCopyKept(Database& database, Storage& storage, Database&& content) {
+    storage.keepBackup();
+    storage.saveDatabase(content);
+    database.replaceContent(std::move(content));
+}
+
+}  // namespace pelk

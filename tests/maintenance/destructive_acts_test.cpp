@@ -1,0 +1,130 @@
+// The rule for whatever takes something away for good: a copy is kept first, and what is reported
+// as failed has not happened. Every such act stands in the list below.
+
+#include <gtest/gtest.h>
+
+#include "maintenance/contact_acts.h"
+#include "maintenance/database_import.h"
+#include "tests/support/core_platform.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kThree =
+    "<pelkDB date='2020-01-01T00:00:00' totalMails='0' totalContacts='3'><contacts>"
+    "<contact id='1' name='Ann'><emails><email value='ann@a'/></emails></contact>"
+    "<contact id='2' name='Bob'><emails><email value='bob@b'/></emails></contact>"
+    "<contact id='3' name='Cy'><emails><email value='cy@b'/></emails></contact></contacts>"
+    "<relations><relation part1='1' part2='2' weight='3'/></relations></pelkDB>";
+
+class NoQuestions : public ImportGuide {
+ public:
+    bool confirmsMerge(const std::string&) override { return false; }
+};
+
+struct Act {
+    const char* name;
+    void (*run)(Database&, Storage&);
+};
+
+constexpr Act kActs[] = {
+    {"delete",
+     [](Database& database, Storage& storage) { deleteContacts(database, storage, {2}); }},
+    {"merge",
+     [](Database& database, Storage& storage) {
+         EXPECT_TRUE(mergeContacts(database, storage, {1, 2}, "Both"));
+     }},
+    {"import",
+     [](Database& database, Storage& storage) {
+         NoQuestions guide;
+         EXPECT_EQ(importDatabaseFile(database, "/in.db", storage, guide).outcome,
+                   ImportOutcome::Imported);
+     }},
+    {"deleteDatabase",
+     [](Database& database, Storage& storage) { deleteDatabase(database, storage); }},
+    {"load",
+     [](Database& database, Storage& storage) {
+         LoadedDocument loaded = readDocument(std::string(kEmptiedDocument), storage);
+         replaceDatabase(*loaded.database, storage);
+         database.replaceContent(std::move(*loaded.database));
+     }},
+};
+
+class DestructiveAct : public ::testing::TestWithParam<Act> {
+ protected:
+    CorePlatform core;
+    std::unique_ptr<Database> database;
+
+    /// A saved database, a file to import and, as in a program just started, no copy kept yet.
+    Storage begin() {
+        core.files.folders = {"/data/pelk"};
+        core.files.files.clear();
+        core.files.failAt = 0;
+        core.shell.own = std::nullopt;
+        database = loadDocument(kThree);
+        core.storage().saveDatabase(*database);
+        core.storage().exportDatabase(*database, "/in.db");
+        return Storage(core.platform(), SaveFaults::Thrown);
+    }
+    std::string file() { return core.files.files["/data/pelk/pelk.db"]; }
+    /// Whether that content stands in a file beside the database.
+    bool isKept(const std::string& content) {
+        for (const auto& [path, text] : core.files.files)
+            if (path.starts_with("/data/pelk/pelk.db.") && text == content)
+                return true;
+        return false;
+    }
+};
+
+TEST_P(DestructiveAct, keepsACopyOfTheFileFirst) {
+    Storage storage = begin();
+    const std::string before = file();
+    GetParam().run(*database, storage);
+    EXPECT_NE(file(), before);
+    EXPECT_TRUE(isKept(before));
+    EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
+}
+
+TEST_P(DestructiveAct, hasNotHappenedWhenItFailsAtAnyStep) {
+    for (int step = 1;; ++step) {
+        Storage storage = begin();
+        const std::string before = file();
+        core.files.failAt = core.files.steps + step;
+        bool failed = false;
+        try {
+            GetParam().run(*database, storage);
+        } catch (const Error&) {
+            failed = true;
+        }
+        if (!failed)
+            break;
+        ASSERT_EQ(file(), before) << "step " << step;
+        ASSERT_TRUE(isKept(before) || database->xml() == loadDocument(kThree)->xml())
+            << "changed without a copy, step " << step;
+        ASSERT_LT(step, 40);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, DestructiveAct, ::testing::ValuesIn(kActs),
+                         [](const auto& act) { return std::string(act.param.name); });
+
+TEST(ContactActs, cleanANameAndRefuseAnEmptyOne) {
+    CorePlatform core;
+    core.files.folders.insert("/data/pelk");
+    const std::unique_ptr<Database> database = loadDocument(kThree);
+    renameContact(*database, core.storage(), 1, "A\x1b[1mnn\xff");
+    EXPECT_EQ(database->nameOf(1), "A [1mnn\xEF\xBF\xBD");
+    mergeContacts(*database, core.storage(), {2, 3}, "B\tC");
+    EXPECT_EQ(database->nameOf(2), "B C");
+    EXPECT_THROW(renameContact(*database, core.storage(), 1, ""), Error);
+    EXPECT_THROW(mergeContacts(*database, core.storage(), {1, 2}, ""), Error);
+    EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
+    // Whoever is refused overwrites no earlier copy.
+    Storage next(core.platform());
+    core.files.files["/data/pelk/pelk.db.bak"] = "earlier";
+    EXPECT_FALSE(mergeContacts(*database, next, {1, 1}, "Nobody"));
+    EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], "earlier");
+}
+
+}  // namespace
+}  // namespace pelk
