@@ -10,6 +10,7 @@
 #include "addin/product.h"
 #include "apps/cli/arguments.h"
 #include "apps/cli/commands.h"
+#include "apps/cli/terminal_text.h"
 #include "apps/desktop/desktop_program.h"
 #include "platform/error.h"
 
@@ -34,7 +35,7 @@ void openWindow(const Arguments& arguments, int argc, char** argv) {
     }
     if (arguments.operands.empty())
         throw UsageError("name the mail to open");
-    std::cerr << "pelk: There is no display for the mail window, so the result is printed here.\n";
+    tell("There is no display for the mail window, so the result is printed here.");
     runWithoutDisplay(arguments);
 }
 
@@ -56,14 +57,14 @@ int guardedMain(int argc, char** argv) {
         run(parseArguments({argv + 1, argv + argc}), argc, argv);
         return kDone;
     } catch (const UsageError& error) {
-        std::cerr << "pelk: " << error.what() << "; see pelk --help\n";
+        tell(std::string(error.what()) + "; see pelk --help");
         return kWrongUsage;
     } catch (const Error& error) {
-        std::cerr << "pelk: " << error.what() << '\n';
+        tell(error.what());
     } catch (const std::bad_alloc&) {
         std::cerr << "pelk: " << kNotEnoughMemory << '\n';
     } catch (const std::exception& fault) {
-        std::cerr << "pelk: Unexpected fault: " << fault.what() << '\n';
+        tell(std::string("Unexpected fault: ") + fault.what());
     }
     return kFailed;
 }

@@ -13,6 +13,7 @@
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_progress.h"
+#include "apps/cli/terminal_text.h"
 #include "db/date_stamp.h"
 #include "platform/desktop/mail/mail_store.h"
 
@@ -35,13 +36,12 @@ void scan(CommandRun& run) {
     }
     printOutcome(std::cout, outcome, database, arguments.json);
     if (outcome.mails == 0 && since != kNeverScanned)
-        std::cerr << "pelk: Only e-mails that came after the last scan, " << since
-                  << ", are counted.\n";
+        tell("Only e-mails that came after the last scan, " + since + ", are counted.");
     if (outcome.databaseFull)
-        std::cerr << "pelk: " << kDatabaseFullMessage << '\n';
+        tell(kDatabaseFullMessage);
     if (outcome.faults > 0)
-        std::cerr << "pelk: " << outcome.faults
-                  << " times something could not be read, first: " << outcome.firstFault << '\n';
+        tell(std::to_string(outcome.faults) +
+             " times something could not be read, first: " + outcome.firstFault);
 }
 
 void listContacts(CommandRun& run) {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "apps/cli/listing.h"
+#include "apps/cli/terminal_text.h"
 #include "db/thresholds.h"
 #include "maintenance/contact_acts.h"
 #include "views/domains.h"
@@ -33,9 +34,10 @@ void removeAndSave(CommandRun& run, const std::vector<int>& ids) {
     const std::size_t relationsBefore = database.relationCount();
     deleteContacts(database, run.storage(), ids);
     printContacts(std::cout, contacts, run.arguments().json);
-    if (!run.arguments().json)
-        std::cout << "contacts deleted: " << contactsBefore - database.contactCount() << '\n'
-                  << "relations deleted: " << relationsBefore - database.relationCount() << '\n';
+    if (run.arguments().json)
+        return;
+    Line(std::cout) << "contacts deleted: " << contactsBefore - database.contactCount();
+    Line(std::cout) << "relations deleted: " << relationsBefore - database.relationCount();
 }
 
 /// Throws `Error` unless the text is a whole number from 0 to 100.
@@ -76,7 +78,7 @@ void deleteDomainCommand(CommandRun& run) {
         return;
     }
     printContacts(std::cout, contactsOf(run.database(), ids), run.arguments().json);
-    std::cerr << "pelk: Nobody has been deleted; with --yes these contacts are.\n";
+    tell("Nobody has been deleted; with --yes these contacts are.");
 }
 
 void mergeCommand(CommandRun& run) {

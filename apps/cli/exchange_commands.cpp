@@ -10,6 +10,7 @@
 #include <string>
 
 #include "apps/cli/listing.h"
+#include "apps/cli/terminal_text.h"
 #include "maintenance/database_import.h"
 
 namespace pelk {
@@ -25,6 +26,11 @@ std::string toUtf8(const std::string& document) {
     return decoded.toStdString();
 }
 
+void printSize(const Database& database) {
+    Line(std::cout) << "contacts: " << database.contactCount();
+    Line(std::cout) << "relations: " << database.relationCount();
+}
+
 /// Answers an import's questions from the command line, else from the terminal.
 class TerminalGuide : public ImportGuide {
  public:
@@ -33,7 +39,7 @@ class TerminalGuide : public ImportGuide {
     bool confirmsMerge(const std::string& question) override {
         if (answer_)
             return *answer_;
-        std::cerr << question;
+        std::cerr << terminalText(question);
         if (::isatty(STDIN_FILENO) == 0) {
             std::cerr << " Cancel\n";
             return false;
@@ -66,12 +72,11 @@ void loadCommand(CommandRun& run) {
     }
     run.lock();
     const std::string kept = replaceDatabase(*document.database, run.storage());
-    std::cout << "contacts: " << document.database->contactCount() << '\n'
-              << "relations: " << document.database->relationCount() << '\n';
+    printSize(*document.database);
     if (document.putRight)
-        std::cerr << "pelk: " << *document.putRight << '\n';
+        tell(*document.putRight);
     if (!kept.empty())
-        std::cout << "previous database: " << kept << '\n';
+        Line(std::cout) << "previous database: " << kept;
 }
 
 void exportCommand(CommandRun& run) {
@@ -94,9 +99,8 @@ void importCommand(CommandRun& run) {
             break;
     }
     if (!result.fault.empty())
-        std::cerr << "pelk: " << result.fault << '\n';
-    std::cout << "contacts: " << database.contactCount() << '\n'
-              << "relations: " << database.relationCount() << '\n';
+        tell(result.fault);
+    printSize(database);
 }
 
 void deleteDatabaseCommand(CommandRun& run) {

@@ -4,13 +4,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <iomanip>
-#include <iostream>
 #include <optional>
 #include <vector>
 
 #include "apps/cli/interrupt.h"
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_line.h"
+#include "apps/cli/terminal_text.h"
 #include "links/best_chains.h"
 #include "links/domain_search.h"
 #include "links/link_search.h"
@@ -21,7 +21,7 @@ namespace pelk {
 namespace {
 
 /// The columns of class and weight, of a contact that has neither.
-constexpr int kStrengthWidth = 13;
+constexpr std::size_t kStrengthWidth = 13;
 
 /// A contact of a chain, and how it is related to the one before.
 struct ChainLink {
@@ -107,13 +107,13 @@ std::vector<LinkChain> onlyBest(const std::vector<LinkChain>& chains) {
 }
 
 void printChain(std::ostream& out, const Database& database, const LinkChain& chain) {
-    out << std::setw(6) << chain.cost;
+    Line line(out);
+    line << std::setw(6) << chain.cost;
     const char* separator = "  ";
     for (const int id : chain.ids) {
-        out << separator << id << ' ' << descriptionOf(database, id);
+        line << separator << id << ' ' << descriptionOf(database, id);
         separator = " - ";
     }
-    out << '\n';
 }
 
 }  // namespace
@@ -130,18 +130,16 @@ void printLinks(std::ostream& out, const Database& database, int source, int tar
         if (json) {
             array.append(toJson(link, isSource));
         } else {
-            if (isSource)
-                out << std::setw(kStrengthWidth) << "";
-            else
-                printStrength(out, link.strength, link.weight);
-            out << std::setw(7) << link.id << "  " << link.description << '\n';
+            Line(out) << (isSource ? std::string(kStrengthWidth, ' ')
+                                   : strengthColumns(link.strength, link.weight))
+                      << std::setw(7) << link.id << "  " << link.description;
         }
         isSource = false;
     }
     if (json)
         print(out, QJsonDocument(QJsonObject{{"cost", chain->cost}, {"chain", array}}));
     else
-        out << "cost: " << chain->cost << '\n';
+        Line(out) << "cost: " << chain->cost;
 }
 
 void printDomainLinks(std::ostream& out, const Database& database,
@@ -160,7 +158,7 @@ void printDomainLinks(std::ostream& out, const Database& database,
                                              {"target", QString::fromStdString(links.target)},
                                              {"chains", array}}));
     if (chains.empty())
-        std::cerr << "pelk: All links are too weak to be called the best.\n";
+        tell("All links are too weak to be called the best.");
 }
 
 }  // namespace pelk

@@ -12,16 +12,20 @@
 #include <utility>
 #include <vector>
 
+#include "apps/cli/terminal_text.h"
 #include "views/contact_text.h"
 
 namespace pelk {
 
 void print(std::ostream& out, const QJsonDocument& document) {
-    out << document.toJson(QJsonDocument::Indented).constData();
+    out << escapedForJson(document.toJson(QJsonDocument::Indented).constData());
 }
 
-void printStrength(std::ostream& out, Strength strength, std::int64_t weight) {
-    out << std::left << std::setw(7) << nameOf(strength) << std::right << std::setw(6) << weight;
+std::string strengthColumns(Strength strength, std::int64_t weight) {
+    std::ostringstream columns;
+    columns << std::left << std::setw(7) << nameOf(strength) << std::right << std::setw(6)
+            << weight;
+    return columns.str();
 }
 
 namespace {
@@ -68,6 +72,9 @@ std::vector<std::string> labelsOf(const std::string& domain) {
 std::size_t endOfTag(std::string_view xml) {
     if (xml.front() != '<')
         return std::min(xml.find('<'), xml.size());
+    constexpr std::string_view dataEnd = "]]>";
+    if (xml.starts_with("<![CDATA["))
+        return xml.find(dataEnd) + dataEnd.size();
     bool quoted = false;
     for (std::size_t at = 0; at < xml.size(); ++at) {
         if (xml[at] == '"')
@@ -91,9 +98,9 @@ void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database&
                                    {"relations", static_cast<qint64>(database.relationCount())}}));
         return;
     }
-    out << "e-mails counted: " << outcome.mails << '\n'
-        << "contacts: " << database.contactCount() << " (" << outcome.contacts << " new)\n"
-        << "relations: " << database.relationCount() << " (" << outcome.relations << " new)\n";
+    Line(out) << "e-mails counted: " << outcome.mails;
+    Line(out) << "contacts: " << database.contactCount() << " (" << outcome.contacts << " new)";
+    Line(out) << "relations: " << database.relationCount() << " (" << outcome.relations << " new)";
 }
 
 std::vector<Contact> contactsByName(const Database& database, const Language& language) {
@@ -122,7 +129,7 @@ void printContact(std::ostream& out, const Contact& contact, bool json) {
     if (json)
         print(out, QJsonDocument(toJson(contact)));
     else
-        out << std::setw(5) << contact.id << "  " << describe(contact) << '\n';
+        Line(out) << std::setw(5) << contact.id << "  " << describe(contact);
 }
 
 void printRelations(std::ostream& out, const Database& database, int contactId, bool json) {
@@ -142,8 +149,7 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
                                      {"name", text(name)}});
             continue;
         }
-        printStrength(out, strength, weight);
-        out << std::setw(7) << partner << "  " << name << '\n';
+        Line(out) << strengthColumns(strength, weight) << std::setw(7) << partner << "  " << name;
     }
     if (json)
         print(out, QJsonDocument(array));
@@ -168,7 +174,7 @@ void printDomains(std::ostream& out, const std::vector<DomainEntry>& entries, bo
     QJsonArray array;
     for (const DomainEntry& entry : entries) {
         if (!json) {
-            out << entry.text << (entry.isAddress() ? "" : "/") << '\n';
+            Line(out) << entry.text << (entry.isAddress() ? "" : "/");
             continue;
         }
         QJsonObject object{{"text", text(entry.text)}};
@@ -182,16 +188,17 @@ void printDomains(std::ostream& out, const std::vector<DomainEntry>& entries, bo
 
 void printDetails(std::ostream& out, const RelationDetails& details, bool json) {
     const std::string sentence = details.sentence();
-    if (json)
+    if (json) {
         print(out, QJsonDocument(
                        QJsonObject{{"names", QJsonArray{text(details.name1), text(details.name2)}},
                                    {"weight", static_cast<qint64>(details.weight)},
                                    {"strongest", static_cast<qint64>(details.strongest)},
                                    {"sentence", text(sentence)}}));
-    else
-        out << details.name1 << " - " << details.name2 << '\n'
-            << "weight: " << details.weight << '\n'
-            << sentence << '\n';
+        return;
+    }
+    Line(out) << details.name1 << " - " << details.name2;
+    Line(out) << "weight: " << details.weight;
+    Line(out) << sentence;
 }
 
 void printThresholds(std::ostream& out, const Thresholds& thresholds, bool json) {
@@ -209,9 +216,9 @@ void printStrongest(std::ostream& out, const Database& database, std::size_t cou
     const std::int64_t strongest = database.strongestWeight();
     for (const Relation& relation : relations) {
         const std::int64_t weight = roundToInteger(relation.weight);
-        printStrength(out, strengthOf(weight, strongest, database.thresholds()), weight);
-        out << "  " << database.nameOf(relation.part1) << " - " << database.nameOf(relation.part2)
-            << '\n';
+        Line(out) << strengthColumns(strengthOf(weight, strongest, database.thresholds()), weight)
+                  << "  " << database.nameOf(relation.part1) << " - "
+                  << database.nameOf(relation.part2);
     }
 }
 
@@ -220,7 +227,10 @@ void printDocument(std::ostream& out, std::string_view xml) {
     xml.remove_prefix(endOfTag(xml));
     while (!xml.empty()) {
         const std::size_t end = endOfTag(xml);
-        out << xml.substr(0, end) << '\n';
+        out << escapedForXml(xml.substr(0, end));
+        // Beside text a line break would become part of it.
+        if (end == xml.size() || (xml.front() == '<' && xml[end] == '<'))
+            out << '\n';
         xml.remove_prefix(end);
     }
 }

@@ -23,7 +23,7 @@ namespace pelk {
 void print(std::ostream& out, const QJsonDocument& document);
 
 /// The columns of a relation's class and weight.
-void printStrength(std::ostream& out, Strength strength, std::int64_t weight);
+std::string strengthColumns(Strength strength, std::int64_t weight);
 
 void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database& database,
                   bool json);
@@ -54,6 +54,7 @@ void printThresholds(std::ostream& out, const Thresholds& thresholds, bool json)
 void printStrongest(std::ostream& out, const Database& database, std::size_t count);
 
 /// A document as UTF-8, each tag on a line of its own, so that line-based tools can work on it.
+/// What is printed is read as the same document.
 void printDocument(std::ostream& out, std::string_view xml);
 
 }  // namespace pelk

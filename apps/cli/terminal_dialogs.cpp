@@ -1,11 +1,11 @@
 #include "apps/cli/terminal_dialogs.h"
 
-#include <iostream>
+#include "apps/cli/terminal_text.h"
 
 namespace pelk {
 
 Answer TerminalDialogs::message(const std::string& text, Buttons buttons) {
-    std::cerr << "pelk: " << text << '\n';
+    tell(text);
     switch (buttons) {
         case Buttons::Ok:
             return Answer::Ok;

@@ -4,6 +4,8 @@
 
 #include <iostream>
 
+#include "apps/cli/terminal_text.h"
+
 namespace pelk {
 namespace {
 
@@ -27,7 +29,7 @@ void TerminalLine::write(const std::string& text) {
     if (!onTerminal_)
         return;
     nextText_ = std::chrono::steady_clock::now() + kInterval;
-    std::cerr << kWipeLine << text << std::flush;
+    std::cerr << kWipeLine << terminalText(text) << std::flush;
 }
 
 }  // namespace pelk

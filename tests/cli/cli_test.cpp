@@ -221,5 +221,92 @@ TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     EXPECT_EQ(run("contacts").output, "");
 }
 
+/// Names that a terminal would obey, addresses that queries cannot hold, and all that a document
+/// may carry beside.
+constexpr const char* kOdd =
+    "<pelkDB date='2026-01-01T00:00:00' totalMails='3' totalContacts='2' maxInd='50' minInd='5'>"
+    "<contacts><contact id='1' name='&#x9b;31m&#x202e;A&#x7f;&#10;&#9; > &quot; &amp; &lt;b>'>"
+    "<emails><email value=\"o'hara@x\"/><email value='a@\xC2\x9B.x'/><email value='a@y'/>"
+    "<email value='a@y'/></emails>text<![CDATA[ > \" ]]></contact>"
+    "<contact id='2' name='\xE2\x81\xA6"
+    "B'><emails><email value='b@y.'/><email value='@y'/>"
+    "</emails></contact></contacts>"
+    "<relations total='0'><relation part1='1' part2='2' weight='0'/></relations></pelkDB>";
+
+/// Whether a terminal would obey part of the text.
+bool isObeyed(const std::string& text) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto byte = [&text, at](std::size_t offset) {
+            return at + offset < text.size() ? static_cast<unsigned char>(text[at + offset]) : 0;
+        };
+        const bool control = (byte(0) < 0x20 && byte(0) != '\n') || byte(0) == 0x7F ||
+                             (byte(0) == 0xC2 && byte(1) < 0xA0);
+        const bool turns =
+            byte(0) == 0xE2 && ((byte(1) == 0x80 && byte(2) >= 0xAA && byte(2) <= 0xAE) ||
+                                (byte(1) == 0x81 && byte(2) >= 0xA6));
+        if (control || turns)
+            return true;
+    }
+    return false;
+}
+
+TEST_F(CliTest, printsNothingThatATerminalObeysAndReadsWhatItDumps) {
+    ASSERT_EQ(run("load -", kOdd).errors, "");
+    const std::string before = contentOf(database);
+    for (const char* command :
+         {"contacts", "contacts --json", "relations 2", "relations 2 --json", "details 1 2",
+          "domains", "domains x", "domains y --json", "links 1 2", "domain-links 'a@y' '@y'",
+          "delete-domain y", "dump", "load '\x1b[31m'", "'\x9b\xc2\x9b'", "scan '\x1b\xc2\x9b'"}) {
+        const Outcome outcome = run(command);
+        EXPECT_NE(outcome.output + outcome.errors, "") << command;
+        EXPECT_FALSE(isObeyed(outcome.output + outcome.errors)) << command;
+    }
+    EXPECT_NE(run("contacts --json").output.find("\"\\u009b31m\\u202eA\\u007f\\n\\t > "),
+              std::string::npos);
+    EXPECT_EQ(run("load -", run("dump").output).status, 0);
+    EXPECT_EQ(contentOf(database), before);
+}
+
+TEST_F(CliTest, knowsAddressesWithAnApostrophe) {
+    run("load -", kOdd);
+    EXPECT_EQ(run("relations \"O'Hara@x\"").output.substr(0, 12), "weak        ");
+    EXPECT_EQ(run("rename \"o'hara@x\" Pat").output, "    1  Pat (o'hara@x/a@ .x/a@y/a@y)\n");
+    run("export copy.db");
+    EXPECT_EQ(run("import copy.db").errors, "");
+    expectRefused("links 1 \"o'brian@x\"", 1, "There is no contact o'brian@x.");
+    EXPECT_EQ(run("merge --name Both \"o'hara@x\" 2").status, 0);
+    EXPECT_EQ(run("delete \"o'hara@x\"").status, 0);
+}
+
+TEST_F(CliTest, deletesNoMoreThanADomainNames) {
+    run("load -", kOdd);
+    expectRefused("delete-domain .y --yes", 1, "The domain .y begins with an empty label.");
+    expectRefused("delete-domain @nowhere --yes", 1, "No contact has the address @nowhere.");
+    expectRefused("domain-links '' y", 1, "The domain is empty.");
+    expectRefused("domain-links y ''", 1, "The domain is empty.");
+    EXPECT_NE(run("delete-domain @y --yes").output.find("contacts deleted: 1\n"),
+              std::string::npos);
+    EXPECT_EQ(run("relations \"o'hara@x\"").status, 0) << "a@y stays";
+}
+
+TEST_F(CliTest, saysWhatALoadedDocumentHadWrong) {
+    std::string document = kOdd;
+    document.replace(document.find("totalContacts='2'"), 17, "totalContacts='1'");
+    const Outcome loaded = run("load -", document);
+    EXPECT_EQ(loaded.status, 0);
+    EXPECT_NE(loaded.errors.find("set to 2, the highest id"), std::string::npos);
+    const std::string before = contentOf(database);
+    document.replace(document.find("2026-01-01"), 10, "2026-02-30");
+    EXPECT_NE(run("load -", document).errors.find("date is \"2026-02-30T"), std::string::npos);
+    EXPECT_EQ(contentOf(database), before);
+
+    run("export copy.db");
+    std::filesystem::create_directory(folder.path() + "/data/pelk/pelkdb.xml");
+    const Outcome imported = run("import copy.db");
+    EXPECT_EQ(imported.status, 0) << "it is done, though its plain copy is missing";
+    EXPECT_NE(imported.errors.find("pelkdb.xml"), std::string::npos);
+    EXPECT_EQ(imported.output, "contacts: 2\nrelations: 1\n");
+}
+
 }  // namespace
 }  // namespace pelk
