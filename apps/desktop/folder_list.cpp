@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QStyle>
 
+#include "platform/desktop/qt/plain_tool_tip.h"
+
 namespace pelk {
 namespace {
 
@@ -37,7 +39,7 @@ void FolderList::add(QStandardItem& parent, MailFolders& folders) {
         try {
             add(*item, *folders_.back()->folders());
         } catch (const Error& error) {
-            item->setToolTip(QString::fromUtf8(error.what()));
+            item->setToolTip(plainToolTip(QString::fromUtf8(error.what())));
         }
     }
 }

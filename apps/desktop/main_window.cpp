@@ -34,6 +34,7 @@ MainWindow::MainWindow(std::vector<std::string> paths, MailStoreOptions options,
       messageView_(new QTableView),
       status_(new QLabel) {
     setWindowTitle(QStringLiteral("Pelk mail"));
+    status_->setTextFormat(Qt::PlainText);
     auto* const bar = addToolBar(QStringLiteral("Standard"));
     bar->setObjectName(QStringLiteral("Standard"));
     bar->setMovable(false);

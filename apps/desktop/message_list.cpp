@@ -4,6 +4,8 @@
 #include <QFont>
 #include <QLocale>
 
+#include "platform/desktop/qt/plain_tool_tip.h"
+
 namespace pelk {
 
 QString MessageList::dateText(const LocalTime& time) {
@@ -44,13 +46,18 @@ QVariant MessageList::data(const QModelIndex& index, int role) const {
         font.setItalic(!shown.isMail);
         return font;
     }
-    switch (index.column()) {
+    const QString& text = textOf(shown, index.column());
+    return role == Qt::ToolTipRole ? plainToolTip(text) : text;
+}
+
+const QString& MessageList::textOf(const Row& row, int column) {
+    switch (column) {
         case kFrom:
-            return shown.from;
+            return row.from;
         case kSubject:
-            return shown.subject;
+            return row.subject;
         default:
-            return shown.date;
+            return row.date;
     }
 }
 

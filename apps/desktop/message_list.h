@@ -32,6 +32,7 @@ class MessageList : public QAbstractTableModel {
         QString date;
         bool isMail = true;
     };
+    static const QString& textOf(const Row& row, int column);
     const Row& row(int number) const;
     Row readRow(int number) const;
 

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QTextDocument>
 #include <QTreeView>
 #include <QWidget>
 #include <algorithm>
@@ -15,6 +16,7 @@
 
 #include "platform/desktop/qt/control.h"
 #include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/plain_tool_tip.h"
 #include "platform/desktop/qt/twip_scale.h"
 #include "tests/controls/random_edits.h"
 #include "tests/controls/window_fixture.h"
@@ -163,6 +165,16 @@ TEST_F(QtControls, NodesAreFilledBeforeQtLaysThemOut) {
     driver_.expand(tree, {0});
     EXPECT_EQ(heard, "+-+-");
     expectPaintedAsItStands(view);
+}
+
+TEST(PlainToolTip, showsMarkupToTheLetter) {
+    for (const char* text : {"<b>x</b>", "<img src='/etc/passwd'>", "a\nb  c & \"d\""}) {
+        QTextDocument shown;
+        shown.setHtml(plainToolTip(text));
+        EXPECT_EQ(shown.toPlainText(), QString(text));
+    }
+    EXPECT_TRUE(Qt::mightBeRichText(plainToolTip("x")))
+        << "as plain text it would show its own tags";
 }
 
 }  // namespace
