@@ -274,6 +274,50 @@ TEST_F(FormsTest, exportsImportsAndDeletesTheDatabase) {
     EXPECT_FALSE(driver.isVisible(*form.window));
 }
 
+TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
+    const std::string filter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
+    core.files.folders.insert("/addin");
+    core.files.files["/addin/pelkdb.xml"] = "";
+    Database other = std::move(*loadDocument(kCommunity));
+    other.addContact("Zoe", "zoe@z");
+    core.storage().exportDatabase(other, "/sound.db");
+    other.addRelationWeight(2, 6, -4);
+    core.storage().exportDatabase(other, "/unsound.db");
+    forms.openOthers(*database);
+    driver.settle();
+    const auto import = [&](const char* path, const std::string& message) {
+        core.dialogs.expectFile("Importing a database", filter, path);
+        core.dialogs.expectMessage(message);
+        driver.click(forms.others->importButton);
+    };
+    import(
+        "/unsound.db",
+        "Error while loading file /unsound.db\nIt is not a sound contact database: \"-4\" stands "
+        "for the number weight of an element relation.");
+    // The fourth of the steps that write the database; those before, that keep a copy, have
+    // nothing.
+    core.files.failAt = core.files.steps + 8;
+    import("/sound.db",
+           "The file was imported and the database saved; only the plain copy of it is missing. "
+           "/addin/pelkdb.xml.new cannot be written.");
+    EXPECT_TRUE(shownRows(driver, tree()).ends_with(", Zoe (zoe@z)"));
+    EXPECT_EQ(saved()->contactCount(), 6U);
+}
+
+TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
+    core.storage().saveDatabase(*database);
+    const std::string before = core.files.files["/data/pelk/pelk.db"];
+    core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Eve (eve@e)", "Eva");
+    choose({4}, "Rename");
+    EXPECT_EQ(saved()->nameOf(5), "Eva");
+    const std::string renamed = core.files.files["/data/pelk/pelk.db"];
+    core.dialogs.expectMessage("Do you want to delete this contact ?", Buttons::OkCancel,
+                               Answer::Ok);
+    choose({4}, "Delete");
+    EXPECT_EQ(saved()->contactCount(), 4U);
+    EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], renamed);
+}
+
 TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
     choose({3}, "Find the best link");
     findForm& form = *forms.find;

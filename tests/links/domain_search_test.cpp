@@ -66,6 +66,8 @@ TEST(DomainSearch, refusesDomainsOfWhichOneEndsWithTheOther) {
               "myexample.org is a subdomain of example.org");
     EXPECT_EQ(domainRefusal("x@b", "b"), "x@b is a subdomain of b");
     EXPECT_EQ(domainRefusal("A.b", "a.b"), std::nullopt);
+    for (const auto& [source, target] : {std::pair("", "b"), {"b", ""}, {"", ""}})
+        EXPECT_EQ(domainRefusal(source, target), "The domain is empty.");
 }
 
 TEST(BestChains, areAllOfTheLeastCostUpToTheLimit) {

@@ -172,6 +172,44 @@ TEST_F(CommandsTest, deletesADomainOrTheOwnerOfAnAddress) {
     EXPECT_EQ(saved()->relationCount(), 0U);
 }
 
+TEST_F(CommandsTest, deletesNobodyElseWithABlankLabelOrAnOddAddress) {
+    database->addContact("Dot", "dot@x.com.");
+    database->addContact("No local part", "@a");
+    database->addContact("Inner", "in@b..c");
+    database->addContact("Other", "other@c.c");
+    database->addContact("Quoted", "\"john doe\"@b");
+    groupByDomains();
+    EXPECT_EQ(rows(), "a, b, , c");
+    core.dialogs.expectMessage("The domain is empty.");
+    driver.chooseAt(form.presTree, {2}, "Delete");
+    openDomain({3});
+    EXPECT_EQ(driver.rows(form.presTree, {3})[0].text, "");
+    core.dialogs.expectMessage("The domain .c begins with an empty label.");
+    driver.chooseAt(form.presTree, {3, 0}, "Delete");
+    EXPECT_EQ(changes, 0);
+
+    const auto deleteLeaf = [this](const TreePath& leaf) {
+        expectQuestion("Do you want to delete this contact?", Answer::Ok);
+        driver.chooseAt(form.presTree, leaf, "Delete");
+        return database->contactCount();
+    };
+    std::string links;
+    form.findDomainLinks = [&links](const std::string& domain) { links = domain; };
+    openDomain({1});
+    driver.chooseAt(form.presTree, {1, 0}, "Find all possible links");
+    EXPECT_EQ(links, "\"john doe\"@b");
+    EXPECT_EQ(deleteLeaf({1, 0}), 9U);
+    EXPECT_FALSE(database->contact(10));
+    openDomain({0});
+    EXPECT_EQ(deleteLeaf({0, 0}), 8U) << "of all who are at a";
+    EXPECT_FALSE(database->contact(7));
+    openDomain({2});
+    expectQuestion("Do you want to delete this domain?", Answer::Ok);
+    driver.chooseAt(form.presTree, {2, 0}, "Delete");
+    EXPECT_FALSE(database->contact(6)) << "com. is a domain";
+    EXPECT_EQ(database->contactCount(), 7U);
+}
+
 TEST_F(CommandsTest, keepsAChangeThatCannotBeSavedAndSaysSo) {
     core.files.folders.insert("/data/pelk");
     core.files.failAt = core.files.steps + 1;
