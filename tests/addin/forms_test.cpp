@@ -304,6 +304,22 @@ TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
     EXPECT_EQ(saved()->contactCount(), 6U);
 }
 
+TEST_F(FormsTest, servesAContactWhoseAddressHasAnApostrophe) {
+    database->addContact("Pat", "o'hara@z");
+    database->addMailBetween(1, 6);
+    groupByDomains();
+    openContact({3}, 0);
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), "Pat (o'hara@z)");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree, {0}), "Ann weak");
+    choose({5}, "Find the best link");
+    choose({0}, "Merge contacts");
+    choose({5}, "Merge contacts");
+    driver.type(forms.merge->MergeName, "Both");
+    driver.click(forms.merge->mergeButton);
+    EXPECT_EQ(database->contact(1)->addresses.back(), "o'hara@z");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), "Both (ann@b.a/o'hara@z)");
+}
+
 TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
     core.storage().saveDatabase(*database);
     const std::string before = core.files.files["/data/pelk/pelk.db"];
