@@ -1,6 +1,5 @@
 #include "db/document_check.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <set>
@@ -14,6 +13,7 @@
 #include "db/queries.h"
 #include "db/records.h"
 #include "db/thresholds.h"
+#include "platform/ascii.h"
 
 namespace pelk {
 namespace {
@@ -32,10 +32,6 @@ std::int64_t requireWholeNumber(const XmlElement& element, const char* attribute
         refuse("\"" + text + "\" stands for the number " + attribute + " of an element " +
                element.name());
     return number;
-}
-
-bool isAsciiCapital(char c) {
-    return c >= 'A' && c <= 'Z';
 }
 
 /// Reads 0 where the attribute is missing, as the rest of the program does.
@@ -74,7 +70,7 @@ class ContactCheck {
     /// What a platform makes of letters beyond ASCII is its own affair: a database that was written
     /// on another one may hold some that this one writes otherwise.
     void checkAddress(const std::string& address, int id) {
-        if (address.empty() || std::any_of(address.begin(), address.end(), isAsciiCapital))
+        if (address.empty() || address != lowerAscii(address))
             refuse("contact " + std::to_string(id) + " has the address \"" + address + "\"");
         // A merged contact may list an address twice.
         if (owners_.emplace(address, id).first->second != id)

@@ -2,7 +2,7 @@
 // What users do to contacts, saved: the forms and the command line both act through these.
 //
 // Each throws `Error`, with nothing changed, when it is refused or no copy can be kept of what it
-// removes. What comes of a save that fails `Storage::saveChange` says.
+// removes. `Storage::saveChange` says what comes of a save that fails.
 
 #include <string>
 #include <vector>

@@ -76,7 +76,8 @@ std::vector<int> contactsBySuffix(const Database& database, std::string_view suf
 void requireDeletableDomain(const std::string& domain) {
     if (domain.empty())
         throw Error(kEmptyDomainMessage);
-    if (domain.front() == '.')
+    const bool isAddress = domain.find('@') != std::string::npos;
+    if (domain.front() == '.' && !isAddress)
         throw Error("The domain " + domain + " begins with an empty label.");
 }
 

@@ -49,8 +49,8 @@ std::vector<int> contactsBySuffix(const Database& database, std::string_view suf
 
 inline constexpr const char* kEmptyDomainMessage = "The domain is empty.";
 
-/// Throws `Error` for a domain that is empty or begins with an empty label: everybody would be
-/// deleted with it, or everybody in the domains below.
+/// Throws `Error` for a domain, not an address, that is empty or begins with an empty label:
+/// everybody would be deleted with it, or everybody in the domains below.
 void requireDeletableDomain(const std::string& domain);
 
 /// The ids of the contacts that are deleted with a domain, or with the contact who owns an address:

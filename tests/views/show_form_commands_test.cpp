@@ -178,8 +178,9 @@ TEST_F(CommandsTest, deletesNobodyElseWithABlankLabelOrAnOddAddress) {
     database->addContact("Inner", "in@b..c");
     database->addContact("Other", "other@c.c");
     database->addContact("Quoted", "\"john doe\"@b");
+    database->addContact("Dotted", ".dot@d");
     groupByDomains();
-    EXPECT_EQ(rows(), "a, b, , c");
+    EXPECT_EQ(rows(), "a, b, , c, d");
     core.dialogs.expectMessage("The domain is empty.");
     driver.chooseAt(form.presTree, {2}, "Delete");
     openDomain({3});
@@ -198,16 +199,18 @@ TEST_F(CommandsTest, deletesNobodyElseWithABlankLabelOrAnOddAddress) {
     openDomain({1});
     driver.chooseAt(form.presTree, {1, 0}, "Find all possible links");
     EXPECT_EQ(links, "\"john doe\"@b");
-    EXPECT_EQ(deleteLeaf({1, 0}), 9U);
+    EXPECT_EQ(deleteLeaf({1, 0}), 10U);
     EXPECT_FALSE(database->contact(10));
     openDomain({0});
-    EXPECT_EQ(deleteLeaf({0, 0}), 8U) << "of all who are at a";
+    EXPECT_EQ(deleteLeaf({0, 0}), 9U) << "of all who are at a";
     EXPECT_FALSE(database->contact(7));
     openDomain({2});
     expectQuestion("Do you want to delete this domain?", Answer::Ok);
     driver.chooseAt(form.presTree, {2, 0}, "Delete");
     EXPECT_FALSE(database->contact(6)) << "com. is a domain";
-    EXPECT_EQ(database->contactCount(), 7U);
+    EXPECT_EQ(database->contactCount(), 8U);
+    openDomain({3});
+    EXPECT_EQ(deleteLeaf({3, 0}), 7U) << "the dot belongs to the local part";
 }
 
 TEST_F(CommandsTest, keepsAChangeThatCannotBeSavedAndSaysSo) {
