@@ -16,6 +16,10 @@ bool isBlank(char c) {
     return c == ' ' || c == '\t';
 }
 
+bool isControl(char c) {
+    return static_cast<unsigned char>(c) < ' ' || c == 0x7F;
+}
+
 /// Where the first empty line at or after the line that begins at `from` begins.
 std::optional<std::size_t> findEmptyLine(std::string_view text, std::size_t from) {
     while (from < text.size()) {
@@ -36,12 +40,16 @@ std::string unfolded(std::string_view raw) {
     raw = raw.substr(begin, raw.find_last_not_of(" \t\r\n") + 1 - begin);
     std::string text;
     text.reserve(raw.size());
-    for (const char c : raw)
-        if (c == '\t')
+    for (;;) {
+        const auto control = std::find_if(raw.begin(), raw.end(), isControl);
+        const auto plain = static_cast<std::size_t>(control - raw.begin());
+        text.append(raw, 0, plain);
+        if (control == raw.end())
+            return text;
+        if (*control == '\t')
             text += ' ';
-        else if (static_cast<unsigned char>(c) >= ' ' && c != 0x7F)
-            text += c;
-    return text;
+        raw.remove_prefix(plain + 1);
+    }
 }
 
 }  // namespace
