@@ -181,8 +181,15 @@ TEST_F(CliTest, leavesOutTheFoldersThatAreNamed) {
     folder.write("Post/Letters", kMail);
     folder.write("Post/Rubbish", kMail);
     folder.write("Post/Trash", kMail);
+    folder.write("Post/Drafts", kMail);
     EXPECT_NE(run("scan Post --deleted Rubbish --outbox letters").output.find("counted: 2\n"),
               std::string::npos);
+}
+
+TEST_F(CliTest, countsDraftsAndJunkWhenAsked) {
+    folder.write("Post/Drafts", kMail);
+    folder.write("Post/Junk", kMail);
+    EXPECT_NE(run("scan Post --drafts --junk").output.find("counted: 4\n"), std::string::npos);
 }
 
 TEST_F(CliTest, printsTheStrongestRelationsWithoutADisplay) {
