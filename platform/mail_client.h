@@ -37,8 +37,8 @@ class MailItem {
     virtual ~MailItem() = default;
     /// When the item came into its store.
     virtual LocalTime creationTime() = 0;
-    /// Whether the item's own time lies after the last change of its store, so that `creationTime`
-    /// is a guess which may be a later one after the next change.
+    /// Whether the item's own time is missing or lies after the last change of its store, so that
+    /// `creationTime` is a guess which may be a later one after the next change.
     virtual bool isDatedAhead() { return false; }
     /// The Message-ID (RFC 5322, 3.6.4) without its brackets; empty when the item has none, or the
     /// client does not tell copies of an e-mail apart.

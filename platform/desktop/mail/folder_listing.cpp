@@ -73,8 +73,8 @@ class Listing {
                (parent_.kind == FolderPlace::Kind::Directory && isAccount_);
     }
 
-    /// Whether only the directory of an account holds something of that name: its inbox, or the
-    /// outbox of Thunderbird, or no more of them than the summary.
+    /// Whether something of that name is found in the directory of an account and nowhere else: the
+    /// inbox, the outbox of Thunderbird, or the summary of either, which may be all there is.
     static bool marksAccount(std::string_view name) {
         if (name.ends_with(kSummary))
             name.remove_suffix(kSummary.size());
