@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #include "maintenance/contact_acts.h"
 #include "maintenance/database_import.h"
 #include "tests/support/core_platform.h"
@@ -26,6 +28,11 @@ struct Act {
     const char* name;
     void (*run)(Database&, Storage&);
 };
+
+/// Names the act in what a test prints.
+void PrintTo(const Act& act, std::ostream* out) {
+    *out << act.name;
+}
 
 constexpr Act kActs[] = {
     {"delete",
