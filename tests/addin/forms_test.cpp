@@ -299,7 +299,7 @@ TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
     core.files.failAt = core.files.steps + 8;
     import("/sound.db",
            "The file was imported and the database saved; only the plain copy of it is missing. "
-           "/addin/pelkdb.xml.new cannot be written.");
+           "/addin/pelkdb.xml cannot be written.");
     EXPECT_TRUE(shownRows(driver, tree()).ends_with(", Zoe (zoe@z)"));
     EXPECT_EQ(saved()->contactCount(), 6U);
 }

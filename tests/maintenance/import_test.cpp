@@ -103,7 +103,8 @@ TEST_F(ImportTest, asksBeforeItMergesContactsAndOnCancelLeavesThemOut) {
     EXPECT_EQ(current->relationCount(), 0U);
     current->addAddresses(1, {"ann@c"});
     import(
-        "<pelkDB><contacts><contact id='1' name='Anna'><emails><email value='ann@a'/>"
+        "<pelkDB date='2020-01-01T00:00:00'><contacts><contact id='1' name='Anna'><emails>"
+        "<email value='ann@a'/>"
         "<email value='ann@b'/><email value='ann@c'/></emails></contact></contacts>"
         "<relations/></pelkDB>");
     EXPECT_EQ(questions.size(), 2U) << "the owners are A, B and A again";
