@@ -61,6 +61,7 @@ std::unique_ptr<Database> Storage::readDatabase() {
 }
 
 void Storage::saveDatabase(const Database& database) {
+    writeHeld();
     if (const std::optional<std::string> path = placeFile())
         writeCipherText(textOf(database), *path);
 }
@@ -136,6 +137,8 @@ std::string Storage::replaceDatabase(const Database& database) {
 }
 
 std::optional<std::string> Storage::readBeside(const std::string& name) {
+    if (const auto held = held_.find(name); held != held_.end())
+        return held->second;
     const std::optional<std::string> path = nameBeside(name);
     if (!path || !platform_.files.fileExists(*path))
         return std::nullopt;
@@ -148,6 +151,18 @@ void Storage::writeBeside(const std::string& name, std::string text) {
     if (!folder)
         throw Error("There is no folder for the file " + name + ".");
     writeCipherText(readyText(std::move(text)), platform_.files.join(*folder, name));
+}
+
+void Storage::holdBeside(const std::string& name, std::string text) {
+    held_[name] = std::move(text);
+}
+
+void Storage::writeHeld() {
+    while (!held_.empty()) {
+        const auto& [name, text] = *held_.begin();
+        writeBeside(name, text);
+        held_.erase(held_.begin());
+    }
 }
 
 void Storage::removeBeside(const std::string& name) {

@@ -3,6 +3,7 @@
 // user exports and imports.
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -78,6 +79,10 @@ class Storage {
     /// Seals the text and writes it beside the database, as safely. Throws `Error`.
     void writeBeside(const std::string& name, std::string text);
 
+    /// Has `writeBeside` done just before the database is next saved: a save that cannot write the
+    /// text fails and writes no database either. Until then `readBeside` gives this text.
+    void holdBeside(const std::string& name, std::string text);
+
     /// Removes it, if it is there. Throws `Error`.
     void removeBeside(const std::string& name);
 
@@ -101,9 +106,12 @@ class Storage {
     void writeWholeFile(const std::string& content, const std::string& path);
     void writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
     void removeLeftover(const std::string& path) noexcept;
+    void writeHeld();
 
     Platform platform_;
     SaveFaults saveFaults_;
+    /// Texts by the names under which they are to be written.
+    std::map<std::string, std::string> held_;
     bool backupKept_ = false;
 };
 

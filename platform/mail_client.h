@@ -29,6 +29,12 @@ class NotAMailItem : public Error {
     NotAMailItem() : Error("The item is not an e-mail.") {}
 };
 
+/// A person of an e-mail is there, but the mail client does not give out the address.
+class AddressRefused : public Error {
+ public:
+    using Error::Error;
+};
+
 /// The folders that every mail client has for a purpose of its own.
 enum class DefaultFolder { Outbox, DeletedItems, Drafts, Junk };
 
@@ -49,7 +55,8 @@ class MailItem {
     /// The default folder in which the item's own labels put it, for a client that files e-mails by
     /// labels; nothing when they put it in none.
     virtual std::optional<DefaultFolder> labelledFolder() { return std::nullopt; }
-    /// Whom a reply to this e-mail would go to first: its sender. Nothing when it has none.
+    /// Whom a reply to this e-mail would go to first: its sender. Nothing when it has none. Throws
+    /// `AddressRefused` when it has one whose address alone cannot be had.
     virtual std::optional<MailPerson> replyRecipient() = 0;
     /// Direct, copy and blind-copy recipients, in order.
     virtual int recipientCount() = 0;

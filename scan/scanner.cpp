@@ -1,114 +1,194 @@
 #include "scan/scanner.h"
 
-#include <utility>
+#include <algorithm>
+#include <vector>
 
-#include "db/date_stamp.h"
-#include "platform/utf8.h"
+#include "db/store_dates_file.h"
+#include "scan/store_sample.h"
 
 namespace pelk {
 
-const char* const kDatabaseFullMessage =
-    "The database is full: all of its 32767 contact numbers are taken. People who were met for the "
-    "first time in this scan have been left out; everything else has been counted.";
-
 Scanner::Scanner(Database& database, const Language& language, ScanProgress& progress)
-    : database_(database), language_(language), progress_(progress), cutOff_(database.date()) {}
+    : Scanner(database, language, progress, StoreLedger(database.date()), {}) {}
+
+Scanner::Scanner(Database& database, const Language& language, ScanProgress& progress,
+                 StoreLedger ledger, const ScanOptions& options)
+    : database_(database),
+      progress_(progress),
+      options_(options),
+      ledger_(std::move(ledger)),
+      recorder_(database, language, steps_, outcome_) {}
 
 ScanOutcome Scanner::scan(MailSession& session) {
     const std::size_t contactsBefore = database_.contactCount();
     const std::size_t relationsBefore = database_.relationCount();
     session_ = &session;
-    attempt([this] { scanTree(session_->folders()); });
+    metAllStores_ = steps_.attempt([this] { scanStores(); });
     outcome_.contacts = database_.contactCount() - contactsBefore;
     outcome_.relations = database_.relationCount() - relationsBefore;
+    outcome_.unreadCountsLater = metUnread_ && tellsUnread_;
     return std::move(outcome_);
 }
 
-/// Runs a step that a fault of the mail system ends, and nothing but that step.
-template <typename Step>
-void Scanner::attempt(const Step& step) {
-    try {
-        step();
-    } catch (const NotAMailItem&) {
-        // Mail folders hold such items; they are passed over.
-    } catch (const Error& error) {
-        if (outcome_.faults++ == 0)
-            outcome_.firstFault = error.what();
-    }
+/// The folder's place; that of the folder above it when it does not tell.
+std::string Scanner::placeOf(MailFolder& folder, const std::string& above) {
+    std::string place;
+    steps_.attempt([&] { place = folder.place(); });
+    return place.empty() ? above : place;
+}
+
+void Scanner::scanStores() {
+    const std::unique_ptr<MailFolders> stores = session_->folders();
+    for (std::unique_ptr<MailFolder> store = stores->first(); store; store = stores->next())
+        scanStore(*store);
+}
+
+void Scanner::scanStore(MailFolder& store) {
+    const std::string place = placeOf(store, {});
+    noteStore(store,
+              ledger_.beginStore(place, [this, &store] { return takeSample(*session_, store); }));
+    copies_.beginStore();
+    scanBranch(store, place);
+    if (!ledger_.endStore())
+        tellsUnread_ = false;
+}
+
+void Scanner::scanTree(MailFolders& folders, const std::string& above) {
+    for (std::unique_ptr<MailFolder> folder = folders.first(); folder; folder = folders.next())
+        scanBranch(*folder, placeOf(*folder, above));
 }
 
 /// Each folder's own items come before its subfolders, which are entered whatever their kind.
-void Scanner::scanTree(std::unique_ptr<MailFolders> folders) {
-    for (std::unique_ptr<MailFolder> folder = folders->first(); folder; folder = folders->next()) {
-        attempt([this, &folder] {
-            if (folder->defaultItemType() == kMailItemType)
-                scanFolder(*folder);
-        });
-        attempt([this, &folder] { scanTree(folder->folders()); });
+void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
+    const bool itemsRead = steps_.attempt([&] {
+        if (folder.defaultItemType() == kMailItemType)
+            scanFolder(folder, place);
+    });
+    const bool treeRead = steps_.attempt([&] { scanTree(*folder.folders(), place); });
+    if (!itemsRead || !treeRead) {
+        metUnread_ = true;
+        ledger_.noteUnread(place);
     }
 }
 
-/// Leaves out the items of the outbox and of the deleted items, but not the folders inside them:
-/// what is filed there is meant to be kept.
-void Scanner::scanFolder(MailFolder& folder) {
-    for (const DefaultFolder kind : session_->leftOutFolders())
-        if (session_->isDefaultFolder(folder, kind))
-            return;
-    progress_.folderStarted(folder.name());
+/// Leaves out the items of the default folders, but not the folders inside them: what is filed
+/// there is meant to be kept.
+void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
+    if (isLeftOut(*session_, folder, [this](const Error& error) { steps_.noteFault(error); })) {
+        noteLeftOut(folder);
+        return;
+    }
+    steps_.attempt([&] { progress_.folderStarted(folder.name()); });
     const int count = folder.itemCount();
-    progress_.itemsCounted(count);
+    steps_.attempt([&] { progress_.itemsCounted(count); });
+    ledger_.beginFolder(place);
+    copies_.beginFolder();
     for (int index = 1; index <= count; ++index) {
-        progress_.itemStarted(index);
+        steps_.attempt([&] { progress_.itemStarted(index); });
         scanItem(folder, index);
     }
 }
 
-/// An item that is no e-mail leaves the e-mail before it in place, which is then looked at again
-/// and, when it is new, counted once more. Weights have always been counted so, and stay
-/// comparable only as long as they are.
+/// An item that is no e-mail leaves the e-mail before it in place, which is then counted once more
+/// if it was new. Weights have always been counted so, and stay comparable only as long as they
+/// are. An item that could not be read leaves none: nobody knows what it is, and a later scan may
+/// count it.
 void Scanner::scanItem(MailFolder& folder, int index) {
-    attempt([this, &folder, index] { item_ = folder.mailItem(index); });
-    attempt([this] {
-        if (item_ && formatStamp(item_->creationTime()) > cutOff_)
-            recordMail(*item_);
-    });
-}
-
-void Scanner::recordMail(MailItem& item) {
-    const std::optional<MailPerson> sender = item.replyRecipient();
-    if (!sender)
-        return;
-    const int senderId = findOrAddContact(*sender);
-    database_.countMails(1);
-    ++outcome_.mails;
-    const int count = item.recipientCount();
-    for (int index = 1; index <= count; ++index)
-        attempt([this, &item, senderId, index] {
-            database_.addMailBetween(senderId, findOrAddContact(item.recipient(index)));
-        });
-}
-
-/// The id of the person's contact, by address; the name of a known contact stays as it is. 0, with
-/// which no relation is counted, for a person who cannot be looked up or added.
-int Scanner::findOrAddContact(const MailPerson& person) {
-    const std::string address = language_.lowerCase(cleanText(person.address));
-    if (address.empty())
-        return 0;
-    try {
-        const int id = database_.contactIdByAddress(address);
-        return id != 0 ? id : database_.addContact(cleanText(person.name), address);
-    } catch (const MalformedQuery&) {
-        return 0;
-    } catch (const ContactLimitReached&) {
-        outcome_.databaseFull = true;
-        return 0;
+    std::shared_ptr<MailItem> item;
+    bool read = steps_.attempt([&] { item = folder.mailItem(index); });
+    if (item || !read) {
+        item_ = std::move(item);
+        isRecorded_ = false;
+        read = read && steps_.attempt([this] { scanMail(); });
+    } else if (isRecorded_) {
+        steps_.attempt([this] { recorder_.record(*item_); });
+    }
+    if (!read) {
+        metUnread_ = true;
+        ledger_.noteUnread(ledger_.folder());
     }
 }
 
+void Scanner::scanMail() {
+    const std::string stamp = formatStamp(item_->creationTime());
+    if (!isWanted(*item_, stamp))
+        return;
+    isRecorded_ = recorder_.record(*item_);
+    if (!isRecorded_)
+        return;
+    ledger_.noteCounted(*item_, stamp);
+    copies_.add(item_->messageId());
+}
+
+bool Scanner::isWanted(MailItem& item, const std::string& stamp) {
+    switch (ledger_.ageOf(item, stamp)) {
+        case StoreLedger::Age::Old:
+            return false;
+        case StoreLedger::Age::CountedAhead:
+            copies_.add(item.messageId());
+            return false;
+        case StoreLedger::Age::New:
+            break;
+    }
+    if (isLabelledOut(item))
+        return false;
+    if (!isCopy(item))
+        return true;
+    ledger_.noteCounted(item, stamp);
+    return false;
+}
+
+bool Scanner::isLabelledOut(MailItem& item) {
+    const std::optional<DefaultFolder> kind = item.labelledFolder();
+    if (!kind)
+        return false;
+    const std::vector<DefaultFolder> leftOut = session_->leftOutFolders();
+    if (std::find(leftOut.begin(), leftOut.end(), *kind) == leftOut.end())
+        return false;
+    ++outcome_.labelled[*kind];
+    return true;
+}
+
+bool Scanner::isCopy(MailItem& item) {
+    if (options_.copies || !copies_.isCopy(item.messageId()))
+        return false;
+    ++outcome_.copies;
+    return true;
+}
+
+void Scanner::noteStore(MailFolder& store, StoreLedger::Store kind) {
+    if (kind == StoreLedger::Store::Known)
+        return;
+    steps_.attempt([&] {
+        outcome_.newStores.push_back({store.name(), kind == StoreLedger::Store::Recognised
+                                                        ? ledger_.cutOff()
+                                                        : std::string()});
+    });
+}
+
+/// What cannot be read there is not missed: that is no fault.
+void Scanner::noteLeftOut(MailFolder& folder) {
+    LeftOutFolder leftOut;
+    try {
+        leftOut.name = folder.name();
+        leftOut.mails = folder.itemCount();
+    } catch (const Error&) {
+        leftOut.mails.reset();
+    }
+    if (leftOut.mails != 0)
+        outcome_.leftOut.push_back(std::move(leftOut));
+}
+
+/// The file of the stores' dates is written before the database, and only with it: see
+/// `StoreDatesFile`.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
-                        MailSession& session, ScanProgress& progress) {
-    ScanOutcome outcome = Scanner(database, platform.language, progress).scan(session);
+                        MailSession& session, ScanProgress& progress, const ScanOptions& options) {
+    StoreDatesFile file(storage, platform);
+    StoreLedger ledger(file.load(database), database.date(), options.since, platform.clock);
+    Scanner scanner(database, platform.language, progress, std::move(ledger), options);
+    ScanOutcome outcome = scanner.scan(session);
     database.setDate(formatStamp(platform.clock.now()));
+    file.hold(std::move(scanner).dates(), database);
     storage.saveDatabase(database);
     return outcome;
 }

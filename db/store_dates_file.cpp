@@ -1,0 +1,196 @@
+#include "db/store_dates_file.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+#include "db/damaged_data.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kName = "pelk-stores.db";
+
+/// How many states of the database the file holds at most. Two would do for a crash between the two
+/// saves; the others are for databases that the user takes back, and for saves that fail in a row.
+constexpr std::size_t kStates = 6;
+
+constexpr std::string_view kHexDigits = "0123456789abcdef";
+
+/// Percent-encoded (RFC 3986, 2.1), as a path may hold bytes that no document can carry.
+std::string encodePlace(const std::string& place) {
+    std::string encoded;
+    for (const char c : place) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte > ' ' && byte < 0x7F && c != '%') {
+            encoded += c;
+            continue;
+        }
+        encoded += '%';
+        encoded += kHexDigits[byte / 16];
+        encoded += kHexDigits[byte % 16];
+    }
+    return encoded;
+}
+
+std::string decodePlace(std::string_view encoded) {
+    std::string place;
+    while (!encoded.empty()) {
+        unsigned byte = static_cast<unsigned char>(encoded.front());
+        const bool escaped = encoded.front() == '%' && encoded.size() >= 3;
+        if (escaped)
+            std::from_chars(encoded.data() + 1, encoded.data() + 3, byte, 16);
+        place += static_cast<char>(byte);
+        encoded.remove_prefix(escaped ? 3 : 1);
+    }
+    return place;
+}
+
+std::string textOfPrints(const std::vector<std::uint64_t>& prints) {
+    std::string text;
+    for (const std::uint64_t print : prints) {
+        std::array<char, 16> digits;
+        const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), print, 16);
+        text += text.empty() ? "" : " ";
+        text += std::string_view(digits.data(), written.ptr);
+    }
+    return text;
+}
+
+std::vector<std::uint64_t> printsInText(const std::string& text) {
+    std::vector<std::uint64_t> prints;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at < end; ++at) {
+        std::uint64_t print = 0;
+        at = std::from_chars(at, end, print, 16).ptr;
+        prints.push_back(print);
+    }
+    return prints;
+}
+
+StoreDate readStore(const XmlElement& element) {
+    StoreDate store{decodePlace(element.text("place")),
+                    element.text("first"),
+                    element.text("date"),
+                    {},
+                    printsInText(element.text("sample"))};
+    for (XmlElement scan = element.firstChild(); scan; scan = scan.nextSibling())
+        store.ahead.add(scan.text("scan"), printsInText(scan.text("prints")));
+    return store;
+}
+
+void writeStore(const XmlElement& state, const StoreDate& store) {
+    const XmlElement element = state.appendElement("store");
+    element.setAttribute("place", encodePlace(store.place));
+    element.setAttribute("first", store.first);
+    element.setAttribute("date", store.date);
+    if (!store.sample.empty())
+        element.setAttribute("sample", textOfPrints(store.sample));
+    for (const auto& [scan, prints] : store.ahead.scans()) {
+        const XmlElement counted = element.appendElement("counted");
+        counted.setAttribute("scan", scan);
+        counted.setAttribute("prints", textOfPrints(prints));
+    }
+}
+
+}  // namespace
+
+StoreDates StoreDatesFile::load(const Database& database) {
+    read(database.date());
+    if (!takeMatching(database))
+        states_.push_back(stateOf(database, assume(database.date())));
+    return states_.back().dates;
+}
+
+void StoreDatesFile::hold(const StoreDates& dates, const Database& database) {
+    states_.push_back(stateOf(database, dates));
+    if (states_.size() > kStates)
+        states_.erase(states_.begin(), states_.end() - kStates);
+    // A mail client that does not tell its stores apart needs no file.
+    if (std::any_of(states_.begin(), states_.end(),
+                    [](const State& state) { return !state.dates.all().empty(); }))
+        storage_.holdBeside(kName, text());
+}
+
+StoreDatesFile::State StoreDatesFile::stateOf(const Database& database, StoreDates dates) {
+    return {database.date(), database.totalMails(), std::move(dates)};
+}
+
+void StoreDatesFile::read(const std::string& date) {
+    try {
+        std::optional<std::string> content = storage_.readBeside(kName);
+        if (!content)
+            return;
+        const std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
+        if (!document->loadXml(std::move(*content)) || document->root().name() != "pelkStores")
+            throw DamagedData("The file " + std::string(kName) +
+                              " does not hold the dates of mail stores.");
+        for (XmlElement element = document->root().firstChild(); element;
+             element = element.nextSibling()) {
+            State state{element.text("date"), element.text("mails"), {}};
+            state.dates.unknownSince = element.text("unknownSince");
+            for (XmlElement store = element.firstChild(); store; store = store.nextSibling())
+                state.dates.add(readStore(store));
+            states_.push_back(std::move(state));
+        }
+        fileIsUsable_ = true;
+    } catch (const DamagedData& error) {
+        platform_.dialogs.message(std::string(error.what()) +
+                                      " It will be replaced; this scan counts the e-mails that "
+                                      "came after the last one, " +
+                                      date + ".",
+                                  Buttons::Ok);
+    }
+}
+
+/// Makes the dates of that state of the database the latest ones. False when there are none. The
+/// counter tells apart two scans within one second; an import changes it, and not the date.
+bool StoreDatesFile::takeMatching(const Database& database) {
+    if (database.date() == kNeverScanned)
+        return false;
+    const auto last = [this](const auto& matches) {
+        return std::find_if(states_.rbegin(), states_.rend(), matches);
+    };
+    const auto sameDate = [&database](const State& state) { return state.date == database.date(); };
+    auto found = last([&](const State& state) {
+        return sameDate(state) && state.mails == database.totalMails();
+    });
+    if (found == states_.rend())
+        found = last(sameDate);
+    if (found == states_.rend())
+        return false;
+    std::rotate(std::prev(found.base()), found.base(), states_.end());
+    return true;
+}
+
+StoreDates StoreDatesFile::assume(const std::string& date) const {
+    StoreDates dates;
+    if (date == kNeverScanned)
+        return dates;
+    if (fileIsUsable_ && !states_.empty()) {
+        dates = states_.back().dates;
+        dates.forgetAfter(date);
+    } else {
+        dates.unknownSince = date;
+    }
+    return dates;
+}
+
+std::string StoreDatesFile::text() const {
+    const std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
+    if (!document->loadXml("<pelkStores/>"))
+        throw Error("There is no document for the dates of the mail stores.");
+    for (const State& state : states_) {
+        const XmlElement element = document->root().appendElement("state");
+        element.setAttribute("date", state.date);
+        element.setAttribute("mails", state.mails);
+        element.setAttribute("unknownSince", state.dates.unknownSince);
+        for (const StoreDate& store : state.dates.all())
+            writeStore(element, store);
+    }
+    return document->xml();
+}
+
+}  // namespace pelk

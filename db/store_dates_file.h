@@ -1,0 +1,51 @@
+#pragma once
+// The dates of the mail stores on disk, see docs/database-format.md.
+//
+// They have a file of their own, as the database's document stays as it is. The file is written
+// before the database, and a crash may come between: so it holds the dates for several states of
+// the database, and those of the state that is found are taken.
+
+#include <string>
+#include <vector>
+
+#include "db/storage.h"
+#include "db/store_dates.h"
+
+namespace pelk {
+
+class StoreDatesFile {
+ public:
+    StoreDatesFile(Storage& storage, const Platform& platform)
+        : storage_(storage), platform_(platform) {}
+
+    /// The dates that belong to the database as it stands. Where none are remembered (the first
+    /// scan since there are such dates; a damaged file, which the user is told), all stores have
+    /// been counted until the database's date. Throws `Error` when the file cannot be read.
+    StoreDates load(const Database& database);
+
+    /// Has these dates, which belong to the database as it stands now, written just before the
+    /// database is next saved. To be called after `load`.
+    void hold(const StoreDates& dates, const Database& database);
+
+ private:
+    struct State {
+        /// The database's date and counter of e-mails.
+        std::string date;
+        std::string mails;
+        StoreDates dates;
+    };
+
+    static State stateOf(const Database& database, StoreDates dates);
+    void read(const std::string& date);
+    bool takeMatching(const Database& database);
+    StoreDates assume(const std::string& date) const;
+    std::string text() const;
+
+    Storage& storage_;
+    Platform platform_;
+    bool fileIsUsable_ = false;
+    /// The latest last.
+    std::vector<State> states_;
+};
+
+}  // namespace pelk
