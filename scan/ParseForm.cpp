@@ -1,5 +1,7 @@
 #include "scan/ParseForm.h"
 
+#include "scan/scan_notes.h"
+
 namespace pelk {
 namespace {
 
@@ -73,8 +75,8 @@ void ParseForm::scan() {
     }
     setScanning(false);
     window->hide();
-    if (outcome.databaseFull)
-        platform_.dialogs.message(kDatabaseFullMessage, Buttons::Ok);
+    if (const std::string message = scanMessage(outcome); !message.empty())
+        platform_.dialogs.message(message, Buttons::Ok);
 }
 
 void ParseForm::setScanning(bool scanning) {

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "db/date_stamp.h"
+
 namespace pelk {
 
 const char* const kHelp =
@@ -54,6 +56,10 @@ the two before that one are pelk.db.bak-2 and pelk.db.bak-3.
 Options:
   --data DIR       keep the database in DIR/pelk, not in ~/.local/share/pelk
   --json           print JSON
+  --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD,
+                   or that with THH:MM:SS behind it), not after the last scan;
+                   those counted since then already are counted once more
+  --copies         with scan: count an e-mail in every folder in which it lies
   --name NAME      the name of the person whose contacts are merged
   --yes            do delete the contacts of a domain, or the database
   --best           print only the best of the links between two domains
@@ -77,6 +83,9 @@ struct Command {
     /// What it takes, in words.
     std::string_view operands;
 };
+
+/// The length of YYYY-MM-DD, which orders before all stamps of that day.
+constexpr std::size_t kDateSize = 10;
 
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
@@ -146,6 +155,10 @@ class WordReader {
             arguments_.answer = word == "--ok";
         else if (word == "--best")
             arguments_.best = true;
+        else if (word == "--copies")
+            arguments_.copies = true;
+        else if (word == "--since")
+            arguments_.since = date(word);
         else if (word == "--name")
             arguments_.name = value(word);
         else if (word == "--help")
@@ -170,6 +183,14 @@ class WordReader {
         if (at_ == words_.size() || words_[at_].empty())
             throw UsageError("option " + option + " needs a value");
         return words_[at_++];
+    }
+
+    std::string date(const std::string& option) {
+        const std::string text = value(option);
+        if (!isStamp(text.size() == kDateSize ? text + "T00:00:00" : text))
+            throw UsageError("option " + option +
+                             " takes a date, YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");
+        return text;
     }
 
     const std::vector<std::string>& words_;

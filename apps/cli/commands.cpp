@@ -16,6 +16,7 @@
 #include "apps/cli/terminal_text.h"
 #include "db/date_stamp.h"
 #include "platform/desktop/mail/mail_store.h"
+#include "scan/scan_notes.h"
 
 namespace pelk {
 namespace {
@@ -28,20 +29,19 @@ void scan(CommandRun& run) {
         openMailSession(arguments.operands, arguments.mail);
     run.lock();
     Database& database = run.database();
-    const std::string since = database.date();
+    const std::string since = arguments.since.empty() ? database.date() : arguments.since;
     ScanOutcome outcome;
     {
         TerminalProgress progress;
-        outcome = scanAndSave(database, run.storage(), run.platform(), *session, progress);
+        outcome = scanAndSave(database, run.storage(), run.platform(), *session, progress,
+                              {arguments.copies, arguments.since});
     }
     printOutcome(std::cout, outcome, database, arguments.json);
-    if (outcome.mails == 0 && since != kNeverScanned)
-        tell("Only e-mails that came after the last scan, " + since + ", are counted.");
-    if (outcome.databaseFull)
-        tell(kDatabaseFullMessage);
-    if (outcome.faults > 0)
-        tell(std::to_string(outcome.faults) +
-             " times something could not be read, first: " + outcome.firstFault);
+    if (outcome.mails == 0 && since != kNeverScanned && outcome.newStores.empty())
+        tell("Only e-mails that came after " +
+             (arguments.since.empty() ? "the last scan, " + since + "," : since) + " are counted.");
+    for (const std::string& warning : scanWarnings(outcome))
+        tell(warning);
 }
 
 void listContacts(CommandRun& run) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "apps/cli/terminal_text.h"
+#include "scan/scan_notes.h"
 #include "views/contact_text.h"
 
 namespace pelk {
@@ -39,6 +40,64 @@ QJsonObject toJson(const Contact& contact) {
     for (const std::string& address : contact.addresses)
         addresses.append(text(address));
     return {{"id", contact.id}, {"name", text(contact.name)}, {"addresses", addresses}};
+}
+
+QJsonObject toJson(const NewStore& store) {
+    QJsonObject object{{"name", text(store.name)}};
+    if (!store.since.empty())
+        object.insert("since", text(store.since));
+    return object;
+}
+
+QJsonObject toJson(const LeftOutFolder& folder) {
+    QJsonObject object{{"name", text(folder.name)}};
+    if (folder.mails)
+        object.insert("mails", *folder.mails);
+    return object;
+}
+
+template <typename Value>
+QJsonArray toJsonArray(const std::vector<Value>& values) {
+    QJsonArray array;
+    for (const Value& value : values)
+        array.append(toJson(value));
+    return array;
+}
+
+/// Empty when nothing was left out.
+QJsonObject leftOutToJson(const ScanOutcome& outcome) {
+    QJsonObject object;
+    if (!outcome.leftOut.empty())
+        object.insert("folders", toJsonArray(outcome.leftOut));
+    QJsonObject labelled;
+    for (const auto& [kind, mails] : outcome.labelled)
+        labelled.insert(nameOf(kind), mails);
+    if (!labelled.isEmpty())
+        object.insert("labelled", labelled);
+    if (!outcome.apostrophes.empty())
+        object.insert("apostrophes", static_cast<qint64>(outcome.apostrophes.size()));
+    if (outcome.copies > 0)
+        object.insert("copies", outcome.copies);
+    return object;
+}
+
+/// Keys come in alphabetical order. What is there only when there is something to say comes behind
+/// what is always there.
+QJsonObject toJson(const ScanOutcome& outcome, const Database& database) {
+    QJsonObject object{{"mails", outcome.mails},
+                       {"newContacts", static_cast<qint64>(outcome.contacts)},
+                       {"newRelations", static_cast<qint64>(outcome.relations)},
+                       {"contacts", static_cast<qint64>(database.contactCount())},
+                       {"relations", static_cast<qint64>(database.relationCount())}};
+    const QJsonObject leftOut = leftOutToJson(outcome);
+    if (!leftOut.isEmpty())
+        object.insert("skipped", leftOut);
+    if (!outcome.newStores.empty())
+        object.insert("stores", toJsonArray(outcome.newStores));
+    if (outcome.faults > 0)
+        object.insert("unread",
+                      QJsonObject{{"count", outcome.faults}, {"first", text(outcome.firstFault)}});
+    return object;
 }
 
 /// The values in alphabetical order of their texts.
@@ -90,17 +149,14 @@ std::size_t endOfTag(std::string_view xml) {
 void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database& database,
                   bool json) {
     if (json) {
-        print(out, QJsonDocument(
-                       QJsonObject{{"mails", outcome.mails},
-                                   {"newContacts", static_cast<qint64>(outcome.contacts)},
-                                   {"newRelations", static_cast<qint64>(outcome.relations)},
-                                   {"contacts", static_cast<qint64>(database.contactCount())},
-                                   {"relations", static_cast<qint64>(database.relationCount())}}));
+        print(out, QJsonDocument(toJson(outcome, database)));
         return;
     }
     Line(out) << "e-mails counted: " << outcome.mails;
     Line(out) << "contacts: " << database.contactCount() << " (" << outcome.contacts << " new)";
     Line(out) << "relations: " << database.relationCount() << " (" << outcome.relations << " new)";
+    for (const std::string& note : scanNotes(outcome))
+        Line(out) << note;
 }
 
 std::vector<Contact> contactsByName(const Database& database, const Language& language) {

@@ -87,7 +87,7 @@ TEST_F(ScannerTest, aFaultAbandonsOnlyItsStep) {
     client.stores[0].refuses = true;
     client.stores[0].folders = {{"Inside", {mail("a@x", {"b@x"})}, {}}};
     const ScanOutcome outcome = scan();
-    EXPECT_EQ(database.totalMails(), "4");
+    EXPECT_EQ(database.totalMails(), "5") << "the sender without an address, too";
     EXPECT_EQ(weight("a@x", "b@x"), 2);
     EXPECT_EQ(weight("a@x", "c@x"), 2) << "recipients after a bad one are recorded";
     EXPECT_EQ(weight("d@x", "e@x"), 0);

@@ -5,7 +5,7 @@ namespace {
 
 MailPerson requireAddress(const MailPerson& person) {
     if (person.address.empty())
-        throw Error("The address is not available.");
+        throw AddressRefused("The address is not available.");
     return person;
 }
 
@@ -13,6 +13,10 @@ class Item : public MailItem {
  public:
     explicit Item(MemoryItem item) : item_(std::move(item)) {}
     LocalTime creationTime() override { return item_.created; }
+    bool isDatedAhead() override { return item_.isDatedAhead; }
+    std::string messageId() override { return item_.id; }
+    std::uint64_t fingerprint() override { return item_.print; }
+    std::optional<DefaultFolder> labelledFolder() override { return item_.label; }
     std::optional<MailPerson> replyRecipient() override {
         return item_.hasSender ? std::optional(requireAddress(item_.sender)) : std::nullopt;
     }
@@ -25,14 +29,25 @@ class Item : public MailItem {
     MemoryItem item_;
 };
 
-std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders);
+std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders,
+                                  const std::string& above);
 
 class Folder : public MailFolder {
  public:
-    explicit Folder(const MemoryFolder& folder) : folder_(folder) {}
-    std::string name() override { return folder_.name; }
+    Folder(const MemoryFolder& folder, const std::string& above)
+        : folder_(folder), place_(above.empty() ? folder.place : above + "/" + folder.name) {}
+    std::string name() override {
+        if (folder_.refusesName)
+            throw Error("The name is not available.");
+        return folder_.name;
+    }
+    std::string place() override { return place_; }
     int defaultItemType() override { return folder_.itemType; }
-    std::unique_ptr<MailFolders> folders() override { return walk(folder_.folders); }
+    std::unique_ptr<MailFolders> folders() override {
+        if (folder_.refusesFolders)
+            throw Error("The folders in " + folder_.name + " were refused.");
+        return walk(folder_.folders, place_);
+    }
     int itemCount() override {
         if (folder_.refuses)
             throw Error("Access to the folder " + folder_.name + " was refused.");
@@ -42,38 +57,46 @@ class Folder : public MailFolder {
         const MemoryItem& item = folder_.items.at(static_cast<std::size_t>(index) - 1);
         if (!item.isMail)
             throw NotAMailItem();
+        if (item.refuses)
+            throw Error("The item cannot be opened.");
         return std::make_shared<Item>(item);
     }
 
  private:
     const MemoryFolder& folder_;
+    const std::string place_;
 };
 
 class Folders : public MailFolders {
  public:
-    explicit Folders(const std::vector<MemoryFolder>& folders) : folders_(folders) {}
+    Folders(const std::vector<MemoryFolder>& folders, std::string above)
+        : folders_(folders), above_(std::move(above)) {}
     std::unique_ptr<MailFolder> first() override {
         at_ = 0;
         return next();
     }
     std::unique_ptr<MailFolder> next() override {
-        return at_ < folders_.size() ? std::make_unique<Folder>(folders_[at_++]) : nullptr;
+        return at_ < folders_.size() ? std::make_unique<Folder>(folders_[at_++], above_) : nullptr;
     }
 
  private:
     const std::vector<MemoryFolder>& folders_;
+    const std::string above_;
     std::size_t at_ = 0;
 };
 
-std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders) {
-    return std::make_unique<Folders>(folders);
+std::unique_ptr<MailFolders> walk(const std::vector<MemoryFolder>& folders,
+                                  const std::string& above) {
+    return std::make_unique<Folders>(folders, above);
 }
 
 class Session : public MailSession {
  public:
-    explicit Session(const std::vector<MemoryFolder>& stores) : stores_(stores) {}
-    std::unique_ptr<MailFolders> folders() override { return walk(stores_); }
+    explicit Session(const MemoryMailClient& client) : client_(client) {}
+    std::unique_ptr<MailFolders> folders() override { return walk(client_.stores, {}); }
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
+        if (client_.refusesDefaultFolders)
+            throw Error("There is no such folder.");
         switch (kind) {
             case DefaultFolder::Outbox:
                 return folder.name() == "Outbox";
@@ -88,7 +111,7 @@ class Session : public MailSession {
     }
 
  private:
-    const std::vector<MemoryFolder>& stores_;
+    const MemoryMailClient& client_;
 };
 
 using Buttons = std::list<MemoryMailClient::Button>;
@@ -123,7 +146,7 @@ class Popup : public CommandPopup {
 std::unique_ptr<MailSession> MemoryMailClient::session() {
     if (refusesSession)
         throw Error("The mail client refuses access to its mail.");
-    return std::make_unique<Session>(stores);
+    return std::make_unique<Session>(*this);
 }
 
 std::unique_ptr<CommandPopup> MemoryMailClient::addPopup(std::string_view bar,

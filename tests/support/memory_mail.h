@@ -1,9 +1,11 @@
 #pragma once
 // A mail client in memory, built by hand in a test.
 
+#include <cstdint>
 #include <functional>
 #include <list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,13 +16,18 @@
 namespace pelk {
 
 /// An item of a folder. One that is no e-mail has `isMail` false; a recipient or a sender without
-/// an address fails when it is read.
+/// an address fails when it is read, and one that `refuses` as a whole.
 struct MemoryItem {
     LocalTime created{2020, 1, 1, 0, 0, 0};
     MailPerson sender;
     std::vector<MailPerson> recipients;
     bool isMail = true;
     bool hasSender = true;
+    std::uint64_t print = 0;
+    std::string id = {};
+    bool isDatedAhead = false;
+    std::optional<DefaultFolder> label = {};
+    bool refuses = false;
 };
 
 struct MemoryFolder {
@@ -28,13 +35,19 @@ struct MemoryFolder {
     std::vector<MemoryItem> items;
     std::vector<MemoryFolder> folders;
     int itemType = kMailItemType;
+    /// The items; `refusesFolders` the folders, and `refusesName` the name.
     bool refuses = false;
+    /// Of a top-level folder; others lie in it by their names.
+    std::string place = {};
+    bool refusesFolders = false;
+    bool refusesName = false;
 };
 
 class MemoryMailClient : public MailClient {
  public:
     std::vector<MemoryFolder> stores;
     bool refusesSession = false;
+    bool refusesDefaultFolders = false;
 
     struct Button {
         std::string caption;

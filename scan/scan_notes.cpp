@@ -1,0 +1,80 @@
+#include "scan/scan_notes.h"
+
+namespace pelk {
+namespace {
+
+std::string counted(std::size_t number, const char* one, const char* several) {
+    return std::to_string(number) + " " + (number == 1 ? one : several);
+}
+
+std::string eMails(int number) {
+    return counted(static_cast<std::size_t>(number), "e-mail", "e-mails");
+}
+
+std::vector<std::string> notesWithoutCopies(const ScanOutcome& outcome) {
+    std::vector<std::string> notes;
+    for (const NewStore& store : outcome.newStores)
+        notes.push_back(store.name + (store.since.empty()
+                                          ? ": counted for the first time"
+                                          : ": recognised, counted since " + store.since));
+    for (const LeftOutFolder& folder : outcome.leftOut)
+        notes.push_back("left out: " + folder.name +
+                        (folder.mails ? " (" + eMails(*folder.mails) + ")" : ""));
+    for (const auto& [kind, mails] : outcome.labelled)
+        notes.push_back(std::string("left out: labelled ") + nameOf(kind) + " (" + eMails(mails) +
+                        ")");
+    if (!outcome.apostrophes.empty())
+        notes.push_back("left out: " + counted(outcome.apostrophes.size(), "person", "people") +
+                        " with an apostrophe in the address");
+    return notes;
+}
+
+}  // namespace
+
+const char* nameOf(DefaultFolder kind) {
+    switch (kind) {
+        case DefaultFolder::Outbox:
+            return "Outbox";
+        case DefaultFolder::DeletedItems:
+            return "Trash";
+        case DefaultFolder::Drafts:
+            return "Drafts";
+        case DefaultFolder::Junk:
+            break;
+    }
+    return "Junk";
+}
+
+std::vector<std::string> scanNotes(const ScanOutcome& outcome) {
+    std::vector<std::string> notes = notesWithoutCopies(outcome);
+    if (outcome.copies > 0)
+        notes.push_back("copies in other folders: " + std::to_string(outcome.copies));
+    return notes;
+}
+
+std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
+    std::vector<std::string> warnings;
+    if (outcome.databaseFull)
+        warnings.emplace_back(kDatabaseFullMessage);
+    if (outcome.faults > 0)
+        warnings.push_back(std::to_string(outcome.faults) +
+                           " times something could not be read, first: " + outcome.firstFault +
+                           (outcome.unreadCountsLater
+                                ? " E-mails that could not be read are counted when they can be."
+                                : ""));
+    return warnings;
+}
+
+std::string scanMessage(const ScanOutcome& outcome) {
+    std::vector<std::string> lines = scanWarnings(outcome);
+    if (lines.empty() && notesWithoutCopies(outcome).empty())
+        return {};
+    for (std::string& note : scanNotes(outcome))
+        lines.push_back(std::move(note));
+    std::string message;
+    for (const std::string& line : lines)
+        message += (message.empty() ? "" : "\n") + line;
+    return message;
+}
+
+}  // namespace pelk

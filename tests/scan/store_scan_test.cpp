@@ -1,0 +1,345 @@
+// Each e-mail is counted once, in whatever store it lies and whatever fails.
+
+#include <random>
+
+#include "scan/scan_notes.h"
+#include "scan/scanner.h"
+#include "tests/support/core_platform.h"
+#include "tests/support/memory_mail.h"
+
+namespace pelk {
+namespace {
+
+LocalTime at(int second) {
+    return {2026, 11, 20, second / 3600, second / 60 % 60, second % 60};
+}
+
+/// A platform, mail in stores that can be told apart, and what the database holds of it.
+class Scene {
+ public:
+    explicit Scene(std::vector<MemoryFolder> stores = {}) {
+        client.stores = std::move(stores);
+        setTime(1000);
+    }
+
+    CorePlatform core;
+    MemoryMailClient client;
+    std::unique_ptr<Database> database = core.storage().loadDatabase();
+    FolderLog log;
+    int mails = 0;
+
+    void setTime(int second) { core.clock.time = at(second); }
+    /// A further e-mail, from a person of its own.
+    MemoryItem next(int second) {
+        ++mails;
+        MemoryItem item = mail("p" + std::to_string(mails) + "@x", {"b@x"}, at(second));
+        item.print = static_cast<std::uint64_t>(mails) << 40;
+        item.id = std::to_string(mails);
+        return item;
+    }
+    ScanOutcome scan(const ScanOptions& options = {}) {
+        return scanWith(core.storage(), log, options);
+    }
+    ScanOutcome scanWith(Storage& storage, ScanProgress& progress,
+                         const ScanOptions& options = {}) {
+        return scanAndSave(*database, storage, core.platform(), *client.session(), progress,
+                           options);
+    }
+    /// As the next start of the program does.
+    void restart() {
+        storage_.emplace(core.platform());
+        database = storage_->loadDatabase();
+    }
+    Storage& storage() { return storage_ ? *storage_ : core.storage(); }
+    std::string total() const { return database->totalMails(); }
+    /// How often each e-mail has been counted, "1" a time in the usual case.
+    std::string times() const {
+        std::string all;
+        for (int number = 1; number <= mails; ++number) {
+            const int id = database->contactIdByAddress("p" + std::to_string(number) + "@x");
+            const std::optional<Relation> relation =
+                database->relationOfPair(id, database->contactIdByAddress("b@x"));
+            all += std::to_string(id != 0 && relation ? roundToInteger(relation->weight) : 0);
+        }
+        return all;
+    }
+
+ private:
+    std::optional<Storage> storage_;
+};
+
+MemoryFolder folderAt(const std::string& place, std::vector<MemoryItem> items,
+                      std::vector<MemoryFolder> folders = {}) {
+    MemoryFolder folder{place.substr(place.rfind('/') + 1), std::move(items), std::move(folders)};
+    folder.place = place;
+    return folder;
+}
+
+using Notes = std::vector<std::string>;
+
+TEST(StoreScan, countsAStoreThatItMeetsLaterWhole) {
+    Scene scene;
+    scene.client.stores = {folderAt("/one", {scene.next(10)})};
+    EXPECT_EQ(scanNotes(scene.scan()), Notes());
+    scene.setTime(2000);
+    scene.client.stores = {folderAt("/one2", {scene.next(20)}),
+                           {"No place", {scene.next(30), scene.next(1500)}, {}}};
+    EXPECT_EQ(scanNotes(scene.scan()), Notes{"one2: counted for the first time"});
+    EXPECT_EQ(scene.times(), "1101") << "the third is older than the database's date";
+    scene.restart();
+    EXPECT_EQ(scene.scan().mails, 0);
+    EXPECT_EQ(scene.database->date(), formatStamp(at(2000)));
+}
+
+TEST(StoreScan, countsNothingTwiceInAFolderAndTheStoreAroundIt) {
+    for (const bool innerFirst : {true, false}) {
+        Scene scene;
+        const MemoryFolder inbox = folderAt("/mail/Inbox", {scene.next(10), scene.next(20)});
+        const MemoryFolder whole =
+            folderAt("/mail", {scene.next(5)}, {inbox, folderAt("/mail/Old", {scene.next(7)})});
+        scene.client.stores = {innerFirst ? inbox : whole};
+        scene.scan();
+        scene.client.stores = {innerFirst ? whole : inbox};
+        scene.setTime(2000);
+        scene.scan();
+        scene.client.stores = {whole};
+        scene.client.stores[0].folders[0].items.push_back(scene.next(2100));
+        scene.setTime(3000);
+        EXPECT_EQ(scene.scan().mails, 1);
+        EXPECT_EQ(scene.times(), "11111");
+    }
+}
+
+TEST(StoreScan, takesAnOlderDatabasesDateForTheStoresItIsFirstOpenedWith) {
+    Scene scene;
+    scene.database->setDate(formatStamp(at(500)));
+    scene.client.stores = {folderAt("/one", {scene.next(400), scene.next(600)})};
+    EXPECT_EQ(scanNotes(scene.scan()), Notes());
+    scene.client.stores.push_back(folderAt("/two", {scene.next(400)}));
+    EXPECT_EQ(scanNotes(scene.scan()), Notes{"two: counted for the first time"});
+    EXPECT_EQ(scene.times(), "011");
+}
+
+TEST(StoreScan, knowsTheSameMailAtANewPlace) {
+    Scene scene;
+    std::vector<MemoryItem> items;
+    for (int second = 0; second < 20; ++second)
+        items.push_back(scene.next(second));
+    scene.client.stores = {folderAt("/old/mail", items, {folderAt("x/In", {scene.next(30)})})};
+    scene.scan();
+    scene.setTime(2000);
+    items.erase(items.begin(), items.begin() + 8);
+    items.push_back(scene.next(1500));
+    scene.client.stores = {folderAt("/new/mail", items, scene.client.stores[0].folders)};
+    EXPECT_EQ(scanNotes(scene.scan()),
+              Notes{"mail: recognised, counted since " + formatStamp(at(1000))});
+    EXPECT_EQ(scene.times(), std::string(22, '1'));
+    scene.client.stores = {folderAt("/copy", items), folderAt("/other", {scene.next(3)})};
+    scene.client.stores.push_back(folderAt("/copy of other", scene.client.stores[1].items));
+    scene.scan();
+    EXPECT_EQ(scene.times(), std::string(23, '1'));
+}
+
+TEST(StoreScan, countsWhatCouldNotBeReadOnceItCan) {
+    Scene scene;
+    std::vector<MemoryItem> items;
+    for (int second = 10; second <= 60; second += 10)
+        items.push_back(scene.next(second));
+    items[2].refuses = true;
+    const MemoryFolder deep = folderAt("x/Deep", {items[5]});
+    scene.client.stores = {folderAt("/mail", {items[0]},
+                                    {folderAt("x/In", {items[1], items[2], items[3]}),
+                                     folderAt("x/Locked", {items[4]}, {deep})})};
+    MemoryFolder& in = scene.client.stores[0].folders[0];
+    MemoryFolder& locked = scene.client.stores[0].folders[1];
+    locked.refuses = locked.refusesFolders = true;
+    const ScanOutcome outcome = scene.scan();
+    EXPECT_EQ(scanWarnings(outcome),
+              Notes{"3 times something could not be read, first: The item cannot be opened. "
+                    "E-mails that could not be read are counted when they can be."});
+    EXPECT_EQ(scene.times(), "110100");
+    in.items[1].refuses = false;
+    in.refuses = true;
+    locked.refuses = false;
+    scene.setTime(2000);
+    scene.scan();
+    EXPECT_EQ(scene.times(), "110110");
+    in.refuses = locked.refusesFolders = false;
+    scene.restart();
+    for (int round = 0; round < 2; ++round)
+        scene.scan();
+    EXPECT_EQ(scene.times(), "111111");
+}
+
+TEST(StoreScan, countsOnceWhatIsDatedAheadOfItsTime) {
+    Scene scene;
+    scene.client.stores = {folderAt("/mail", {scene.next(900), scene.next(5000)})};
+    MemoryFolder& store = scene.client.stores[0];
+    store.items[0].isDatedAhead = true;
+    for (const int second : {1100, 1200, 1300, 6000, 7000}) {
+        scene.scan();
+        scene.restart();
+        if (second != 1200)
+            store.items[0].created = at(second);
+        scene.setTime(second);
+    }
+    EXPECT_EQ(scene.times(), "11");
+}
+
+TEST(StoreScan, countsFromADateThatIsGiven) {
+    Scene scene;
+    scene.client.stores = {folderAt("/mail", {scene.next(10), scene.next(20), scene.next(5000)})};
+    scene.scan();
+    scene.scan({false, formatStamp(at(10))});
+    EXPECT_EQ(scene.times(), "121") << "what was counted ahead is not counted again";
+    scene.scan({false, "2026-11-20"});
+    EXPECT_EQ(scene.times(), "231");
+    EXPECT_EQ(scene.scan().mails, 0);
+}
+
+TEST(StoreScan, goesBackWithADatabaseThatIsTakenBack) {
+    Scene scene;
+    scene.client.stores = {folderAt("/mail", {scene.next(10), scene.next(9000)})};
+    scene.scan();
+    const std::string before = scene.core.files.files["/data/pelk/pelk.db"];
+    scene.client.stores.push_back(folderAt("/more", {scene.next(15)}));
+    for (int second = 1500; second < 6000; second += 500) {
+        scene.client.stores[0].items.push_back(scene.next(second - 100));
+        scene.setTime(second);
+        scene.scan();
+    }
+    EXPECT_EQ(scene.times(), std::string(12, '1'));
+    scene.core.files.files["/data/pelk/pelk.db"] = before;
+    scene.restart();
+    EXPECT_EQ(scene.scan().mails, 10);
+    EXPECT_EQ(scene.times(), std::string(12, '1'));
+    scene.database = emptyDatabase();
+    scene.scan();
+    EXPECT_EQ(scene.times(), std::string(12, '1')) << "an empty database forgets all";
+}
+
+TEST(StoreScan, goesOnWithTheDatabasesDateWhenItsFileIsDamaged) {
+    Scene scene;
+    scene.client.stores = {folderAt("/mail", {scene.next(10)})};
+    scene.scan();
+    MemoryFiles& files = scene.core.files;
+    files.files["/data/pelk/pelk-stores.db"][30] ^= 1;
+    scene.client.stores[0].items.push_back(scene.next(1500));
+    scene.setTime(2000);
+    scene.core.dialogs.expectMessage(
+        "The file /data/pelk/pelk-stores.db cannot be used. It is damaged, or was made with "
+        "another "
+        "key. It will be replaced; this scan counts the e-mails that came after the last one, " +
+        formatStamp(at(1000)) + ".");
+    scene.scan();
+    EXPECT_EQ(scene.scan().mails, 0);
+    EXPECT_EQ(scene.times(), "11");
+    files.readsFail = true;
+    scene.client.stores[0].items.push_back(scene.next(3000));
+    EXPECT_THROW(scene.scan(), Error);
+    EXPECT_EQ(scene.times(), "110");
+}
+
+/// What happens at random to two stores and whoever scans them: one run of the test below.
+class Campaign : private ScanProgress {
+ public:
+    explicit Campaign(unsigned seed) : random_(seed) {
+        scene.client.stores = {folderAt("/a", {}, {folderAt("x/In", {}, {folderAt("y/Deep", {})})}),
+                               folderAt("/b", {}, {folderAt("x/In", {})})};
+    }
+
+    Scene scene;
+
+    void run() {
+        for (int round = 0; round < 12; ++round) {
+            for (int number = chance(5); number > 0; --number)
+                deliver();
+            trouble(one(folders()));
+            scanSome();
+        }
+        for (MemoryFolder* folder : folders())
+            heal(*folder);
+        scene.core.files.failAt = 0;
+        tick();
+        scene.scanWith(scene.storage(), *this);
+    }
+
+ private:
+    int chance(int sides) { return static_cast<int>(random_() % static_cast<unsigned>(sides)); }
+    template <typename Value>
+    Value one(const std::vector<Value>& values) {
+        return values[random_() % values.size()];
+    }
+    void tick() { scene.setTime(++second_); }
+
+    std::vector<MemoryFolder*> folders() {
+        MemoryFolder& a = scene.client.stores[0];
+        MemoryFolder& b = scene.client.stores[1];
+        return {&a, &a.folders[0], &a.folders[0].folders[0], &b, &b.folders[0]};
+    }
+    void deliver() {
+        tick();
+        MemoryItem item = scene.next(chance(9) == 0 ? second_ + 200 : second_);
+        item.refuses = chance(9) == 0;
+        one(folders())->items.push_back(item);
+    }
+    void trouble(MemoryFolder* folder) {
+        heal(*folder);
+        folder->refuses = chance(3) == 0;
+        folder->refusesFolders = chance(3) == 0;
+    }
+    static void heal(MemoryFolder& folder) {
+        folder.refuses = folder.refusesFolders = false;
+        for (MemoryItem& item : folder.items)
+            item.refuses = false;
+    }
+    /// A store, both, or a folder as a store of its own; the disk may fail, and the program end.
+    void scanSome() {
+        const std::vector<MemoryFolder> all = scene.client.stores;
+        const int which = chance(4);
+        if (which == 3)
+            scene.client.stores = {
+                folderAt("/a/In", all[0].folders[0].items, all[0].folders[0].folders)};
+        else if (which != 0)
+            scene.client.stores = {all[static_cast<std::size_t>(which) - 1]};
+        tick();
+        scene.core.files.steps = 0;
+        scene.core.files.failAt = chance(3) == 0 ? 1 + chance(14) : 0;
+        arrives_ = which == 0;
+        try {
+            scene.scanWith(scene.storage(), *this);
+        } catch (const Error&) {
+            scene.core.files.failAt = 0;
+            if (chance(2) == 0)
+                scene.storage().saveDatabase(*scene.database);
+        }
+        arrives_ = false;
+        if (which != 0)
+            scene.client.stores = all;
+        if (chance(3) == 0)
+            scene.restart();
+    }
+
+    void folderStarted(const std::string&) override {}
+    void itemsCounted(int) override {}
+    /// Mail comes while the scan is under way.
+    void itemStarted(int) override {
+        if (arrives_ && chance(6) == 0)
+            deliver();
+    }
+
+    std::mt19937 random_;
+    int second_ = 1000;
+    bool arrives_ = false;
+};
+
+TEST(StoreScan, countsEachEmailOnceWhateverHappens) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        Campaign campaign(seed);
+        campaign.run();
+        ASSERT_EQ(campaign.scene.times(), std::string(campaign.scene.times().size(), '1')) << seed;
+    }
+}
+
+}  // namespace
+}  // namespace pelk
