@@ -57,11 +57,14 @@ std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
     if (outcome.databaseFull)
         warnings.emplace_back(kDatabaseFullMessage);
     if (outcome.faults > 0)
-        warnings.push_back(std::to_string(outcome.faults) +
-                           " times something could not be read, first: " + outcome.firstFault +
-                           (outcome.unreadCountsLater
-                                ? " E-mails that could not be read are counted when they can be."
-                                : ""));
+        warnings.push_back(
+            (outcome.faults == 1
+                 ? "Something could not be read: "
+                 : std::to_string(outcome.faults) + " times something could not be read, first: ") +
+            outcome.firstFault +
+            (outcome.unreadCountsLater
+                 ? " E-mails that could not be read are counted when they can be."
+                 : ""));
     return warnings;
 }
 

@@ -69,6 +69,29 @@ TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
     EXPECT_EQ(driver.progressOf(form.parsingProgress).value, 1);
 }
 
+TEST_F(ParseFormTest, savesOnceAndTakesTheStampWhenTheWalkIsOver) {
+    core.files.steps = 0;
+    core.dialogs.onPendingEvents = [this] {
+        ++core.clock.time.minute;
+        EXPECT_EQ(core.files.steps, 0);
+        EXPECT_EQ(database->date(), "1970-01-01T00:00:00");
+    };
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_EQ(savedDate(), "2026-11-22T10:32:00");
+}
+
+TEST_F(ParseFormTest, tellsInOneBoxWhatWasLeftOutOrCouldNotBeRead) {
+    client.stores.push_back({"Deleted Items", {mail("c@x", {"d@x"})}, {}});
+    client.stores.push_back({"Locked", {}, {}});
+    client.stores[2].refuses = true;
+    core.dialogs.expectMessage(
+        "Something could not be read: Access to the folder Locked was refused.\n"
+        "left out: Deleted Items (1 e-mail)");
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_FALSE(driver.isVisible(*form.window));
+    EXPECT_EQ(viewsOpened, 1);
+}
+
 TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
     core.files.steps = 0;
     core.files.failAt = 2;

@@ -1,5 +1,6 @@
 #include "scan/scanner.h"
 
+#include "scan/scan_notes.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/memory_mail.h"
 
@@ -94,6 +95,63 @@ TEST_F(ScannerTest, aFaultAbandonsOnlyItsStep) {
     EXPECT_NE(database.contactIdByAddress("e@x"), 0) << "those beside a bad sender are contacts";
     EXPECT_EQ(outcome.faults, 3);
     EXPECT_EQ(outcome.firstFault, "Access to the folder Refused was refused.");
+}
+
+TEST_F(ScannerTest, aLookUpThatFailsLosesNothingElse) {
+    client.stores = {{"Store", {mail("a@x", {"b@x"}), report()}, {}}};
+    client.stores[0].refusesName = client.refusesDefaultFolders = true;
+    const ScanOutcome outcome = scan();
+    EXPECT_EQ(weight("a@x", "b@x"), 2);
+    EXPECT_EQ(outcome.faults, 3);
+    EXPECT_EQ(outcome.firstFault, "There is no such folder.");
+    EXPECT_EQ(scanWarnings(outcome),
+              std::vector<std::string>{
+                  "3 times something could not be read, first: There is no such folder."});
+}
+
+TEST_F(ScannerTest, anItemThatCannotBeReadLeavesNoneToCountOnceMore) {
+    MemoryItem refusing = mail("c@x", {"d@x"});
+    refusing.refuses = true;
+    scanItems({mail("a@x", {"b@x"}), refusing, report(), mail("a@x", {"b@x"}), report()});
+    EXPECT_EQ(weight("a@x", "b@x"), 3);
+}
+
+TEST_F(ScannerTest, countsACopyInAnotherFolderOnceUnlessAskedForAll) {
+    MemoryItem item = mail("a@x", {"b@x"});
+    const MemoryItem nameless = item;
+    item.id = "1@a";
+    client.stores = {
+        {"Store",
+         {},
+         {{"In", {item, item, nameless}, {}}, {"All", {item, report(), nameless}, {}}}},
+        {"Other", {item}, {}}};
+    ScanOutcome outcome = scan();
+    EXPECT_EQ(weight("a@x", "b@x"), 5);
+    EXPECT_EQ(scanNotes(outcome), std::vector<std::string>{"copies in other folders: 1"});
+    EXPECT_EQ(scanMessage(outcome), "");
+    outcome = Scanner(database, *language, progress, StoreLedger(database.date()), {true, ""})
+                  .scan(*client.session());
+    EXPECT_EQ(outcome.mails, 7) << "the copy, and once more for the report behind it";
+    EXPECT_EQ(outcome.copies, 0);
+}
+
+TEST_F(ScannerTest, saysWhatAndWhoWasLeftOut) {
+    MemoryItem binned = mail("a@x", {"b@x"});
+    binned.label = DefaultFolder::DeletedItems;
+    MemoryItem draft = binned;
+    draft.label = DefaultFolder::Drafts;
+    MemoryFolder outbox{"Outbox", {binned}, {}};
+    outbox.refuses = true;
+    client.stores = {{"Store",
+                      {binned, draft, binned, mail("O'a@x", {"o'a@X", "o'b@x"})},
+                      {{"Deleted Items", {draft}, {}}, outbox, {"Deleted Items", {}, {}}}}};
+    const ScanOutcome outcome = scan();
+    EXPECT_EQ(outcome.mails, 2) << "drafts are counted, unless the session leaves them out";
+    EXPECT_EQ(outcome.faults, 0);
+    EXPECT_EQ(scanMessage(outcome),
+              "left out: Deleted Items (1 e-mail)\nleft out: Outbox\n"
+              "left out: labelled Trash (2 e-mails)\n"
+              "left out: 2 people with an apostrophe in the address");
 }
 
 TEST_F(ScannerTest, endsInOrderWhenTheDatabaseIsFull) {

@@ -213,9 +213,14 @@ TEST(StoreScan, goesBackWithADatabaseThatIsTakenBack) {
     scene.restart();
     EXPECT_EQ(scene.scan().mails, 10);
     EXPECT_EQ(scene.times(), std::string(12, '1'));
+    const std::string after = scene.core.files.files["/data/pelk/pelk.db"];
     scene.database = emptyDatabase();
+    scene.setTime(7000);
     scene.scan();
     EXPECT_EQ(scene.times(), std::string(12, '1')) << "an empty database forgets all";
+    scene.core.files.files["/data/pelk/pelk.db"] = after;
+    scene.restart();
+    EXPECT_EQ(scene.scan().mails, 0);
 }
 
 TEST(StoreScan, goesOnWithTheDatabasesDateWhenItsFileIsDamaged) {

@@ -91,6 +91,31 @@ TEST_F(AutomationTest, passesOverWhatIsFaultyAndReportsItInTheWordsOfTheMailClie
     EXPECT_THROW(AutomationClient(nullptr, {}), Error);
 }
 
+TEST_F(AutomationTest, losesOnlyTheNameOrTheSenderThatIsRefused) {
+    MemoryItem item = mail("", {"b@x"});
+    item.recipients[0].name.clear();
+    EXPECT_EQ(scanItems({item}).faults, 1);
+    EXPECT_EQ(database->totalMails(), "1");
+    EXPECT_NE(database->contactIdByAddress("b@x"), 0);
+    host.mail.stores[0].folders.clear();
+    EXPECT_EQ(scan(*database, client).faults, 3) << "neither default folder is found";
+    EXPECT_EQ(database->totalMails(), "2");
+}
+
+TEST_F(AutomationTest, tellsStoresApartWhereTheMailClientDoes) {
+    host.mail.stores = mailbox();
+    host.mail.stores[0].place = "00A7";
+    const std::unique_ptr<MailFolders> stores = client.session()->folders();
+    const std::unique_ptr<MailFolder> first = stores->first();
+    EXPECT_EQ(first->place(), "00A7");
+    const std::unique_ptr<MailFolder> inner = first->folders()->first();
+    EXPECT_EQ(inner->place(), "00A7/");
+    EXPECT_EQ(inner->folders()->first()->place(), "00A7/");
+    const std::unique_ptr<MailFolder> second = stores->next();
+    EXPECT_EQ(second->place(), "");
+    EXPECT_EQ(second->folders()->first()->place(), "");
+}
+
 TEST_F(AutomationTest, readsTheMajorVersion) {
     EXPECT_EQ(client.majorVersion(), 12);
     host.version = "16.0.0.17328";

@@ -61,7 +61,11 @@ Served serveAddressEntry(StandInMail& mail, const MailPerson& person) {
 
 Served servePerson(StandInMail& mail, const MailPerson& person) {
     const Served recipient = makeObject();
-    recipient->member(L"Name", [person] { return person.name; });
+    recipient->member(L"Name", [person] {
+        if (person.name.empty())
+            raiseUnknown("The name is missing.");
+        return person.name;
+    });
     recipient->member(L"Address", [person] {
         if (person.address.empty())
             raiseUnknown("The address is missing.");
@@ -119,6 +123,11 @@ Served serveFolders(StandInMail& mail, const std::vector<MemoryFolder>& folders,
 Served serveFolder(StandInMail& mail, const MemoryFolder& folder, const std::string& path) {
     const Served served = makeObject();
     served->member(L"Name", [&folder] { return folder.name; });
+    served->member(L"StoreID", [&folder] {
+        if (folder.place.empty())
+            raiseUnknown("The store does not tell.");
+        return folder.place;
+    });
     served->member(L"EntryID", [path] { return path; });
     served->member(L"DefaultItemType", [&folder] { return folder.itemType; });
     served->member(L"Items", [&mail, &folder] {

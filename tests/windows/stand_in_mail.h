@@ -14,7 +14,8 @@ inline constexpr LocalTime kNoDate{4501, 1, 1, 0, 0, 0};
 struct StandInMail {
     /// The top-level folders. Those inside the first that are called "Outbox" and "Deleted Items"
     /// are the default folders of that kind. A folder's items or subfolders can refuse to be read;
-    /// a person without an address raises when it is asked for.
+    /// a person without an address or a name raises when it is asked for. The place of a top-level
+    /// folder is the id of its store.
     std::vector<MemoryFolder> stores;
     /// The internet addresses behind directory entries.
     std::map<std::string, std::string> directory;

@@ -78,10 +78,19 @@ class AutomationItem : public MailItem {
  private:
     MailPerson person(const Dispatch& recipients, int index) {
         const Dispatch recipient = recipients.object("Item", "a recipient", {variantOf(index)});
-        MailPerson person{recipient.text("Name"), recipient.text("Address")};
+        MailPerson person{textIfAny([&recipient] { return recipient.text("Name"); }),
+                          addressOf(recipient)};
         if (isDirectoryEntry(person.address))
             person.address = internetAddress(recipient, person.address);
         return person;
+    }
+
+    static std::string addressOf(const Dispatch& recipient) {
+        try {
+            return recipient.text("Address");
+        } catch (const Error& error) {
+            throw AddressRefused(error.what());
+        }
     }
 
     /// The entry itself stands in for an address that nobody knows.

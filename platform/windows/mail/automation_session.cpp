@@ -1,6 +1,7 @@
 #include "platform/windows/mail/automation_session.h"
 
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "platform/windows/mail/automation_item.h"
@@ -25,19 +26,32 @@ int numberOf(DefaultFolder kind) {
     return 23;
 }
 
+/// `place` is that of the folders; nothing for top-level folders, which are asked for theirs.
 std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
-                                         std::shared_ptr<DirectoryAddresses> addresses);
+                                         std::shared_ptr<DirectoryAddresses> addresses,
+                                         std::optional<std::string> place);
 
 class AutomationFolder : public MailFolder {
  public:
-    AutomationFolder(Dispatch folder, std::shared_ptr<DirectoryAddresses> addresses)
-        : folder_(std::move(folder)), addresses_(std::move(addresses)) {}
+    AutomationFolder(Dispatch folder, std::shared_ptr<DirectoryAddresses> addresses,
+                     std::optional<std::string> place)
+        : folder_(std::move(folder)), addresses_(std::move(addresses)), place_(std::move(place)) {}
 
     std::string entryId() const { return folder_.text("EntryID"); }
 
     std::string name() override { return folder_.text("Name"); }
+    /// All folders inside a store have one place: nothing has to be told apart there.
+    std::string place() override {
+        if (!place_)
+            place_ = storeId();
+        return *place_;
+    }
     int defaultItemType() override { return folder_.number("DefaultItemType"); }
-    std::unique_ptr<MailFolders> folders() override { return openFolders(folder_, addresses_); }
+    std::unique_ptr<MailFolders> folders() override {
+        const std::string own = place();
+        return openFolders(folder_, addresses_,
+                           own.empty() || own.ends_with('/') ? own : own + "/");
+    }
     int itemCount() override { return items().number("Count"); }
     std::shared_ptr<MailItem> mailItem(int index) override {
         return openMailItem(items().object("Item", "an item", {variantOf(index)}), addresses_);
@@ -46,15 +60,28 @@ class AutomationFolder : public MailFolder {
  private:
     Dispatch items() const { return folder_.object("Items", "the items"); }
 
+    /// Empty when the mail client does not tell: the store is then one of those that share a date.
+    std::string storeId() const {
+        try {
+            return folder_.text("StoreID");
+        } catch (const Error&) {
+            return {};
+        }
+    }
+
     Dispatch folder_;
     std::shared_ptr<DirectoryAddresses> addresses_;
+    std::optional<std::string> place_;
 };
 
 /// Holds one collection all the time: each has a position of its own.
 class AutomationFolders : public MailFolders {
  public:
-    AutomationFolders(Dispatch folders, std::shared_ptr<DirectoryAddresses> addresses)
-        : folders_(std::move(folders)), addresses_(std::move(addresses)) {}
+    AutomationFolders(Dispatch folders, std::shared_ptr<DirectoryAddresses> addresses,
+                      std::optional<std::string> place)
+        : folders_(std::move(folders)),
+          addresses_(std::move(addresses)),
+          place_(std::move(place)) {}
 
     std::unique_ptr<MailFolder> first() override { return step("GetFirst"); }
     std::unique_ptr<MailFolder> next() override { return step("GetNext"); }
@@ -64,24 +91,28 @@ class AutomationFolders : public MailFolders {
         std::optional<Dispatch> folder = folders_.objectIfAny(member, kFolder);
         if (!folder)
             return nullptr;
-        return std::make_unique<AutomationFolder>(std::move(*folder), addresses_);
+        return std::make_unique<AutomationFolder>(std::move(*folder), addresses_, place_);
     }
 
     Dispatch folders_;
     std::shared_ptr<DirectoryAddresses> addresses_;
+    const std::optional<std::string> place_;
 };
 
 std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
-                                         std::shared_ptr<DirectoryAddresses> addresses) {
+                                         std::shared_ptr<DirectoryAddresses> addresses,
+                                         std::optional<std::string> place) {
     return std::make_unique<AutomationFolders>(parent.object("Folders", "the folders"),
-                                               std::move(addresses));
+                                               std::move(addresses), std::move(place));
 }
 
 class AutomationSession : public MailSession {
  public:
     explicit AutomationSession(Dispatch nameSpace) : nameSpace_(std::move(nameSpace)) {}
 
-    std::unique_ptr<MailFolders> folders() override { return openFolders(nameSpace_, addresses_); }
+    std::unique_ptr<MailFolders> folders() override {
+        return openFolders(nameSpace_, addresses_, std::nullopt);
+    }
 
     /// Folders are compared by their ids, as the same folder is another object each time.
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
