@@ -34,6 +34,9 @@ struct Arguments {
     std::optional<bool> answer;
     /// Of the links between domains only the best.
     bool best = false;
+    /// Whether `scan` counts all copies, and what it counts from; empty for the last scan.
+    bool copies = false;
+    std::string since;
     bool json = false;
     bool help = false;
     bool version = false;

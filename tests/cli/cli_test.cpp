@@ -28,6 +28,24 @@ TEST_F(CliTest, scansOnceAndListsWhatItFound) {
     EXPECT_NE(run("relations 3 --json").output.find("\"name\": \"Ann Smith\""), std::string::npos);
 }
 
+TEST_F(CliTest, scansSinceADateAndSaysWhoWasLeftOut) {
+    folder.write("Post/Inbox", kMail);
+    folder.write("Post/Trash", std::string(kMail) + kMail);
+    folder.write("Post/More",
+                 "From x Tue Mar  4 09:12:00 2025\nFrom: O'Hara <o'h@x>\nTo: bob@b.example\n\n\n");
+    const std::string said =
+        "left out: Trash (4 e-mails)\nleft out: 1 person with an apostrophe in the address\n";
+    EXPECT_TRUE(run("scan Post").output.ends_with("\nrelations: 2 (2 new)\n" + said));
+    EXPECT_NE(run("scan Post --since 2025-03-04").output.find("counted: 3\n"), std::string::npos);
+    const std::string json = run("scan Post --json --since 2025-03-04T09:12:00").output;
+    EXPECT_NE(json.find("\"mails\": 1,"), std::string::npos) << json;
+    EXPECT_LT(json.find("\"relations\""), json.find("\"skipped\"")) << json;
+    for (const char* date : {"2025-02-30", "yesterday", "2025-03-04T25:00:00"})
+        expectRefused("scan Post --since " + std::string(date), 2,
+                      "option --since takes a date, YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS; see pelk "
+                      "--help");
+}
+
 TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
     run("scan Inbox");
     const std::string dump = run("dump").output;
