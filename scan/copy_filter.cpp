@@ -1,17 +1,8 @@
 #include "scan/copy_filter.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace pelk {
-namespace {
-
-std::uint64_t hashOf(const std::string& messageId) {
-    return std::hash<std::string>()(messageId);
-}
-
-}  // namespace
-
 void CopyFilter::beginStore() {
     before_.clear();
     here_.clear();
@@ -26,14 +17,13 @@ void CopyFilter::beginFolder() {
     here_.clear();
 }
 
-bool CopyFilter::isCopy(const std::string& messageId) const {
-    return !messageId.empty() &&
-           std::binary_search(before_.begin(), before_.end(), hashOf(messageId));
+bool CopyFilter::isKnown(std::uint64_t print) const {
+    return std::binary_search(before_.begin(), before_.end(), print);
 }
 
-void CopyFilter::add(const std::string& messageId) {
-    if (!messageId.empty())
-        here_.push_back(hashOf(messageId));
+void CopyFilter::add(std::uint64_t print) {
+    if (print != 0)
+        here_.push_back(print);
 }
 
 }  // namespace pelk

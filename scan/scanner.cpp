@@ -111,31 +111,22 @@ void Scanner::scanItem(MailFolder& folder, int index) {
 
 void Scanner::scanMail() {
     const std::string stamp = formatStamp(item_->creationTime());
-    if (!isWanted(*item_, stamp))
+    const StoreLedger::Age age = ledger_.ageOf(*item_, stamp);
+    if (age == StoreLedger::Age::Old)
         return;
-    isRecorded_ = recorder_.record(*item_);
-    if (!isRecorded_)
+    const std::uint64_t print = item_->fingerprint();
+    if (age == StoreLedger::Age::CountedAhead) {
+        copies_.add(print);
         return;
-    ledger_.noteCounted(*item_, stamp);
-    copies_.add(item_->messageId());
-}
-
-bool Scanner::isWanted(MailItem& item, const std::string& stamp) {
-    switch (ledger_.ageOf(item, stamp)) {
-        case StoreLedger::Age::Old:
-            return false;
-        case StoreLedger::Age::CountedAhead:
-            copies_.add(item.messageId());
-            return false;
-        case StoreLedger::Age::New:
-            break;
     }
-    if (isLabelledOut(item))
-        return false;
-    if (!isCopy(item))
-        return true;
-    ledger_.noteCounted(item, stamp);
-    return false;
+    if (isLabelledOut(*item_))
+        return;
+    const bool copy = isCopy(*item_, print);
+    isRecorded_ = !copy && recorder_.record(*item_);
+    if (copy || isRecorded_) {
+        ledger_.noteCounted(*item_, stamp, print);
+        copies_.add(print);
+    }
 }
 
 bool Scanner::isLabelledOut(MailItem& item) {
@@ -149,8 +140,9 @@ bool Scanner::isLabelledOut(MailItem& item) {
     return true;
 }
 
-bool Scanner::isCopy(MailItem& item) {
-    if (options_.copies || !copies_.isCopy(item.messageId()))
+/// Equal e-mails have one fingerprint, but only a Message-ID tells that they are the same one.
+bool Scanner::isCopy(MailItem& item, std::uint64_t print) {
+    if (options_.copies || !copies_.isKnown(print) || item.messageId().empty())
         return false;
     ++outcome_.copies;
     return true;

@@ -1,6 +1,7 @@
 #pragma once
 // Walks the mailbox and counts who writes to whom.
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <utility>
@@ -53,9 +54,8 @@ class Scanner {
     void scanFolder(MailFolder& folder, const std::string& place);
     void scanItem(MailFolder& folder, int index);
     void scanMail();
-    bool isWanted(MailItem& item, const std::string& stamp);
     bool isLabelledOut(MailItem& item);
-    bool isCopy(MailItem& item);
+    bool isCopy(MailItem& item, std::uint64_t print);
     void noteStore(MailFolder& store, StoreLedger::Store kind);
     void noteLeftOut(MailFolder& folder);
 

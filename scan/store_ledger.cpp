@@ -60,10 +60,9 @@ StoreLedger::Age StoreLedger::ageOf(MailItem& item, const std::string& stamp) {
     return isOld ? Age::Old : Age::CountedAhead;
 }
 
-void StoreLedger::noteCounted(MailItem& item, const std::string& stamp) {
+void StoreLedger::noteCounted(MailItem& item, const std::string& stamp, std::uint64_t print) {
     if (!tellsStoresApart())
         return;
-    const std::uint64_t print = item.fingerprint();
     if (print == 0) {
         walk_.untold = true;
         return;

@@ -49,8 +49,9 @@ class StoreLedger {
     enum class Age { Old, CountedAhead, New };
     /// To be asked once of each e-mail of the folder, with the stamp of its creation.
     Age ageOf(MailItem& item, const std::string& stamp);
-    /// Takes note that a new e-mail has been counted, or passed over because it was.
-    void noteCounted(MailItem& item, const std::string& stamp);
+    /// Takes note that a new e-mail has been counted, or passed over because it was. `print` is its
+    /// fingerprint.
+    void noteCounted(MailItem& item, const std::string& stamp, std::uint64_t print);
     /// Takes note that at this place of the store something could not be read.
     void noteUnread(const std::string& place) { walk_.unread.push_back(place); }
 

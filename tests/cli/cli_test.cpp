@@ -46,6 +46,27 @@ TEST_F(CliTest, scansSinceADateAndSaysWhoWasLeftOut) {
                       "--help");
 }
 
+TEST_F(CliTest, countsASecondMailboxAndNoCopy) {
+    const std::string other =
+        "From x Tue Mar  4 09:12:00 2024\nFrom: cy@c.example\nTo: bob@b.example\n"
+        "Message-ID: <1@c.example>\n\n\n";
+    folder.write("Other/Inbox", other);
+    folder.write("Other/All", other + other);
+    run("scan Inbox");
+    const std::string output = run("scan Other").output;
+    EXPECT_TRUE(output.starts_with("e-mails counted: 2\n")) << output;
+    EXPECT_TRUE(
+        output.ends_with("Other: counted for the first time\n"
+                         "copies in other folders: 1\n"))
+        << output;
+    EXPECT_TRUE(run("scan Inbox Other").output.starts_with("e-mails counted: 0\n"));
+    std::filesystem::rename(folder.path() + "/Other", folder.path() + "/Moved");
+    EXPECT_NE(run("scan Moved").output.find("\nMoved: recognised, counted since "),
+              std::string::npos);
+    EXPECT_NE(run("scan Moved --since 2024-01-01 --copies").output.find("counted: 3\n"),
+              std::string::npos);
+}
+
 TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
     run("scan Inbox");
     const std::string dump = run("dump").output;

@@ -118,6 +118,7 @@ TEST_F(ScannerTest, anItemThatCannotBeReadLeavesNoneToCountOnceMore) {
 
 TEST_F(ScannerTest, countsACopyInAnotherFolderOnceUnlessAskedForAll) {
     MemoryItem item = mail("a@x", {"b@x"});
+    item.print = 1;
     const MemoryItem nameless = item;
     item.id = "1@a";
     client.stores = {
