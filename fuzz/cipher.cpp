@@ -1,0 +1,55 @@
+// The enciphered file.
+
+#include "db/database_cipher.h"
+#include "fuzz/fuzz.h"
+#include "platform/desktop/openssl_crypto.h"
+
+namespace pelk {
+namespace {
+
+const DatabaseCipher& cipher() {
+    static const OpensslCrypto crypto;
+    static const DatabaseCipher cipher = [] {
+        DatabaseCipher made(crypto);
+        made.setKey(kFuzzKey);
+        return made;
+    }();
+    return cipher;
+}
+
+std::string enciphered(std::string_view plain) {
+    std::string text;
+    cipher().encipher(readyText(std::string(plain)),
+                      [&text](std::string_view piece) { text += piece; });
+    return text;
+}
+
+std::optional<std::string> deciphered(std::string_view text) {
+    try {
+        return cipher().decipher(text);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+}  // namespace pelk
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace pelk;
+    const std::string_view bytes = textOf(data, size);
+    if (const std::optional<std::string> plain = deciphered(bytes))
+        require(bytes.starts_with(enciphered(*plain)), "only what was enciphered is deciphered");
+
+    std::string text = enciphered(bytes);
+    require(deciphered(text) == bytes, "what was enciphered is deciphered");
+    if (size < 3)
+        return 0;
+    // The bytes tell which one of the text is changed, and to what.
+    char& changed = text[(data[0] * 256U + data[1]) % text.size()];
+    if (changed == static_cast<char>(data[2]))
+        return 0;
+    changed = static_cast<char>(data[2]);
+    require(!deciphered(text), "a change of any byte is seen");
+    return 0;
+}

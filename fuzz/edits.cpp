@@ -1,0 +1,174 @@
+// Edits and link searches on a random document: each index stays equal to its query, and each
+// chain is the one of the search over a matrix.
+
+#include <algorithm>
+#include <array>
+
+#include "db/queries.h"
+#include "fuzz/fuzz.h"
+#include "links/link_search.h"
+#include "tests/links/dense_search.h"
+
+namespace pelk {
+namespace {
+
+constexpr int kIds = 12;
+constexpr std::array kWeights{"1",   "2",  "3",     "9",      "",      "x",
+                              "2.5", "-4", "99999", "100000", "50001", "1000000000000"};
+
+class Edits {
+ public:
+    Edits(const std::uint8_t* data, std::size_t size)
+        : next_(data), end_(data + size), sound_(number(1) == 0), database_(start()) {}
+
+    void run() {
+        while (next_ != end_)
+            step();
+        requireIndexes();
+        if (sound_) {
+            require(faultOf(*database_).empty(), "edits leave a sound database",
+                    faultOf(*database_));
+            requireRoundTrip(*database_);
+        }
+    }
+
+ private:
+    int number(int most) { return next_ == end_ ? 0 : *next_++ % (most + 1); }
+    std::string address() { return "p" + std::to_string(number(kIds)) + "@x"; }
+
+    /// In a document from elsewhere ids, addresses and pairs repeat, or are no ids.
+    std::string foreignId() {
+        constexpr std::array odd{"", "x", "007", "+3", "40000"};
+        return number(9) == 0 ? odd[static_cast<std::size_t>(number(odd.size() - 1))]
+                              : std::to_string(number(kIds));
+    }
+
+    std::unique_ptr<Database> start() {
+        if (sound_)
+            return openDocument(kFirstStartDocument);
+        std::string xml = "<pelkDB totalContacts='" + std::to_string(number(kIds)) + "'><contacts>";
+        for (int count = number(kIds); count > 0; --count)
+            xml += "<contact id='" + foreignId() + "'><emails><email value='" + address() +
+                   "'/></emails></contact>";
+        xml += "</contacts><relations>";
+        for (int count = number(40); count > 0; --count)
+            xml += "<relation part1='" + foreignId() + "' part2='" + foreignId() + "' weight='" +
+                   kWeights[static_cast<std::size_t>(number(kWeights.size() - 1))] + "'/>";
+        return openDocument(xml + "</relations></pelkDB>");
+    }
+
+    /// The program itself names only contacts that are there.
+    int anyId() {
+        const int id = number(kIds);
+        return !sound_ || database_->contact(id) ? id : 0;
+    }
+
+    void step() {
+        const std::uint64_t revision = database_->revision();
+        const std::string before = database_->xml();
+        edit();
+        require(database_->revision() > revision || database_->xml() == before,
+                "every edit raises the revision");
+    }
+
+    void edit() {
+        const int a = anyId();
+        const int b = anyId();
+        const std::string free = address();
+        const bool isFree = !sound_ || database_->ownersOf(free).empty();
+        switch (number(9)) {
+            case 0:
+                if (isFree && database_->totalContacts() < 2 * kIds)
+                    database_->addContact("", free);
+                break;
+            case 1:
+                if (isFree)
+                    database_->addAddresses(a, {free});
+                break;
+            case 2:
+                database_->moveAddresses(a, b);
+                break;
+            case 3:
+                database_->removeContacts({a, b, a});
+                break;
+            case 4:
+                database_->removeRelation(a, b);
+                break;
+            case 5:
+                database_->renameContact(a, "Ann");
+                database_->setThresholds(number(100), number(100));
+                break;
+            case 6:
+                requireIndexes();
+                break;
+            case 7:
+            case 8:
+                requireChain(number(2 * kIds), number(2 * kIds));
+                break;
+            default:
+                if (a != b && a > 0 && b > 0)
+                    database_->addRelationWeight(a, b, number(255) * number(255));
+        }
+    }
+
+    void requireIndexes() const {
+        const auto first = [](const std::vector<XmlElement>& found) {
+            return found.empty() ? XmlElement() : found.front();
+        };
+        const XmlElement& root = database_->root();
+        for (int id = 0; id <= kIds + 1; ++id) {
+            const std::string owned = "p" + std::to_string(id) + "@x";
+            require(database_->contactElement(id) == first(root.select(queries::contactById(id))),
+                    "contacts are found by id");
+            require(database_->contactElementByAddress(owned) ==
+                        first(root.select(queries::contactByAddress(owned))),
+                    "contacts are found by address");
+            require(database_->relationElementsOf(id) == root.select(queries::relationsOf(id)),
+                    "relations are found by contact");
+            for (int other = id; other <= kIds + 1; ++other)
+                require(database_->relationElement(id, other) ==
+                            first(root.select(queries::relationOfPair(id, other))),
+                        "relations are found by pair");
+        }
+        require(database_->contactCount() == root.select(queries::kContacts).size() &&
+                    database_->relationCount() == root.select(queries::kRelations).size(),
+                "contacts and relations are counted");
+    }
+
+    void requireChain(int source, int target) {
+        const int contacts = static_cast<int>(database_->totalContacts());
+        const auto holds = [contacts](int id) { return id >= 1 && id <= contacts; };
+        const std::vector<Relation> relations = database_->relations();
+        const bool searchable =
+            holds(source) && holds(target) &&
+            std::all_of(relations.begin(), relations.end(), [&](const Relation& relation) {
+                return holds(relation.part1) && holds(relation.part2);
+            });
+        try {
+            const std::optional<LinkChain> found = search_.find(source, target);
+            require(searchable, "a search among nobody is refused");
+            DenseSearch<> dense(*database_);
+            dense.search(source);
+            const std::optional<LinkChain> expected = dense.chainTo(target);
+            require(found.has_value() == expected.has_value() &&
+                        (!found || (found->ids == expected->ids && found->cost == expected->cost)),
+                    "a chain is that of the dense search", database_->xml());
+        } catch (const Error&) {
+            require(!searchable, "a search is refused only for what is not there");
+        }
+    }
+
+    const std::uint8_t* next_;
+    const std::uint8_t* const end_;
+    const bool sound_;
+    const std::unique_ptr<Database> database_;
+    LinkSearch search_{*database_};
+};
+
+}  // namespace
+}  // namespace pelk
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    pelk::Edits(data, size).run();
+    return 0;
+}

@@ -1,0 +1,45 @@
+// The header of a message, and what is read from its fields and from the names of files.
+
+#include "fuzz/fuzz.h"
+#include "platform/desktop/mail/folder_name.h"
+#include "platform/desktop/mail/message_header.h"
+#include "platform/desktop/mail/message_time.h"
+
+namespace pelk {
+namespace {
+
+void readTime(std::int64_t time) {
+    if (const std::optional<LocalTime> local = localTime(time))
+        require(local->year >= 1970 && local->year <= 9999 && local->month >= 1 &&
+                    local->month <= 12 && local->day >= 1 && local->day <= 31,
+                "a time is one of the calendar");
+}
+
+void readFields(const MessageHeader& header) {
+    for (const char* name : {"From", "To", "Date", "Subject", "Content-Type", "Received"}) {
+        const std::vector<std::string> values = header.all(name);
+        require(header.first(name) == (values.empty() ? "" : values.front()),
+                "the first value is the first of all");
+        for (const std::string& value : values) {
+            require(value.find_first_of(std::string_view("\n\r\0", 3)) == std::string::npos,
+                    "a value is one line", value);
+            readTime(dateFieldTime(value));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace pelk
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace pelk;
+    const std::string text(textOf(data, size));
+    readFields(MessageHeader(text));
+    const std::string line = text.substr(0, text.find('\n'));
+    readTime(fromLineTime(line));
+    readTime(dateFieldTime(line));
+    readTime(maildirNameTime(line).value_or(kNoTime));
+    require(!splitMaildirName("." + line).empty(), "a folder has a name");
+    decodeModifiedUtf7(line);
+    return 0;
+}

@@ -1,0 +1,59 @@
+// An import of any document into a database of four people.
+
+#include "fuzz/fuzz.h"
+#include "maintenance/import_merge.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kCurrent =
+    "<pelkDB date='2024-03-01T08:00:00' totalMails='9' totalContacts='5' maxInd='50' minInd='5'>"
+    "<contacts><contact id='1' name='Ann'><emails><email value='ann@a'/><email value='ann@b'/>"
+    "</emails></contact><contact id='2'><emails><email value='bob@b'/></emails></contact>"
+    "<contact id='4' name='Cy'><emails><email value='cy@c'/></emails></contact>"
+    "<contact id='5' name='Di'/></contacts><relations total='0'>"
+    "<relation part1='1' part2='2' weight='5'/><relation part1='2' part2='4' weight='4'/>"
+    "</relations></pelkDB>";
+
+class FixedAnswer : public ImportGuide {
+ public:
+    explicit FixedAnswer(bool answer) : answer_(answer) {}
+    bool confirmsMerge(const std::string&) override { return answer_; }
+
+ private:
+    bool answer_;
+};
+
+double sumOfWeights(const Database& database) {
+    double sum = 0;
+    for (const Relation& relation : database.relations())
+        sum += relation.weight;
+    return sum;
+}
+
+}  // namespace
+}  // namespace pelk
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace pelk;
+    const std::unique_ptr<Database> imported = openDocument(textOf(data, size));
+    if (!imported)
+        return 0;
+    const std::unique_ptr<Database> current = openDocument(kCurrent);
+    const std::size_t contacts = current->contactCount();
+    const double weights = sumOfWeights(*current);
+    FixedAnswer guide(size % 4 == 0);
+    try {
+        importMerge(*current, *imported, guide);
+    } catch (const Error&) {
+        // There are too many contacts.
+    }
+    require(current->contactCount() >= contacts, "an import takes nobody away");
+    if (!faultOf(*imported).empty())
+        return 0;
+    require(faultOf(*current).empty(), "a sound import leaves a sound database", faultOf(*current));
+    require(sumOfWeights(*current) <= weights + sumOfWeights(*imported),
+            "no e-mail is counted twice");
+    requireRoundTrip(*current);
+    return 0;
+}

@@ -1,0 +1,20 @@
+// A message in a file of its own, as a Maildir and a folder of `.eml` files hold it.
+
+#include <filesystem>
+
+#include "fuzz/mail_target.h"
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const pelk::TemporaryFolder folder;
+    static const std::string maildir = folder.path() + "/Maildir";
+    static const std::string file = folder.write("Maildir/cur/1709032533.M1P100.host:2,S", "");
+    static const std::string letter = folder.write("Letters/letter.eml", "");
+    static const bool made = std::filesystem::create_directory(maildir + "/new") &&
+                             std::filesystem::create_directory(maildir + "/tmp");
+    pelk::require(made, "the temporary folder can be made");
+    // The first byte tells which, as both are read by the same functions for the most part.
+    const bool asLetter = size > 0 && data[0] % 2 == 0;
+    pelk::replaceContent(asLetter ? letter : file, pelk::textOf(data, size));
+    pelk::readMail(asLetter ? folder.path() + "/Letters" : maildir);
+    return 0;
+}

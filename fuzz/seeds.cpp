@@ -1,0 +1,96 @@
+// Writes what each fuzz target starts from: pieces of the example mail, and the databases that
+// scans of it give.
+//
+// fuzz_seeds MAIL FOLDER
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+
+#include "db/database_cipher.h"
+#include "fuzz/mail_target.h"
+#include "platform/desktop/openssl_crypto.h"
+
+namespace pelk {
+namespace {
+
+/// A fuzzer gets through little of what is long.
+constexpr std::size_t kLongest = 4096;
+
+class Seeds {
+ public:
+    explicit Seeds(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    void addMailFile(const std::filesystem::path& path) {
+        std::ifstream file(path, std::ios::binary);
+        const std::string text(std::istreambuf_iterator<char>(file), {});
+        if (text.empty())
+            return;
+        const std::string start = text.substr(0, kLongest);
+        write(text.starts_with("From ") ? "mbox" : "message", start);
+        const std::string header = start.substr(0, start.find("\n\n"));
+        write("header", header);
+        const std::size_t from = header.find("\nFrom: ");
+        if (from != std::string::npos)
+            write("addresses", header.substr(from + 7, 300));
+        addScanOf(path.string());
+    }
+
+    /// Bytes without a sense, for what takes them as they come.
+    void addRandomBytes(const char* target) {
+        std::mt19937 random(1);
+        for (std::size_t size = 16; size <= 1024; size *= 2) {
+            std::string bytes(size, '\0');
+            std::generate(bytes.begin(), bytes.end(),
+                          [&random] { return static_cast<char>(random()); });
+            write(target, bytes);
+        }
+    }
+
+ private:
+    void addScanOf(const std::string& path) {
+        const std::unique_ptr<Database> database = openDocument(kFirstStartDocument);
+        try {
+            NoProgress progress;
+            Scanner(*database, language(), progress).scan(*openMailSession({path}, {}));
+        } catch (const Error&) {
+            return;
+        }
+        const std::string xml = database->xml();
+        if (xml.size() > kLongest)
+            return;
+        write("document", xml);
+        write("import", xml);
+        write("cipher", xml);
+        const OpensslCrypto crypto;
+        DatabaseCipher cipher(crypto);
+        cipher.setKey(kFuzzKey);
+        std::string text;
+        cipher.encipher(readyText(xml), [&text](std::string_view piece) { text += piece; });
+        write("cipher", text);
+    }
+
+    void write(const std::string& target, std::string_view content) {
+        std::filesystem::create_directories(folder_ / target);
+        std::ofstream(folder_ / target / std::to_string(++count_), std::ios::binary) << content;
+    }
+
+    const std::filesystem::path folder_;
+    int count_ = 0;
+};
+
+}  // namespace
+}  // namespace pelk
+
+int main(int argc, char** argv) {
+    if (argc != 3)
+        return 2;
+    pelk::Seeds seeds(argv[2]);
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[1]))
+        if (entry.is_regular_file())
+            seeds.addMailFile(entry.path());
+    seeds.addRandomBytes("edits");
+    return 0;
+}
