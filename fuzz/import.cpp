@@ -49,11 +49,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         // There are too many contacts.
     }
     require(current->contactCount() >= contacts, "an import takes nobody away");
-    if (!faultOf(*imported).empty())
+    if (!faultOf(imported->root()).empty())
         return 0;
-    require(faultOf(*current).empty(), "a sound import leaves a sound database", faultOf(*current));
     require(sumOfWeights(*current) <= weights + sumOfWeights(*imported),
             "no e-mail is counted twice");
-    requireRoundTrip(*current);
+    requireSoundAndRoundTrip(*current);
     return 0;
 }

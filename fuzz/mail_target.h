@@ -53,8 +53,7 @@ inline void readMail(const std::string& path) {
         const std::unique_ptr<Database> database = openDocument(kFirstStartDocument);
         NoProgress progress;
         Scanner(*database, language(), progress).scan(*openMailSession({path}, {}));
-        require(faultOf(*database).empty(), "a scan leaves a sound database", faultOf(*database));
-        requireRoundTrip(*database);
+        requireSoundAndRoundTrip(*database);
     } catch (const Error&) {
         // It is no mail.
     }
