@@ -3,12 +3,15 @@
 #include "fuzz/fuzz.h"
 #include "platform/desktop/mail/folder_name.h"
 #include "platform/desktop/mail/message_header.h"
+#include "platform/desktop/mail/message_identity.h"
 #include "platform/desktop/mail/message_time.h"
+#include "platform/desktop/mail/mozilla_status.h"
+#include "platform/desktop/mail/special_folder.h"
 
 namespace pelk {
 namespace {
 
-void readTime(std::int64_t time) {
+void readTime(NotedTime time) {
     if (const std::optional<LocalTime> local = localTime(time))
         require(local->year >= 1970 && local->year <= 9999 && local->month >= 1 &&
                     local->month <= 12 && local->day >= 1 && local->day <= 31,
@@ -23,9 +26,15 @@ void readFields(const MessageHeader& header) {
         for (const std::string& value : values) {
             require(value.find_first_of(std::string_view("\n\r\0", 3)) == std::string::npos,
                     "a value is one line", value);
-            readTime(dateFieldTime(value));
+            readTime({dateFieldTime(value)});
+            readTime({receivedFieldTime(value), true});
+            folderOfLabels(value);
         }
     }
+    require(fingerprint(header) != 0, "a message has a fingerprint");
+    const std::string id = messageId(header);
+    require(!id.starts_with(' ') && !id.ends_with(' ') && id.find('>') == std::string::npos,
+            "a message is known by its bare id", id);
 }
 
 }  // namespace
@@ -37,9 +46,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     readFields(MessageHeader(text));
     const std::string line = text.substr(0, text.find('\n'));
     readTime(fromLineTime(line));
-    readTime(dateFieldTime(line));
-    readTime(maildirNameTime(line).value_or(kNoTime));
+    readTime({maildirNameTime(line).value_or(kNoTime)});
     require(!splitMaildirName("." + line).empty(), "a folder has a name");
     decodeModifiedUtf7(line);
+    folderCalled(line);
+    maildirFlags(line);
+    isExpunged(text);
     return 0;
 }

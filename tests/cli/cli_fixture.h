@@ -30,15 +30,17 @@ class CliTest : public ::testing::Test {
     TemporaryFolder folder;
     std::string box = folder.write("Inbox", kMail);
     std::string database = folder.path() + "/data/pelk/pelk.db";
+    /// Stands before the program.
+    std::string environment;
 
     /// Runs the program with its database in the test's own folder.
     Outcome run(const std::string& arguments, const std::string& input = "") {
         const std::string errors = folder.path() + "/errors";
         const std::string command = "cd " + folder.path() +
                                     " && env -u DISPLAY -u WAYLAND_DISPLAY"
-                                    " -u QT_QPA_PLATFORM " PELK_PROGRAM " --data data " +
-                                    arguments + " 2>" + errors + " <" +
-                                    folder.write("input", input);
+                                    " -u QT_QPA_PLATFORM " +
+                                    environment + " " PELK_PROGRAM " --data data " + arguments +
+                                    " 2>" + errors + " <" + folder.write("input", input);
         Outcome outcome;
         std::FILE* const pipe = ::popen(command.c_str(), "r");
         std::array<char, 4096> buffer;

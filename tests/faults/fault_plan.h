@@ -14,18 +14,19 @@ enum FaultCall : int {
     kRename = 64,
     kMakeFolder = 128,
     kLock = 256,
+    kAnyFileCall = 511,
     kThread = 512,
     kMemory = 1024,
-    kAnyFileCall = 511,
 };
 
-/// In the place of an error number: the call does half of what it was asked for; the process is
-/// killed before the call.
-inline constexpr int kHalf = 1000;
-inline constexpr int kKill = 1001;
+/// In the place of an error number: half of what was asked for is done; the process is killed.
+enum FaultEffect : int { kHalf = 1000, kKill = 1001 };
 
-/// The variable holds the calls, which of them is struck, counted from 1, the error, a descriptor
-/// that is written to then, and the folder: calls on files elsewhere are not counted.
+/// The variable holds the kinds, which call of these is struck, counted from 1, the error number,
+/// and the folder that the program works in: calls on files elsewhere are not counted.
 inline constexpr const char* kFaultVariable = "PELK_FAULT";
+
+/// The file that then stands in that folder.
+inline constexpr const char* kStruckName = "struck";
 
 }  // namespace pelk

@@ -13,8 +13,10 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 
 #include "tests/faults/fault_plan.h"
 
@@ -22,7 +24,6 @@ extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* old, std::size_t size);
-void* __libc_memalign(std::size_t alignment, std::size_t size);
 }
 
 namespace {
@@ -30,57 +31,60 @@ namespace {
 using namespace pelk;
 
 int calls = 0;
-long at = 0;
+int at = 0;
 int error = 0;
-int report = -1;
 const char* folder = "";
 /// From the start of main to its end.
 bool armed = false;
-long counted = 0;
+int counted = 0;
 
-void readPlan() {
-    char* text = std::getenv(kFaultVariable);
-    if (text == nullptr)
-        return;
-    calls = static_cast<int>(std::strtol(text, &text, 10));
-    at = std::strtol(text, &text, 10);
-    error = static_cast<int>(std::strtol(text, &text, 10));
-    report = static_cast<int>(std::strtol(text, &text, 10));
+void readPlan(char* text) {
+    for (int* number : {&calls, &at, &error})
+        *number = static_cast<int>(std::strtol(text, &text, 10));
     folder = text + 1;
-    armed = true;
+}
+
+template <typename... Values>
+int raw(long number, Values... values) {
+    return static_cast<int>(::syscall(number, values...));
 }
 
 /// Counts a call, and tells whether it is to fail. Sets errno then.
 bool strikes(int call) {
     if (!armed || (calls & call) == 0 || __atomic_add_fetch(&counted, 1, __ATOMIC_SEQ_CST) != at)
         return false;
-    ::syscall(SYS_write, report, "!", 1);
+    char mark[4096];
+    std::snprintf(mark, sizeof mark, "%s/%s", folder, kStruckName);
+    raw(SYS_openat, AT_FDCWD, mark, O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (error == kKill)
         ::syscall(SYS_kill, ::getpid(), SIGKILL);
     errno = error;
     return true;
 }
 
+/// The program works in the folder, so a relative path lies there, too.
 bool strikesPath(int call, const char* path) {
-    return armed && std::strncmp(path, folder, std::strlen(folder)) == 0 && strikes(call);
+    return (path[0] != '/' || std::strncmp(path, folder, std::strlen(folder)) == 0) &&
+           strikes(call);
 }
 
+/// What the program prints is not counted.
 bool strikesFile(int call, int descriptor) {
-    if (!armed || (calls & call) == 0)
+    if (!armed || (calls & call) == 0 || descriptor <= STDERR_FILENO)
         return false;
-    char link[] = "/proc/self/fd/0000000000";
-    char* digit = link + 14;
-    for (int scale = 1000000000; scale > 0; scale /= 10)
-        if (descriptor >= scale || scale == 1)
-            *digit++ = static_cast<char>('0' + descriptor / scale % 10);
-    *digit = '\0';
+    char link[32];
+    std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
     char path[4096];
     const long length = ::syscall(SYS_readlinkat, AT_FDCWD, link, path, sizeof path - 1);
     path[length > 0 ? length : 0] = '\0';
     return strikesPath(call, path);
 }
 
-/// GLib ends the program on purpose when there is no memory: its calls are not counted.
+bool strikesAt(int call, int from, const char* path) {
+    return from == AT_FDCWD || path[0] == '/' ? strikesPath(call, path) : strikesFile(call, from);
+}
+
+/// GLib ends the program on purpose when there is no memory: what it asks for is not counted.
 bool strikesMemory(void* caller) {
     if (!armed || (calls & kMemory) == 0)
         return false;
@@ -90,41 +94,38 @@ bool strikesMemory(void* caller) {
     return strikes(kMemory);
 }
 
-std::size_t halfOf(std::size_t count) {
-    return error == kHalf ? (count + 1) / 2 : 0;
-}
-
 template <typename Function>
 Function* next(const char* name) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
 }
 
-template <typename... Values>
-int system(long number, Values... values) {
-    return static_cast<int>(::syscall(number, values...));
-}
-
 int statPath(int from, const char* path, struct stat* status, int flags) {
-    return strikesPath(kStat, path) ? -1 : system(SYS_newfstatat, from, path, status, flags);
+    return strikesAt(kStat, from, path) ? -1 : raw(SYS_newfstatat, from, path, status, flags);
 }
 
-int openPath(int from, const char* path, int flags, mode_t mode) {
-    return strikesPath(kOpen, path) ? -1 : system(SYS_openat, from, path, flags, mode);
+int openPath(int from, const char* path, int flags, va_list rest) {
+    const int mode = (flags & O_CREAT) != 0 ? va_arg(rest, int) : 0;
+    va_end(rest);
+    return strikesAt(kOpen, from, path) ? -1 : raw(SYS_openat, from, path, flags, mode);
 }
 
 /// A read or write of a file, whole, in half or not at all.
 template <typename Bytes, typename... Offset>
 ssize_t transfer(int kind, long number, int file, Bytes bytes, std::size_t count,
                  Offset... offset) {
-    if (strikesFile(kind, file) && (count = halfOf(count)) == 0)
-        return -1;
+    if (strikesFile(kind, file)) {
+        if (error != kHalf)
+            return -1;
+        count = (count + 1) / 2;
+    }
     return ::syscall(number, file, bytes, count, offset...);
 }
 
 int (*programMain)(int, char**, char**) = nullptr;
 
 int watchedMain(int count, char** arguments, char** environment) {
-    readPlan();
+    readPlan(std::getenv(kFaultVariable));
+    armed = true;
     const int status = programMain(count, arguments, environment);
     armed = false;
     return status;
@@ -152,24 +153,17 @@ int fstatat(int from, const char* path, struct stat* status, int flags) noexcept
     return statPath(from, path, status, flags);
 }
 int fstat(int file, struct stat* status) noexcept {
-    return strikesFile(kStat, file) ? -1 : system(SYS_fstat, file, status);
-}
-int fstat64(int file, struct stat64* status) noexcept {
-    return strikesFile(kStat, file) ? -1 : system(SYS_fstat, file, status);
+    return strikesFile(kStat, file) ? -1 : raw(SYS_fstat, file, status);
 }
 int open(const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
-    const int mode = (flags & O_CREAT) != 0 ? va_arg(rest, int) : 0;
-    va_end(rest);
-    return openPath(AT_FDCWD, path, flags, static_cast<mode_t>(mode));
+    return openPath(AT_FDCWD, path, flags, rest);
 }
 int openat(int from, const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
-    const int mode = (flags & O_CREAT) != 0 ? va_arg(rest, int) : 0;
-    va_end(rest);
-    return openPath(from, path, flags, static_cast<mode_t>(mode));
+    return openPath(from, path, flags, rest);
 }
 DIR* opendir(const char* path) {
     return strikesPath(kOpen, path) ? nullptr : next<DIR*(const char*)>("opendir")(path);
@@ -189,23 +183,23 @@ ssize_t write(int file, const void* bytes, std::size_t count) {
     return transfer(kWrite, SYS_write, file, bytes, count);
 }
 int fsync(int file) {
-    return strikesFile(kSync, file) ? -1 : system(SYS_fsync, file);
+    return strikesFile(kSync, file) ? -1 : raw(SYS_fsync, file);
 }
 /// The system gives a descriptor back even if it reports a failure.
 int close(int file) {
     const bool failed = strikesFile(kClose, file);
-    const int result = system(SYS_close, file);
+    const int result = raw(SYS_close, file);
     errno = failed ? error : errno;
     return failed ? -1 : result;
 }
 int rename(const char* from, const char* to) noexcept {
-    return strikesPath(kRename, to) ? -1 : system(SYS_rename, from, to);
+    return strikesPath(kRename, to) ? -1 : raw(SYS_rename, from, to);
 }
 int mkdir(const char* path, mode_t mode) noexcept {
-    return strikesPath(kMakeFolder, path) ? -1 : system(SYS_mkdir, path, mode);
+    return strikesPath(kMakeFolder, path) ? -1 : raw(SYS_mkdir, path, mode);
 }
 int flock(int file, int operation) noexcept {
-    return strikesFile(kLock, file) ? -1 : system(SYS_flock, file, operation);
+    return strikesFile(kLock, file) ? -1 : raw(SYS_flock, file, operation);
 }
 int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*run)(void*),
                    void* argument) noexcept {
@@ -221,8 +215,5 @@ void* calloc(std::size_t count, std::size_t size) {
 }
 void* realloc(void* old, std::size_t size) {
     return strikesMemory(__builtin_return_address(0)) ? nullptr : __libc_realloc(old, size);
-}
-void* aligned_alloc(std::size_t alignment, std::size_t size) {
-    return strikesMemory(__builtin_return_address(0)) ? nullptr : __libc_memalign(alignment, size);
 }
 }
