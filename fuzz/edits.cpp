@@ -16,16 +16,23 @@ constexpr int kIds = 12;
 constexpr std::array kWeights{"1",   "2",  "3",     "9",      "",      "x",
                               "2.5", "-4", "99999", "100000", "50001", "1000000000000"};
 
+/// A document that the program made; one from elsewhere, in which ids, addresses and pairs repeat,
+/// or are no ids; one with a graph that can be searched, with many chains of one cost.
+enum class Kind { Sound, Foreign, Graph };
+
 class Edits {
  public:
     Edits(const std::uint8_t* data, std::size_t size)
-        : next_(data), end_(data + size), sound_(number(1) == 0), database_(start()) {}
+        : next_(data), end_(data + size), kind_(static_cast<Kind>(number(2))), database_(start()) {}
 
     void run() {
         while (next_ != end_)
             step();
         requireIndexes();
-        if (sound_)
+        for (const int source : {1, kIds / 2, kIds})
+            for (int target = 1; target <= kIds; ++target)
+                requireChain(source, target);
+        if (kind_ == Kind::Sound)
             requireSoundAndRoundTrip(*database_);
     }
 
@@ -33,31 +40,35 @@ class Edits {
     int number(int most) { return next_ == end_ ? 0 : *next_++ % (most + 1); }
     std::string address() { return "p" + std::to_string(number(kIds)) + "@x"; }
 
-    /// In a document from elsewhere ids, addresses and pairs repeat, or are no ids.
-    std::string foreignId() {
+    std::string anyIdText() {
         constexpr std::array odd{"", "x", "007", "+3", "40000"};
+        if (kind_ == Kind::Graph)
+            return std::to_string(number(kIds - 1) + 1);
         return number(9) == 0 ? odd[static_cast<std::size_t>(number(odd.size() - 1))]
                               : std::to_string(number(kIds));
     }
 
     std::unique_ptr<Database> start() {
-        if (sound_)
+        if (kind_ == Kind::Sound)
             return openDocument(kFirstStartDocument);
-        std::string xml = "<pelkDB totalContacts='" + std::to_string(number(kIds)) + "'><contacts>";
+        std::string xml = "<pelkDB totalContacts='" +
+                          std::to_string(kind_ == Kind::Graph ? kIds : number(kIds)) +
+                          "'><contacts>";
         for (int count = number(kIds); count > 0; --count)
-            xml += "<contact id='" + foreignId() + "'><emails><email value='" + address() +
+            xml += "<contact id='" + anyIdText() + "'><emails><email value='" + address() +
                    "'/></emails></contact>";
         xml += "</contacts><relations>";
+        const auto weights = static_cast<int>(kind_ == Kind::Graph ? 3 : kWeights.size());
         for (int count = number(40); count > 0; --count)
-            xml += "<relation part1='" + foreignId() + "' part2='" + foreignId() + "' weight='" +
-                   kWeights[static_cast<std::size_t>(number(kWeights.size() - 1))] + "'/>";
+            xml += "<relation part1='" + anyIdText() + "' part2='" + anyIdText() + "' weight='" +
+                   kWeights[static_cast<std::size_t>(number(weights - 1))] + "'/>";
         return openDocument(xml + "</relations></pelkDB>");
     }
 
     /// The program itself names only contacts that are there.
     int anyId() {
         const int id = number(kIds);
-        return !sound_ || database_->contact(id) ? id : 0;
+        return kind_ != Kind::Sound || database_->contact(id) ? id : 0;
     }
 
     void step() {
@@ -72,7 +83,7 @@ class Edits {
         const int a = anyId();
         const int b = anyId();
         const std::string free = address();
-        const bool isFree = !sound_ || database_->ownersOf(free).empty();
+        const bool isFree = kind_ != Kind::Sound || database_->ownersOf(free).empty();
         switch (number(9)) {
             case 0:
                 if (isFree && database_->totalContacts() < 2 * kIds)
@@ -157,7 +168,7 @@ class Edits {
 
     const std::uint8_t* next_;
     const std::uint8_t* const end_;
-    const bool sound_;
+    const Kind kind_;
     const std::unique_ptr<Database> database_;
     LinkSearch search_{*database_};
 };

@@ -41,7 +41,7 @@ class Seeds {
     /// Bytes without a sense, for what takes them as they come.
     void addRandomBytes(const char* target) {
         std::mt19937 random(1);
-        for (std::size_t size = 16; size <= 1024; size *= 2) {
+        for (std::size_t size = 16; size <= 512; size += 16) {
             std::string bytes(size, '\0');
             std::generate(bytes.begin(), bytes.end(),
                           [&random] { return static_cast<char>(random()); });
