@@ -24,9 +24,6 @@ struct Arguments {
     std::string dataFolder;
     /// Where the mail is read.
     MailStoreOptions mail;
-    /// `scan` counts copies in several folders each, or e-mails that came after this stamp.
-    bool copies = false;
-    std::string since;
     /// The name that `merge` gives; empty when there is none.
     std::string name;
     bool yes = false;
