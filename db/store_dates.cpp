@@ -16,6 +16,18 @@ std::size_t countShared(const std::vector<std::uint64_t>& a, const std::vector<s
     }));
 }
 
+/// A store that was small when it was counted may have grown, and then all of its first e-mails are
+/// still there. One or two of them tell nothing, unless they are all there is: lists send the same
+/// e-mail to many.
+bool isSameMail(const std::vector<std::uint64_t>& before, const std::vector<std::uint64_t>& now) {
+    constexpr std::size_t kTelling = 3;
+    const std::size_t shared = countShared(before, now);
+    const std::size_t larger = std::max(before.size(), now.size());
+    if (shared < kTelling)
+        return shared > 0 && shared == larger;
+    return 2 * shared >= larger || shared == before.size();
+}
+
 }  // namespace
 
 /// The root of a file system ends with the slash that every other place is followed by.
@@ -50,8 +62,7 @@ bool StoreDates::hasSampleApartFrom(const std::string& place) const {
 const StoreDate* StoreDates::sameMail(const std::string& place,
                                       const std::vector<std::uint64_t>& sample) const {
     for (const StoreDate& date : all_)
-        if (!date.sample.empty() && !related(date.place, place) &&
-            2 * countShared(date.sample, sample) >= date.sample.size())
+        if (!related(date.place, place) && isSameMail(date.sample, sample))
             return &date;
     return nullptr;
 }

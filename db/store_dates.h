@@ -45,7 +45,8 @@ class StoreDates {
 
     /// Whether there are samples of stores that lie neither inside the place nor around it.
     bool hasSampleApartFrom(const std::string& place) const;
-    /// The first such store of whose sample at least half is in this one; null when there is none.
+    /// The first such store whose sample shares half with this one, or has grown to it; null when
+    /// there is none.
     const StoreDate* sameMail(const std::string& place,
                               const std::vector<std::uint64_t>& sample) const;
     /// Remembers of `to` and what is inside it whatever is remembered of `from`, and forgets `from`

@@ -23,12 +23,18 @@ class SampleWalk {
     std::vector<std::uint64_t> sample;
 
  private:
+    /// Takes the step, and once more when it fails: a fault of a moment must not make a store that
+    /// has moved look like another one. A fault that lasts is met again, and reported, by the scan.
     template <typename Step>
-    static void attempt(const Step& step) {
-        try {
-            step();
-        } catch (const Error&) {
-            // The scan itself meets the fault again, and reports it.
+    void attempt(const Step& step) {
+        const std::size_t before = sample.size();
+        for (int times = 0; times < 2; ++times) {
+            try {
+                step();
+                return;
+            } catch (const Error&) {
+                sample.resize(before);
+            }
         }
     }
 

@@ -1,6 +1,7 @@
 #include "platform/desktop/openssl_crypto.h"
 
 #include <openssl/core_names.h>
+#include <openssl/crypto.h>
 #include <openssl/err.h>
 #include <openssl/evp.h>
 #include <openssl/params.h>
@@ -61,6 +62,12 @@ void require(bool success) {
         fail();
 }
 
+/// Makes the library ready. Where it lacks the memory for that it would use a lock that is not there
+/// in whatever it is asked to do next.
+void requireLibrary() {
+    require(OSSL_LIB_CTX_get0_global_default() != nullptr);
+}
+
 class Hmac {
  public:
     explicit Hmac(std::string_view key) : context_(createContext(), &EVP_MAC_CTX_free) {
@@ -86,6 +93,7 @@ class Hmac {
 
  private:
     static EVP_MAC_CTX* createContext() {
+        requireLibrary();
         const std::unique_ptr<EVP_MAC, decltype(&EVP_MAC_free)> hmac(
             EVP_MAC_fetch(nullptr, OSSL_MAC_NAME_HMAC, nullptr), &EVP_MAC_free);
         return hmac ? EVP_MAC_CTX_new(hmac.get()) : nullptr;
@@ -95,6 +103,7 @@ class Hmac {
 };
 
 CipherContext createContext() {
+    requireLibrary();
     CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
     require(context != nullptr);
     return context;

@@ -217,7 +217,7 @@ class WinDriver : public Driver {
         return rows;
     }
     void clickRow(TreeView& tree, const TreePath& row) override {
-        NativeTree(tree).click(row, TVHT_ONITEMLABEL);
+        NativeTree(tree).click(row, TVHT_ONITEM);
     }
     bool isInView(TreeView& tree, const TreePath& row) override {
         const NativeTree view(tree);
@@ -242,7 +242,7 @@ class WinDriver : public Driver {
     }
     std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
                                        const std::string& caption) override {
-        return useMenu(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEMLABEL), caption);
+        return useMenu(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEM), caption);
     }
     void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         const NativeTree view(tree);
