@@ -70,8 +70,11 @@ std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
 
 std::string scanMessage(const ScanOutcome& outcome) {
     std::vector<std::string> lines = scanWarnings(outcome);
-    if (lines.empty() && notesWithoutCopies(outcome).empty())
-        return {};
+    if (lines.empty()) {
+        if (notesWithoutCopies(outcome).empty())
+            return {};
+        lines.emplace_back("The scan is done.");
+    }
     for (std::string& note : scanNotes(outcome))
         lines.push_back(std::move(note));
     std::string message;

@@ -150,7 +150,7 @@ TEST_F(ScannerTest, saysWhatAndWhoWasLeftOut) {
     EXPECT_EQ(outcome.mails, 2) << "drafts are counted, unless the session leaves them out";
     EXPECT_EQ(outcome.faults, 0);
     EXPECT_EQ(scanMessage(outcome),
-              "left out: Deleted Items (1 e-mail)\nleft out: Outbox\n"
+              "The scan is done.\nleft out: Deleted Items (1 e-mail)\nleft out: Outbox\n"
               "left out: labelled Trash (2 e-mails)\n"
               "left out: 2 people with an apostrophe in the address");
 }
