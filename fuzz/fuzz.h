@@ -55,7 +55,7 @@ inline std::unique_ptr<Database> openDocument(std::string_view xml) {
 
 inline std::string faultOf(const XmlElement& root) {
     try {
-        requireSoundDocument(root, language());
+        requireSoundDocument(root);
         return {};
     } catch (const Error& error) {
         return error.what();
