@@ -86,7 +86,7 @@ class ViewSpeed {
     }
     void openView() {
         database_ = store_.storage.loadDatabase();
-        form_ = std::make_unique<ShowForm>(toolkit_, store_.platform, store_.storage);
+        form_ = std::make_unique<ShowForm>(toolkit_, store_.platform);
         form_->database = database_.get();
         form_->startShowing();
         form_->show();
