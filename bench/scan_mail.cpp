@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "db/default_documents.h"
+#include "mailstore/mail_store.h"
 #include "platform/desktop/locale_language.h"
-#include "platform/desktop/mail/mail_store.h"
 #include "platform/desktop/pugi_document.h"
 
 namespace pelk {

@@ -1,8 +1,8 @@
 // An address field, and the readers of text around it.
 
 #include "fuzz/fuzz.h"
-#include "platform/desktop/mail/address_list.h"
-#include "platform/desktop/mail/mail_text.h"
+#include "mailstore/address_list.h"
+#include "mailstore/mail_text.h"
 #include "platform/utf8.h"
 #include "views/emailParser.h"
 

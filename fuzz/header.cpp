@@ -1,12 +1,12 @@
 // The header of a message, and what is read from its fields and from the names of files.
 
 #include "fuzz/fuzz.h"
-#include "platform/desktop/mail/folder_name.h"
-#include "platform/desktop/mail/message_header.h"
-#include "platform/desktop/mail/message_identity.h"
-#include "platform/desktop/mail/message_time.h"
-#include "platform/desktop/mail/mozilla_status.h"
-#include "platform/desktop/mail/special_folder.h"
+#include "mailstore/folder_name.h"
+#include "mailstore/message_header.h"
+#include "mailstore/message_identity.h"
+#include "mailstore/message_time.h"
+#include "mailstore/mozilla_status.h"
+#include "mailstore/special_folder.h"
 
 namespace pelk {
 namespace {

@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "fuzz/fuzz.h"
-#include "platform/desktop/mail/mail_store.h"
+#include "mailstore/mail_store.h"
 #include "platform/utf8.h"
 #include "scan/scanner.h"
 #include "tests/support/temporary_folder.h"

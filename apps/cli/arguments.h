@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/desktop/mail/mail_store.h"
+#include "mailstore/mail_store.h"
 
 namespace pelk {
 

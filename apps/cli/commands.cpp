@@ -15,7 +15,7 @@
 #include "apps/cli/terminal_progress.h"
 #include "apps/cli/terminal_text.h"
 #include "db/date_stamp.h"
-#include "platform/desktop/mail/mail_store.h"
+#include "mailstore/mail_store.h"
 #include "scan/scan_notes.h"
 
 namespace pelk {

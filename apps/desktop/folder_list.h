@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/desktop/mail/mail_store.h"
+#include "mailstore/mail_store.h"
 
 namespace pelk {
 

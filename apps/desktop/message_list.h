@@ -4,7 +4,7 @@
 #include <QAbstractTableModel>
 #include <unordered_map>
 
-#include "platform/desktop/mail/mail_store.h"
+#include "mailstore/mail_store.h"
 
 namespace pelk {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/desktop/side_by_side.h"
+#include "platform/side_by_side.h"
 
 namespace pelk {
 

@@ -9,7 +9,7 @@
 #include <span>
 
 #include "platform/ascii.h"
-#include "platform/desktop/side_by_side.h"
+#include "platform/side_by_side.h"
 
 namespace pelk {
 namespace {

@@ -13,8 +13,8 @@
 #include <utility>
 
 #include "platform/desktop/hand_over.h"
-#include "platform/desktop/side_by_side.h"
 #include "platform/error.h"
+#include "platform/side_by_side.h"
 
 namespace pelk {
 namespace {
@@ -62,8 +62,8 @@ void require(bool success) {
         fail();
 }
 
-/// Makes the library ready. Where it lacks the memory for that it would use a lock that is not there
-/// in whatever it is asked to do next.
+/// Makes the library ready. Where it lacks the memory for that it would use a lock that is not
+/// there in whatever it is asked to do next.
 void requireLibrary() {
     require(OSSL_LIB_CTX_get0_global_default() != nullptr);
 }

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/desktop/side_by_side.h"
 #include "platform/desktop/xml_strictness.h"
+#include "platform/side_by_side.h"
 
 namespace pelk {
 namespace {

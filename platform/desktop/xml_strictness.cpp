@@ -7,7 +7,7 @@
 #include <pugixml.hpp>
 #include <vector>
 
-#include "platform/desktop/side_by_side.h"
+#include "platform/side_by_side.h"
 #include "platform/utf8.h"
 #include "platform/xml.h"
 

@@ -1,0 +1,71 @@
+#include "mailstore/folder_name.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "mailstore/gmime_ready.h"
+
+namespace pelk {
+namespace {
+
+/// UTF-8 of a run of base 64, or nothing when it is none.
+std::optional<std::string> decodeRun(std::string run) {
+    std::replace(run.begin(), run.end(), ',', '/');
+    run.append((4 - run.size() % 4) % 4, '=');
+    gsize length = 0;
+    const GText bytes(reinterpret_cast<char*>(g_base64_decode(run.c_str(), &length)));
+    const GText text(g_convert(bytes.get(), static_cast<gssize>(length), "UTF-8", "UTF-16BE",
+                               nullptr, nullptr, nullptr));
+    return text && length > 0 ? std::optional<std::string>(text.get()) : std::nullopt;
+}
+
+}  // namespace
+
+std::string withoutCompanionEnding(std::string_view name) {
+    if (name.size() > kCompanionEnding.size() && name.ends_with(kCompanionEnding))
+        name.remove_suffix(kCompanionEnding.size());
+    return std::string(name);
+}
+
+std::vector<std::string> splitMaildirName(std::string_view fileName) {
+    const std::string_view whole = fileName.substr(1);
+    std::vector<std::string> names;
+    std::size_t begin = 0;
+    while (begin <= whole.size()) {
+        const std::size_t end = std::min(whole.find('.', begin), whole.size());
+        names.emplace_back(whole.substr(begin, end - begin));
+        if (names.back().empty())
+            return {std::string(whole)};
+        begin = end + 1;
+    }
+    return names;
+}
+
+std::optional<std::string_view> maildirFlags(std::string_view fileName) {
+    const std::size_t mark = fileName.find_last_of(":;!");
+    if (mark == std::string_view::npos || !fileName.substr(mark + 1).starts_with("2,"))
+        return std::nullopt;
+    return fileName.substr(mark + 3);
+}
+
+std::string decodeModifiedUtf7(std::string_view name) {
+    std::string result;
+    for (std::size_t i = 0; i < name.size(); ++i) {
+        if (name[i] != '&') {
+            result += name[i];
+            continue;
+        }
+        const std::size_t end = name.find('-', i);
+        if (end == std::string_view::npos)
+            return std::string(name);
+        const auto run = end == i + 1 ? std::optional<std::string>("&")
+                                      : decodeRun(std::string(name.substr(i + 1, end - i - 1)));
+        if (!run)
+            return std::string(name);
+        result += *run;
+        i = end;
+    }
+    return result;
+}
+
+}  // namespace pelk

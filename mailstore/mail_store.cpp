@@ -1,0 +1,164 @@
+#include "mailstore/mail_store.h"
+
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <optional>
+
+#include "mailstore/mail_text.h"
+#include "mailstore/named_stores.h"
+#include "mailstore/read_ahead.h"
+#include "mailstore/special_folder.h"
+#include "mailstore/stored_messages.h"
+#include "platform/error.h"
+
+namespace pelk {
+namespace {
+
+using PlaceList = std::vector<FolderPlace>;
+
+std::unique_ptr<MailFolders> walk(std::function<PlaceList()> list);
+
+class DiskFolder : public StoredFolder {
+ public:
+    explicit DiskFolder(FolderPlace place) : place_(std::move(place)) {}
+
+    const FolderPlace& location() const { return place_; }
+
+    std::string name() override { return place_.name; }
+    std::string place() override { return place_.canonical; }
+    int defaultItemType() override { return kMailItemType; }
+    std::unique_ptr<MailFolders> folders() override {
+        return walk([place = place_] { return listSubfolders(place); });
+    }
+
+    int itemCount() override {
+        constexpr std::size_t kMost = std::numeric_limits<int>::max();
+        return messages() ? static_cast<int>(std::min(messages()->count(), kMost)) : 0;
+    }
+
+    std::shared_ptr<MailItem> mailItem(int index) override {
+        requireItem(index);
+        if (!ahead_)
+            ahead_.emplace(*messages());
+        ListedMessage listed = ahead_->message(static_cast<std::size_t>(index) - 1);
+        if (listed.kind != ItemKind::Mail)
+            throw NotAMailItem();
+        return std::move(listed.message);
+    }
+
+    MessageSummary summary(int index) override {
+        requireItem(index);
+        const ListedMessage listed = messages()->message(static_cast<std::size_t>(index) - 1);
+        StoredMessage& message = *listed.message;
+        return {message.author(), message.subject(), message.creationTime(), listed.kind};
+    }
+
+ private:
+    std::string describe(int index) const {
+        const std::string& folder = place_.path.empty() ? place_.name : place_.path;
+        return "Item " + std::to_string(index) + " of " + folder;
+    }
+
+    /// Null for a folder that has no place for items.
+    const StoredMessages* messages() {
+        if (!messages_) {
+            switch (place_.kind) {
+                case FolderPlace::Kind::Empty:
+                    break;
+                case FolderPlace::Kind::Mbox:
+                    messages_ = openMbox(place_.path);
+                    break;
+                case FolderPlace::Kind::SingleMessage:
+                    messages_ = openSingleMessage(place_.path);
+                    break;
+                case FolderPlace::Kind::Directory:
+                    messages_ = openDirectory(place_.path);
+                    break;
+            }
+        }
+        return messages_.get();
+    }
+
+    void requireItem(int index) {
+        if (index < 1 || index > itemCount())
+            throw Error(describe(index) + " does not exist.");
+    }
+
+    const FolderPlace place_;
+    std::unique_ptr<StoredMessages> messages_;
+    /// Only for those that are taken as items, of which a scan takes all.
+    std::optional<ReadAhead> ahead_;
+};
+
+/// Looks for the folders only when the walk begins.
+class DiskFolders : public MailFolders {
+ public:
+    explicit DiskFolders(std::function<PlaceList()> list) : list_(std::move(list)) {}
+
+    std::unique_ptr<MailFolder> first() override {
+        places_.clear();
+        next_ = 0;
+        places_ = list_();
+        return next();
+    }
+
+    std::unique_ptr<MailFolder> next() override {
+        return next_ < places_.size() ? std::make_unique<DiskFolder>(places_[next_++]) : nullptr;
+    }
+
+ private:
+    const std::function<PlaceList()> list_;
+    PlaceList places_;
+    std::size_t next_ = 0;
+};
+
+std::unique_ptr<MailFolders> walk(std::function<PlaceList()> list) {
+    return std::make_unique<DiskFolders>(std::move(list));
+}
+
+class DiskSession : public MailSession {
+ public:
+    DiskSession(const std::vector<std::string>& paths, MailStoreOptions options)
+        : options_(std::move(options)), named_(paths) {}
+
+    std::unique_ptr<MailFolders> folders() override {
+        return walk([stores = named_.stores()] { return stores; });
+    }
+
+    std::vector<DefaultFolder> leftOutFolders() override {
+        std::vector<DefaultFolder> kinds = MailSession::leftOutFolders();
+        if (!options_.countDrafts)
+            kinds.push_back(DefaultFolder::Drafts);
+        if (!options_.countJunk)
+            kinds.push_back(DefaultFolder::Junk);
+        return kinds;
+    }
+
+    bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
+        const FolderPlace& place = dynamic_cast<DiskFolder&>(folder).location();
+        return place.atTop && isCalled(place.name, kind) && !named_.isNamed(place);
+    }
+
+ private:
+    bool isCalled(const std::string& name, DefaultFolder kind) const {
+        const std::vector<std::string>& names =
+            kind == DefaultFolder::Outbox ? options_.outboxNames : options_.deletedNames;
+        if (names.empty() || kind == DefaultFolder::Drafts || kind == DefaultFolder::Junk)
+            return folderCalled(name) == kind;
+        return std::any_of(names.begin(), names.end(),
+                           [&](const std::string& one) { return foldCase(one) == foldCase(name); });
+    }
+
+    const MailStoreOptions options_;
+    const NamedStores named_;
+};
+
+}  // namespace
+
+std::unique_ptr<MailSession> openMailSession(const std::vector<std::string>& paths,
+                                             MailStoreOptions options) {
+    return std::make_unique<DiskSession>(paths, std::move(options));
+}
+
+}  // namespace pelk

@@ -1,0 +1,84 @@
+#include "mailstore/named_stores.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+namespace pelk {
+namespace {
+
+/// Nothing for a folder that is not on disk, or gone.
+std::optional<DirectoryId> idOf(const std::string& path) {
+    struct stat status {};
+    if (path.empty() || ::stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return DirectoryId(status.st_dev, status.st_ino);
+}
+
+/// Of these one has to be among the contents of another store for `store` to be read there.
+std::set<DirectoryId> idsOfStore(const FolderPlace& store) {
+    std::error_code error;
+    std::filesystem::path folder = std::filesystem::canonical(store.path, error);
+    if (store.kind == FolderPlace::Kind::SingleMessage)
+        folder = folder.parent_path();
+    std::vector<std::string> paths = {store.path, folder.string()};
+    if (folder.filename() == "cur" || folder.filename() == "new")
+        paths.push_back(folder.parent_path().string());
+    std::set<DirectoryId> ids;
+    for (const std::string& path : paths)
+        if (const auto id = idOf(path))
+            ids.insert(*id);
+    return ids;
+}
+
+/// The directories of `store`, and the files that are folders.
+std::set<DirectoryId> contentsOf(const FolderPlace& store) {
+    std::set<DirectoryId> contents;
+    anyFolder(store, [&](const FolderPlace& place) {
+        contents.insert(place.trail.begin(), place.trail.end());
+        if (place.kind != FolderPlace::Kind::Directory)
+            if (const auto id = idOf(place.path))
+                contents.insert(*id);
+        return false;
+    });
+    return contents;
+}
+
+}  // namespace
+
+NamedStores::NamedStores(const std::vector<std::string>& paths) {
+    for (const std::string& path : paths)
+        stores_.push_back(findStore(path));
+    // To look through all folders takes its time, and one store has nobody to share with.
+    if (stores_.size() > 1)
+        for (FolderPlace& store : std::exchange(stores_, {}))
+            add(std::move(store));
+}
+
+void NamedStores::add(FolderPlace store) {
+    const auto isIn = [](const std::set<DirectoryId>& contents, const FolderPlace& inner) {
+        const std::set<DirectoryId> ids = idsOfStore(inner);
+        return std::any_of(ids.begin(), ids.end(),
+                           [&](const DirectoryId& id) { return contents.contains(id); });
+    };
+    if (const auto id = idOf(store.path))
+        named_.insert(*id);
+    if (std::any_of(contents_.begin(), contents_.end(),
+                    [&](const auto& contents) { return isIn(contents, store); }))
+        return;
+    const std::set<DirectoryId> contents = contentsOf(store);
+    std::erase_if(stores_, [&](const FolderPlace& other) { return isIn(contents, other); });
+    stores_.push_back(std::move(store));
+    // Of stores that have been left to this one it holds what they hold.
+    contents_.push_back(contents);
+}
+
+bool NamedStores::isNamed(const FolderPlace& place) const {
+    const std::optional<DirectoryId> id = place.isStore ? std::nullopt : idOf(place.path);
+    return place.isStore || (id && named_.contains(*id));
+}
+
+}  // namespace pelk

@@ -1,0 +1,211 @@
+#include "mailstore/special_folder.h"
+
+#include <array>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+#include "mailstore/mail_text.h"
+
+namespace pelk {
+namespace {
+
+struct Purpose {
+    DefaultFolder kind;
+    std::string_view name;
+};
+
+constexpr auto kOutbox = DefaultFolder::Outbox;
+constexpr auto kDeleted = DefaultFolder::DeletedItems;
+constexpr auto kDrafts = DefaultFolder::Drafts;
+constexpr auto kJunk = DefaultFolder::Junk;
+
+// First what Thunderbird, Apple Mail, Outlook and the usual servers call them in English, then what
+// Gmail calls its labels and IMAP folders in each language of its users, as its own pages show
+// them; more than one where the wording has changed over the years, or differs by country.
+constexpr Purpose kPurposes[] = {
+    {kOutbox, "Outbox"},
+    {kOutbox, "Unsent"},
+    {kOutbox, "Unsent Messages"},
+    {kDeleted, "Trash"},
+    {kDeleted, "Bin"},
+    {kDeleted, "Deleted"},
+    {kDeleted, "Deleted Items"},
+    {kDeleted, "Deleted Messages"},
+    {kDrafts, "Draft"},
+    {kDrafts, "Drafts"},
+    {kDrafts, "Templates"},
+    {kJunk, "Junk"},
+    {kJunk, "Junk Mail"},
+    {kJunk, "Junk E-mail"},
+    {kJunk, "Junk Email"},
+    {kJunk, "Spam"},
+    {kJunk, "Bulk"},
+    {kJunk, "Bulk Mail"},
+    // Arabic
+    {kDeleted, "المهملات"},
+    {kDrafts, "المسودات"},
+    {kDrafts, "مسودات"},
+    {kJunk, "الرسائل غير المرغوب فيها"},
+    {kJunk, "بريد غير مرغوب فيه"},
+    // Bengali
+    {kDeleted, "ট্র্যাশ"},
+    {kDrafts, "খসড়া"},
+    {kDrafts, "ড্রাফ্ট"},
+    {kJunk, "স্প্যাম"},
+    // Chinese, simplified and traditional
+    {kDeleted, "已删除邮件"},
+    {kDeleted, "已刪除的郵件"},
+    {kDeleted, "垃圾桶"},
+    {kDrafts, "草稿"},
+    {kJunk, "垃圾邮件"},
+    {kJunk, "垃圾郵件"},
+    // Czech
+    {kDeleted, "Koš"},
+    {kDrafts, "Koncepty"},
+    // Danish
+    {kDeleted, "Papirkurv"},
+    {kDrafts, "Kladder"},
+    // Dutch
+    {kDeleted, "Prullenbak"},
+    {kDrafts, "Concepten"},
+    // Finnish
+    {kDeleted, "Roskakori"},
+    {kDrafts, "Luonnokset"},
+    {kJunk, "Roskaposti"},
+    // French
+    {kDeleted, "Corbeille"},
+    {kDrafts, "Brouillons"},
+    {kJunk, "Pourriel"},
+    // German
+    {kDeleted, "Papierkorb"},
+    {kDrafts, "Entwürfe"},
+    // Greek
+    {kDeleted, "Κάδος απορριμμάτων"},
+    {kDrafts, "Πρόχειρα"},
+    {kJunk, "Ανεπιθύμητα"},
+    // Hebrew
+    {kDeleted, "אשפה"},
+    {kDrafts, "טיוטות"},
+    {kJunk, "ספאם"},
+    // Hindi
+    {kDeleted, "ट्रैश"},
+    {kDeleted, "ट्रैश करें"},
+    {kDrafts, "ड्राफ़्ट"},
+    {kDrafts, "ड्राफ्ट"},
+    {kJunk, "स्पैम"},
+    // Hungarian
+    {kDeleted, "Kuka"},
+    {kDrafts, "Piszkozatok"},
+    // Indonesian and Malay
+    {kDeleted, "Tong Sampah"},
+    {kDeleted, "Sampah"},
+    {kDrafts, "Draf"},
+    // Italian
+    {kDeleted, "Cestino"},
+    {kDrafts, "Bozze"},
+    // Japanese
+    {kDeleted, "ゴミ箱"},
+    {kDrafts, "下書き"},
+    {kJunk, "迷惑メール"},
+    // Korean
+    {kDeleted, "휴지통"},
+    {kDrafts, "임시보관함"},
+    {kJunk, "스팸함"},
+    // Norwegian and Swedish
+    {kDeleted, "Papperskorgen"},
+    {kDrafts, "Utkast"},
+    {kJunk, "Søppelpost"},
+    {kJunk, "Skräppost"},
+    // Persian
+    {kDeleted, "زباله‌دان"},
+    {kDrafts, "پیش‌نویس‌ها"},
+    {kDrafts, "پیش‌نویس"},
+    {kJunk, "هرزنامه"},
+    // Polish
+    {kDeleted, "Kosz"},
+    {kDrafts, "Wersje robocze"},
+    {kDrafts, "Szkice"},
+    // Portuguese
+    {kDeleted, "Lixeira"},
+    {kDeleted, "Lixo"},
+    {kDrafts, "Rascunhos"},
+    // Romanian
+    {kDeleted, "Coș de gunoi"},
+    {kDeleted, "Coş de gunoi"},
+    {kDrafts, "Mesaje nefinalizate"},
+    // Russian
+    {kDeleted, "Корзина"},
+    {kDrafts, "Черновики"},
+    {kJunk, "Спам"},
+    // Spanish
+    {kDeleted, "Papelera"},
+    {kDrafts, "Borradores"},
+    // Thai
+    {kDeleted, "ถังขยะ"},
+    {kDrafts, "ร่างจดหมาย"},
+    {kJunk, "จดหมายขยะ"},
+    // Turkish
+    {kDeleted, "Çöp Kutusu"},
+    {kDrafts, "Taslaklar"},
+    // Ukrainian
+    {kDeleted, "Кошик"},
+    {kDrafts, "Чернетки"},
+    // Vietnamese
+    {kDeleted, "Thùng rác"},
+    {kDrafts, "Thư nháp"},
+    {kJunk, "Thư rác"},
+};
+
+/// Takes the first label off `labels`. One with a comma in its name stands in quotes.
+std::string takeLabel(std::string_view& labels) {
+    std::string label;
+    bool quoted = false;
+    while (!labels.empty()) {
+        const char c = labels.front();
+        labels.remove_prefix(1);
+        if (c == ',' && !quoted)
+            break;
+        if (c == '"')
+            quoted = !quoted;
+        else
+            label += c;
+    }
+    return label;
+}
+
+}  // namespace
+
+std::optional<DefaultFolder> folderCalled(std::string_view name) {
+    static const auto byName = [] {
+        std::unordered_map<std::string, DefaultFolder> map;
+        for (const Purpose& purpose : kPurposes)
+            map.emplace(foldCase(purpose.name), purpose.kind);
+        return map;
+    }();
+    const auto found = byName.find(foldCase(name));
+    return found == byName.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<DefaultFolder> folderOfLabels(std::string_view labels) {
+    if (labels.empty())
+        return std::nullopt;
+    const std::string text = decodeText(labels);
+    std::optional<DefaultFolder> folder;
+    for (std::string_view rest = text; !rest.empty();) {
+        const std::optional<DefaultFolder> found = folderCalled(decodeText(takeLabel(rest)));
+        // What lies in the trash is gone, whatever it was before.
+        if (found == DefaultFolder::DeletedItems)
+            return found;
+        if (found && found != DefaultFolder::Outbox)
+            folder = found;
+    }
+    return folder;
+}
+
+bool isContainerName(std::string_view name) {
+    return equalsIgnoringCase(name, "INBOX") || equalsIgnoringCase(name, "[Gmail]") ||
+           equalsIgnoringCase(name, "[Google Mail]");
+}
+
+}  // namespace pelk

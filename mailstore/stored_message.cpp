@@ -1,0 +1,135 @@
+#include "mailstore/stored_message.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "mailstore/address_list.h"
+#include "mailstore/mail_text.h"
+#include "mailstore/message_identity.h"
+#include "mailstore/special_folder.h"
+#include "platform/error.h"
+
+namespace pelk {
+
+StoredMessage::StoredMessage(MessagePlace place, NotedTime received)
+    : place_(std::move(place)), received_(received) {}
+
+LocalTime StoredMessage::creationTime() {
+    const std::optional<LocalTime>& changed = place_.file->changed();
+    const std::optional<LocalTime>& own = ownTime();
+    if (own && changed)
+        return std::min(*own, *changed);
+    return own ? *own : changed.value_or(LocalTime{});
+}
+
+/// A file that holds this message alone is not written to again, an mbox is. A change in the future
+/// is read as the present, which moves on.
+bool StoredMessage::isDatedAhead() {
+    const std::optional<LocalTime>& changed = place_.file->changed();
+    const std::optional<LocalTime>& own = ownTime();
+    if (own && (!changed || *own <= *changed))
+        return false;
+    return place_.inMbox || place_.file->isAhead();
+}
+
+std::string StoredMessage::messageId() {
+    return pelk::messageId(header());
+}
+
+std::uint64_t StoredMessage::fingerprint() {
+    return pelk::fingerprint(header());
+}
+
+std::optional<DefaultFolder> StoredMessage::labelledFolder() {
+    return folderOfLabels(header().first("X-Gmail-Labels"));
+}
+
+std::optional<MailPerson> StoredMessage::replyRecipient() {
+    peopleWanted_ = true;
+    return sender();
+}
+
+int StoredMessage::recipientCount() {
+    peopleWanted_ = true;
+    return static_cast<int>(recipients().size());
+}
+
+MailPerson StoredMessage::recipient(int index) {
+    if (index < 1 || index > recipientCount()) {
+        throw Error("A message in " + place_.file->path() + " has no recipient " +
+                    std::to_string(index) + ".");
+    }
+    return recipients()[static_cast<std::size_t>(index) - 1];
+}
+
+void StoredMessage::readPeople() {
+    sender();
+    recipients();
+}
+
+const MessageHeader& StoredMessage::header() {
+    if (!header_)
+        header_.reset(new MessageHeader(readHeader(place_)));
+    return *header_;
+}
+
+std::string StoredMessage::author() {
+    std::vector<MailPerson> found = people("From");
+    if (found.empty())
+        found = people("Sender");
+    return found.empty() ? std::string() : found.front().name;
+}
+
+std::string StoredMessage::subject() {
+    return decodeText(header().first("Subject"));
+}
+
+const std::optional<LocalTime>& StoredMessage::ownTime() {
+    if (!ownTime_)
+        ownTime_ = findOwnTime();
+    return *ownTime_;
+}
+
+std::optional<LocalTime> StoredMessage::findOwnTime() {
+    if (const auto noted = localTime(received_))
+        return noted;
+    if (const auto came = localTime(NotedTime{receivedFieldTime(header().first("Received"))}))
+        return came;
+    return localTime(NotedTime{dateFieldTime(header().first("Date"))});
+}
+
+std::vector<MailPerson> StoredMessage::people(std::string_view field) {
+    std::vector<MailPerson> all;
+    for (const std::string& value : header().all(field)) {
+        std::vector<MailPerson> some = parseAddressList(value);
+        all.insert(all.end(), std::make_move_iterator(some.begin()),
+                   std::make_move_iterator(some.end()));
+    }
+    return all;
+}
+
+const std::optional<MailPerson>& StoredMessage::sender() {
+    if (!sender_) {
+        std::vector<MailPerson> found;
+        for (const char* const field : {"Reply-To", "From", "Sender"})
+            if (found.empty())
+                found = people(field);
+        sender_ = found.empty() ? std::nullopt : std::optional(std::move(found.front()));
+    }
+    return *sender_;
+}
+
+const std::vector<MailPerson>& StoredMessage::recipients() {
+    if (!recipients_) {
+        std::vector<MailPerson> all;
+        for (const std::string_view field : {"To", "Cc", "Bcc"}) {
+            std::vector<MailPerson> some = people(field);
+            all.insert(all.end(), std::make_move_iterator(some.begin()),
+                       std::make_move_iterator(some.end()));
+        }
+        recipients_ = std::move(all);
+    }
+    return *recipients_;
+}
+
+}  // namespace pelk
