@@ -32,7 +32,7 @@ inline void readItem(StoredFolder& folder, int index) {
 }
 
 inline void readFolders(MailFolders& folders) {
-    for (std::unique_ptr<MailFolder> folder = folders.first(); folder; folder = folders.next()) {
+    while (std::unique_ptr<MailFolder> folder = folders.next()) {
         require(!folder->name().empty(), "a folder has a name");
         auto& stored = dynamic_cast<StoredFolder&>(*folder);
         for (int index = 1, count = stored.itemCount(); index <= count; ++index) {

@@ -27,7 +27,7 @@ class DiskFolder : public StoredFolder {
 
     std::string name() override { return place_.name; }
     std::string place() override { return place_.canonical; }
-    int defaultItemType() override { return kMailItemType; }
+    bool holdsMail() override { return true; }
     std::unique_ptr<MailFolders> folders() override {
         return walk([place = place_] { return listSubfolders(place); });
     }
@@ -96,20 +96,16 @@ class DiskFolders : public MailFolders {
  public:
     explicit DiskFolders(std::function<PlaceList()> list) : list_(std::move(list)) {}
 
-    std::unique_ptr<MailFolder> first() override {
-        places_.clear();
-        next_ = 0;
-        places_ = list_();
-        return next();
-    }
-
     std::unique_ptr<MailFolder> next() override {
-        return next_ < places_.size() ? std::make_unique<DiskFolder>(places_[next_++]) : nullptr;
+        if (!places_)
+            places_ = list_();
+        return next_ < places_->size() ? std::make_unique<DiskFolder>((*places_)[next_++])
+                                       : nullptr;
     }
 
  private:
     const std::function<PlaceList()> list_;
-    PlaceList places_;
+    std::optional<PlaceList> places_;
     std::size_t next_ = 0;
 };
 

@@ -64,17 +64,13 @@ class MailItem {
     virtual MailPerson recipient(int index) = 0;
 };
 
-/// `DefaultItemType` of a folder that holds mail.
-inline constexpr int kMailItemType = 0;
-
 class MailFolder;
 
-/// The folders inside a folder or session, walked from the first to the last.
+/// A walk over the folders inside a folder or session, from the first to the last.
 class MailFolders {
  public:
     virtual ~MailFolders() = default;
-    /// Null when there is none (left).
-    virtual std::unique_ptr<MailFolder> first() = 0;
+    /// The first folder when it is called first, then the one after. Null when none is left.
     virtual std::unique_ptr<MailFolder> next() = 0;
 };
 
@@ -85,7 +81,8 @@ class MailFolder {
     /// Where the folder lies. The place of a folder inside another one begins with the place of
     /// that one and "/". Empty when the client cannot tell its stores apart.
     virtual std::string place() { return {}; }
-    virtual int defaultItemType() = 0;
+    /// Whether the folder is meant for e-mails, and not for appointments or other items.
+    virtual bool holdsMail() = 0;
     virtual std::unique_ptr<MailFolders> folders() = 0;
     virtual int itemCount() = 0;
     /// Item `index`, counted from 1. Throws `NotAMailItem` when it is something else.

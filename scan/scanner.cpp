@@ -39,7 +39,7 @@ std::string Scanner::placeOf(MailFolder& folder, const std::string& above) {
 
 void Scanner::scanStores() {
     const std::unique_ptr<MailFolders> stores = session_->folders();
-    for (std::unique_ptr<MailFolder> store = stores->first(); store; store = stores->next())
+    while (std::unique_ptr<MailFolder> store = stores->next())
         scanStore(*store);
 }
 
@@ -54,14 +54,14 @@ void Scanner::scanStore(MailFolder& store) {
 }
 
 void Scanner::scanTree(MailFolders& folders, const std::string& above) {
-    for (std::unique_ptr<MailFolder> folder = folders.first(); folder; folder = folders.next())
+    while (std::unique_ptr<MailFolder> folder = folders.next())
         scanBranch(*folder, placeOf(*folder, above));
 }
 
 /// Each folder's own items come before its subfolders, which are entered whatever their kind.
 void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
     const bool itemsRead = steps_.attempt([&] {
-        if (folder.defaultItemType() == kMailItemType)
+        if (folder.holdsMail())
             scanFolder(folder, place);
     });
     const bool treeRead = steps_.attempt([&] { scanTree(*folder.folders(), place); });

@@ -9,13 +9,12 @@ class SampleWalk {
 
     void walk(MailFolder& folder) {
         attempt([&] {
-            if (folder.defaultItemType() == kMailItemType &&
-                !isLeftOut(session_, folder, [](const Error&) {}))
+            if (folder.holdsMail() && !isLeftOut(session_, folder, [](const Error&) {}))
                 walkItems(folder);
         });
         attempt([&] {
             const std::unique_ptr<MailFolders> inside = folder.folders();
-            for (auto next = inside->first(); next && !isFull(); next = inside->next())
+            while (const auto next = isFull() ? nullptr : inside->next())
                 walk(*next);
         });
     }

@@ -28,7 +28,7 @@ StoredFolder& FolderList::folderOf(const QModelIndex& index) const {
 }
 
 void FolderList::add(QStandardItem& parent, MailFolders& folders) {
-    for (std::unique_ptr<MailFolder> folder = folders.first(); folder; folder = folders.next()) {
+    while (std::unique_ptr<MailFolder> folder = folders.next()) {
         auto* const item =
             new QStandardItem(QApplication::style()->standardIcon(QStyle::SP_DirIcon),
                               QString::fromStdString(folder->name()));

@@ -23,7 +23,7 @@ inline std::string mbox(const std::string& subject) {
 /// exclamation a folder that cannot be read.
 inline std::string describe(MailFolders& folders) {
     std::string text;
-    for (auto folder = folders.first(); folder; folder = folders.next()) {
+    while (const auto folder = folders.next()) {
         text += (text.empty() ? "" : " ") + folder->name() + "[";
         try {
             auto& stored = dynamic_cast<StoredFolder&>(*folder);
@@ -54,7 +54,7 @@ class MailTest : public testing::Test {
     }
 
     std::unique_ptr<MailFolder> openFolder(const std::string& name) const {
-        return open(name)->folders()->first();
+        return open(name)->folders()->next();
     }
 
     std::string treeOf(const std::string& name) const { return describe(*open(name)->folders()); }

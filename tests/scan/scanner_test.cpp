@@ -45,7 +45,7 @@ TEST_F(ScannerTest, countsAnEmailAndEachPairOfSenderAndRecipient) {
 }
 
 TEST_F(ScannerTest, walksEachFolderBeforeItsSubfolders) {
-    MemoryFolder calendar{"Calendar", {mail("no@x", {"no@y"})}, {}, 1};
+    MemoryFolder calendar{"Calendar", {mail("no@x", {"no@y"})}, {}, false};
     calendar.folders = {{"Invitations", {mail("yes@x", {"yes@y"})}, {}}};
     MemoryFolder deleted{"Deleted Items", {mail("no@x", {"no@y"})}, {}};
     deleted.folders = {{"Kept", {mail("kept@x", {"yes@y"})}, {}}};

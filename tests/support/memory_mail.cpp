@@ -42,7 +42,7 @@ class Folder : public MailFolder {
         return folder_.name;
     }
     std::string place() override { return place_; }
-    int defaultItemType() override { return folder_.itemType; }
+    bool holdsMail() override { return folder_.holdsMail; }
     std::unique_ptr<MailFolders> folders() override {
         if (folder_.refusesFolders)
             throw Error("The folders in " + folder_.name + " were refused.");
@@ -71,10 +71,6 @@ class Folders : public MailFolders {
  public:
     Folders(const std::vector<MemoryFolder>& folders, std::string above)
         : folders_(folders), above_(std::move(above)) {}
-    std::unique_ptr<MailFolder> first() override {
-        at_ = 0;
-        return next();
-    }
     std::unique_ptr<MailFolder> next() override {
         return at_ < folders_.size() ? std::make_unique<Folder>(folders_[at_++], above_) : nullptr;
     }

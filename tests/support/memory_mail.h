@@ -34,7 +34,7 @@ struct MemoryFolder {
     std::string name;
     std::vector<MemoryItem> items;
     std::vector<MemoryFolder> folders;
-    int itemType = kMailItemType;
+    bool holdsMail = true;
     /// The items; `refusesFolders` the folders, and `refusesName` the name.
     bool refuses = false;
     /// Of a top-level folder; others lie in it by their names.

@@ -37,7 +37,7 @@ std::vector<MemoryFolder> mailbox() {
     MemoryItem unsent = mail("", {"b@x"});
     unsent.hasSender = false;
     MemoryItem halfMissing = mail("a@x", {"", "c@x"}, {2024, 2, 29, 23, 59, 59});
-    MemoryFolder calendar{"Kalender", {mail("no@x", {"no@y"})}, {}, 1};
+    MemoryFolder calendar{"Kalender", {mail("no@x", {"no@y"})}, {}, false};
     calendar.folders = {{"Einladungen \xC3\xA4", {report(), mail("yes@x", {"yes@y"})}, {}}};
     MemoryFolder deleted{"Deleted Items", {mail("no@x", {"no@y"})}, {}};
     deleted.folders = {{"Kept", {mail("kept@x", {"yes@y"})}, {}}};
@@ -106,14 +106,14 @@ TEST_F(AutomationTest, tellsStoresApartWhereTheMailClientDoes) {
     host.mail.stores = mailbox();
     host.mail.stores[0].place = "00A7";
     const std::unique_ptr<MailFolders> stores = client.session()->folders();
-    const std::unique_ptr<MailFolder> first = stores->first();
+    const std::unique_ptr<MailFolder> first = stores->next();
     EXPECT_EQ(first->place(), "00A7");
-    const std::unique_ptr<MailFolder> inner = first->folders()->first();
+    const std::unique_ptr<MailFolder> inner = first->folders()->next();
     EXPECT_EQ(inner->place(), "00A7/");
-    EXPECT_EQ(inner->folders()->first()->place(), "00A7/");
+    EXPECT_EQ(inner->folders()->next()->place(), "00A7/");
     const std::unique_ptr<MailFolder> second = stores->next();
     EXPECT_EQ(second->place(), "");
-    EXPECT_EQ(second->folders()->first()->place(), "");
+    EXPECT_EQ(second->folders()->next()->place(), "");
 }
 
 TEST_F(AutomationTest, readsTheMajorVersion) {

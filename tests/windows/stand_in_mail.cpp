@@ -129,7 +129,7 @@ Served serveFolder(StandInMail& mail, const MemoryFolder& folder, const std::str
         return folder.place;
     });
     served->member(L"EntryID", [path] { return path; });
-    served->member(L"DefaultItemType", [&folder] { return folder.itemType; });
+    served->member(L"DefaultItemType", [&folder] { return folder.holdsMail ? 0 : 1; });
     served->member(L"Items", [&mail, &folder] {
         if (folder.refuses)
             throw Raised{E_FAIL, "The folder cannot be opened."};

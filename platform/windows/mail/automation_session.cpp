@@ -11,6 +11,9 @@ namespace {
 
 constexpr const char* kFolder = "a folder";
 
+/// `DefaultItemType` of a folder that holds mail (`olMailItem`).
+constexpr int kMailItemType = 0;
+
 /// The number by which the mail client knows a default folder (`OlDefaultFolders`).
 int numberOf(DefaultFolder kind) {
     switch (kind) {
@@ -46,7 +49,7 @@ class AutomationFolder : public MailFolder {
             place_ = storeId();
         return *place_;
     }
-    int defaultItemType() override { return folder_.number("DefaultItemType"); }
+    bool holdsMail() override { return folder_.number("DefaultItemType") == kMailItemType; }
     std::unique_ptr<MailFolders> folders() override {
         const std::string own = place();
         return openFolders(folder_, addresses_,
@@ -83,18 +86,18 @@ class AutomationFolders : public MailFolders {
           addresses_(std::move(addresses)),
           place_(std::move(place)) {}
 
-    std::unique_ptr<MailFolder> first() override { return step("GetFirst"); }
-    std::unique_ptr<MailFolder> next() override { return step("GetNext"); }
-
- private:
-    std::unique_ptr<MailFolder> step(const char* member) {
-        std::optional<Dispatch> folder = folders_.objectIfAny(member, kFolder);
+    std::unique_ptr<MailFolder> next() override {
+        std::optional<Dispatch> folder =
+            folders_.objectIfAny(isUnderWay_ ? "GetNext" : "GetFirst", kFolder);
+        isUnderWay_ = true;
         if (!folder)
             return nullptr;
         return std::make_unique<AutomationFolder>(std::move(*folder), addresses_, place_);
     }
 
+ private:
     Dispatch folders_;
+    bool isUnderWay_ = false;
     std::shared_ptr<DirectoryAddresses> addresses_;
     const std::optional<std::string> place_;
 };
