@@ -8,9 +8,6 @@
 namespace pelk {
 namespace {
 
-/// Routes a click to this object even when the mail client has yet to load it.
-constexpr const char* kAction = "!<Pelk.Connect>";
-
 constexpr int kReminderDays = 7;
 
 }  // namespace
@@ -67,10 +64,10 @@ std::span<const Connect::Command> Connect::commands() {
 
 void Connect::buildMenu() {
     const std::unique_ptr<CommandPopup> popup =
-        mailClient_->addPopup("Standard", "Pelk", "Pelk popup", kAction);
+        mailClient_->addPopup("Standard", "Pelk", "Pelk popup");
     for (const Command& command : commands())
-        this->*command.button = popup->addButton(command.caption, command.tag, kAction,
-                                                 [this, &command] { run(command); });
+        this->*command.button =
+            popup->addButton(command.caption, command.tag, [this, &command] { run(command); });
 }
 
 void Connect::PelkButtonView_Click() {

@@ -115,7 +115,6 @@ class CommandPopup {
     virtual ~CommandPopup() = default;
     /// Adds a button that shows its caption only, and calls `clicked` when the user clicks it.
     virtual std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
-                                                     std::string_view action,
                                                      std::function<void()> clicked) = 0;
 };
 
@@ -127,8 +126,7 @@ class MailClient {
     /// Adds a temporary pop-up menu to the named command bar of the active window, in the place of
     /// one with that tag that an earlier connection left there.
     virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
-                                                   std::string_view tag,
-                                                   std::string_view action) = 0;
+                                                   std::string_view tag) = 0;
 };
 
 }  // namespace pelk

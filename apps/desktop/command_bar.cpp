@@ -39,7 +39,6 @@ class MenuPopup : public CommandPopup {
     MenuPopup(QMenu& menu, Dialogs& dialogs) : menu_(menu), dialogs_(dialogs) {}
 
     std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
-                                             std::string_view,
                                              std::function<void()> clicked) override {
         QAction* const action = menu_.addAction(toText(caption));
         action->setObjectName(toText(tag));

@@ -54,7 +54,7 @@ std::unique_ptr<MailSession> MainWindow::session() {
 }
 
 std::unique_ptr<CommandPopup> MainWindow::addPopup(std::string_view bar, std::string_view caption,
-                                                   std::string_view tag, std::string_view) {
+                                                   std::string_view tag) {
     return addToolBarPopup(*this, dialogs_, bar, caption, tag);
 }
 

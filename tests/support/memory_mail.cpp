@@ -126,10 +126,8 @@ class Popup : public CommandPopup {
  public:
     explicit Popup(Buttons& buttons) : buttons_(buttons) {}
     std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
-                                             std::string_view action,
                                              std::function<void()> clicked) override {
-        buttons_.push_back(
-            {std::string(caption), std::string(tag), std::string(action), std::move(clicked)});
+        buttons_.push_back({std::string(caption), std::string(tag), std::move(clicked)});
         return std::make_unique<MenuButton>(buttons_, std::prev(buttons_.end()));
     }
 
@@ -147,10 +145,9 @@ std::unique_ptr<MailSession> MemoryMailClient::session() {
 
 std::unique_ptr<CommandPopup> MemoryMailClient::addPopup(std::string_view bar,
                                                          std::string_view caption,
-                                                         std::string_view tag,
-                                                         std::string_view action) {
+                                                         std::string_view tag) {
     std::string popup;
-    for (const std::string_view part : {bar, caption, tag, action})
+    for (const std::string_view part : {bar, caption, tag})
         popup += (popup.empty() ? "" : "/") + std::string(part);
     popups.push_back(popup);
     return std::make_unique<Popup>(buttons);

@@ -52,7 +52,6 @@ class MemoryMailClient : public MailClient {
     struct Button {
         std::string caption;
         std::string tag;
-        std::string action;
         std::function<void()> clicked;
     };
     /// The buttons that stand in the menu, with "bar/caption/tag" of the pop-ups they are in.
@@ -68,7 +67,7 @@ class MemoryMailClient : public MailClient {
 
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
-                                           std::string_view tag, std::string_view action) override;
+                                           std::string_view tag) override;
 };
 
 /// A person whose name is the local part of the address.

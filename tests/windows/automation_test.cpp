@@ -29,7 +29,7 @@ class AutomationTest : public ::testing::Test {
         return scan(*database, client);
     }
     std::unique_ptr<CommandPopup> addPopup() {
-        return client.addPopup("Standard", "Pelk", "Pelk popup", "!<Pelk.Connect>");
+        return client.addPopup("Standard", "Pelk", "Pelk popup");
     }
 };
 
@@ -127,10 +127,9 @@ TEST_F(AutomationTest, readsTheMajorVersion) {
 
 TEST_F(AutomationTest, putsTheMenuOnTheBarOnceWithItsButtons) {
     int clicks = 0;
-    addPopup()->addButton("Left over", "old", "", [] {});
+    addPopup()->addButton("Left over", "old", [] {});
     const auto popup = addPopup();
-    const auto button =
-        popup->addButton("About", "Pelk about", "!<Pelk.Connect>", [&] { ++clicks; });
+    const auto button = popup->addButton("About", "Pelk about", [&] { ++clicks; });
     ASSERT_EQ(host.standardBar->controls.size(), 1U);
     const BarControl& menu = *host.standardBar->controls[0];
     ASSERT_EQ(menu.controls.size(), 1U);
@@ -150,7 +149,7 @@ TEST_F(AutomationTest, removesAButtonWithinItsClickWhenForgottenAndWhenGone) {
     std::unique_ptr<CommandButton> button;
     int after = 0;
     const std::string captured(100, 'x');
-    button = addPopup()->addButton("About", "Pelk about", "", [&, captured] {
+    button = addPopup()->addButton("About", "Pelk about", [&, captured] {
         const std::unique_ptr<CommandButton> removed = std::move(button);
         removed->remove();
         after = static_cast<int>(captured.size());
@@ -159,18 +158,18 @@ TEST_F(AutomationTest, removesAButtonWithinItsClickWhenForgottenAndWhenGone) {
     EXPECT_EQ(after, 100) << "the handler lives until it returns";
     EXPECT_TRUE(host.menu().empty());
     const auto popup = addPopup();
-    popup->addButton("Forgotten", "1", "", [] { FAIL(); });
+    popup->addButton("Forgotten", "1", [] { FAIL(); });
     EXPECT_FALSE(host.click("Forgotten"));
-    const auto gone = popup->addButton("Gone", "2", "", [] {});
+    const auto gone = popup->addButton("Gone", "2", [] {});
     host.standardBar->controls[0]->controls.clear();
     gone->remove();
 }
 
 TEST_F(AutomationTest, reportsRefusedMenus) {
-    EXPECT_THROW(client.addPopup("Other", "Pelk", "Pelk popup", ""), Error);
+    EXPECT_THROW(client.addPopup("Other", "Pelk", "Pelk popup"), Error);
     const auto popup = addPopup();
     host.refusesControls = true;
-    EXPECT_THROW(popup->addButton("About", "1", "", [] {}), Error);
+    EXPECT_THROW(popup->addButton("About", "1", [] {}), Error);
     EXPECT_THROW(addPopup(), Error);
     host.hasWindow = false;
     EXPECT_THROW(addPopup(), Error);

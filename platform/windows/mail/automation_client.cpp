@@ -38,9 +38,8 @@ std::unique_ptr<MailSession> AutomationClient::session() {
 
 std::unique_ptr<CommandPopup> AutomationClient::addPopup(std::string_view bar,
                                                          std::string_view caption,
-                                                         std::string_view tag,
-                                                         std::string_view action) {
-    return addCommandBarPopup(application_, guard_, bar, caption, tag, action);
+                                                         std::string_view tag) {
+    return addCommandBarPopup(application_, guard_, bar, caption, tag);
 }
 
 }  // namespace pelk

@@ -22,7 +22,7 @@ class AutomationClient : public MailClient {
 
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
-                                           std::string_view tag, std::string_view action) override;
+                                           std::string_view tag) override;
 
  private:
     Dispatch application_;

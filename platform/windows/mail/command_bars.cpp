@@ -14,6 +14,9 @@ constexpr int kControlButton = 1;
 constexpr int kControlPopup = 10;
 constexpr int kStyleCaption = 2;
 
+/// Routes a click to the add-in even when the mail client has yet to load it.
+constexpr const char* kAction = "!<Pelk.Connect>";
+
 constexpr const char* kControls = "the controls of a command bar";
 constexpr const char* kControl = "a control of a command bar";
 
@@ -70,11 +73,10 @@ Dispatch addControl(const Dispatch& parent, int type) {
 }
 
 /// Texts first: a control is not to be seen before it is complete.
-void describe(const Dispatch& control, std::string_view caption, std::string_view tag,
-              std::string_view action) {
+void describe(const Dispatch& control, std::string_view caption, std::string_view tag) {
     control.put("Caption", variantOf(caption));
     control.put("Tag", variantOf(tag));
-    control.put("OnAction", variantOf(action));
+    control.put("OnAction", variantOf(kAction));
     control.put("Visible", variantOf(true));
 }
 
@@ -84,11 +86,10 @@ class BarPopup : public CommandPopup {
         : popup_(std::move(popup)), guard_(std::move(guard)) {}
 
     std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
-                                             std::string_view action,
                                              std::function<void()> clicked) override {
         const Dispatch button = addControl(popup_, kControlButton);
         button.put("Style", variantOf(kStyleCaption));
-        describe(button, caption, tag, action);
+        describe(button, caption, tag);
         return std::make_unique<BarButton>(
             button, [guard = guard_, handler = std::move(clicked)] { guard(handler); });
     }
@@ -121,7 +122,7 @@ void deleteLeftovers(const Dispatch& bar, std::string_view tag) {
 
 std::unique_ptr<CommandPopup> addCommandBarPopup(const Dispatch& application, ClickGuard guard,
                                                  std::string_view bar, std::string_view caption,
-                                                 std::string_view tag, std::string_view action) {
+                                                 std::string_view tag) {
     const std::optional<Dispatch> explorer =
         application.objectIfAny("ActiveExplorer", "the mail window");
     if (!explorer)
@@ -130,7 +131,7 @@ std::unique_ptr<CommandPopup> addCommandBarPopup(const Dispatch& application, Cl
                                   .object("Item", "a command bar", {variantOf(bar)});
     deleteLeftovers(standard, tag);
     Dispatch popup = addControl(standard, kControlPopup);
-    describe(popup, caption, tag, action);
+    describe(popup, caption, tag);
     return std::make_unique<BarPopup>(std::move(popup), std::move(guard));
 }
 

@@ -16,6 +16,6 @@ using ClickGuard = std::function<void(const std::function<void()>&)>;
 /// See `MailClient::addPopup`. `application` is the mail client.
 std::unique_ptr<CommandPopup> addCommandBarPopup(const Dispatch& application, ClickGuard guard,
                                                  std::string_view bar, std::string_view caption,
-                                                 std::string_view tag, std::string_view action);
+                                                 std::string_view tag);
 
 }  // namespace pelk
