@@ -4,7 +4,7 @@
 #include "mailstore/address_list.h"
 #include "mailstore/mail_text.h"
 #include "platform/utf8.h"
-#include "views/emailParser.h"
+#include "views/email_parser.h"
 
 namespace pelk {
 namespace {

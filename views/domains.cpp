@@ -6,7 +6,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "views/emailParser.h"
+#include "views/email_parser.h"
 
 namespace pelk {
 namespace {

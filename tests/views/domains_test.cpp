@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/core_platform.h"
-#include "views/emailParser.h"
+#include "views/email_parser.h"
 
 namespace pelk {
 namespace {

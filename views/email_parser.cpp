@@ -1,4 +1,4 @@
-#include "views/emailParser.h"
+#include "views/email_parser.h"
 
 namespace pelk {
 
