@@ -1,20 +1,19 @@
 #include "addin/HelpForm.h"
 
+#include "platform/form_sizes.h"
+
 namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{4200, 1300};
-constexpr int kMargin = 200;
-constexpr Rect kLabelBounds{kMargin, kMargin, kInnerSize.width - 2 * kMargin, 300};
-constexpr Rect kOkBounds{(kInnerSize.width - 1300) / 2, kInnerSize.height - kMargin - 330, 1300,
-                         330};
+constexpr Rect kLabelBounds{kWideMargin, kWideMargin, kInnerSize.width - 2 * kWideMargin, 300};
 
 }  // namespace
 
 HelpForm::HelpForm(Toolkit& toolkit, const Platform& platform)
     : window(toolkit.createWindow()),
       helpLabel(window->addLabel(kLabelBounds, "The help opens in a window of its own.")),
-      OK(window->addButton(kOkBounds, "OK")),
+      OK(window->addButton(centeredButton(kInnerSize), "OK")),
       platform_(platform) {
     window->setCaption("Help");
     window->setInnerSize(kInnerSize);

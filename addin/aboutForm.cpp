@@ -3,15 +3,13 @@
 #include <string>
 
 #include "addin/product.h"
+#include "platform/form_sizes.h"
 
 namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{5400, 1650};
-constexpr int kMargin = 200;
-constexpr Rect kLabelBounds{kMargin, kMargin, kInnerSize.width - 2 * kMargin, 700};
-constexpr Rect kOkBounds{(kInnerSize.width - 1300) / 2, kInnerSize.height - kMargin - 330, 1300,
-                         330};
+constexpr Rect kLabelBounds{kWideMargin, kWideMargin, kInnerSize.width - 2 * kWideMargin, 700};
 
 std::string productText() {
     return std::string(kProductName) + " " + kProductVersion +
@@ -23,7 +21,7 @@ std::string productText() {
 aboutForm::aboutForm(Toolkit& toolkit)
     : window(toolkit.createWindow()),
       productLabel(window->addLabel(kLabelBounds, productText())),
-      okButton(window->addButton(kOkBounds, "OK")) {
+      okButton(window->addButton(centeredButton(kInnerSize), "OK")) {
     window->setCaption("About Pelk");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);

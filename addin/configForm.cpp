@@ -4,7 +4,7 @@
 #include <string>
 
 #include "db/thresholds.h"
-#include "views/form_layout.h"
+#include "platform/form_sizes.h"
 
 namespace pelk {
 namespace {

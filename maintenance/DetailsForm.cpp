@@ -6,7 +6,7 @@
 #include <string>
 
 #include "maintenance/relation_details.h"
-#include "views/form_layout.h"
+#include "platform/form_sizes.h"
 
 namespace pelk {
 namespace {

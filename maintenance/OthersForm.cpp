@@ -3,19 +3,19 @@
 #include <exception>
 
 #include "maintenance/database_import.h"
+#include "platform/form_sizes.h"
 
 namespace pelk {
 namespace {
 
-constexpr int kMargin = 200;
 constexpr int kGap = 120;
-constexpr Size kButtonSize{2600, 330};
+constexpr Size kButtonSize{2 * kFormButton.width, kFormButton.height};
 constexpr int kButtons = 5;
-constexpr Size kInnerSize{kButtonSize.width + 2 * kMargin,
-                          kButtons* kButtonSize.height + (kButtons - 1) * kGap + 2 * kMargin};
+constexpr Size kInnerSize{kButtonSize.width + 2 * kWideMargin,
+                          kButtons* kButtonSize.height + (kButtons - 1) * kGap + 2 * kWideMargin};
 
 constexpr Rect buttonAt(int row) {
-    return {kMargin, kMargin + row * (kGap + kButtonSize.height), kButtonSize.width,
+    return {kWideMargin, kWideMargin + row * (kGap + kButtonSize.height), kButtonSize.width,
             kButtonSize.height};
 }
 

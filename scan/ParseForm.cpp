@@ -1,24 +1,16 @@
 #include "scan/ParseForm.h"
 
+#include "platform/form_sizes.h"
 #include "scan/scan_notes.h"
 
 namespace pelk {
 namespace {
 
 constexpr Size kInnerSize{6300, 2100};
-constexpr int kMargin = 150;
-constexpr int kWidth = kInnerSize.width - 2 * kMargin;
-constexpr Rect kStaticBounds{kMargin, 100, kWidth, 550};
-constexpr Rect kDynamicBounds{kMargin, 700, kWidth, 300};
-constexpr Rect kProgressBounds{kMargin, 1050, kWidth, 260};
-constexpr Size kButtonSize{1300, 330};
-constexpr int kButtonTop = kInnerSize.height - kMargin - kButtonSize.height;
-constexpr int kCancelLeft = kInnerSize.width - kMargin - kButtonSize.width;
-constexpr int kStartLeft = kCancelLeft - kMargin - kButtonSize.width;
-
-Rect buttonAt(int left) {
-    return {left, kButtonTop, kButtonSize.width, kButtonSize.height};
-}
+constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
+constexpr Rect kStaticBounds{kFormMargin, 100, kWidth, 550};
+constexpr Rect kDynamicBounds{kFormMargin, 700, kWidth, 300};
+constexpr Rect kProgressBounds{kFormMargin, 1050, kWidth, 260};
 
 }  // namespace
 
@@ -29,8 +21,8 @@ ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storag
                                    "while. The deleted and outbox folders will NOT be scanned.")),
       DynamicLabel(window->addLabel(kDynamicBounds, "Please click the start button !")),
       parsingProgress(window->addProgressBar(kProgressBounds)),
-      startButton(window->addButton(buttonAt(kStartLeft), "Start")),
-      cancelButton(window->addButton(buttonAt(kCancelLeft), "Cancel")),
+      startButton(window->addButton(bottomButton(kInnerSize, 2), "Start")),
+      cancelButton(window->addButton(bottomButton(kInnerSize, 1), "Cancel")),
       platform_(platform),
       storage_(storage) {
     window->setCaption("Check for new e-mails");

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/controls.h"
+#include "platform/form_sizes.h"
 
 namespace pelk {
 
@@ -19,16 +20,6 @@ inline constexpr Follow kFollowsBoth{0, 0, 1, 1};
 inline constexpr Follow kFollowsWidth{0, 0, 1, 0};
 inline constexpr Follow kStaysAtBottom{0, 1, 1, 0};
 inline constexpr Follow kStaysAtBottomRight{1, 1, 0, 0};
-
-/// What forms leave free at their edges, and the size of their buttons.
-inline constexpr int kFormMargin = 150;
-inline constexpr Size kFormButton{1300, 330};
-
-/// The place of a button in the bottom row of a form, counted from the right edge, from 1.
-constexpr Rect bottomButton(Size form, int fromRight) {
-    return {form.width - fromRight * (kFormMargin + kFormButton.width),
-            form.height - kFormMargin - kFormButton.height, kFormButton.width, kFormButton.height};
-}
 
 class FormLayout {
  public:
