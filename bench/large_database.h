@@ -4,9 +4,11 @@
 #include <cstddef>
 #include <string>
 
+#include "db/numbers.h"
+
 namespace pelk {
 
-inline constexpr std::size_t kMostContacts = 32767;
+inline constexpr std::size_t kMostContacts = kMaxContactId;
 inline constexpr std::size_t kManyRelations = 200000;
 
 /// A document with that many contacts, who have the names and addresses of `makePerson`, and that

@@ -17,7 +17,7 @@
 namespace pelk {
 namespace {
 
-constexpr int kSizes[] = {1000, 5000, 20000, 32767};
+constexpr int kSizes[] = {1000, 5000, 20000, kMaxContactId};
 constexpr int kDomainSize = 20000;
 constexpr int kPairs = 300;
 /// Of 20000 contacts, every 200th is a hundred.

@@ -5,7 +5,7 @@
 namespace pelk {
 
 std::vector<std::size_t> bestChains(const std::vector<int>& costs) {
-    int best = 30000;
+    int best = kHighestBestCost;
     for (const int cost : costs)
         best = std::min(best, cost);
     std::vector<std::size_t> positions;

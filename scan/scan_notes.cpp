@@ -1,5 +1,7 @@
 #include "scan/scan_notes.h"
 
+#include "db/database.h"
+
 namespace pelk {
 namespace {
 
@@ -52,10 +54,16 @@ std::vector<std::string> scanNotes(const ScanOutcome& outcome) {
     return notes;
 }
 
+std::string databaseFullMessage() {
+    return std::string(ContactLimitReached().what()) +
+           " People who were met for the first time in this scan have been left out; everything "
+           "else has been counted.";
+}
+
 std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
     std::vector<std::string> warnings;
     if (outcome.databaseFull)
-        warnings.emplace_back(kDatabaseFullMessage);
+        warnings.push_back(databaseFullMessage());
     if (outcome.faults > 0)
         warnings.push_back(
             (outcome.faults == 1

@@ -12,6 +12,9 @@ namespace pelk {
 /// copies.
 std::vector<std::string> scanNotes(const ScanOutcome& outcome);
 
+/// What the user is told, once, after a scan that filled the database.
+std::string databaseFullMessage();
+
 /// Sentences about what went wrong.
 std::vector<std::string> scanWarnings(const ScanOutcome& outcome);
 

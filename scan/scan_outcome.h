@@ -12,11 +12,6 @@
 
 namespace pelk {
 
-/// What the user is told, once, after a scan that filled the database.
-inline constexpr const char* kDatabaseFullMessage =
-    "The database is full: all of its 32767 contact numbers are taken. People who were met for the "
-    "first time in this scan have been left out; everything else has been counted.";
-
 /// A store that the scan met for the first time, or at a new place.
 struct NewStore {
     std::string name;

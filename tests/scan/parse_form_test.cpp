@@ -1,5 +1,6 @@
 #include "scan/ParseForm.h"
 
+#include "scan/scan_notes.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/memory_mail.h"
 
@@ -115,7 +116,7 @@ TEST_F(ParseFormTest, tellsOnceThatTheDatabaseIsFull) {
         "<pelkDB date='1970-01-01T00:00:00' totalContacts='32766'><contacts/>"
         "<relations/></pelkDB>");
     form.database = database.get();
-    core.dialogs.expectMessage(kDatabaseFullMessage);
+    core.dialogs.expectMessage(databaseFullMessage());
     showAndDo([this] { driver.click(form.startButton); });
     EXPECT_EQ(viewsOpened, 1);
     EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2");
