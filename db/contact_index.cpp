@@ -32,14 +32,9 @@ XmlElement ContactIndex::byId(int id) const {
     return position == kNowhere ? XmlElement() : contacts_[position].element;
 }
 
-XmlElement ContactIndex::byAddress(const std::string& address) const {
-    const Entry* const entry = entryByAddress(address);
-    return entry == nullptr ? XmlElement() : entry->element;
-}
-
 int ContactIndex::idByAddress(const std::string& address) const {
-    const Entry* const entry = entryByAddress(address);
-    return entry == nullptr ? 0 : entry->id;
+    const auto found = byAddress_.find(address);
+    return found == byAddress_.end() ? 0 : contacts_[found->second.front()].id;
 }
 
 std::vector<int> ContactIndex::idsByAddress(const std::string& address) const {
@@ -73,11 +68,6 @@ void ContactIndex::moveAddresses(int fromId, int toId) {
 
 std::uint32_t ContactIndex::positionOf(int id) const {
     return id >= 0 && id <= kMaxContactId ? byId_[static_cast<std::size_t>(id)].first : kNowhere;
-}
-
-const ContactIndex::Entry* ContactIndex::entryByAddress(const std::string& address) const {
-    const auto found = byAddress_.find(address);
-    return found == byAddress_.end() ? nullptr : &contacts_[found->second.front()];
 }
 
 /// A contact that lists the address already keeps its one place.

@@ -28,10 +28,8 @@ class ContactIndex {
     std::size_t count() const { return count_; }
     /// The highest of the ids, read leniently, of all contacts ever taken in; 0 without any.
     int highestId() const { return highestId_; }
-    /// The first contact in document order that has the id, or owns the address; an empty
-    /// reference when there is none.
+    /// The first contact in document order that has the id; an empty reference when there is none.
     XmlElement byId(int id) const;
-    XmlElement byAddress(const std::string& address) const;
     /// The ids, read leniently, of all contacts that own the address, in document order. The first
     /// alone is 0 when there is none.
     std::vector<int> idsByAddress(const std::string& address) const;
@@ -65,7 +63,6 @@ class ContactIndex {
     using Positions = std::vector<std::uint32_t>;
 
     std::uint32_t positionOf(int id) const;
-    const Entry* entryByAddress(const std::string& address) const;
     void give(std::string address, std::uint32_t position);
     void withdraw(const std::string& address, std::uint32_t position);
 

@@ -92,12 +92,12 @@ void Database::forEachContact(const std::function<void(const Contact&)>& visit) 
 }
 
 std::optional<Contact> Database::contact(int id) const {
-    const XmlElement element = contactElement(id);
+    const XmlElement element = contacts_.byId(id);
     return element ? std::optional(readContact(element)) : std::nullopt;
 }
 
 std::string Database::nameOf(int id) const {
-    const XmlElement element = contactElement(id);
+    const XmlElement element = contacts_.byId(id);
     return element ? element.text("name") : std::string();
 }
 
@@ -141,7 +141,7 @@ int Database::addCopyOfContact(const XmlElement& original) {
 }
 
 void Database::addAddresses(int id, const std::vector<std::string>& addresses) {
-    const XmlElement element = contactElement(id);
+    const XmlElement element = contacts_.byId(id);
     if (!element)
         return;
     std::vector<std::string> known = addressesOf(element);
@@ -156,7 +156,7 @@ void Database::addAddresses(int id, const std::vector<std::string>& addresses) {
 }
 
 bool Database::renameContact(int id, const std::string& name) {
-    const XmlElement element = contactElement(id);
+    const XmlElement element = contacts_.byId(id);
     if (!element)
         return false;
     element.setAttribute("name", name);
@@ -165,8 +165,8 @@ bool Database::renameContact(int id, const std::string& name) {
 }
 
 void Database::moveAddresses(int fromId, int toId) {
-    const XmlElement from = contactElement(fromId);
-    const XmlElement to = contactElement(toId);
+    const XmlElement from = contacts_.byId(fromId);
+    const XmlElement to = contacts_.byId(toId);
     if (!from || !to || fromId == toId)
         return;
     contacts_.moveAddresses(fromId, toId);
@@ -263,27 +263,6 @@ void Database::replaceContent(Database&& other) {
 
 std::vector<XmlElement> Database::contactElements() const {
     return root_.select(queries::kContacts);
-}
-
-XmlElement Database::contactElement(int id) const {
-    return contacts_.byId(id);
-}
-
-XmlElement Database::contactElementByAddress(const std::string& address) const {
-    requireNoApostrophe(address);
-    return contacts_.byAddress(address);
-}
-
-XmlElement Database::relationElement(int smallerId, int largerId) const {
-    const RelationEntry* const entry = relations_.ofPair(smallerId, largerId);
-    return entry != nullptr ? entry->element : XmlElement();
-}
-
-std::vector<XmlElement> Database::relationElementsOf(int id) const {
-    std::vector<XmlElement> elements;
-    relations_.forEachOf(
-        id, [&elements](const RelationEntry& entry) { elements.push_back(entry.element); });
-    return elements;
 }
 
 }  // namespace pelk

@@ -124,12 +124,8 @@ class Database {
 
     /// The contacts as they stand in the document, for copying them to another one.
     std::vector<XmlElement> contactElements() const;
-    /// The elements behind the look-ups, for holding them to their queries.
+    /// The document's root, for checking the document as it stands.
     const XmlElement& root() const { return root_; }
-    XmlElement contactElement(int id) const;
-    XmlElement contactElementByAddress(const std::string& address) const;
-    XmlElement relationElement(int smallerId, int largerId) const;
-    std::vector<XmlElement> relationElementsOf(int id) const;
 
  private:
     int takeNextId();

@@ -70,7 +70,6 @@ class Button : public Control {
 class OptionButton : public Control {
  public:
     virtual void setChecked(bool checked) = 0;
-    virtual bool isChecked() const = 0;
 
     /// The user checked it, or clicked it while it was checked.
     std::function<void()> onClick;

@@ -46,8 +46,6 @@ class XmlLibrary {
     /// Each node that is handed out has been retained for its receiver, who releases it.
     virtual void retain(Node node) const = 0;
     virtual void release(Node node) const = 0;
-    /// Whether two nodes that are not the same pointer stand for the same element.
-    virtual bool same(Node, Node) const { return false; }
 
     virtual std::string name(Node node) const = 0;
     virtual std::optional<std::string> attribute(Node node, const char* name) const = 0;
@@ -61,12 +59,10 @@ class XmlLibrary {
     /// The neighbours below are elements; null when there is none.
     virtual Node firstChild(Node node) const = 0;
     virtual Node nextSibling(Node node) const = 0;
-    virtual Node parent(Node node) const = 0;
     virtual Node appendElement(Node parent, const char* name) const = 0;
     virtual Node appendCopy(Node parent, Node original) const = 0;
     virtual void remove(Node node) const = 0;
     virtual std::vector<Node> select(Node context, const std::string& query) const = 0;
-    virtual std::optional<std::string> selectText(Node context, const std::string& query) const = 0;
 };
 
 /// A reference to one element, or to none. Copies refer to the same element. An element that was
@@ -94,12 +90,6 @@ class XmlElement {
     }
 
     explicit operator bool() const { return node_ != nullptr; }
-    /// True when both refer to the same element of the same document, or both to none.
-    friend bool operator==(const XmlElement& a, const XmlElement& b) {
-        return a.node_ == b.node_ ||
-               (a.node_ != nullptr && b.node_ != nullptr && a.library_ == b.library_ &&
-                a.library_->same(a.node_, b.node_));
-    }
 
     std::string name() const { return library_->name(node_); }
     /// The attribute's value; nothing when the element has no such attribute.
@@ -124,7 +114,6 @@ class XmlElement {
     /// The neighbouring element; an empty reference when there is none. Text is passed over.
     XmlElement firstChild() const { return {*library_, library_->firstChild(node_)}; }
     XmlElement nextSibling() const { return {*library_, library_->nextSibling(node_)}; }
-    XmlElement parent() const { return {*library_, library_->parent(node_)}; }
 
     /// Creates an element as the last child of this one.
     XmlElement appendElement(const char* name) const {
@@ -145,11 +134,6 @@ class XmlElement {
         for (XmlLibrary::Node node : library_->select(node_, query))
             elements.emplace_back(*library_, node);
         return elements;
-    }
-    /// The text of the first node (attribute or element) that the query selects; nothing when it
-    /// selects none. Throws `MalformedQuery`.
-    std::optional<std::string> selectText(const std::string& query) const {
-        return library_->selectText(node_, query);
     }
 
  private:

@@ -77,11 +77,6 @@ class PugiLibrary : public XmlLibrary {
     Node firstChild(Node node) const override { return elementFrom(wrap(node).first_child()); }
     Node nextSibling(Node node) const override { return elementFrom(wrap(node).next_sibling()); }
 
-    Node parent(Node node) const override {
-        const pugi::xml_node parent = wrap(node).parent();
-        return parent.type() == pugi::node_element ? unwrap(parent) : nullptr;
-    }
-
     Node appendElement(Node parent, const char* name) const override {
         const pugi::xml_node child = wrap(parent).append_child(name);
         // The name is set apart from the element.
@@ -105,27 +100,14 @@ class PugiLibrary : public XmlLibrary {
     void remove(Node node) const override { wrap(node).parent().remove_child(wrap(node)); }
 
     std::vector<Node> select(Node context, const std::string& query) const override {
-        std::vector<Node> nodes;
-        for (const pugi::xpath_node& found : evaluate(context, query))
-            if (found.node())
-                nodes.push_back(unwrap(found.node()));
-        return nodes;
-    }
-
-    std::optional<std::string> selectText(Node context, const std::string& query) const override {
-        const pugi::xpath_node_set found = evaluate(context, query);
-        if (found.empty())
-            return std::nullopt;
-        const pugi::xpath_node first = found.first();
-        return first.attribute() ? first.attribute().value() : first.node().text().get();
-    }
-
- private:
-    static pugi::xpath_node_set evaluate(Node context, const std::string& query) {
         try {
             pugi::xpath_node_set found = wrap(context).select_nodes(query.c_str());
             found.sort();
-            return found;
+            std::vector<Node> nodes;
+            for (const pugi::xpath_node& each : found)
+                if (each.node())
+                    nodes.push_back(unwrap(each.node()));
+            return nodes;
         } catch (const pugi::xpath_exception&) {
             throw MalformedQuery(query);
         }

@@ -62,16 +62,6 @@ class MsxmlLibrary : public XmlLibrary {
     void retain(Node node) const override { wrap(node)->AddRef(); }
     void release(Node node) const override { wrap(node)->Release(); }
 
-    /// One element may be behind several objects, so a mark is put on one of them and looked for
-    /// on the other.
-    bool same(Node a, Node b) const override {
-        constexpr const char* mark = "pelk-same-element";
-        setAttribute(a, mark, "");
-        const bool found = attribute(b, mark).has_value();
-        wrap(a)->removeAttribute(Bstr(std::string_view(mark)).get());
-        return found;
-    }
-
     std::string name(Node node) const override {
         Bstr name;
         require(wrap(node)->get_nodeName(name.put()), "name an element");
@@ -102,12 +92,6 @@ class MsxmlLibrary : public XmlLibrary {
         ComPtr<IXMLDOMNode> next;
         require(wrap(node)->get_nextSibling(next.put()), kFindNode);
         return elementFrom(std::move(next));
-    }
-
-    Node parent(Node node) const override {
-        ComPtr<IXMLDOMNode> parent;
-        require(wrap(node)->get_parentNode(parent.put()), kFindNode);
-        return asElement(parent).detach();
     }
 
     Node appendElement(Node parent, const char* name) const override {
@@ -147,15 +131,6 @@ class MsxmlLibrary : public XmlLibrary {
         std::transform(elements.begin(), elements.end(), nodes.begin(),
                        [](ComPtr<IXMLDOMElement>& element) { return element.detach(); });
         return nodes;
-    }
-
-    std::optional<std::string> selectText(Node context, const std::string& query) const override {
-        const ComPtr<IXMLDOMNode> first = nextOf(evaluate(context, query));
-        if (!first)
-            return std::nullopt;
-        Bstr text;
-        require(first->get_text(text.put()), "read a text");
-        return text.utf8();
     }
 
  private:

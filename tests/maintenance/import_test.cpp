@@ -61,7 +61,7 @@ class ImportTest : public ::testing::Test, public ImportGuide {
 TEST_F(ImportTest, intoAnEmptyDatabaseNumbersContactsAnew) {
     EXPECT_EQ(import(kImported), ImportOutcome::Imported);
     EXPECT_EQ(contacts(), "1Ann ann@a ann@b; 2Bob bob@a; 3Cy cy@a; ");
-    EXPECT_EQ(current->contactElement(1).text("note"), "kept");
+    EXPECT_EQ(current->contactElements().front().text("note"), "kept");
     EXPECT_EQ(current->totalMails(), "5");
     EXPECT_EQ(current->totalContacts(), 3);
     EXPECT_EQ(weight(1, 2), 3);

@@ -66,8 +66,6 @@ TEST_F(XmlTest, walksAndEditsElements) {
     EXPECT_EQ(a.name(), "a");
     EXPECT_EQ(a.nextSibling().name(), "b");
     EXPECT_FALSE(a.nextSibling().nextSibling());
-    EXPECT_EQ(a.parent(), root);
-    EXPECT_FALSE(root.parent());
     EXPECT_EQ(a.attribute("y"), std::nullopt);
     a.setAttribute("y", "");
     EXPECT_EQ(a.attribute("y"), "");
@@ -75,10 +73,11 @@ TEST_F(XmlTest, walksAndEditsElements) {
     EXPECT_EQ(a.texts("x", "y"), (std::array<std::string, 2>{"2", ""}));
     EXPECT_EQ(a.texts("z", "y", "x"), (std::array<std::string, 3>{"", "", "2"}));
     const XmlElement added = root.appendElement("c");
-    EXPECT_EQ(root.select("c").front(), added);
+    root.select("c").front().setAttribute("z", "3");
+    EXPECT_EQ(added.text("z"), "3") << "both refer to the same element";
     a.nextSibling().remove();
     const std::string xml = document->xml();
-    EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>text<a x=\"2\" y=\"\"/>text<c/></r>");
+    EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>text<a x=\"2\" y=\"\"/>text<c z=\"3\"/></r>");
 }
 
 TEST_F(XmlTest, copiesElementsFromAnyDocument) {
@@ -128,9 +127,8 @@ TEST_F(XmlTest, selectsInDocumentOrder) {
     EXPECT_EQ(root.select("/r/a").size(), 2U);
     EXPECT_EQ(root.select("a[@i='2'] | a[@i='1']")[0].text("i"), "1");
     EXPECT_EQ(root.firstChild().select("b").size(), 1U);
-    EXPECT_EQ(root.firstChild().select("/r").front(), root);
-    EXPECT_EQ(root.selectText("/r/@n"), "5");
-    EXPECT_EQ(root.selectText("/r/@m"), std::nullopt);
+    EXPECT_EQ(root.firstChild().select("/r").front().text("n"), "5");
+    EXPECT_TRUE(root.select("/r/@n").empty()) << "only elements are selected";
     for (const char* query : {"/r/a[@i='o'x']", "", "count(a)", "//["})
         EXPECT_THROW(root.select(query), MalformedQuery) << query;
 }

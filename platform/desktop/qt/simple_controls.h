@@ -60,7 +60,6 @@ class QtOptionButton : public QtControl<OptionButton, QRadioButton> {
     QtOptionButton(QWidget& parent, const TwipScale& scale, const std::string& text,
                    QButtonGroup& group, Dialogs& dialogs);
     void setChecked(bool checked) override;
-    bool isChecked() const override { return widget_.isChecked(); }
 };
 
 /// Styles draw a range of a single value as nothing done, or as a wait without end.

@@ -45,7 +45,6 @@ class Win32OptionButton : public Win32Control<OptionButton> {
     /// Faults of the click's handler go to `dialogs`.
     Win32OptionButton(const ControlPlace& place, const std::string& text, Dialogs& dialogs);
     void setChecked(bool checked) override;
-    bool isChecked() const override;
     void commanded(WORD notification) override;
 
     /// To be called for a control that was just added: the arrow keys do not go on to it from the
@@ -55,6 +54,7 @@ class Win32OptionButton : public Win32Control<OptionButton> {
  private:
     void joinGroup() const;
     void clearOthers() const;
+    bool isChecked() const;
 
     Dialogs& dialogs_;
 };

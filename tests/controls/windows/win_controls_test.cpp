@@ -34,7 +34,7 @@ TEST_F(WinKeyboard, ArrowsStayAmongTheOptionButtonsAndTabLeavesThem) {
     for (const Key key : {Key::Down, Key::Down, Key::Up})
         driver_.press(*window_, key);
     EXPECT_EQ(acts, "212");
-    EXPECT_TRUE(second.isChecked());
+    EXPECT_TRUE(driver_.isChecked(second));
     driver_.press(*window_, Key::Tab);
     EXPECT_TRUE(driver_.hasFocus(between));
     driver_.press(*window_, Key::Down);

@@ -19,14 +19,10 @@ TEST(XmlForm, isMadeOfWhatALibraryMayWrite) {
     EXPECT_EQ(inOneForm(""), kDeclaration);
 }
 
-TEST(MsxmlDocument, keepsElementsOfTwoDocumentsApart) {
-    const std::unique_ptr<XmlDocument> one = makeXmlDocument();
-    const std::unique_ptr<XmlDocument> other = makeXmlDocument();
-    ASSERT_TRUE(one->loadXml("\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?><a 李='𐐀'/>"));
-    ASSERT_TRUE(other->loadXml("<a/>"));
-    EXPECT_TRUE(one->root() == one->root());
-    EXPECT_FALSE(one->root() == other->root());
-    EXPECT_EQ(one->xml(), kDeclaration + "<a 李=\"𐐀\"/>");
+TEST(MsxmlDocument, passesOverTheMarkOfItsEncoding) {
+    const std::unique_ptr<XmlDocument> document = makeXmlDocument();
+    ASSERT_TRUE(document->loadXml("\xEF\xBB\xBF<?xml version='1.0' encoding='UTF-8'?><a 李='𐐀'/>"));
+    EXPECT_EQ(document->xml(), kDeclaration + "<a 李=\"𐐀\"/>");
 }
 
 }  // namespace
