@@ -16,7 +16,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <initializer_list>
 
 #include "tests/faults/fault_plan.h"
 
@@ -30,18 +29,18 @@ namespace {
 
 using namespace pelk;
 
-int calls = 0;
+char kind[16] = "";
 int at = 0;
 int error = 0;
-const char* folder = "";
+char folder[4096] = "";
 /// From the start of main to its end.
 bool armed = false;
 int counted = 0;
 
-void readPlan(char* text) {
-    for (int* number : {&calls, &at, &error})
-        *number = static_cast<int>(std::strtol(text, &text, 10));
-    folder = text + 1;
+bool watches(const char* call) {
+    return armed && (std::strcmp(kind, call) == 0 ||
+                     (std::strcmp(kind, "file") == 0 && std::strcmp(call, "malloc") != 0 &&
+                      std::strcmp(call, "thread") != 0));
 }
 
 template <typename... Values>
@@ -50,48 +49,45 @@ int raw(long number, Values... values) {
 }
 
 /// Counts a call, and tells whether it is to fail. Sets errno then.
-bool strikes(int call) {
-    if (!armed || (calls & call) == 0 || __atomic_add_fetch(&counted, 1, __ATOMIC_SEQ_CST) != at)
+bool strikes(const char* call) {
+    if (!watches(call) || __atomic_add_fetch(&counted, 1, __ATOMIC_SEQ_CST) != at)
         return false;
-    char mark[4096];
+    char mark[4200];
     std::snprintf(mark, sizeof mark, "%s/%s", folder, kStruckName);
     raw(SYS_openat, AT_FDCWD, mark, O_WRONLY | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (error == kKill)
-        ::syscall(SYS_kill, ::getpid(), SIGKILL);
+        raw(SYS_kill, ::getpid(), SIGKILL);
     errno = error;
     return true;
 }
 
 /// The program works in the folder, so a relative path lies there, too.
-bool strikesPath(int call, const char* path) {
+bool strikesPath(const char* call, const char* path) {
     return (path[0] != '/' || std::strncmp(path, folder, std::strlen(folder)) == 0) &&
            strikes(call);
 }
 
 /// What the program prints is not counted.
-bool strikesFile(int call, int descriptor) {
-    if (!armed || (calls & call) == 0 || descriptor <= STDERR_FILENO)
+bool strikesFile(const char* call, int descriptor) {
+    if (!watches(call) || descriptor <= STDERR_FILENO)
         return false;
     char link[32];
     std::snprintf(link, sizeof link, "/proc/self/fd/%d", descriptor);
-    char path[4096];
-    const long length = ::syscall(SYS_readlinkat, AT_FDCWD, link, path, sizeof path - 1);
-    path[length > 0 ? length : 0] = '\0';
+    char path[4096] = "";
+    raw(SYS_readlinkat, AT_FDCWD, link, path, sizeof path - 1);
     return strikesPath(call, path);
 }
 
-bool strikesAt(int call, int from, const char* path) {
+bool strikesAt(const char* call, int from, const char* path) {
     return from == AT_FDCWD || path[0] == '/' ? strikesPath(call, path) : strikesFile(call, from);
 }
 
 /// GLib ends the program on purpose when there is no memory: what it asks for is not counted.
 bool strikesMemory(void* caller) {
-    if (!armed || (calls & kMemory) == 0)
-        return false;
     Dl_info place{};
-    if (::dladdr(caller, &place) != 0 && std::strstr(place.dli_fname, "libglib-") != nullptr)
-        return false;
-    return strikes(kMemory);
+    return watches("malloc") &&
+           (::dladdr(caller, &place) == 0 || std::strstr(place.dli_fname, "libglib-") == nullptr) &&
+           strikes("malloc");
 }
 
 template <typename Function>
@@ -99,33 +95,27 @@ Function* next(const char* name) {
     return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
 }
 
-int statPath(int from, const char* path, struct stat* status, int flags) {
-    return strikesAt(kStat, from, path) ? -1 : raw(SYS_newfstatat, from, path, status, flags);
-}
-
 int openPath(int from, const char* path, int flags, va_list rest) {
     const int mode = (flags & O_CREAT) != 0 ? va_arg(rest, int) : 0;
     va_end(rest);
-    return strikesAt(kOpen, from, path) ? -1 : raw(SYS_openat, from, path, flags, mode);
+    return strikesAt("open", from, path) ? -1 : raw(SYS_openat, from, path, flags, mode);
 }
 
 /// A read or write of a file, whole, in half or not at all.
 template <typename Bytes, typename... Offset>
-ssize_t transfer(int kind, long number, int file, Bytes bytes, std::size_t count,
+ssize_t transfer(const char* call, long number, int file, Bytes bytes, std::size_t count,
                  Offset... offset) {
-    if (strikesFile(kind, file)) {
-        if (error != kHalf)
-            return -1;
-        count = (count + 1) / 2;
-    }
-    return ::syscall(number, file, bytes, count, offset...);
+    const bool struck = strikesFile(call, file);
+    if (struck && error != kHalf)
+        return -1;
+    return ::syscall(number, file, bytes, struck ? (count + 1) / 2 : count, offset...);
 }
 
 int (*programMain)(int, char**, char**) = nullptr;
 
 int watchedMain(int count, char** arguments, char** environment) {
-    readPlan(std::getenv(kFaultVariable));
-    armed = true;
+    armed = std::sscanf(std::getenv(kFaultVariable), "%15s %d %d %4095s", kind, &at, &error,
+                        folder) == 4;
     const int status = programMain(count, arguments, environment);
     armed = false;
     return status;
@@ -138,22 +128,21 @@ extern "C" {
 int __libc_start_main(int (*main)(int, char**, char**), int count, char** arguments, void* init,
                       void* fini, void* loaderFini, void* stackEnd) {
     programMain = main;
-    using Start = int(decltype(main), int, char**, void*, void*, void*, void*);
-    return next<Start>("__libc_start_main")(watchedMain, count, arguments, init, fini, loaderFini,
-                                            stackEnd);
+    return next<decltype(__libc_start_main)>("__libc_start_main")(watchedMain, count, arguments,
+                                                                  init, fini, loaderFini, stackEnd);
 }
 
 int stat(const char* path, struct stat* status) noexcept {
-    return statPath(AT_FDCWD, path, status, 0);
+    return ::fstatat(AT_FDCWD, path, status, 0);
 }
 int lstat(const char* path, struct stat* status) noexcept {
-    return statPath(AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW);
+    return ::fstatat(AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW);
 }
 int fstatat(int from, const char* path, struct stat* status, int flags) noexcept {
-    return statPath(from, path, status, flags);
+    return strikesAt("stat", from, path) ? -1 : raw(SYS_newfstatat, from, path, status, flags);
 }
 int fstat(int file, struct stat* status) noexcept {
-    return strikesFile(kStat, file) ? -1 : raw(SYS_fstat, file, status);
+    return strikesFile("stat", file) ? -1 : raw(SYS_fstat, file, status);
 }
 int open(const char* path, int flags, ...) {
     va_list rest;
@@ -166,46 +155,45 @@ int openat(int from, const char* path, int flags, ...) {
     return openPath(from, path, flags, rest);
 }
 DIR* opendir(const char* path) {
-    return strikesPath(kOpen, path) ? nullptr : next<DIR*(const char*)>("opendir")(path);
+    return strikesPath("open", path) ? nullptr : next<DIR*(const char*)>("opendir")(path);
 }
 dirent* readdir(DIR* folderStream) {
-    return strikesFile(kRead, ::dirfd(folderStream)) && error != kHalf
+    return strikesFile("read", ::dirfd(folderStream)) && error != kHalf
                ? nullptr
                : next<dirent*(DIR*)>("readdir")(folderStream);
 }
 ssize_t read(int file, void* bytes, std::size_t count) {
-    return transfer(kRead, SYS_read, file, bytes, count);
+    return transfer("read", SYS_read, file, bytes, count);
 }
 ssize_t pread(int file, void* bytes, std::size_t count, off_t offset) {
-    return transfer(kRead, SYS_pread64, file, bytes, count, offset);
+    return transfer("read", SYS_pread64, file, bytes, count, offset);
 }
 ssize_t write(int file, const void* bytes, std::size_t count) {
-    return transfer(kWrite, SYS_write, file, bytes, count);
+    return transfer("write", SYS_write, file, bytes, count);
 }
 int fsync(int file) {
-    return strikesFile(kSync, file) ? -1 : raw(SYS_fsync, file);
+    return strikesFile("fsync", file) ? -1 : raw(SYS_fsync, file);
 }
 /// The system gives a descriptor back even if it reports a failure.
 int close(int file) {
-    const bool failed = strikesFile(kClose, file);
+    const bool failed = strikesFile("close", file);
     const int result = raw(SYS_close, file);
-    errno = failed ? error : errno;
-    return failed ? -1 : result;
+    return failed ? (errno = error, -1) : result;
 }
 int rename(const char* from, const char* to) noexcept {
-    return strikesPath(kRename, to) ? -1 : raw(SYS_rename, from, to);
+    return strikesPath("rename", to) ? -1 : raw(SYS_rename, from, to);
 }
 int mkdir(const char* path, mode_t mode) noexcept {
-    return strikesPath(kMakeFolder, path) ? -1 : raw(SYS_mkdir, path, mode);
+    return strikesPath("mkdir", path) ? -1 : raw(SYS_mkdir, path, mode);
 }
 int flock(int file, int operation) noexcept {
-    return strikesFile(kLock, file) ? -1 : raw(SYS_flock, file, operation);
+    return strikesFile("flock", file) ? -1 : raw(SYS_flock, file, operation);
 }
 int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*run)(void*),
                    void* argument) noexcept {
-    if (strikes(kThread))
-        return error;
-    return next<decltype(pthread_create)>("pthread_create")(thread, attributes, run, argument);
+    return strikes("thread") ? error
+                             : next<decltype(pthread_create)>("pthread_create")(thread, attributes,
+                                                                                run, argument);
 }
 void* malloc(std::size_t size) {
     return strikesMemory(__builtin_return_address(0)) ? nullptr : __libc_malloc(size);
