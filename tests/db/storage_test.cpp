@@ -27,6 +27,23 @@ class StorageTest : public ::testing::Test {
         return database;
     }
     std::string saved;
+
+    /// Runs `act` on these files with each of its steps failing in turn, and `check` afterwards,
+    /// until one run succeeds. Returns how many failed.
+    int failAtEachStep(const std::map<std::string, std::string>& before,
+                       const std::function<void()>& act,
+                       const std::function<void(bool failed)>& check) {
+        for (int step = 1;; ++step) {
+            SCOPED_TRACE(step);
+            files.files = before;
+            files.failAt = files.steps + step;
+            const bool failed = messageOf(act) != "";
+            files.failAt = 0;
+            check(failed);
+            if (!failed || HasFatalFailure())
+                return step - 1;
+        }
+    }
 };
 
 TEST_F(StorageTest, createsFolderAndFileAtTheFirstStart) {
@@ -78,19 +95,12 @@ TEST_F(StorageTest, opensAFileOfAnotherPlatformAndWritesTheSameBytes) {
 TEST_F(StorageTest, aFailureOfAnyStepOfASaveLeavesAFileThatLoads) {
     const std::unique_ptr<Database> database = saveOne();
     database->addContact("Bob", "bob@b.example");
-    int failures = 0;
-    for (int step = 1;; ++step) {
-        files.files = {{kFile, saved}};
-        files.steps = 0;
-        files.failAt = step;
-        const bool failed = messageOf([&] { storage.saveDatabase(*database); }) != "";
-        files.failAt = 0;
-        ASSERT_EQ(storage.loadDatabase()->contactCount(), failed ? 1U : 2U) << "step " << step;
-        if (!failed)
-            break;
-        ++failures;
-        EXPECT_EQ(files.files.size(), 1U) << "step " << step << " left a file behind";
-    }
+    const int failures = failAtEachStep(
+        {{kFile, saved}}, [&] { storage.saveDatabase(*database); },
+        [&](bool failed) {
+            ASSERT_EQ(storage.loadDatabase()->contactCount(), failed ? 1U : 2U);
+            EXPECT_EQ(files.files.size(), 1U) << "a file is left behind";
+        });
     EXPECT_EQ(failures, 7) << "create, write thrice, flush, close, replace";
 }
 
@@ -107,27 +117,25 @@ TEST_F(StorageTest, setsADamagedFileAside) {
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");
 }
 
-/// A library that enciphers, and then fails.
+/// A library that fails.
 class FailingCrypto : public Crypto {
  public:
-    std::string hmacSha256(std::string_view key, const MakePieces& make) const override {
-        return crypto_->hmacSha256(key, make);
-    }
-    void seal(std::string_view key, std::string_view nonce, std::string_view header,
-              std::string plain, const TakePiece& take) const override {
-        crypto_->seal(key, nonce, header, std::move(plain), take);
+    std::string hmacSha256(std::string_view, const MakePieces&) const override { fail(); }
+    void seal(std::string_view, std::string_view, std::string_view, std::string,
+              const TakePiece&) const override {
+        fail();
     }
     std::optional<std::string> open(std::string_view, std::string_view, std::string_view,
                                     std::string) const override {
-        throw Error("The library failed.");
+        fail();
     }
-    std::string base64(std::string_view bytes) const override { return crypto_->base64(bytes); }
+    std::string base64(std::string_view) const override { fail(); }
     std::optional<std::string> fromBase64(std::string_view text) const override {
-        return crypto_->fromBase64(text);
+        return makeCrypto()->fromBase64(text);
     }
 
  private:
-    const std::unique_ptr<Crypto> crypto_ = makeCrypto();
+    [[noreturn]] static void fail() { throw Error("The library failed."); }
 };
 
 /// What the surroundings do to a sound database: it stays where it is, and nothing else comes.
@@ -141,17 +149,16 @@ TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
         EXPECT_EQ(files.files, before);
     };
     FailingCrypto crypto;
-    Platform platform = core.platform();
+    const Platform& platform = core.platform();
     const auto with = [&platform](const Crypto& failing, auto makeDocument) {
         return Platform{platform.files, platform.shell,   platform.clock, platform.language,
                         failing,        platform.dialogs, makeDocument};
     };
+    const auto throwing = [](auto fault) -> std::unique_ptr<XmlDocument> { throw fault; };
     expectFailure(with(crypto, makeXmlDocument));
-    expectFailure(with(platform.crypto, []() -> std::unique_ptr<XmlDocument> {
-        throw Error("The system has no XML library.");
-    }));
     expectFailure(
-        with(platform.crypto, []() -> std::unique_ptr<XmlDocument> { throw std::bad_alloc(); }));
+        with(platform.crypto, [=] { return throwing(Error("The system has no XML library.")); }));
+    expectFailure(with(platform.crypto, [=] { return throwing(std::bad_alloc()); }));
     files.lookUpsFail = true;
     expectFailure(platform);
     EXPECT_THROW(storage.keepBackup(), Error);
@@ -222,22 +229,16 @@ TEST_F(StorageTest, keepsThreeCopiesAndLosesNoneToAFailure) {
     const std::map<std::string, std::string> before = {
         {kFile, "4"}, {kBackup, "4"}, {kBackup + "-2", "3"}, {kBackup + "-3", "2"}};
     EXPECT_EQ(files.files, before);
-    int step = 1;
-    for (bool failed = true; failed; ++step) {
-        files.files = before;
-        files.steps = 0;
-        files.failAt = step;
-        failed = messageOf([&] { keep("5"); }) != "";
-        files.failAt = 0;
-        if (!failed)
-            break;
-        EXPECT_EQ(files.files[kBackup], "4") << "step " << step;
-        keep("5");
-        EXPECT_EQ(files.files[kBackup + "-2"], "4") << "step " << step;
-        EXPECT_EQ(files.files[kBackup + "-3"], "3") << "step " << step;
-        EXPECT_LE(files.files.size(), 4U) << "step " << step << " left a file behind";
-    }
-    EXPECT_EQ(step, 16);
+    const std::map<std::string, std::string> after = {
+        {kFile, "5"}, {kBackup, "5"}, {kBackup + "-2", "4"}, {kBackup + "-3", "3"}};
+    const int failures = failAtEachStep(
+        before, [&] { keep("5"); },
+        [&](bool failed) {
+            EXPECT_EQ(files.files[kBackup], failed ? "4" : "5");
+            keep("5");
+            EXPECT_EQ(files.files, after);
+        });
+    EXPECT_EQ(failures, 15);
 }
 
 TEST_F(StorageTest, savesChangesOrTellsThatTheyStandInMemoryOnly) {
