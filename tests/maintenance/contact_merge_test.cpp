@@ -13,9 +13,7 @@ namespace pelk {
 namespace {
 
 struct Edge {
-    int part1 = 0;
-    int part2 = 0;
-    int weight = 0;
+    int part1, part2, weight;
 };
 
 /// Five contacts, p1@x to p5@x, and these relations.

@@ -20,24 +20,19 @@ class RandomHistory : public ImportGuide {
 
     void act(Database& database, Database& other) {
         const int id = number(12);
-        switch (number(7)) {
-            case 0:
-                renameContact(database, storage_, id, text());
-                break;
-            case 1:
-                mergeContacts(database, storage_, {id, number(12), number(12)}, text());
-                break;
-            case 2:
-                deleteContacts(database, storage_, {id});
-                break;
-            case 3:
-                storage_.exportDatabase(other, "/in.db");
-                EXPECT_EQ(importDatabaseFile(database, "/in.db", storage_, *this).fault, "");
-                break;
-            default:
-                meet(database);
-                meet(other);
-        }
+        const int act = number(7);
+        if (act == 1)
+            renameContact(database, storage_, id, text());
+        else if (act == 2)
+            mergeContacts(database, storage_, {id, number(12), number(12)}, text());
+        else if (act == 3)
+            deleteContacts(database, storage_, {id});
+        else if (act == 4) {
+            storage_.exportDatabase(other, "/in.db");
+            EXPECT_EQ(importDatabaseFile(database, "/in.db", storage_, *this).fault, "");
+        } else
+            for (Database* met : {&database, &other})
+                meet(*met);
     }
 
  private:
