@@ -55,6 +55,12 @@ class CliTest : public ::testing::Test {
         std::ifstream file(path, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
+    /// Expects that text in what the program prints or reports.
+    void expectSays(const std::string& arguments, const std::string& text) {
+        const Outcome outcome = run(arguments);
+        EXPECT_NE((outcome.output + outcome.errors).find(text), std::string::npos)
+            << arguments << " says: " << outcome.output << outcome.errors;
+    }
     void expectRefused(const std::string& arguments, int status, const std::string& error) {
         const Outcome outcome = run(arguments);
         EXPECT_EQ(outcome.status, status) << arguments;

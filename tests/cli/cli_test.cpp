@@ -3,6 +3,8 @@
 #include <fcntl.h>
 #include <sys/file.h>
 
+#include <regex>
+
 #include "tests/cli/cli_fixture.h"
 
 namespace pelk {
@@ -25,7 +27,7 @@ TEST_F(CliTest, scansOnceAndListsWhatItFound) {
     const std::string relations = "strong      2      2  Bob\nmedium      1      3  cy@c.example\n";
     EXPECT_EQ(run("relations 1").output, relations);
     EXPECT_EQ(run("relations Ann@A.example").output, relations);
-    EXPECT_NE(run("relations 3 --json").output.find("\"name\": \"Ann Smith\""), std::string::npos);
+    expectSays("relations 3 --json", "\"name\": \"Ann Smith\"");
 }
 
 TEST_F(CliTest, scansSinceADateAndSaysWhoWasLeftOut) {
@@ -36,7 +38,7 @@ TEST_F(CliTest, scansSinceADateAndSaysWhoWasLeftOut) {
     const std::string said =
         "left out: Trash (4 e-mails)\nleft out: 1 person with an apostrophe in the address\n";
     EXPECT_TRUE(run("scan Post").output.ends_with("\nrelations: 2 (2 new)\n" + said));
-    EXPECT_NE(run("scan Post --since 2025-03-04").output.find("counted: 3\n"), std::string::npos);
+    expectSays("scan Post --since 2025-03-04", "counted: 3\n");
     const std::string json = run("scan Post --json --since 2025-03-04T09:12:00").output;
     EXPECT_NE(json.find("\"mails\": 1,"), std::string::npos) << json;
     EXPECT_LT(json.find("\"relations\""), json.find("\"skipped\"")) << json;
@@ -55,16 +57,12 @@ TEST_F(CliTest, countsASecondMailboxAndNoCopy) {
     run("scan Inbox");
     const std::string output = run("scan Other").output;
     EXPECT_TRUE(output.starts_with("e-mails counted: 2\n")) << output;
-    EXPECT_TRUE(
-        output.ends_with("Other: counted for the first time\n"
-                         "copies in other folders: 1\n"))
+    EXPECT_TRUE(output.ends_with("Other: counted for the first time\ncopies in other folders: 1\n"))
         << output;
-    EXPECT_TRUE(run("scan Inbox Other").output.starts_with("e-mails counted: 0\n"));
+    expectSays("scan Inbox Other", "e-mails counted: 0\n");
     std::filesystem::rename(folder.path() + "/Other", folder.path() + "/Moved");
-    EXPECT_NE(run("scan Moved").output.find("\nMoved: recognised, counted since "),
-              std::string::npos);
-    EXPECT_NE(run("scan Moved --since 2024-01-01 --copies").output.find("counted: 3\n"),
-              std::string::npos);
+    expectSays("scan Moved", "\nMoved: recognised, counted since ");
+    expectSays("scan Moved --since 2024-01-01 --copies", "counted: 3\n");
 }
 
 TEST_F(CliTest, dumpsAndLoadsAPlainDocument) {
@@ -143,7 +141,7 @@ TEST_F(CliTest, refusesInOneLine) {
     expectRefused("dump more", 2, "pelk dump takes nothing more; see pelk --help");
     expectRefused("contacts --colour", 2, "unknown option --colour; see pelk --help");
     expectRefused("contacts --outbox", 2, "option --outbox needs a value; see pelk --help");
-    EXPECT_NE(run("--help").output.find("pelk relations CONTACT"), std::string::npos);
+    expectSays("--help", "pelk relations CONTACT");
     EXPECT_EQ(run("--version").output, "Pelk " PELK_VERSION "\n");
 }
 
@@ -152,13 +150,12 @@ TEST_F(CliTest, listsDomainsAndDetails) {
     EXPECT_EQ(run("domains").output, "example/\n");
     EXPECT_EQ(run("domains Example").output, "a/\nb/\nc/\n");
     EXPECT_EQ(run("domains a.example").output, "ann (Ann Smith)\n");
-    const std::string json = run("domains a.example --json").output;
-    EXPECT_NE(json.find("\"address\": \"ann@a.example\""), std::string::npos) << json;
+    expectSays("domains a.example --json", "\"address\": \"ann@a.example\"");
     EXPECT_EQ(run("domains --json").output.find("address"), std::string::npos);
     EXPECT_EQ(run("details 2 ann@a.example").output,
               "Bob - Ann Smith\nweight: 2\n2 emails have been exchanged between these contacts, "
               "while in the most strong relation 2 emails have been exchanged.\n");
-    EXPECT_NE(run("details 1 3 --json").output.find("\"strongest\": 2"), std::string::npos);
+    expectSays("details 1 3 --json", "\"strongest\": 2");
     expectRefused("domains nowhere", 1, "There is no domain nowhere.");
     expectRefused("details 2 3", 1, "There is no relation between 2 and 3.");
 }
@@ -197,7 +194,7 @@ TEST_F(CliTest, editsContactsAndThresholds) {
     EXPECT_EQ(run("delete-domain b.example --yes").output,
               "    3  Cy B (cy@c.example/bob@b.example)\n"
               "contacts deleted: 1\nrelations deleted: 1\n");
-    EXPECT_NE(run("delete 1 1 --json").output.find("\"name\": \"Ann Smith\""), std::string::npos);
+    expectSays("delete 1 1 --json", "\"name\": \"Ann Smith\"");
     EXPECT_EQ(run("contacts").output, "");
     EXPECT_NE(contentOf(database + ".bak"), before);
 }
@@ -216,33 +213,24 @@ TEST_F(CliTest, changesNothingWhileAnotherProgramHoldsTheDatabase) {
     ::close(held);
 }
 
-TEST_F(CliTest, leavesOutTheFoldersThatAreNamed) {
-    folder.write("Post/Letters", kMail);
-    folder.write("Post/Rubbish", kMail);
-    folder.write("Post/Trash", kMail);
-    folder.write("Post/Drafts", kMail);
-    EXPECT_NE(run("scan Post --deleted Rubbish --outbox letters").output.find("counted: 2\n"),
-              std::string::npos);
-}
-
-TEST_F(CliTest, countsDraftsAndJunkWhenAsked) {
-    folder.write("Post/Drafts", kMail);
-    folder.write("Post/Junk", kMail);
-    EXPECT_NE(run("scan Post --drafts --junk").output.find("counted: 4\n"), std::string::npos);
+TEST_F(CliTest, countsTheFoldersThatAreAskedFor) {
+    for (const char* name : {"Letters", "Rubbish", "Trash", "Drafts", "Junk"})
+        folder.write(std::string("Post/") + name, kMail);
+    expectSays("scan Post --deleted Rubbish --outbox letters", "counted: 2\n");
+    std::filesystem::remove_all(folder.path() + "/data");
+    expectSays("scan Post --drafts --junk", "counted: 8\n");
 }
 
 TEST_F(CliTest, printsTheStrongestRelationsWithoutADisplay) {
-    const Outcome outcome = run("Inbox");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_NE(outcome.errors.find("There is no display"), std::string::npos);
-    EXPECT_NE(outcome.output.find("strong      2  Ann Smith - Bob\n"), std::string::npos);
+    expectSays("Inbox", "There is no display");
+    expectSays("Inbox", "strong      2  Ann Smith - Bob\n");
 }
 
 TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     run("scan Inbox");
     run("export copy.db");
     EXPECT_EQ(run("import copy.db").output, "contacts: 3\nrelations: 2\n");
-    EXPECT_NE(run("relations 1").output.find("strong      4      2  Bob"), std::string::npos);
+    expectSays("relations 1", "strong      4      2  Bob");
     EXPECT_TRUE(std::filesystem::exists(folder.path() + "/data/pelk/pelkdb.xml"));
     // The copy's merged contact has the addresses of two contacts here.
     const std::string twoInOne = run("dump").output;
@@ -254,10 +242,7 @@ TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     EXPECT_EQ(ok.status, 1);
     EXPECT_NE(ok.errors.find("Nothing was imported."), std::string::npos);
     EXPECT_EQ(contentOf(database), before);
-    const Outcome cancelled = run("import merged.db");
-    EXPECT_NE(cancelled.errors.find("under the name Both: Shall I continue? Cancel"),
-              std::string::npos);
-    EXPECT_EQ(cancelled.status, 0);
+    expectSays("import merged.db", "under the name Both: Shall I continue? Cancel");
     expectRefused("import Inbox", 1,
                   "Error while loading file Inbox: The file Inbox cannot be used. It does not "
                   "begin as a database file does.");
@@ -279,21 +264,12 @@ constexpr const char* kOdd =
     "</emails></contact></contacts>"
     "<relations total='0'><relation part1='1' part2='2' weight='0'/></relations></pelkDB>";
 
-/// Whether a terminal would obey part of the text.
+/// Whether a terminal would obey part of the text: a control character, or one that turns the order
+/// of writing.
 bool isObeyed(const std::string& text) {
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const auto byte = [&text, at](std::size_t offset) {
-            return at + offset < text.size() ? static_cast<unsigned char>(text[at + offset]) : 0;
-        };
-        const bool control = (byte(0) < 0x20 && byte(0) != '\n') || byte(0) == 0x7F ||
-                             (byte(0) == 0xC2 && byte(1) < 0xA0);
-        const bool turns =
-            byte(0) == 0xE2 && ((byte(1) == 0x80 && byte(2) >= 0xAA && byte(2) <= 0xAE) ||
-                                (byte(1) == 0x81 && byte(2) >= 0xA6));
-        if (control || turns)
-            return true;
-    }
-    return false;
+    return std::regex_search(
+        text, std::regex("[\\x01-\\x09\\x0B-\\x1F\\x7F]|\xC2[\x80-\x9F]|\xE2\x80[\xAA-\xAE]|"
+                         "\xE2\x81[\xA6-\xAF]"));
 }
 
 TEST_F(CliTest, printsNothingThatATerminalObeysAndReadsWhatItDumps) {
@@ -307,8 +283,7 @@ TEST_F(CliTest, printsNothingThatATerminalObeysAndReadsWhatItDumps) {
         EXPECT_NE(outcome.output + outcome.errors, "") << command;
         EXPECT_FALSE(isObeyed(outcome.output + outcome.errors)) << command;
     }
-    EXPECT_NE(run("contacts --json").output.find("\"\\u009b31m\\u202eA\\u007f\\n\\t > "),
-              std::string::npos);
+    expectSays("contacts --json", "\"\\u009b31m\\u202eA\\u007f\\n\\t > ");
     EXPECT_EQ(run("load -", run("dump").output).status, 0);
     EXPECT_EQ(contentOf(database), before);
 }
@@ -330,8 +305,7 @@ TEST_F(CliTest, deletesNoMoreThanADomainNames) {
     expectRefused("delete-domain @nowhere --yes", 1, "No contact has the address @nowhere.");
     expectRefused("domain-links '' y", 1, "The domain is empty.");
     expectRefused("domain-links y ''", 1, "The domain is empty.");
-    EXPECT_NE(run("delete-domain @y --yes").output.find("contacts deleted: 1\n"),
-              std::string::npos);
+    expectSays("delete-domain @y --yes", "contacts deleted: 1\n");
     EXPECT_EQ(run("relations \"o'hara@x\"").status, 0) << "a@y stays";
 }
 
