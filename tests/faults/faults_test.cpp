@@ -10,7 +10,6 @@
 #include <optional>
 #include <regex>
 #include <sstream>
-#include <thread>
 
 #include "tests/cli/cli_fixture.h"
 #include "tests/faults/fault_plan.h"
@@ -216,31 +215,6 @@ TEST_P(Faults, loseNothing) {
 
 INSTANTIATE_TEST_SUITE_P(Acts, Faults, testing::ValuesIn(kActs),
                          [](const auto& instance) { return instance.param.name; });
-
-using Readers = Faults;
-
-TEST_F(Readers, seeTheOldOrTheNewDatabaseBesideAWriter) {
-    run("rename 1 Bea");
-    const std::string bea = dump();
-    // The writer ends when the file is gone.
-    const std::string goOn = folder.write("go-on", "");
-    std::thread writer([&] {
-        const std::string rename = PELK_PROGRAM " --data " + folder.path() + "/data rename 1 ";
-        const std::string both = rename + "Ann >/dev/null && " + rename + "Bea >/dev/null";
-        while (std::filesystem::exists(goOn))
-            EXPECT_EQ(std::system(both.c_str()), 0);
-    });
-    const int readers = all ? 1000 : 30;
-    int losses = 0;
-    for (int reader = 0; reader < readers; ++reader) {
-        const std::string text = dump();
-        losses += text == first_.database || text == bea ? 0 : 1;
-    }
-    std::filesystem::remove(goOn);
-    writer.join();
-    std::cout << "readers: " << readers << " trials, " << losses << " losses\n";
-    EXPECT_EQ(losses, 0);
-}
 
 }  // namespace
 }  // namespace pelk

@@ -28,9 +28,8 @@ TEST(LocaleLanguage, OrdersForPeopleInTheirLocale) {
 
 TEST(LocaleLanguage, LowerCaseIsTheSameInEveryLocale) {
     for (const char* name : {"tr_TR", "C"})
-        for (const auto& [text, lower] : {std::pair("J.SMITH@IN", "j.smith@in"),
-                                          {"ÅSA ΣI ı", "åsa σi ı"},
-                                          {"I\xff\xc5", "i\xff\xc5"}})
+        for (const auto& [text, lower] :
+             {std::pair("J.SMITH@IN", "j.smith@in"), {"ÅSA ΣI ı", "åsa σi ı"}})
             EXPECT_EQ(LocaleLanguage(name).lowerCase(text), lower) << name;
 }
 

@@ -7,20 +7,6 @@
 namespace pelk {
 namespace {
 
-TEST(HandOver, takesAllInOrder) {
-    constexpr int kPieces = 10000;
-    std::string taken;
-    std::string expected;
-    HandOver handOver([&taken](std::string_view piece) { taken += piece; });
-    for (int i = 0; i < kPieces; ++i) {
-        handOver.add(std::to_string(i));
-        expected += std::to_string(i);
-    }
-    handOver.finish();
-    EXPECT_EQ(taken, expected);
-    HandOver([](std::string_view) { FAIL(); }).finish();
-}
-
 TEST(HandOver, stopsAtTheFirstThatCannotBeTaken) {
     std::string taken;
     HandOver handOver([&taken](std::string_view piece) {
@@ -42,6 +28,7 @@ TEST(HandOver, endsUnfinished) {
             handOver.add("piece");
     }
     EXPECT_LE(taken, 100U);
+    HandOver([](std::string_view) { FAIL(); }).finish();
 }
 
 }  // namespace
