@@ -32,7 +32,7 @@ void Connect::load() {
 }
 
 void Connect::OnConnection(MailClient& mailClient) {
-    keepMailClient(mailClient);
+    mailClient_ = &mailClient;
     buildMenu();
 }
 
@@ -65,6 +65,8 @@ std::span<const Connect::Command> Connect::commands() {
 void Connect::buildMenu() {
     const std::unique_ptr<CommandPopup> popup =
         mailClient_->addPopup("Standard", "Pelk", "Pelk popup");
+    if (!popup)
+        return;
     for (const Command& command : commands())
         this->*command.button =
             popup->addButton(command.caption, command.tag, [this, &command] { run(command); });

@@ -36,11 +36,10 @@ class Connect {
     Connect(Toolkit& toolkit, const Platform& platform, Loading loading = Loading::AtOnce);
 
     /// Keeps the mail client, which must stay until disconnection, and builds the menu. Throws
-    /// `Error` when the client refuses.
+    /// `Error` when the client refuses the menu, but keeps the client all the same.
     void OnConnection(MailClient& mailClient);
-    /// The two halves of `OnConnection`, for a client that has no window yet, or that has another
-    /// place than a menu for the commands.
-    void keepMailClient(MailClient& mailClient) { mailClient_ = &mailClient; }
+    /// Builds the menu of a connection whose client has refused it, as it had no window yet. Throws
+    /// `Error` when the client refuses again.
     void buildMenu();
     /// To be called when `OnDisconnection` has to wait for a handler that is under way: a search
     /// would run on for long.

@@ -124,7 +124,8 @@ class MailClient {
     virtual ~MailClient() = default;
     virtual std::unique_ptr<MailSession> session() = 0;
     /// Adds a temporary pop-up menu to the named command bar of the active window, in the place of
-    /// one with that tag that an earlier connection left there.
+    /// one with that tag that an earlier connection left there. Null when the client has another
+    /// place than a menu for the commands.
     virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                                    std::string_view tag) = 0;
 };

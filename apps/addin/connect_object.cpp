@@ -8,9 +8,6 @@
 namespace pelk {
 namespace {
 
-/// From this version on the mail client's window has a ribbon, and command bars are a relic in it.
-constexpr int kFirstVersionWithRibbon = 14;
-
 constexpr UINT kRetryMilliseconds = 20;
 
 enum Member : DISPID {
@@ -128,12 +125,9 @@ void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
         return;
     client_ = std::make_unique<AutomationClient>(
         application, [this](const std::function<void()>& clicked) { runCommand(clicked); });
-    connect_->keepMailClient(*client_);
-    hasMenu_ = client_->majorVersion() < kFirstVersionWithRibbon;
-    if (!hasMenu_)
-        return;
+    hasMenu_ = !client_->hasRibbon();
     try {
-        connect_->buildMenu();
+        connect_->OnConnection(*client_);
     } catch (const Error&) {
         if (mode != ConnectMode::Startup)
             throw;

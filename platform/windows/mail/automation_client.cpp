@@ -9,6 +9,9 @@
 namespace pelk {
 namespace {
 
+/// From this version on the mail client's window has a ribbon, and command bars are a relic in it.
+constexpr int kFirstVersionWithRibbon = 14;
+
 ComPtr<IDispatch> required(IDispatch* application) {
     if (application == nullptr)
         throw Error("The mail client did not introduce itself.");
@@ -32,6 +35,10 @@ int AutomationClient::majorVersion() const {
     }
 }
 
+bool AutomationClient::hasRibbon() const {
+    return majorVersion() >= kFirstVersionWithRibbon;
+}
+
 std::unique_ptr<MailSession> AutomationClient::session() {
     return openSession(application_.object("GetNamespace", "the name space", {variantOf("MAPI")}));
 }
@@ -39,6 +46,8 @@ std::unique_ptr<MailSession> AutomationClient::session() {
 std::unique_ptr<CommandPopup> AutomationClient::addPopup(std::string_view bar,
                                                          std::string_view caption,
                                                          std::string_view tag) {
+    if (hasRibbon())
+        return nullptr;
     return addCommandBarPopup(application_, guard_, bar, caption, tag);
 }
 

@@ -19,6 +19,9 @@ class AutomationClient : public MailClient {
 
     /// The number before the first point of its version; 0 when it has none or does not tell.
     int majorVersion() const;
+    /// Whether its window has a ribbon. There the commands stand on it, and `addPopup` adds
+    /// nothing.
+    bool hasRibbon() const;
 
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
