@@ -44,7 +44,7 @@ void run(const Arguments& arguments, int argc, char** argv) {
         std::cout << kHelp;
     else if (arguments.version)
         std::cout << kProductName << ' ' << kProductVersion << '\n';
-    else if (arguments.command.empty())
+    else if (arguments.command == nullptr)
         openWindow(arguments, argc, argv);
     else
         runCommand(arguments);

@@ -1,10 +1,8 @@
 #include "apps/cli/arguments.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
-#include <string_view>
 
+#include "apps/cli/commands.h"
 #include "db/date_stamp.h"
 
 namespace pelk {
@@ -76,45 +74,8 @@ Exit status: 0 done, 1 refused or failed, 2 wrong usage.
 
 namespace {
 
-struct Command {
-    std::string_view name;
-    std::size_t fewestOperands;
-    std::size_t mostOperands;
-    /// What it takes, in words.
-    std::string_view operands;
-};
-
 /// The length of YYYY-MM-DD, which orders before all stamps of that day.
 constexpr std::size_t kDateSize = 10;
-
-constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
-
-constexpr std::array kCommands{
-    Command{"", 0, kAnyNumber, ""},
-    Command{"scan", 1, kAnyNumber, "at least one operand"},
-    Command{"contacts", 0, 0, "nothing more"},
-    Command{"relations", 1, 1, "one contact"},
-    Command{"domains", 0, 1, "one domain at most"},
-    Command{"details", 2, 2, "two contacts"},
-    Command{"rename", 2, 2, "a contact and its new name"},
-    Command{"delete", 1, kAnyNumber, "at least one contact"},
-    Command{"delete-domain", 1, 1, "one domain"},
-    Command{"merge", 2, kAnyNumber, "at least two contacts"},
-    Command{"thresholds", 0, 2, "both thresholds or none"},
-    Command{"links", 2, 2, "two contacts"},
-    Command{"domain-links", 2, 2, "two domains"},
-    Command{"dump", 0, 0, "nothing more"},
-    Command{"load", 1, 1, "one file"},
-    Command{"export", 1, 1, "one file"},
-    Command{"import", 1, 1, "one file"},
-    Command{"delete-database", 0, 0, "nothing more"},
-};
-
-const Command* findCommand(std::string_view name) {
-    const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
-                                           [name](const Command& c) { return c.name == name; });
-    return found == kCommands.end() ? nullptr : found;
-}
 
 /// Walks the words; an option that takes a value takes the next word.
 class WordReader {
@@ -139,9 +100,9 @@ class WordReader {
 
     /// The first operand that names a command is one.
     void readOperand(const std::string& word) {
-        if (!commandKnown_ && !optionsEnded_ && !word.empty() && findCommand(word) != nullptr)
-            arguments_.command = word;
-        else
+        if (!commandKnown_ && !optionsEnded_)
+            arguments_.command = findCommand(word);
+        if (commandKnown_ || arguments_.command == nullptr)
             arguments_.operands.push_back(word);
         commandKnown_ = true;
     }
@@ -204,11 +165,11 @@ class WordReader {
 
 Arguments parseArguments(const std::vector<std::string>& words) {
     Arguments arguments = WordReader(words).read();
-    const Command& command = *findCommand(arguments.command);
+    const Command* const command = arguments.command;
     const std::size_t count = arguments.operands.size();
-    if (!arguments.help && !arguments.version &&
-        (count < command.fewestOperands || count > command.mostOperands))
-        throw UsageError("pelk " + arguments.command + " takes " + std::string(command.operands));
+    if (command != nullptr && !arguments.help && !arguments.version &&
+        (count < command->fewestOperands || count > command->mostOperands))
+        throw UsageError(std::string("pelk ") + command->name + " takes " + command->operands);
     return arguments;
 }
 

@@ -10,6 +10,8 @@
 
 namespace pelk {
 
+struct Command;
+
 /// The command line cannot be understood; `what()` says why.
 class UsageError : public std::runtime_error {
  public:
@@ -17,8 +19,8 @@ class UsageError : public std::runtime_error {
 };
 
 struct Arguments {
-    /// Empty for the mail window.
-    std::string command;
+    /// Null for the mail window.
+    const Command* command = nullptr;
     std::vector<std::string> operands;
     /// Empty for the user's usual data folder.
     std::string dataFolder;

@@ -83,41 +83,39 @@ void domainLinks(CommandRun& run) {
                       run.arguments().best, run.arguments().json});
 }
 
-struct Action {
-    std::string_view command;
-    void (*run)(CommandRun&);
-};
+constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
-constexpr std::array kActions{
-    Action{"scan", scan},
-    Action{"contacts", listContacts},
-    Action{"relations", listRelations},
-    Action{"domains", listDomains},
-    Action{"details", showDetails},
-    Action{"rename", renameCommand},
-    Action{"delete", deleteCommand},
-    Action{"delete-domain", deleteDomainCommand},
-    Action{"merge", mergeCommand},
-    Action{"thresholds", thresholdsCommand},
-    Action{"links", links},
-    Action{"domain-links", domainLinks},
-    Action{"dump", dumpCommand},
-    Action{"load", loadCommand},
-    Action{"export", exportCommand},
-    Action{"import", importCommand},
-    Action{"delete-database", deleteDatabaseCommand},
+constexpr std::array kCommands{
+    Command{"scan", 1, kAnyNumber, "at least one operand", scan},
+    Command{"contacts", 0, 0, "nothing more", listContacts},
+    Command{"relations", 1, 1, "one contact", listRelations},
+    Command{"domains", 0, 1, "one domain at most", listDomains},
+    Command{"details", 2, 2, "two contacts", showDetails},
+    Command{"rename", 2, 2, "a contact and its new name", renameCommand},
+    Command{"delete", 1, kAnyNumber, "at least one contact", deleteCommand},
+    Command{"delete-domain", 1, 1, "one domain", deleteDomainCommand},
+    Command{"merge", 2, kAnyNumber, "at least two contacts", mergeCommand},
+    Command{"thresholds", 0, 2, "both thresholds or none", thresholdsCommand},
+    Command{"links", 2, 2, "two contacts", links},
+    Command{"domain-links", 2, 2, "two domains", domainLinks},
+    Command{"dump", 0, 0, "nothing more", dumpCommand},
+    Command{"load", 1, 1, "one file", loadCommand},
+    Command{"export", 1, 1, "one file", exportCommand},
+    Command{"import", 1, 1, "one file", importCommand},
+    Command{"delete-database", 0, 0, "nothing more", deleteDatabaseCommand},
 };
 
 }  // namespace
 
+const Command* findCommand(std::string_view name) {
+    const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
+                                           [name](const Command& c) { return c.name == name; });
+    return found == kCommands.end() ? nullptr : found;
+}
+
 void runCommand(const Arguments& arguments) {
-    const auto* const action =
-        std::find_if(kActions.begin(), kActions.end(),
-                     [&arguments](const Action& a) { return a.command == arguments.command; });
-    if (action == kActions.end())
-        throw UsageError("unknown command " + arguments.command);
     CommandRun run(arguments);
-    action->run(run);
+    arguments.command->run(run);
 }
 
 void runWithoutDisplay(const Arguments& arguments) {
