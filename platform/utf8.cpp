@@ -16,6 +16,10 @@ struct Character {
     bool valid = false;
 };
 
+bool isSurrogate(std::uint32_t code) {
+    return code >= 0xD800 && code <= 0xDFFF;
+}
+
 /// Reads the character at the start of `text`, which is not empty. An invalid byte is a character
 /// of length 1. Overlong forms, surrogates and codes over U+10FFFF are invalid.
 Character readCharacter(std::string_view text) {
@@ -33,20 +37,13 @@ Character readCharacter(std::string_view text) {
         code = code << 6U | (byte & 0x3FU);
     }
     constexpr std::uint32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    if (code < smallest[length] || code > 0x10FFFF || surrogate)
+    if (code < smallest[length] || code > 0x10FFFF || isSurrogate(code))
         return {};
     return {length, code, true};
 }
 
 bool isControl(std::uint32_t code) {
     return code < 0x20 || (code >= 0x7F && code < 0xA0);
-}
-
-bool mayStandInXml(std::uint32_t code) {
-    if (code < 0x20)
-        return code == '\t' || code == '\n' || code == '\r';
-    return code != 0xFFFE && code != 0xFFFF;
 }
 
 /// How many printable characters of ASCII the text begins with.
@@ -69,6 +66,12 @@ std::size_t plainLength(std::string_view text) {
 
 }  // namespace
 
+bool isXmlCharacter(std::uint32_t code) {
+    if (code < 0x20)
+        return code == '\t' || code == '\n' || code == '\r';
+    return !isSurrogate(code) && code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
+}
+
 bool isXmlText(std::string_view text) {
     while (true) {
         // Documents are nearly all of these characters.
@@ -76,7 +79,7 @@ bool isXmlText(std::string_view text) {
         if (text.empty())
             return true;
         const Character character = readCharacter(text);
-        if (!character.valid || !mayStandInXml(character.code))
+        if (!character.valid || !isXmlCharacter(character.code))
             return false;
         text.remove_prefix(character.length);
     }
@@ -94,7 +97,7 @@ std::string cleanText(std::string_view text) {
         const Character character = readCharacter(text);
         if (character.valid && isControl(character.code))
             clean += ' ';
-        else if (!character.valid || !mayStandInXml(character.code))
+        else if (!character.valid || !isXmlCharacter(character.code))
             clean += kReplacement;
         else
             clean += text.substr(0, character.length);

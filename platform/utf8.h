@@ -1,10 +1,14 @@
 #pragma once
 // UTF-8 that a document can carry, and its other form in files.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace pelk {
+
+/// True when an XML document may hold the character of that code point (XML 1.0, production 2).
+bool isXmlCharacter(std::uint32_t code);
 
 /// True when the text is valid UTF-8 and every character may stand in an XML document.
 bool isXmlText(std::string_view text);

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "apps/cli/terminal_text.h"
+#include "platform/xml_markup.h"
 #include "scan/scan_notes.h"
 #include "views/contact_text.h"
 
@@ -125,23 +126,6 @@ std::vector<std::string> labelsOf(const std::string& domain) {
     for (std::string label; std::getline(stream, label, '.');)
         labels.push_back(label);
     return labels;
-}
-
-/// Where the tag or text that `xml` begins with ends. A ">" inside quotes is part of a value.
-std::size_t endOfTag(std::string_view xml) {
-    if (xml.front() != '<')
-        return std::min(xml.find('<'), xml.size());
-    constexpr std::string_view dataEnd = "]]>";
-    if (xml.starts_with("<![CDATA["))
-        return xml.find(dataEnd) + dataEnd.size();
-    bool quoted = false;
-    for (std::size_t at = 0; at < xml.size(); ++at) {
-        if (xml[at] == '"')
-            quoted = !quoted;
-        else if (xml[at] == '>' && !quoted)
-            return at + 1;
-    }
-    return xml.size();
 }
 
 }  // namespace
@@ -280,14 +264,13 @@ void printStrongest(std::ostream& out, const Database& database, std::size_t cou
 
 void printDocument(std::ostream& out, std::string_view xml) {
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    xml.remove_prefix(endOfTag(xml));
+    takeMarkup(xml);  // its own declaration names the encoding of files
     while (!xml.empty()) {
-        const std::size_t end = endOfTag(xml);
-        out << escapedForXml(xml.substr(0, end));
+        const Markup markup = takeMarkup(xml);
+        out << escapedForXml(markup.text);
         // Beside text a line break would become part of it.
-        if (end == xml.size() || (xml.front() == '<' && xml[end] == '<'))
+        if (xml.empty() || (markup.kind != MarkupKind::Text && xml.front() == '<'))
             out << '\n';
-        xml.remove_prefix(end);
     }
 }
 

@@ -1,48 +1,23 @@
 #include "platform/desktop/xml_strictness.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
-#include <cstdint>
 #include <pugixml.hpp>
 #include <vector>
 
 #include "platform/side_by_side.h"
 #include "platform/utf8.h"
 #include "platform/xml.h"
+#include "platform/xml_markup.h"
 
 namespace pelk {
 namespace {
-
-constexpr std::string_view kComment = "<!--";
-constexpr std::string_view kCharacterData = "<![CDATA[";
-
-/// Whether the number of a character reference, such as "#10" or "#xA", is a character that an
-/// XML document may hold.
-bool isCharacterReference(std::string_view name) {
-    const bool hexadecimal = name.starts_with("#x");
-    name.remove_prefix(hexadecimal ? 2 : 1);
-    std::uint32_t code = 0;
-    const char* const end = name.data() + name.size();
-    const auto read = std::from_chars(name.data(), end, code, hexadecimal ? 16 : 10);
-    if (read.ec != std::errc() || read.ptr != end)
-        return false;
-    if (code < 0x20)
-        return code == '\t' || code == '\n' || code == '\r';
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    return !surrogate && code != 0xFFFE && code != 0xFFFF && code <= 0x10FFFF;
-}
-
-bool isKnownReference(std::string_view name) {
-    return name == "amp" || name == "lt" || name == "gt" || name == "quot" || name == "apos" ||
-           (name.starts_with('#') && isCharacterReference(name));
-}
 
 /// Whether the text, which begins with "&", begins with a reference.
 bool beginsWithReference(std::string_view text) {
     constexpr std::size_t longest = 12;
     const std::size_t end = text.substr(0, longest).find(';');
-    return end != std::string_view::npos && isKnownReference(text.substr(1, end - 1));
+    return end != std::string_view::npos && referencedCharacter(text.substr(1, end - 1));
 }
 
 /// Whether every "&" begins a reference, even those that would not have to: true of nearly all
@@ -54,30 +29,16 @@ bool holdsReferencesOnly(std::string_view text) {
     return true;
 }
 
-/// Where the text goes on behind a section that `text` begins with.
-std::size_t endOfSection(std::string_view text, std::string_view terminator) {
-    const std::size_t end = text.find(terminator);
-    return end == std::string_view::npos ? text.size() : end + terminator.size();
-}
-
-/// Whether an "&" begins no reference, outside comments and character data.
+/// Whether an "&" begins no reference where it has to.
 bool hasStrayReference(std::string_view text) {
-    while (true) {
-        const auto at = std::find_if(text.begin(), text.end(),
-                                     [](char byte) { return byte == '&' || byte == '<'; });
-        if (at == text.end())
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(at - text.begin()));
-        if (text.starts_with(kComment)) {
-            text.remove_prefix(endOfSection(text, "-->"));
-        } else if (text.starts_with(kCharacterData)) {
-            text.remove_prefix(endOfSection(text, "]]>"));
-        } else if (text.front() == '<' || beginsWithReference(text)) {
-            text.remove_prefix(1);
-        } else {
+    while (!text.empty()) {
+        const Markup markup = takeMarkup(text);
+        const bool isPlain =
+            markup.kind == MarkupKind::CharacterData || markup.kind == MarkupKind::Aside;
+        if (!isPlain && !holdsReferencesOnly(markup.text))
             return true;
-        }
     }
+    return false;
 }
 
 /// Finds the first element with an attribute twice, or too deep, at a node or below it.

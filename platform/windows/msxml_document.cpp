@@ -10,7 +10,7 @@
 
 #include "platform/utf8.h"
 #include "platform/windows/xml_form.h"
-#include "platform/windows/xml_markup.h"
+#include "platform/xml_markup.h"
 
 namespace pelk {
 namespace {

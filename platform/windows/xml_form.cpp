@@ -1,15 +1,16 @@
 #include "platform/windows/xml_form.h"
 
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/windows/xml_markup.h"
+#include "platform/xml_markup.h"
 
 namespace pelk {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+/// Stands for what no document may hold.
+constexpr std::uint32_t kReplacement = 0xFFFD;
 
 bool isBlank(std::string_view text) {
     return text.find_first_not_of(kBlanks) == std::string_view::npos;
@@ -31,21 +32,6 @@ void appendUtf8(std::string& out, std::uint32_t code) {
         append(0x80U | (code >> 6U & 0x3FU));
     }
     append(0x80U | (code & 0x3FU));
-}
-
-/// The character that a reference such as "lt" or "#xA" names.
-std::uint32_t characterOf(std::string_view name) {
-    if (!name.starts_with('#'))
-        return name == "amp"    ? '&'
-               : name == "lt"   ? '<'
-               : name == "gt"   ? '>'
-               : name == "quot" ? '"'
-                                : '\'';
-    const bool hexadecimal = name.starts_with("#x");
-    name.remove_prefix(hexadecimal ? 2 : 1);
-    std::uint32_t code = 0;
-    std::from_chars(name.data(), name.data() + name.size(), code, hexadecimal ? 16 : 10);
-    return code;
 }
 
 /// Writes a document piece by piece. A start tag is left open until it is known whether anything
@@ -114,7 +100,8 @@ class FormWriter {
         for (std::size_t at = value.find('&'); at != std::string_view::npos; at = value.find('&')) {
             const std::size_t end = value.find(';', at);
             appendPlain(value.substr(0, at));
-            appendCharacter(characterOf(value.substr(at + 1, end - at - 1)));
+            const auto character = referencedCharacter(value.substr(at + 1, end - at - 1));
+            appendCharacter(character.value_or(kReplacement));
             value.remove_prefix(end + 1);
         }
         appendPlain(value);

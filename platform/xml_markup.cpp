@@ -1,6 +1,10 @@
-#include "platform/windows/xml_markup.h"
+#include "platform/xml_markup.h"
 
+#include <charconv>
 #include <cstddef>
+#include <utility>
+
+#include "platform/utf8.h"
 
 namespace pelk {
 namespace {
@@ -50,6 +54,24 @@ Markup takeMarkup(std::string_view& rest) {
     const Markup markup = firstMarkup(rest);
     rest.remove_prefix(markup.text.size());
     return markup;
+}
+
+std::optional<std::uint32_t> referencedCharacter(std::string_view name) {
+    constexpr std::pair<std::string_view, char> named[] = {
+        {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+    for (const auto& [known, character] : named)
+        if (name == known)
+            return character;
+    if (!name.starts_with('#'))
+        return std::nullopt;
+    const bool hexadecimal = name.starts_with("#x");
+    name.remove_prefix(hexadecimal ? 2 : 1);
+    std::uint32_t code = 0;
+    const char* const end = name.data() + name.size();
+    const auto read = std::from_chars(name.data(), end, code, hexadecimal ? 16 : 10);
+    if (read.ec != std::errc() || read.ptr != end || !isXmlCharacter(code))
+        return std::nullopt;
+    return code;
 }
 
 }  // namespace pelk
