@@ -1,6 +1,7 @@
 #pragma once
 // Holds the look-ups of a database to the queries that they stand for.
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,11 +11,6 @@
 
 namespace pelk {
 
-inline std::string textOf(const Relation& relation) {
-    return std::to_string(relation.part1) + "-" + std::to_string(relation.part2) + ":" +
-           std::to_string(relation.weight) + " ";
-}
-
 inline std::string textOf(const Contact& contact) {
     std::string text = std::to_string(contact.id) + contact.name;
     for (const std::string& address : contact.addresses)
@@ -22,71 +18,56 @@ inline std::string textOf(const Contact& contact) {
     return text;
 }
 
-inline std::string textOf(const std::vector<Relation>& relations) {
+inline std::string textOf(const Relation& relation) {
+    return std::to_string(relation.part1) + "-" + std::to_string(relation.part2) + ":" +
+           std::to_string(relation.weight) + " ";
+}
+
+inline std::string textOf(const XmlElement& element) {
+    if (element.name() == "contact")
+        return textOf(readContact(element));
+    return textOf(Relation{readContactId(element.text("part1")),
+                           readContactId(element.text("part2")),
+                           readNumber(element.text("weight"))});
+}
+
+inline std::string textOf(const auto& values) {
     std::string text;
-    for (const Relation& relation : relations)
-        text += textOf(relation);
+    for (const auto& value : values)
+        text += textOf(value);
     return text;
 }
 
-/// What the queries select, read.
-inline std::vector<Contact> queriedContacts(const Database& database, const std::string& query) {
-    std::vector<Contact> contacts;
-    for (const XmlElement& element : database.root().select(query))
-        contacts.push_back(readContact(element));
-    return contacts;
-}
-
-inline std::vector<Relation> queriedRelations(const Database& database, const std::string& query) {
-    std::vector<Relation> relations;
-    for (const XmlElement& element : database.root().select(query))
-        relations.push_back({readContactId(element.text("part1")),
-                             readContactId(element.text("part2")),
-                             readNumber(element.text("weight"))});
-    return relations;
-}
-
-/// Whether the look-up of one answers with the first that the query selects.
+/// Whether a look-up of one found the first that its query selects.
 template <typename Value>
-bool isFirst(const std::optional<Value>& one, const std::vector<Value>& all) {
-    return one ? !all.empty() && textOf(*one) == textOf(all.front()) : all.empty();
-}
-
-inline std::string contactFault(const Database& database, int id, const std::string& address) {
-    if (!isFirst(database.contact(id), queriedContacts(database, queries::contactById(id))))
-        return "contact " + std::to_string(id);
-    std::vector<int> owners;
-    for (const Contact& owner : queriedContacts(database, queries::contactByAddress(address)))
-        owners.push_back(owner.id);
-    owners.push_back(0);
-    const bool first = database.contactIdByAddress(address) == owners.front();
-    owners.pop_back();
-    return first && database.ownersOf(address) == owners ? "" : "owners of " + address;
-}
-
-inline std::string relationFault(const Database& database, int id, int highestId) {
-    if (textOf(database.relationsOf(id)) !=
-        textOf(queriedRelations(database, queries::relationsOf(id))))
-        return "relations of " + std::to_string(id);
-    for (int other = id; other <= highestId; ++other)
-        if (!isFirst(database.relationOfPair(id, other),
-                     queriedRelations(database, queries::relationOfPair(id, other))))
-            return "relation of " + std::to_string(id) + " and " + std::to_string(other);
-    return {};
+bool isFirst(const std::optional<Value>& one, const std::vector<XmlElement>& selected) {
+    return (one ? textOf(*one) : "") == (selected.empty() ? "" : textOf(selected.front()));
 }
 
 /// The first look-up of an id up to `highestId`, or of an address `p0@x` and on up to it, that
 /// answers otherwise than its query; empty when all agree.
 inline std::string indexFault(const Database& database, int highestId) {
+    const auto select = [&](const std::string& query) { return database.root().select(query); };
     for (int id = 0; id <= highestId; ++id) {
-        std::string fault = contactFault(database, id, "p" + std::to_string(id) + "@x");
-        fault += relationFault(database, id, highestId);
-        if (!fault.empty())
-            return fault;
+        const std::string number = std::to_string(id);
+        if (!isFirst(database.contact(id), select(queries::contactById(id))))
+            return "contact " + number;
+        const std::string address = "p" + number + "@x";
+        std::vector<int> owners;
+        for (const XmlElement& owner : select(queries::contactByAddress(address)))
+            owners.push_back(readContact(owner).id);
+        if (database.ownersOf(address) != owners ||
+            database.contactIdByAddress(address) != (owners.empty() ? 0 : owners.front()))
+            return "owners of " + address;
+        if (textOf(database.relationsOf(id)) != textOf(select(queries::relationsOf(id))))
+            return "relations of " + number;
+        for (int other = id; other <= highestId; ++other)
+            if (!isFirst(database.relationOfPair(id, other),
+                         select(queries::relationOfPair(id, other))))
+                return "relation of " + number + " and " + std::to_string(other);
     }
-    const bool counted =
-        database.contactCount() == database.root().select(queries::kContacts).size() &&
-        database.relationCount() == database.root().select(queries::kRelations).size();
+    const bool counted = database.contactCount() == select(queries::kContacts).size() &&
+                         database.relationCount() == select(queries::kRelations).size();
     return counted ? "" : "the counts";
 }
 
