@@ -31,20 +31,6 @@ HRESULT findFactory(const CLSID& classId, REFIID iid, void** object) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-/// Where this DLL was loaded from.
-std::wstring ownPath() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(ownModule(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path;
-        }
-        path.resize(path.size() * 2);
-    }
-}
-
 }  // namespace
 }  // namespace pelk
 
@@ -65,7 +51,7 @@ STDAPI DllCanUnloadNow() {
 
 STDAPI DllRegisterServer() {
     try {
-        return HRESULT_FROM_WIN32(pelk::registerServer(pelk::ownPath()));
+        return HRESULT_FROM_WIN32(pelk::registerServer(pelk::ownModulePath()));
     } catch (...) {
         return E_FAIL;
     }

@@ -12,16 +12,8 @@ namespace pelk {
 namespace {
 
 std::wstring folderOfModule() {
-    std::wstring path(MAX_PATH, L'\0');
-    for (;;) {
-        const DWORD length =
-            GetModuleFileNameW(ownModule(), path.data(), static_cast<DWORD>(path.size()));
-        if (length < path.size()) {
-            path.resize(length);
-            return path.substr(0, path.rfind(L'\\'));
-        }
-        path.resize(2 * path.size());
-    }
+    const std::wstring path = ownModulePath();
+    return path.substr(0, path.rfind(L'\\'));
 }
 
 /// The help viewer of Windows itself: a program of that name in the current folder or on the path

@@ -42,6 +42,19 @@ HINSTANCE ownModule() {
     return module;
 }
 
+std::wstring ownModulePath() {
+    std::wstring path(MAX_PATH, L'\0');
+    for (;;) {
+        const DWORD length =
+            GetModuleFileNameW(ownModule(), path.data(), static_cast<DWORD>(path.size()));
+        if (length < path.size()) {
+            path.resize(length);
+            return path;
+        }
+        path.resize(2 * path.size());
+    }
+}
+
 WindowScope::WindowScope() {
     const auto systemAware = reinterpret_cast<HANDLE>(static_cast<INT_PTR>(-2));
     const HANDLE context = controlsContext();

@@ -3,10 +3,14 @@
 
 #include <windows.h>
 
+#include <string>
+
 namespace pelk {
 
 /// The DLL or program that this code is linked into.
 HINSTANCE ownModule();
+/// The file that it was loaded from.
+std::wstring ownModulePath();
 
 /// While it lives, the thread makes windows of the current common controls, if the module has the
 /// manifest for them as its resource 2, and in the system's density of pixels, so that one scale
