@@ -1,7 +1,6 @@
 #include "platform/desktop/posix_files.h"
 
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,37 +13,11 @@
 #include <thread>
 #include <utility>
 
+#include "platform/desktop/descriptor.h"
 #include "platform/desktop/uninterrupted.h"
 
 namespace pelk {
 namespace {
-
-/// What went wrong with the path, with the system's own reason for it.
-[[noreturn]] void fail(const std::string& path, const std::string& what) {
-    throw Error(path + " cannot be " + what + ": " + std::strerror(errno) + ".");
-}
-
-/// An open file, closed at the end.
-class Descriptor {
- public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(Descriptor&& other) noexcept : number_(other.release()) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor() {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-    int get() const { return number_; }
-    int release() { return std::exchange(number_, -1); }
-
- private:
-    int number_;
-};
-
-Descriptor openFile(const std::string& path, int flags, mode_t mode = 0) {
-    return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
-}
 
 class PosixWritableFile : public WritableFile {
  public:
@@ -57,7 +30,7 @@ class PosixWritableFile : public WritableFile {
             const ssize_t written = uninterrupted(
                 [&] { return ::write(descriptor_.get(), bytes.data(), bytes.size()); });
             if (written < 0)
-                fail(path_, "written");
+                failToBe(path_, "written");
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
         // The disk sets to work while more is written. Whether it succeeds is for the flush to
@@ -67,13 +40,13 @@ class PosixWritableFile : public WritableFile {
 
     void flushToDisk() override {
         if (uninterrupted([this] { return ::fsync(descriptor_.get()); }) != 0)
-            fail(path_, "written");
+            failToBe(path_, "written");
     }
 
     void close() override {
         // An interrupted call has closed the file nevertheless.
         if (::close(descriptor_.release()) != 0 && errno != EINTR)
-            fail(path_, "written");
+            failToBe(path_, "written");
     }
 
  private:
@@ -123,11 +96,11 @@ bool exists(const std::string& path, mode_t wanted) {
         return true;
     }
     if (errno != ENOENT)
-        fail(path, "looked up");
+        failToBe(path, "looked up");
     if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) == 0)
         throw Error(path + " is a symbolic link that leads nowhere.");
     if (errno != ENOENT)
-        fail(path, "looked up");
+        failToBe(path, "looked up");
     return false;
 }
 
@@ -136,7 +109,7 @@ std::string behindLink(const std::string& path) {
     struct stat status {};
     if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) != 0) {
         if (errno != ENOENT)
-            fail(path, "looked up");
+            failToBe(path, "looked up");
         return path;
     }
     if (!S_ISLNK(status.st_mode))
@@ -144,7 +117,7 @@ std::string behindLink(const std::string& path) {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr),
                                                            &std::free);
     if (!real)
-        fail(path, "looked up");
+        failToBe(path, "looked up");
     return real.get();
 }
 
@@ -152,7 +125,7 @@ std::string randomDigits(const std::string& path) {
     std::array<unsigned char, kTemporaryDigits / 2> bytes{};
     if (uninterrupted([&] { return ::getrandom(bytes.data(), bytes.size(), 0); }) !=
         static_cast<ssize_t>(bytes.size()))
-        fail(path, "written");
+        failToBe(path, "written");
     std::string digits;
     for (const unsigned byte : bytes)
         for (const unsigned digit : {byte >> 4U, byte & 15U})
@@ -176,14 +149,14 @@ bool PosixFiles::fileExists(const std::string& path) {
 
 void PosixFiles::createFolder(const std::string& path) {
     if (uninterrupted([&] { return ::mkdir(path.c_str(), S_IRWXU); }) != 0)
-        fail(path, "created");
+        failToBe(path, "created");
 }
 
 std::string PosixFiles::readWholeFile(const std::string& path) {
     const Descriptor file = openFile(path, O_RDONLY);
     struct stat status {};
     if (file.get() < 0 || ::fstat(file.get(), &status) != 0)
-        fail(path, "read");
+        failToBe(path, "read");
     std::string content;
     constexpr std::size_t slice = 1U << 16U;
     // One byte more than the file has, so that its end is seen without growing the text.
@@ -195,7 +168,7 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
         if (got == 0)
             break;
         if (got < 0)
-            fail(path, "read");
+            failToBe(path, "read");
         size += static_cast<std::size_t>(got);
         if (size == content.size())
             content.resize(size + slice);
@@ -212,7 +185,7 @@ TemporaryFile PosixFiles::createTemporary(const std::string& target) {
     Descriptor descriptor =
         openFile(temporary.path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     if (descriptor.get() < 0)
-        fail(target, "written");
+        failToBe(target, "written");
     try {
         temporary.file = std::make_unique<PosixWritableFile>(std::move(descriptor), target);
     } catch (...) {
@@ -238,7 +211,7 @@ void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
     // This opens anything, whatever its mode, and never waits.
     Descriptor replaced = openFile(real, O_PATH);
     if (uninterrupted([&] { return ::rename(from.c_str(), real.c_str()); }) != 0)
-        fail(to, "replaced");
+        failToBe(to, "replaced");
     // The new name counts once the folder that holds it is on the disk. Where the system cannot
     // bring it there now it will later: the change has been made and is not to be reported as
     // failed.
@@ -251,7 +224,7 @@ void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
 
 void PosixFiles::removeFile(const std::string& path) {
     if (uninterrupted([&] { return ::unlink(path.c_str()); }) != 0)
-        fail(path, "removed");
+        failToBe(path, "removed");
 }
 
 }  // namespace pelk
