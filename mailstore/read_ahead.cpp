@@ -60,7 +60,7 @@ void ReadAhead::startReading(Batch done) {
         // Where the system has no thread left, the batch is read when it is taken.
         coming_.push_back(std::async(std::launch::async | std::launch::deferred, read,
                                      std::cref(messages_), unread_, end, withPeople,
-                                     std::move(done)));
+                                     std::exchange(done, {})));
         unread_ = end;
     }
 }

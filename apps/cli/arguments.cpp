@@ -147,7 +147,7 @@ class WordReader {
     }
 
     std::string date(const std::string& option) {
-        const std::string text = value(option);
+        std::string text = value(option);
         if (!isStamp(text.size() == kDateSize ? text + "T00:00:00" : text))
             throw UsageError("option " + option +
                              " takes a date, YYYY-MM-DD or YYYY-MM-DDTHH:MM:SS");

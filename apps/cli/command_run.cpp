@@ -27,6 +27,7 @@ int CommandRun::findContact(const std::string& contact) {
 
 std::vector<int> CommandRun::findContacts(const std::vector<std::string>& contacts) {
     std::vector<int> ids;
+    ids.reserve(contacts.size());
     for (const std::string& contact : contacts)
         ids.push_back(findContact(contact));
     return ids;

@@ -98,6 +98,7 @@ DomainLinks searchDomains(const Database& database, const DomainLinksRequest& re
 
 std::vector<LinkChain> onlyBest(const std::vector<LinkChain>& chains) {
     std::vector<int> costs;
+    costs.reserve(chains.size());
     for (const LinkChain& chain : chains)
         costs.push_back(chain.cost);
     std::vector<LinkChain> best;

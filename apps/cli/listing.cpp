@@ -205,6 +205,7 @@ std::vector<DomainEntry> domainEntries(const Database& database, const Language&
     else
         entries = entriesBelow(addresses, labelsOf(domain));
     std::vector<std::string> texts;
+    texts.reserve(entries.size());
     for (const DomainEntry& entry : entries)
         texts.push_back(entry.text);
     return sortedBy(texts, std::move(entries), language);

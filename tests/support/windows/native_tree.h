@@ -102,8 +102,8 @@ class NativeTree {
         SendMessageW(tree_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
         return place(item).value_or(RECT{});
     }
-    /// Where the native tree says that the part of the row is: its text, or its image where the text
-    /// is blank, or its expander.
+    /// Where the native tree says that the part of the row is: its text, or its image where the
+    /// text is blank, or its expander.
     POINT partOf(const TreePath& path, UINT part) const {
         const RECT row = scrolledTo(path);
         for (LONG x = row.right - 1; x >= 0; --x) {
