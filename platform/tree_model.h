@@ -21,6 +21,15 @@
 
 #include "platform/language.h"
 
+// GCC says by a macro that it checks addresses, clang by a feature.
+#if defined(__SANITIZE_ADDRESS__)
+#define PELK_ADDRESSES_CHECKED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define PELK_ADDRESSES_CHECKED
+#endif
+#endif
+
 namespace pelk {
 
 struct Color {
@@ -154,7 +163,7 @@ class TreeModel {
     TreeNode root_;
     /// Keeps the nodes side by side, so that many are added, walked and cleared quickly. Where the
     /// addresses are checked each node is allocated by itself, or no use after free would show.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef PELK_ADDRESSES_CHECKED
     std::pmr::unsynchronized_pool_resource memory_{{.largest_required_pool_block = 1}};
 #else
     std::pmr::unsynchronized_pool_resource memory_;
