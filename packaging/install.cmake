@@ -1,7 +1,7 @@
 # What is installed on a desktop, the Debian package of it, and the target that builds all that the
 # packages hold.
 
-add_custom_target(packaged)
+add_custom_target(packaged ALL)
 foreach(part pelk pelk_dll pelk_help)
   if(TARGET ${part})
     add_dependencies(packaged ${part})
@@ -16,7 +16,7 @@ if(WIN32)
 endif()
 
 # The release stands at the head of the users' change log, with its date.
-set(log ${CMAKE_SOURCE_DIR}/CHANGELOG.md)
+set(log ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${log})
 file(STRINGS ${log} head REGEX "^## " LIMIT_COUNT 1)
 if(NOT head MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$" OR
@@ -25,10 +25,10 @@ if(NOT head MATCHES "^## ([0-9.]+) \\(([0-9]+-[0-9]+-[0-9]+)\\)$" OR
     "it is \"${head}\".")
 endif()
 set(PELK_RELEASE_DATE ${CMAKE_MATCH_2})
-execute_process(COMMAND date -u -R -d ${PELK_RELEASE_DATE} OUTPUT_VARIABLE PELK_RELEASE_TIME
-  OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
-set(sources ${CMAKE_SOURCE_DIR}/packaging/linux)
-set(made ${CMAKE_BINARY_DIR}/packaging)
+include(cmake/mail_date.cmake)
+pelk_mail_date(PELK_RELEASE_TIME ${PELK_RELEASE_DATE})
+set(sources ${PROJECT_SOURCE_DIR}/packaging/linux)
+set(made ${PROJECT_BINARY_DIR}/packaging)
 
 # pelk_compressed(OUTPUT INPUT): OUTPUT.gz, without a name and time inside.
 function(pelk_compressed output input)
@@ -51,14 +51,17 @@ install(FILES ${sources}/pelk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/appli
 install(FILES ${made}/pelk.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${sources}/pelk.bash-completion RENAME pelk
   DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
-install(FILES packaging/icons/pelk.svg
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/icons/pelk.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
-install(FILES packaging/icons/pelk-small.svg RENAME pelk.svg
+install(FILES ${PROJECT_SOURCE_DIR}/packaging/icons/pelk-small.svg RENAME pelk.svg
   DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/16x16/apps)
-install(FILES LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE RENAME copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${made}/changelog.gz ${made}/changelog.Debian.gz DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(DIRECTORY ${CMAKE_BINARY_DIR}/share/help DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${PROJECT_BINARY_DIR}/share/help DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
+if(NOT PROJECT_IS_TOP_LEVEL)
+  return()
+endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
