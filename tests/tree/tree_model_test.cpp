@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 #include <random>
+#include <set>
 
 namespace pelk {
 
@@ -26,10 +27,51 @@ class PlainLanguage : public Language {
     std::string lowerCase(std::string_view) const override { return {}; }
 };
 
+/// A native tree that knows the nodes it has been told of, and checks that it is told of no others.
+class Mirror : public TreeListener {
+ public:
+    explicit Mirror(TreeModel& model) : model_(model) { lookAnew(); }
+
+    void expectInStep() {
+        const std::set<const TreeNode*> told = known_;
+        lookAnew();
+        EXPECT_EQ(told, known_);
+    }
+    void beforeInsert(TreeNode& parent, int firstRow, int) override {
+        changed(parent);
+        EXPECT_EQ(parent.shownCount(), firstRow) << "the change has been made already";
+    }
+    void afterInsert() override { lookAnew(); }
+    void beforeRemove(TreeNode& parent, int, int lastRow) override {
+        changed(parent);
+        EXPECT_LT(lastRow, parent.shownCount());
+    }
+    void afterRemove() override { lookAnew(); }
+    void beforeReorder(TreeNode& parent) override { changed(parent); }
+    void afterReorder(TreeNode&) override {}
+    void beforeClear() override {}
+    void afterClear() override { lookAnew(); }
+    void changed(TreeNode& node) override { EXPECT_TRUE(known_.contains(&node)); }
+
+ private:
+    void lookAnew() {
+        known_.clear();
+        look(model_.root());
+    }
+    void look(const TreeNode& node) {
+        known_.insert(&node);
+        for (int row = 0; row < node.shownCount(); ++row)
+            look(*node.children()[static_cast<std::size_t>(row)]);
+    }
+
+    TreeModel& model_;
+    std::set<const TreeNode*> known_;
+};
+
 /// A model that is edited at random, beside the plainest account of what it must hold.
 class EditedTree {
  public:
-    explicit EditedTree(unsigned seed) : random_(seed) {}
+    explicit EditedTree(unsigned seed) : random_(seed) { model_.setListener(&mirror_); }
 
     void edit() {
         const std::size_t act = below(14);
@@ -54,6 +96,7 @@ class EditedTree {
     }
 
     void expectSound() {
+        mirror_.expectInStep();
         ASSERT_EQ(model_.size(), live_.size());
         std::size_t children = model_.root().children().size();
         TreeNode* next = model_.firstByIndex();
@@ -109,6 +152,7 @@ class EditedTree {
 
     PlainLanguage language_;
     TreeModel model_{language_};
+    Mirror mirror_{model_};
     std::mt19937 random_;
     std::vector<TreeNode*> live_;
 };
