@@ -91,20 +91,6 @@ TEST(Help, contentsListEveryPageUnderItsTitle) {
     EXPECT_EQ(listed, expected);
 }
 
-TEST(Help, linksLeadToWhatIsThere) {
-    const std::map<std::string, std::string> all = pages();
-    for (const auto& [name, text] : all)
-        for (const std::string& target : allMatches(text, "(?:href|src)=\"(.*?)\"")) {
-            const std::string file = target.substr(0, target.find('#'));
-            EXPECT_TRUE(fs::is_regular_file(fs::path(PELK_HELP_DIR) / file))
-                << name << ": " << target;
-            const std::string anchor = target.substr(std::min(file.size() + 1, target.size()));
-            EXPECT_TRUE(anchor.empty() ||
-                        all.at(file).find("name=\"" + anchor + "\"") != std::string::npos)
-                << name << " links to " << target;
-        }
-}
-
 TEST(Help, showsEachPictureThatItHas) {
     std::set<std::string> shown;
     for (const auto& [name, text] : pages())
@@ -118,25 +104,28 @@ TEST(Help, showsEachPictureThatItHas) {
     }
 }
 
-TEST(Help, quotesWhatTheProgramSays) {
+TEST(Help, pagesAreTrueSayEnoughAndCanBeFound) {
+    const std::map<std::string, std::string> all = pages();
     const std::string program = sources();
-    for (const auto& [name, text] : pages()) {
+    for (const auto& [name, text] : all) {
+        SCOPED_TRACE(name);
+        for (const std::string& target : allMatches(text, "(?:href|src)=\"(.*?)\"")) {
+            const std::string file = target.substr(0, target.find('#'));
+            EXPECT_TRUE(fs::is_regular_file(fs::path(PELK_HELP_DIR) / file)) << target;
+            const std::string anchor = target.substr(std::min(file.size() + 1, target.size()));
+            EXPECT_TRUE(anchor.empty() ||
+                        all.at(file).find("name=\"" + anchor + "\"") != std::string::npos)
+                << target;
+        }
         for (const std::string& caption : allMatches(text, "<b class=\"ui\">(.*?)</b>"))
-            EXPECT_NE(program.find('"' + caption + '"'), std::string::npos)
-                << name << ": " << caption;
+            EXPECT_NE(program.find('"' + caption + '"'), std::string::npos) << caption;
         for (const std::string& message : allMatches(text, "<b class=\"msg\">(.*?)</b>"))
-            EXPECT_NE(program.find(message), std::string::npos) << name << ": " << message;
-    }
-}
-
-TEST(Help, pagesSayEnoughAndCanBeFound) {
-    for (const auto& [name, text] : pages()) {
-        EXPECT_GT(std::regex_replace(text, std::regex("<[^>]*>"), "").size(), 300U) << name;
+            EXPECT_NE(program.find(message), std::string::npos) << message;
+        EXPECT_GT(std::regex_replace(text, std::regex("<[^>]*>"), "").size(), 300U);
         // What the contents and the index of the compiled help hold is read as ASCII.
-        EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c > 0; })) << name;
+        EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c > 0; }));
         EXPECT_TRUE(name == "index.html" || name == "keywords.html" ||
-                    !allMatches(text, "name=\"keywords\" content=\"(.+?)\"").empty())
-            << name;
+                    !allMatches(text, "name=\"keywords\" content=\"(.+?)\"").empty());
     }
 }
 
