@@ -24,9 +24,9 @@ TEST_F(CliTest, scansOnceAndListsWhatItFound) {
               "    1  Ann Smith (ann@a.example)\n"
               "    2  Bob (bob@b.example)\n"
               "    3  cy@c.example (cy@c.example)\n");
-    const std::string relations = "strong      2      2  Bob\nmedium      1      3  cy@c.example\n";
-    EXPECT_EQ(run("relations 1").output, relations);
-    EXPECT_EQ(run("relations Ann@A.example").output, relations);
+    for (const char* contact : {"1", "Ann@A.example"})
+        EXPECT_EQ(run(std::string("relations ") + contact).output,
+                  "strong      2      2  Bob\nmedium      1      3  cy@c.example\n");
     expectSays("relations 3 --json", "\"name\": \"Ann Smith\"");
 }
 
@@ -111,9 +111,7 @@ TEST_F(CliTest, refusesADocumentThatIsNotSoundAndGoesOnBesideADamagedDatabase) {
                   "The file data/pelk/pelk.db cannot be used. It does not begin as a database file "
                   "does.");
     EXPECT_EQ(contentOf(database), "no database");
-    const Outcome outcome = run("scan Inbox");
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_NE(outcome.errors.find("data/pelk/pelk.db.damaged"), std::string::npos);
+    expectSays("scan Inbox", "data/pelk/pelk.db.damaged");
     EXPECT_EQ(contentOf(database + ".damaged"), "no database");
 }
 
@@ -238,9 +236,7 @@ TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     run("export merged.db");
     run("load -", twoInOne);
     const std::string before = contentOf(database);
-    const Outcome ok = run("import merged.db --ok");
-    EXPECT_EQ(ok.status, 1);
-    EXPECT_NE(ok.errors.find("Nothing was imported."), std::string::npos);
+    expectSays("import merged.db --ok", "Nothing was imported.");
     EXPECT_EQ(contentOf(database), before);
     expectSays("import merged.db", "under the name Both: Shall I continue? Cancel");
     expectRefused("import Inbox", 1,
@@ -311,12 +307,12 @@ TEST_F(CliTest, deletesNoMoreThanADomainNames) {
 TEST_F(CliTest, saysWhatALoadedDocumentHadWrong) {
     std::string document = kOdd;
     document.replace(document.find("totalContacts='2'"), 17, "totalContacts='1'");
-    const Outcome loaded = run("load -", document);
-    EXPECT_EQ(loaded.status, 0);
-    EXPECT_NE(loaded.errors.find("set to 2, the highest id"), std::string::npos);
+    folder.write("in.xml", document);
+    expectSays("load in.xml", "set to 2, the highest id");
     const std::string before = contentOf(database);
     document.replace(document.find("2026-01-01"), 10, "2026-02-30");
-    EXPECT_NE(run("load -", document).errors.find("date is \"2026-02-30T"), std::string::npos);
+    folder.write("in.xml", document);
+    expectSays("load in.xml", "date is \"2026-02-30T");
     EXPECT_EQ(contentOf(database), before);
 }
 
