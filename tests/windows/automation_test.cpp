@@ -116,15 +116,6 @@ TEST_F(AutomationTest, tellsStoresApartWhereTheMailClientDoes) {
     EXPECT_EQ(second->folders()->next()->place(), "");
 }
 
-TEST_F(AutomationTest, readsTheMajorVersion) {
-    EXPECT_EQ(client.majorVersion(), 12);
-    host.version = "16.0.0.17328";
-    EXPECT_EQ(client.majorVersion(), 16);
-    StandInClient silent;
-    silent.version.clear();
-    EXPECT_EQ(AutomationClient(silent.application().get(), {}).majorVersion(), 0);
-}
-
 TEST_F(AutomationTest, putsTheMenuOnTheBarOnceWithItsButtons) {
     int clicks = 0;
     addPopup()->addButton("Left over", "old", [] {});
