@@ -93,17 +93,10 @@ class Session : public MailSession {
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         if (client_.refusesDefaultFolders)
             throw Error("There is no such folder.");
-        switch (kind) {
-            case DefaultFolder::Outbox:
-                return folder.name() == "Outbox";
-            case DefaultFolder::DeletedItems:
-                return folder.name() == "Deleted Items";
-            case DefaultFolder::Drafts:
-                return folder.name() == "Drafts";
-            case DefaultFolder::Junk:
-                break;
-        }
-        return folder.name() == "Junk";
+        return folder.name() == (kind == DefaultFolder::Outbox         ? "Outbox"
+                                 : kind == DefaultFolder::DeletedItems ? "Deleted Items"
+                                 : kind == DefaultFolder::Drafts       ? "Drafts"
+                                                                       : "Junk");
     }
 
  private:
