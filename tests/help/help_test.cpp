@@ -47,7 +47,7 @@ std::vector<std::string> allMatches(const std::string& text, const std::string& 
 std::string sources() {
     std::string text;
     for (const char* folder :
-         {"addin", "apps", "db", "links", "maintenance", "platform", "scan", "views"})
+         {"addin", "apps", "db", "links", "mailstore", "maintenance", "platform", "scan", "views"})
         for (const fs::directory_entry& file :
              fs::recursive_directory_iterator(fs::path(PELK_SOURCE_DIR) / folder))
             if (file.path().extension() == ".h" || file.path().extension() == ".cpp")
