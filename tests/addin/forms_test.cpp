@@ -184,6 +184,32 @@ TEST_F(FormsTest, noFormShowsOrTouchesAContactThatIsGone) {
     EXPECT_EQ(shownRows(driver, forms.find->listTree), "Ann, Bob, Dee, Eve");
 }
 
+TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {
+    openContact({1}, 1);
+    driver.expand(tree(), {0});
+    choose({0, 2}, "More details");
+    collect({4});
+    forms.merge->addContact(4, "Dee");
+    forms.merge->addContact(2, "Bob");
+    mergeAs("All");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), "All (eve@e/dee@c/bob@b.a)");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree, {0}), "Ann strong, Cy medium");
+    EXPECT_EQ(driver.textOf(forms.details->moreLabel),
+              "This relation is no longer in the database.");
+}
+
+TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
+    core.storage().saveDatabase(*database);
+    core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Eve (eve@e)", "Eva");
+    choose({4}, "Rename");
+    EXPECT_EQ(saved()->nameOf(5), "Eva");
+    const std::string renamed = core.files.files["/data/pelk/pelk.db"];
+    expectAgreement("Do you want to delete this contact ?");
+    choose({4}, "Delete");
+    EXPECT_EQ(saved()->contactCount(), 4U);
+    EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], renamed);
+}
+
 TEST_F(FormsTest, setsTheThresholdsButLetsThemNotCross) {
     openOthers();
     const auto set = [this](int strong, int weak) {
@@ -465,6 +491,10 @@ TEST_F(DomainLinksTest, refusesAnotherSearchAndShowsAfterwardsWhatBecameOfTheDom
     choose({1}, "Find all possible links");
     EXPECT_EQ(form.sourceDomain, "c");
     EXPECT_FALSE(driver.isEnabled(form.okButton)) << "the domains were filled anew";
+    driver.expand(form.presTree, {0});
+    driver.collapse(form.presTree, {0});
+    EXPECT_EQ(shownRows(driver, form.presTree, {0}), "Loading...");
+    EXPECT_FALSE(driver.rows(form.presTree, {0})[0].color);
 }
 
 TEST_F(DomainLinksTest, showsInOpenFormsWhatAnEditHasChanged) {
@@ -507,6 +537,10 @@ TEST_F(DomainLinksTest, showsInOpenFormsWhatAnEditHasChanged) {
     driver.later([this] { driver.clickButton("Start"); });
     forms.openScan(*database, mailClient);
     EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "a, c, e, x");
+    expectAgreement("Do you really want to delete the contacts database?");
+    openOthers();
+    driver.click(forms.others->delButton);
+    EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "");
 }
 
 }  // namespace

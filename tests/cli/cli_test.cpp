@@ -314,6 +314,12 @@ TEST_F(CliTest, saysWhatALoadedDocumentHadWrong) {
     folder.write("in.xml", document);
     expectSays("load in.xml", "date is \"2026-02-30T");
     EXPECT_EQ(contentOf(database), before);
+
+    run("export copy.db");
+    std::filesystem::create_directory(folder.path() + "/data/pelk/pelkdb.xml");
+    const Outcome imported = run("import copy.db");
+    EXPECT_EQ(imported.status, 0) << "it is done, though its plain copy is missing";
+    EXPECT_NE(imported.errors.find("pelkdb.xml"), std::string::npos);
 }
 
 }  // namespace

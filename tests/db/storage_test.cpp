@@ -117,6 +117,29 @@ TEST_F(StorageTest, setsADamagedFileAside) {
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");
 }
 
+/// A library that enciphers, and then fails.
+class FailingCrypto : public Crypto {
+ public:
+    std::string hmacSha256(std::string_view key, const MakePieces& make) const override {
+        return crypto_->hmacSha256(key, make);
+    }
+    void seal(std::string_view key, std::string_view nonce, std::string_view header,
+              std::string plain, const TakePiece& take) const override {
+        crypto_->seal(key, nonce, header, std::move(plain), take);
+    }
+    std::optional<std::string> open(std::string_view, std::string_view, std::string_view,
+                                    std::string) const override {
+        throw Error("The library failed.");
+    }
+    std::string base64(std::string_view bytes) const override { return crypto_->base64(bytes); }
+    std::optional<std::string> fromBase64(std::string_view text) const override {
+        return crypto_->fromBase64(text);
+    }
+
+ private:
+    const std::unique_ptr<Crypto> crypto_ = makeCrypto();
+};
+
 /// What the surroundings do to a sound database: it stays where it is, and nothing else comes.
 TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
     saveOne();
@@ -135,6 +158,9 @@ TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
     };
     expectFailureOfXml(Error("The system has no XML library."));
     expectFailureOfXml(std::bad_alloc());
+    const FailingCrypto crypto;
+    expectFailure({platform.files, platform.shell, platform.clock, platform.language, crypto,
+                   platform.dialogs, makeXmlDocument});
     files.lookUpsFail = true;
     expectFailure(platform);
     EXPECT_THROW(storage.keepBackup(), Error);

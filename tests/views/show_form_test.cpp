@@ -37,6 +37,14 @@ TEST_F(ShowFormTest, measuresByTheThresholdsOfTheMomentAndTheStrongestRelationOf
     EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe weak") << "200 of 400";
 }
 
+TEST_F(ShowFormTest, refreshShowsWhatHasChanged) {
+    database->addContact("Aaron", "aaron@a");
+    EXPECT_EQ(driver.rows(form.presTree).size(), 5U);
+    driver.click(form.refreshButton);
+    EXPECT_EQ(driver.rows(form.presTree).size(), 6U);
+    EXPECT_EQ(driver.rows(form.presTree)[0].text, "Aaron (aaron@a)");
+}
+
 TEST_F(ShowFormTest, goToSelectsTheFirstMatchInTheOrderOfInsertion) {
     EXPECT_EQ(foundBy("an"), "Ann (a@a/a@b)");
     EXPECT_EQ(foundBy("ANO"), "Anouk (");
