@@ -209,7 +209,8 @@ TEST_P(Faults, loseNothing) {
                 losses += loss.empty() ? 0 : 1;
                 EXPECT_EQ(loss, "") << row.str() << ", call " << at;
             }
-            std::cout << row.str() << ": " << trials << " trials, " << losses << " losses\n";
+            std::cout << row.str() << ": " << trials << " trials, " << losses << " losses"
+                      << std::endl;
         }
 }
 
