@@ -18,13 +18,14 @@ std::string terminalText(std::string_view text);
 std::string escapedForJson(std::string_view json);
 std::string escapedForXml(std::string_view xml);
 
-/// A line for people, which is written when it is destroyed.
+/// A line for people, which is written when it is destroyed. That throws what writing throws, so
+/// that lack of memory is told and does not end the program.
 class Line {
  public:
     explicit Line(std::ostream& out) : out_(out) {}
     Line(const Line&) = delete;
     Line& operator=(const Line&) = delete;
-    ~Line() { out_ << terminalText(text_.str()) << '\n'; }
+    ~Line() noexcept(false) { out_ << terminalText(text_.str()) << '\n'; }
 
     template <typename Value>
     Line& operator<<(const Value& value) {
