@@ -39,7 +39,7 @@ void compareOpening(LargeStore& store) {
                                     }},
                                    {[&] { bare.run(); }, giveMemoryBack}});
     print({"Opening 32,767 contacts and 200,000 relations, ready for look-ups", "warm", times[0],
-           "deciphering and pugixml alone", times[1], "ms", 2});
+           "decrypting and pugixml alone", times[1], "ms", 2.5});
 }
 
 void compareSaving(LargeStore& store) {
@@ -54,7 +54,7 @@ void compareSaving(LargeStore& store) {
                                    {[&] { writeAndFlush(copy, content); }, settle}});
     ::unlink(copy.c_str());
     print({"Saving it after one change", "warm", times[0], "writing as many bytes with a flush",
-           times[1], "ms", 2});
+           times[1], "ms", 2.5});
 }
 
 }  // namespace

@@ -42,10 +42,10 @@ class LargeStore {
 /// its memory from there.
 void giveMemoryBack();
 
-/// Deciphering and parsing alone, with nothing checked and nothing kept.
+/// Decrypting and parsing alone, with nothing checked and nothing kept.
 class BareOpening {
  public:
-    /// Enciphers the text once, to be deciphered by each run.
+    /// Encrypts the text once, to be decrypted by each run.
     explicit BareOpening(std::string xml);
     void run() const;
 

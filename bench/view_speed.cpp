@@ -102,7 +102,7 @@ class ViewSpeed {
     void compareOpening() {
         const BareOpening bare(database_->xml());
         compare("Opening it up to the relations view on the screen",
-                {[&] { openView(); }, [&] { closeView(); }}, "deciphering and pugixml alone",
+                {[&] { openView(); }, [&] { closeView(); }}, "decrypting and pugixml alone",
                 {[&] { bare.run(); }, giveMemoryBack}, 2);
     }
 

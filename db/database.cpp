@@ -46,8 +46,8 @@ Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(
         throw DamagedData("It is not a contact database: its root element is not pelkDB.");
     contactsContainer_ = onlyElement(root_, queries::kContactsContainer);
     relationsContainer_ = onlyElement(root_, queries::kRelationsContainer);
-    document_->readSideBySide([this] { contacts_ = ContactIndex(contactsContainer_); },
-                              [this] { relations_ = RelationIndex(relationsContainer_); });
+    contacts_ = ContactIndex(contactsContainer_);
+    relations_ = RelationIndex(relationsContainer_);
 }
 
 std::optional<std::string> Database::putCountRight() {

@@ -46,7 +46,6 @@ class Database {
 
     /// The whole document as text, see `XmlDocument::xml`.
     std::string xml() const { return document_->xml(); }
-    std::string xml(const TakePiece& watch) const { return document_->xml(watch); }
     /// Grows with every edit.
     std::uint64_t revision() const { return revision_; }
 

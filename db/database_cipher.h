@@ -1,5 +1,5 @@
 #pragma once
-// Enciphers the database document for its file, see docs/database-format.md.
+// Encrypts the database document for its file, see docs/database-format.md.
 
 #include <functional>
 #include <string>
@@ -9,27 +9,26 @@
 
 namespace pelk {
 
-/// Makes a plain text, and hands each piece of it to `watch`, too, as soon as it is there.
-using MakeText = std::function<std::string(const TakePiece& watch)>;
+/// Takes the pieces of a text in order. A large text is written in pieces because the system then
+/// brings the first ones to the disk while later ones are made.
+using Sink = std::function<void(std::string_view piece)>;
 
-/// Hands over a text that is there already.
-MakeText readyText(std::string text);
-
-/// The same plain text under the same key always gives the same cipher text.
+/// The same plain text under the same key always gives the same cipher text. Any thread may call
+/// the functions that are const.
 class DatabaseCipher {
  public:
     explicit DatabaseCipher(const Crypto& crypto) : crypto_(crypto) {}
 
     void setKey(std::string_view key);
 
-    /// Hands out the cipher text: one line of printable characters, without its line ending. Throws
-    /// `Error`, and whatever `makeText` and `take` throw.
-    void encipher(const MakeText& makeText, const TakePiece& take) const;
+    /// Hands the cipher text to `sink` piece by piece: one line of printable characters, without
+    /// its line ending. Throws `Error` when the library fails, and whatever `sink` throws.
+    void encrypt(std::string plainText, const Sink& sink) const;
 
-    /// The plain text. Line ends behind the cipher text are ignored, so that a line read back from
-    /// a file will do. Throws `DamagedData`, which says why, when any other byte differs from what
-    /// `encipher` gave, and `Error` when the library fails.
-    std::string decipher(std::string_view cipherText) const;
+    /// Returns the plain text. Line ends behind the cipher text are ignored, so that a line read
+    /// back from a file will do. Throws `DamagedData`, which says why, when any other byte differs
+    /// from what `encrypt` gave, and `Error` when the library fails.
+    std::string decrypt(std::string_view cipherText) const;
 
  private:
     const Crypto& crypto_;

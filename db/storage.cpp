@@ -30,10 +30,6 @@ auto naming(const std::string& path, const Judge& judge) {
     }
 }
 
-MakeText textOf(const Database& database) {
-    return [&database](const TakePiece& watch) { return database.xml(watch); };
-}
-
 }  // namespace
 
 std::unique_ptr<Database> Storage::loadDatabase() {
@@ -63,7 +59,7 @@ std::unique_ptr<Database> Storage::readDatabase() {
 void Storage::saveDatabase(const Database& database) {
     writeHeld();
     if (const std::optional<std::string> path = placeFile())
-        writeCipherText(textOf(database), *path);
+        writeEncrypted(database.xml(), *path);
 }
 
 void Storage::saveChange(const Database& database) {
@@ -105,7 +101,7 @@ void Storage::keepCopy(const std::string& content, const std::string& newest, in
 }
 
 void Storage::exportDatabase(const Database& database, const std::string& path) {
-    writeCipherText(textOf(database), path);
+    writeEncrypted(database.xml(), path);
 }
 
 /// In the encoding that the document's declaration names.
@@ -120,7 +116,7 @@ void Storage::writePlainCopy(const Database& database) {
 
 std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
     const std::string content = platform_.files.readWholeFile(path);
-    return naming(path, [&] { return parse(decipher(content)); });
+    return naming(path, [&] { return parse(decrypt(content)); });
 }
 
 std::string Storage::replaceDatabase(const Database& database) {
@@ -132,7 +128,7 @@ std::string Storage::replaceDatabase(const Database& database) {
         kept = freeName(*path, "old");
         writeWholeFile(platform_.files.readWholeFile(*path), kept);
     }
-    writeCipherText(textOf(database), *path);
+    writeEncrypted(database.xml(), *path);
     return kept;
 }
 
@@ -143,14 +139,14 @@ std::optional<std::string> Storage::readBeside(const std::string& name) {
     if (!path || !platform_.files.fileExists(*path))
         return std::nullopt;
     const std::string content = platform_.files.readWholeFile(*path);
-    return naming(*path, [&] { return decipher(content); });
+    return naming(*path, [&] { return decrypt(content); });
 }
 
 void Storage::writeBeside(const std::string& name, std::string text) {
     const std::optional<std::string> folder = makeFolder();
     if (!folder)
         throw Error("There is no folder for the file " + name + ".");
-    writeCipherText(readyText(std::move(text)), platform_.files.join(*folder, name));
+    writeEncrypted(std::move(text), platform_.files.join(*folder, name));
 }
 
 void Storage::holdBeside(const std::string& name, std::string text) {
@@ -224,7 +220,7 @@ std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
         return nullptr;
     const std::string content = platform_.files.readWholeFile(path);
     try {
-        return withRightCount(parse(decipher(content)));
+        return withRightCount(parse(decrypt(content)));
     } catch (const DamagedData& error) {
         const std::string kept = freeName(path, "damaged");
         platform_.files.replaceFile(path, kept);
@@ -249,14 +245,14 @@ std::unique_ptr<Database> Storage::emptyDatabase() {
 
 /// Writes the default document to the file and reads it back from there.
 std::unique_ptr<Database> Storage::createFirstDatabase(const std::string& path) {
-    writeCipherText(readyText(std::string(kFirstStartDocument)), path);
-    return parse(decipher(platform_.files.readWholeFile(path)));
+    writeEncrypted(std::string(kFirstStartDocument), path);
+    return parse(decrypt(platform_.files.readWholeFile(path)));
 }
 
-std::string Storage::decipher(const std::string& content) {
+std::string Storage::decrypt(const std::string& content) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    return cipher.decipher(content);
+    return cipher.decrypt(content);
 }
 
 /// A name beside the path under which nothing stands yet.
@@ -269,11 +265,11 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
 }
 
 /// The file holds the cipher text as one line.
-void Storage::writeCipherText(const MakeText& makeText, const std::string& path) {
+void Storage::writeEncrypted(std::string text, const std::string& path) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
     writeFile(path, [&](WritableFile& file) {
-        cipher.encipher(makeText, [&file](std::string_view piece) { file.write(piece); });
+        cipher.encrypt(std::move(text), [&file](std::string_view piece) { file.write(piece); });
         file.write("\r\n");
     });
 }
@@ -282,8 +278,8 @@ void Storage::writeWholeFile(const std::string& content, const std::string& path
     writeFile(path, [&content](WritableFile& file) { file.write(content); });
 }
 
-/// Fills a new file beside the old one and puts it in its place once it is safely on the disk.
-/// Whatever ends that early, the new file is removed.
+/// Fills a new file beside the old one and puts it in its place once it is safely on the disk. The
+/// new file is removed when any step fails.
 void Storage::writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill) {
     TemporaryFile fresh = platform_.files.createTemporary(path);
     try {

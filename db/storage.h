@@ -1,5 +1,5 @@
 #pragma once
-// The database on disk: one enciphered file in the user's data folder, and copies of it that the
+// The database on disk: one encrypted file in the user's data folder, and copies of it that the
 // user exports and imports.
 
 #include <functional>
@@ -56,7 +56,7 @@ class Storage {
     /// Writes the database to a file of the user's choice, as safely. Throws `Error`.
     void exportDatabase(const Database& database, const std::string& path);
 
-    /// Writes the database, not enciphered, as "pelkdb.xml": beside the add-in, or where the
+    /// Writes the database, not encrypted, as "pelkdb.xml": beside the add-in, or where the
     /// program's folder is not the user's own, beside the user's file. Throws `Error`.
     void writePlainCopy(const Database& database);
 
@@ -100,9 +100,9 @@ class Storage {
     std::unique_ptr<Database> emptyDatabase();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
     void keepCopy(const std::string& content, const std::string& newest, int age);
-    std::string decipher(const std::string& content);
+    std::string decrypt(const std::string& content);
     std::string freeName(const std::string& path, const std::string& purpose);
-    void writeCipherText(const MakeText& makeText, const std::string& path);
+    void writeEncrypted(std::string text, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);
     void writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
     void removeLeftover(const std::string& path) noexcept;

@@ -1,4 +1,4 @@
-// The enciphered file.
+// The encrypted file.
 
 #include "db/database_cipher.h"
 #include "fuzz/fuzz.h"
@@ -17,16 +17,15 @@ const DatabaseCipher& cipher() {
     return cipher;
 }
 
-std::string enciphered(std::string_view plain) {
+std::string encrypted(std::string_view plain) {
     std::string text;
-    cipher().encipher(readyText(std::string(plain)),
-                      [&text](std::string_view piece) { text += piece; });
+    cipher().encrypt(std::string(plain), [&text](std::string_view piece) { text += piece; });
     return text;
 }
 
-std::optional<std::string> deciphered(std::string_view text) {
+std::optional<std::string> decrypted(std::string_view text) {
     try {
-        return cipher().decipher(text);
+        return cipher().decrypt(text);
     } catch (const Error&) {
         return std::nullopt;
     }
@@ -38,11 +37,11 @@ std::optional<std::string> deciphered(std::string_view text) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace pelk;
     const std::string_view bytes = textOf(data, size);
-    if (const std::optional<std::string> plain = deciphered(bytes))
-        require(bytes.starts_with(enciphered(*plain)), "only what was enciphered is deciphered");
+    if (const std::optional<std::string> plain = decrypted(bytes))
+        require(bytes.starts_with(encrypted(*plain)), "only what was encrypted is decrypted");
 
-    std::string text = enciphered(bytes);
-    require(deciphered(text) == bytes, "what was enciphered is deciphered");
+    std::string text = encrypted(bytes);
+    require(decrypted(text) == bytes, "what was encrypted is decrypted");
     if (size < 3)
         return 0;
     // The bytes tell which one of the text is changed, and to what.
@@ -50,6 +49,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (changed == static_cast<char>(data[2]))
         return 0;
     changed = static_cast<char>(data[2]);
-    require(!deciphered(text), "a change of any byte is seen");
+    require(!decrypted(text), "a change of any byte is seen");
     return 0;
 }

@@ -1,4 +1,4 @@
-// A plain document, as `pelk load` takes it, and as an enciphered file may hold it.
+// A plain document, as `pelk load` takes it, and as an encrypted file may hold it.
 
 #include "fuzz/fuzz.h"
 

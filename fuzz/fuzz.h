@@ -21,7 +21,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace pelk {
 
-/// Of what the seeds hold enciphered, and of no real file.
+/// Of what the seeds hold encrypted, and of no real file.
 inline constexpr std::string_view kFuzzKey = "a key for the fuzzer";
 
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {

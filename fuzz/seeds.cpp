@@ -68,7 +68,7 @@ class Seeds {
         DatabaseCipher cipher(crypto);
         cipher.setKey(kFuzzKey);
         std::string text;
-        cipher.encipher(readyText(xml), [&text](std::string_view piece) { text += piece; });
+        cipher.encrypt(xml, [&text](std::string_view piece) { text += piece; });
         write("cipher", text);
     }
 

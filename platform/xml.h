@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cstddef>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -14,7 +13,6 @@
 #include <vector>
 
 #include "platform/error.h"
-#include "platform/pieces.h"
 
 namespace pelk {
 
@@ -158,23 +156,11 @@ class XmlDocument {
     /// The whole document as UTF-8, in the one form that every platform writes: the declaration
     /// `<?xml version="1.0" encoding="UTF-16"?>`, no white space between elements, attributes in
     /// order within double quotes, `<name/>` for an element without children, and in attributes
-    /// the characters & < " escaped by name. Each piece of it is handed to `watch` as well, as soon
-    /// as it is there.
-    virtual std::string xml(const TakePiece& watch) const = 0;
-    std::string xml() const {
-        return xml([](std::string_view) {});
-    }
+    /// the characters & < " escaped by name.
+    virtual std::string xml() const = 0;
 
     /// The root element; an empty reference when the document is empty.
     virtual XmlElement root() const = 0;
-
-    /// Does two things that read the document and change nothing in it: at once, where its library
-    /// can be read by several threads.
-    virtual void readSideBySide(const std::function<void()>& first,
-                                const std::function<void()>& second) const {
-        first();
-        second();
-    }
 };
 
 }  // namespace pelk

@@ -30,7 +30,7 @@ struct IRibbonExtensibility : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE GetCustomUI(BSTR ribbonId, BSTR* xml) = 0;
 };
 
-/// Enciphers and deciphers a database document, see db/database_cipher.h. The order of the
+/// Encrypts and decrypts a database document, see db/database_cipher.h. The order of the
 /// functions, and the arguments that mean nothing, are part of the interface.
 struct IDatabaseCipher : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE SetPlainText(BSTR text) = 0;

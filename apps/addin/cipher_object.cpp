@@ -74,8 +74,7 @@ void moveErrorTo(EXCEPINFO& exception) {
 HRESULT CipherObject::SetPlainText(BSTR text) {
     return reported([this, text] {
         cipherText_.clear();
-        cipher_.encipher(readyText(textOf(text)),
-                         [this](std::string_view piece) { cipherText_ += piece; });
+        cipher_.encrypt(textOf(text), [this](std::string_view piece) { cipherText_ += piece; });
     });
 }
 
@@ -92,7 +91,7 @@ HRESULT CipherObject::GetCipherText(LONG, BSTR* text) {
 }
 
 HRESULT CipherObject::SetCipherText(BSTR text) {
-    return reported([this, text] { plainText_ = cipher_.decipher(textOf(text)); });
+    return reported([this, text] { plainText_ = cipher_.decrypt(textOf(text)); });
 }
 
 HRESULT CipherObject::InterfaceSupportsErrorInfo(REFIID iid) {

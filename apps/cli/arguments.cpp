@@ -43,7 +43,7 @@ Usage:
   pelk dump                print the database as a plain XML document
   pelk load FILE           replace the database by a plain XML document; - reads
                            standard input; the old database is kept beside it
-  pelk export FILE         write an enciphered copy of the database
+  pelk export FILE         write an encrypted copy of the database
   pelk import FILE         fold an exported database into this one
   pelk delete-database     forget everything, if --yes is given
 

@@ -1,10 +1,9 @@
 #include "platform/desktop/openssl_crypto.h"
 
-#include <openssl/core_names.h>
 #include <openssl/crypto.h>
 #include <openssl/err.h>
 #include <openssl/evp.h>
-#include <openssl/params.h>
+#include <openssl/hmac.h>
 
 #include <algorithm>
 #include <climits>
@@ -12,20 +11,13 @@
 #include <new>
 #include <utility>
 
-#include "platform/desktop/hand_over.h"
 #include "platform/error.h"
-#include "platform/side_by_side.h"
 
 namespace pelk {
 namespace {
 
 constexpr std::size_t kTagSize = 16;
 constexpr std::size_t kDigestSize = 32;
-/// How many bytes are handed over to be hashed.
-constexpr std::size_t kBlockSize = 1U << 20U;
-/// How many bytes become one piece of base64: few enough for a processor's cache, and a multiple of
-/// the three that become whole characters.
-constexpr std::size_t kSliceSize = 3 << 18;
 
 using CipherContext = std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)>;
 
@@ -40,7 +32,7 @@ unsigned char* bytesOf(std::string& text) {
 /// OpenSSL counts in int, and what is written must be readable.
 int sizeOf(std::string_view text) {
     if (text.size() > INT_MAX / 2)
-        throw Error("The database is too large to be enciphered.");
+        throw Error("The database is too large to be encrypted.");
     return static_cast<int>(text.size());
 }
 
@@ -68,94 +60,12 @@ void requireLibrary() {
     require(OSSL_LIB_CTX_get0_global_default() != nullptr);
 }
 
-class Hmac {
- public:
-    explicit Hmac(std::string_view key) : context_(createContext(), &EVP_MAC_CTX_free) {
-        char digest[] = "SHA256";
-        const OSSL_PARAM parameters[] = {
-            OSSL_PARAM_construct_utf8_string(OSSL_MAC_PARAM_DIGEST, digest, 0),
-            OSSL_PARAM_construct_end()};
-        require(context_ != nullptr &&
-                EVP_MAC_init(context_.get(), bytesOf(key), key.size(), parameters) == 1);
-    }
-
-    void add(std::string_view text) {
-        require(EVP_MAC_update(context_.get(), bytesOf(text), text.size()) == 1);
-    }
-
-    std::string digest() {
-        std::string digest(kDigestSize, '\0');
-        std::size_t size = 0;
-        require(EVP_MAC_final(context_.get(), bytesOf(digest), &size, digest.size()) == 1 &&
-                size == digest.size());
-        return digest;
-    }
-
- private:
-    static EVP_MAC_CTX* createContext() {
-        requireLibrary();
-        const std::unique_ptr<EVP_MAC, decltype(&EVP_MAC_free)> hmac(
-            EVP_MAC_fetch(nullptr, OSSL_MAC_NAME_HMAC, nullptr), &EVP_MAC_free);
-        return hmac ? EVP_MAC_CTX_new(hmac.get()) : nullptr;
-    }
-
-    std::unique_ptr<EVP_MAC_CTX, decltype(&EVP_MAC_CTX_free)> context_;
-};
-
 CipherContext createContext() {
     requireLibrary();
     CipherContext context(EVP_CIPHER_CTX_new(), &EVP_CIPHER_CTX_free);
     require(context != nullptr);
     return context;
 }
-
-/// A text that is enciphered slice by slice, in its place.
-class Sealing {
- public:
-    Sealing(std::string_view key, std::string_view nonce, std::string_view header,
-            std::string plain)
-        : context_(createContext()), plainSize_(sizeOf(plain)), text_(std::move(plain)) {
-        text_.resize(plainSize_ + kTagSize);
-        int size = 0;
-        require(EVP_EncryptInit_ex(context_.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
-                                   bytesOf(nonce)) == 1);
-        require(EVP_EncryptUpdate(context_.get(), nullptr, &size, bytesOf(header),
-                                  sizeOf(header)) == 1);
-    }
-
-    /// The next slice, enciphered; empty at the end.
-    std::string_view nextSlice() {
-        const std::string_view slice = std::string_view(text_).substr(done_, kSliceSize);
-        encipherUpTo(done_ + slice.size());
-        done_ += slice.size();
-        return slice;
-    }
-
- private:
-    /// The tag behind the text may belong to what ends there.
-    void encipherUpTo(std::size_t end) {
-        const std::size_t plainEnd = std::min(end, plainSize_);
-        if (done_ < plainEnd) {
-            unsigned char* const bytes = bytesOf(text_) + done_;
-            int size = 0;
-            require(EVP_EncryptUpdate(context_.get(), bytes, &size, bytes,
-                                      static_cast<int>(plainEnd - done_)) == 1);
-        }
-        if (end > plainSize_ && done_ <= plainSize_)
-            writeTag(bytesOf(text_) + plainSize_);
-    }
-    void writeTag(unsigned char* tag) {
-        int size = 0;
-        require(EVP_EncryptFinal_ex(context_.get(), tag, &size) == 1);
-        require(EVP_CIPHER_CTX_ctrl(context_.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) == 1);
-    }
-
-    CipherContext context_;
-    const std::size_t plainSize_;
-    /// The text, and the tag behind it.
-    std::string text_;
-    std::size_t done_ = 0;
-};
 
 /// Writes the bytes for base64 text of whole groups of four. Returns false when the library does
 /// not read it as that many bytes.
@@ -165,44 +75,33 @@ bool decodeGroups(std::string_view text, char* bytes) {
            static_cast<int>(size);
 }
 
-/// The same, half by half.
-bool decode(std::string_view text, char* bytes) {
-    const std::size_t groups = text.size() / 8;
-    bool firstDecoded = false;
-    bool secondDecoded = false;
-    sideBySide([&] { firstDecoded = decodeGroups(text.substr(0, groups * 4), bytes); },
-               [&] { secondDecoded = decodeGroups(text.substr(groups * 4), bytes + groups * 3); });
-    return firstDecoded && secondDecoded;
-}
-
 }  // namespace
 
-/// What has come is hashed while more is made.
-std::string OpensslCrypto::hmacSha256(std::string_view key, const MakePieces& make) const {
-    Hmac hmac(key);
-    std::string block;
-    HandOver hashing([&hmac](std::string_view full) { hmac.add(full); });
-    make([&](std::string_view piece) {
-        block += piece;
-        if (block.size() < kBlockSize)
-            return;
-        std::string next;
-        next.reserve(block.capacity());
-        hashing.add(std::exchange(block, std::move(next)));
-    });
-    hashing.finish();
-    hmac.add(block);
-    return hmac.digest();
+std::string OpensslCrypto::hmacSha256(std::string_view key, std::string_view text) const {
+    requireLibrary();
+    std::string digest(kDigestSize, '\0');
+    unsigned int size = 0;
+    require(HMAC(EVP_sha256(), key.data(), static_cast<int>(key.size()), bytesOf(text), text.size(),
+                 bytesOf(digest), &size) != nullptr &&
+            size == digest.size());
+    return digest;
 }
 
-/// What has been enciphered is taken while more is.
-void OpensslCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
-                         std::string plain, const TakePiece& take) const {
-    Sealing sealing(key, nonce, header, std::move(plain));
-    HandOver taking(take);
-    for (std::string_view slice = sealing.nextSlice(); !slice.empty(); slice = sealing.nextSlice())
-        taking.add(base64(slice));
-    taking.finish();
+std::string OpensslCrypto::seal(std::string_view key, std::string_view nonce,
+                                std::string_view header, std::string plain) const {
+    const CipherContext context = createContext();
+    const int plainSize = sizeOf(plain);
+    int size = 0;
+    require(EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, bytesOf(key),
+                               bytesOf(nonce)) == 1);
+    require(EVP_EncryptUpdate(context.get(), nullptr, &size, bytesOf(header), sizeOf(header)) == 1);
+    require(EVP_EncryptUpdate(context.get(), bytesOf(plain), &size, bytesOf(plain), plainSize) ==
+            1);
+    plain.resize(plain.size() + kTagSize);
+    unsigned char* const tag = bytesOf(plain) + plainSize;
+    require(EVP_EncryptFinal_ex(context.get(), tag, &size) == 1);
+    require(EVP_CIPHER_CTX_ctrl(context.get(), EVP_CTRL_GCM_GET_TAG, kTagSize, tag) == 1);
+    return plain;
 }
 
 std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string_view nonce,
@@ -238,7 +137,7 @@ std::string OpensslCrypto::base64(std::string_view bytes) const {
 std::optional<std::string> OpensslCrypto::fromBase64(std::string_view text) const {
     std::string bytes(text.size() / 4 * 3, '\0');
     // The library passes over blanks at either end.
-    if (text.size() % 4 != 0 || !decode(text, bytes.data()))
+    if (text.size() % 4 != 0 || !decodeGroups(text, bytes.data()))
         return std::nullopt;
     // It reads "=" anywhere as no bits, and counts padding as bytes.
     const std::size_t padding = text.ends_with("==") ? 2 : text.ends_with('=') ? 1 : 0;

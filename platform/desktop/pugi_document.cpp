@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "platform/desktop/xml_strictness.h"
-#include "platform/side_by_side.h"
 
 namespace pelk {
 namespace {
@@ -119,17 +118,6 @@ const PugiLibrary& library() {
     return theLibrary;
 }
 
-class PieceWriter : public pugi::xml_writer {
- public:
-    explicit PieceWriter(const TakePiece& take) : take_(take) {}
-    void write(const void* data, std::size_t size) override {
-        take_({static_cast<const char*>(data), size});
-    }
-
- private:
-    const TakePiece& take_;
-};
-
 class PugiDocument : public XmlDocument {
  public:
     bool loadXml(std::string text) override {
@@ -153,23 +141,13 @@ class PugiDocument : public XmlDocument {
 
     std::string parseError() const override { return error_; }
 
-    std::string xml(const TakePiece& watch) const override {
-        std::string text;
-        // It is about as long as what was loaded.
-        text.reserve(text_.size() + text_.size() / 8);
-        const TakePiece take = [&](std::string_view piece) {
-            text += piece;
-            watch(piece);
-        };
-        take("<?xml version=\"1.0\" encoding=\"UTF-16\"?>");
-        PieceWriter writer(take);
+    std::string xml() const override {
+        TextWriter writer;
+        // The text is about as long as the one that was loaded.
+        writer.text.reserve(text_.size() + text_.size() / 8);
+        writer.text = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
         document_.document_element().print(writer, "", pugi::format_raw, pugi::encoding_utf8);
-        return text;
-    }
-
-    void readSideBySide(const std::function<void()>& first,
-                        const std::function<void()>& second) const override {
-        sideBySide(first, second);
+        return std::move(writer.text);
     }
 
     XmlElement root() const override { return {library(), unwrap(document_.document_element())}; }

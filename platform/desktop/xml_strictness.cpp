@@ -5,7 +5,6 @@
 #include <pugixml.hpp>
 #include <vector>
 
-#include "platform/side_by_side.h"
 #include "platform/utf8.h"
 #include "platform/xml.h"
 #include "platform/xml_markup.h"
@@ -41,16 +40,13 @@ bool hasStrayReference(std::string_view text) {
     return false;
 }
 
-/// Finds the first element with an attribute twice, or too deep, at a node or below it.
+/// Finds the first element that is nested too deep or has an attribute twice.
 class ElementFault : public pugi::xml_tree_walker {
  public:
-    /// `level` is that of the node at which the walk begins, 1 for the root.
-    explicit ElementFault(int level) : level_(level) {}
-
     bool begin(pugi::xml_node& node) override { return for_each(node); }
     bool for_each(pugi::xml_node& node) override {
-        // The node at which the walk begins has the depth -1.
-        if (node.type() == pugi::node_element && level_ + depth() + 1 > kDeepestNesting)
+        // The root has the depth -1.
+        if (node.type() == pugi::node_element && depth() + 2 > kDeepestNesting)
             found = nestingFault();
         else if (hasDoubledAttribute(node))
             found = "an attribute that stands twice";
@@ -67,33 +63,8 @@ class ElementFault : public pugi::xml_tree_walker {
         return std::adjacent_find(names_.begin(), names_.end()) != names_.end();
     }
 
-    const int level_;
     std::vector<std::string_view> names_;
 };
-
-/// The fault of an element on the second level, or of one below it.
-std::string faultBelowRoot(pugi::xml_node node) {
-    ElementFault fault(2);
-    node.traverse(fault);
-    return fault.found;
-}
-
-/// The same for all elements of a document. Below the root of a database stand two large ones.
-std::string faultOfElements(const pugi::xml_document& document) {
-    pugi::xml_node root = document.document_element();
-    std::string inFirst;
-    std::string inRest;
-    sideBySide([&] { inFirst = faultBelowRoot(root.first_child()); },
-               [&] {
-                   ElementFault atRoot(1);
-                   atRoot.for_each(root);
-                   inRest = atRoot.found;
-                   for (auto at = root.first_child().next_sibling(); at && inRest.empty();
-                        at = at.next_sibling())
-                       inRest = faultBelowRoot(at);
-               });
-    return inFirst.empty() ? inRest : inFirst;
-}
 
 }  // namespace
 
@@ -116,7 +87,9 @@ std::string faultOfDocument(const pugi::xml_document& document) {
     }
     if (roots != 1)
         return std::to_string(roots) + " root elements";
-    return faultOfElements(document);
+    ElementFault fault;
+    document.document_element().traverse(fault);
+    return fault.found;
 }
 
 }  // namespace pelk

@@ -15,9 +15,6 @@ namespace {
 
 constexpr std::size_t kTagSize = 16;
 constexpr std::size_t kDigestSize = 32;
-/// How many bytes become one piece of base64: few enough for a processor's cache, and a multiple of
-/// the three that become whole characters.
-constexpr std::size_t kSliceSize = 3 << 16;
 /// STATUS_AUTH_TAG_MISMATCH, whose header cannot be used beside windows.h.
 constexpr NTSTATUS kTagMismatch = static_cast<NTSTATUS>(0xC000A002);
 
@@ -29,7 +26,7 @@ UCHAR* bytesOf(std::string_view text) {
 /// The library counts in 32 bits, and base64 needs a third more than the bytes.
 ULONG sizeOf(std::string_view text) {
     if (text.size() > INT_MAX / 2)
-        throw Error("The database is too large to be enciphered.");
+        throw Error("The database is too large to be encrypted.");
     return static_cast<ULONG>(text.size());
 }
 
@@ -110,19 +107,17 @@ BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO modeInfo(std::string_view nonce, std::stri
 
 }  // namespace
 
-std::string CngCrypto::hmacSha256(std::string_view key, const MakePieces& make) const {
+std::string CngCrypto::hmacSha256(std::string_view key, std::string_view text) const {
     Algorithm algorithm(BCRYPT_SHA256_ALGORITHM, BCRYPT_ALG_HANDLE_HMAC_FLAG);
     const BCRYPT_HASH_HANDLE hash = algorithm.createHash(key);
     std::string digest(kDigestSize, '\0');
-    make([hash](std::string_view piece) {
-        require(BCryptHashData(hash, bytesOf(piece), sizeOf(piece), 0));
-    });
+    require(BCryptHashData(hash, bytesOf(text), sizeOf(text), 0));
     require(BCryptFinishHash(hash, bytesOf(digest), sizeOf(digest), 0));
     return digest;
 }
 
-void CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
-                     std::string plain, const TakePiece& take) const {
+std::string CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_view header,
+                            std::string plain) const {
     Algorithm algorithm(BCRYPT_AES_ALGORITHM, 0);
     const BCRYPT_KEY_HANDLE handle = algorithm.createGcmKey(key);
     const ULONG size = sizeOf(plain);
@@ -133,11 +128,7 @@ void CngCrypto::seal(std::string_view key, std::string_view nonce, std::string_v
     require(BCryptEncrypt(handle, bytesOf(plain), size, &info, nullptr, 0, bytesOf(plain), size,
                           &written, 0));
     require(written == size);
-    for (std::string_view rest = plain; !rest.empty();) {
-        const std::string_view slice = rest.substr(0, kSliceSize);
-        take(base64(slice));
-        rest.remove_prefix(slice.size());
-    }
+    return plain;
 }
 
 std::optional<std::string> CngCrypto::open(std::string_view key, std::string_view nonce,

@@ -231,15 +231,13 @@ class MsxmlDocument : public XmlDocument {
 
     std::string parseError() const override { return error_; }
 
-    std::string xml(const TakePiece& watch) const override {
+    std::string xml() const override {
         ComPtr<IXMLDOMElement> element;
         Bstr text;
         require(document_->get_documentElement(element.put()), kFindNode);
         if (element)
             require(element->get_xml(text.put()), "write a document");
-        std::string xml = inOneForm(text.utf8());
-        watch(xml);
-        return xml;
+        return inOneForm(text.utf8());
     }
 
     XmlElement root() const override {

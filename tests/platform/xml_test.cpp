@@ -96,31 +96,6 @@ TEST_F(XmlTest, copiesElementsFromAnyDocument) {
               "<a x=\"2&quot;\"><d y=\"3\"/></a></r>");
 }
 
-TEST_F(XmlTest, handsOverAsItWrites) {
-    std::string text = "<r>";
-    for (int i = 0; i < 10000; ++i)
-        text += "<a x=\"" + std::to_string(i) + "\"/>";
-    ASSERT_TRUE(document->loadXml(text + "</r>"));
-    std::string pieces;
-    const std::string xml = document->xml([&](std::string_view piece) { pieces += piece; });
-    EXPECT_EQ(pieces, xml);
-    EXPECT_TRUE(xml.ends_with(text + "</r>"));
-}
-
-TEST_F(XmlTest, readsTwoThingsAtOnce) {
-    ASSERT_TRUE(document->loadXml("<r><a x='1'/><b x='2'/></r>"));
-    const XmlElement a = document->root().firstChild();
-    std::string first;
-    std::string second;
-    document->readSideBySide([&] { first = a.text("x"); },
-                             [&] { second = a.nextSibling().text("x"); });
-    EXPECT_EQ(first + second, "12");
-    const auto fail = [] { throw Error("unreadable"); };
-    const auto pass = [] {};
-    EXPECT_THROW(document->readSideBySide(fail, pass), Error);
-    EXPECT_THROW(document->readSideBySide(pass, fail), Error);
-}
-
 TEST_F(XmlTest, selectsInDocumentOrder) {
     ASSERT_TRUE(document->loadXml("<r n='5'><a i='1'><b/></a><a i='2'/>tail</r>"));
     const XmlElement root = document->root();
