@@ -95,7 +95,7 @@ std::size_t forEachFile(const std::string& directory,
 }  // namespace
 
 std::size_t decodeMbox(const std::string& path) {
-    constexpr std::string_view kParting = "\n\nFrom ";
+    constexpr std::string_view kSeparator = "\n\nFrom ";
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     std::vector<char> bytes(kBlock);
     std::size_t people = 0;
@@ -103,7 +103,7 @@ std::size_t decodeMbox(const std::string& path) {
     while (const ssize_t got = ::read(file, bytes.data() + kept, bytes.size() - kept)) {
         std::string_view text(bytes.data(), kept + static_cast<std::size_t>(got));
         while (const void* const found =
-                   ::memmem(text.data(), text.size(), kParting.data(), kParting.size())) {
+                   ::memmem(text.data(), text.size(), kSeparator.data(), kSeparator.size())) {
             const std::size_t end =
                 static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
             people += decodeMessage(text.substr(0, end + 2));

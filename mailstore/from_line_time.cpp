@@ -13,17 +13,17 @@ constexpr std::int64_t kSecondsPerDay = 86400;
 // In days since 1970. Moment 0 lies before this one in every zone.
 constexpr std::int64_t kFirstDay = 1;
 constexpr std::size_t kMaxWords = 64;
-constexpr std::string_view kParting = " \t\r\n,";
+constexpr std::string_view kSeparators = " \t\r\n,";
 
 /// The words of a line. Asked for one that is not there, it answers with an empty word.
 class Words {
  public:
     explicit Words(std::string_view line) {
-        std::size_t begin = line.find_first_not_of(kParting);
+        std::size_t begin = line.find_first_not_of(kSeparators);
         while (count_ < kMaxWords && begin != std::string_view::npos) {
-            const std::size_t end = std::min(line.find_first_of(kParting, begin), line.size());
+            const std::size_t end = std::min(line.find_first_of(kSeparators, begin), line.size());
             words_[count_++] = line.substr(begin, end - begin);
-            begin = line.find_first_not_of(kParting, end);
+            begin = line.find_first_not_of(kSeparators, end);
         }
     }
     std::size_t count() const { return count_; }
