@@ -24,9 +24,9 @@ ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit)
       okButton(window->addButton({}, "OK")),
       layout_(*window, kInnerSize) {
     window->setCaption("All possible links between domains");
-    layout_.add(presTree, kTreeBounds, kFollowsBoth);
+    layout_.add(presTree, kTreeBounds, kAnchorFill);
     layout_.add(shortestButton, kShortestBounds, {.top = 1});
-    layout_.add(okButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
+    layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     shortestButton.onClick = [this] { shortestButtonClick(); };
     okButton.onClick = [this] { window->hide(); };
 }

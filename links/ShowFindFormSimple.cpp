@@ -20,8 +20,8 @@ ShowFindFormSimple::ShowFindFormSimple(Toolkit& toolkit)
       okButton(window->addButton({}, "OK")),
       layout_(*window, kInnerSize) {
     window->setCaption("The best path towards the requested contact");
-    layout_.add(presTree, kTreeBounds, kFollowsBoth);
-    layout_.add(okButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
+    layout_.add(presTree, kTreeBounds, kAnchorFill);
+    layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     okButton.onClick = [this] { window->hide(); };
 }
 

@@ -26,10 +26,10 @@ findForm::findForm(Toolkit& toolkit, const Platform& platform)
       layout_(*window, kInnerSize),
       platform_(platform) {
     window->setCaption("Find a contact");
-    layout_.add(Label1, kLabelBounds, kFollowsWidth);
-    layout_.add(listTree, kListBounds, kFollowsBoth);
-    layout_.add(okButton, bottomButton(kInnerSize, 2), kStaysAtBottomRight);
-    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
+    layout_.add(Label1, kLabelBounds, kAnchorTop);
+    layout_.add(listTree, kListBounds, kAnchorFill);
+    layout_.add(okButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
+    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     listTree.onSelect = [this](TreeNode&) { okButton.setEnabled(true); };
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };

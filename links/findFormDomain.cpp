@@ -35,12 +35,12 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
       platform_(platform),
       domains_(presTree, platform_.language) {
     window->setCaption("Best link(s)");
-    layout_.add(Label1, kLabelBounds, kFollowsWidth);
-    layout_.add(presTree, kTreeBounds, kFollowsBoth);
-    layout_.add(ProgressBar1, kProgressBounds, kStaysAtBottom);
-    layout_.add(okButton, bottomButton(kInnerSize, 3), kStaysAtBottomRight);
-    layout_.add(stopButton, bottomButton(kInnerSize, 2), kStaysAtBottomRight);
-    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
+    layout_.add(Label1, kLabelBounds, kAnchorTop);
+    layout_.add(presTree, kTreeBounds, kAnchorFill);
+    layout_.add(ProgressBar1, kProgressBounds, kAnchorBottom);
+    layout_.add(okButton, bottomButton(kInnerSize, 3), kAnchorBottomRight);
+    layout_.add(stopButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
+    layout_.add(cancelButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     stopButton.keepArrowPointer();
     stopButton.setEnabled(false);
     presTree.onExpand = [this](TreeNode& node) { domains_.expand(node, *db); };

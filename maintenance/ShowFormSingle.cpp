@@ -21,7 +21,7 @@ ShowFormSingle::ShowFormSingle(Toolkit& toolkit, const Platform& platform)
       detailsMenuItem_(showmenu_.addItem("More details")),
       copyMenuItem_(showmenu_.addItem("Copy to clipboard")) {
     window->setCaption("Relations of a contact");
-    layout_.add(presTree, {0, 0, kInnerSize.width, kInnerSize.height}, kFollowsBoth);
+    layout_.add(presTree, {0, 0, kInnerSize.width, kInnerSize.height}, kAnchorFill);
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
     detailsMenuItem_.onClick = [this] { detailsMenuItemClick(); };
     copyMenuItem_.onClick = [this] { copyMenuItemClick(); };

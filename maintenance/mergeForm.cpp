@@ -42,13 +42,13 @@ mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storag
       platform_(platform),
       storage_(storage) {
     window->setCaption("Merge contacts");
-    layout_.add(Label1, kTopLabelBounds, kFollowsWidth);
-    layout_.add(listView, kListBounds, kFollowsBoth);
-    layout_.add(Label2, kRemoveLabelBounds, kStaysAtBottom);
+    layout_.add(Label1, kTopLabelBounds, kAnchorTop);
+    layout_.add(listView, kListBounds, kAnchorFill);
+    layout_.add(Label2, kRemoveLabelBounds, kAnchorBottom);
     layout_.add(Delcmd, kRemoveBounds, {.top = 1});
-    layout_.add(Mergelbl1, kNameLabelBounds, kStaysAtBottom);
-    layout_.add(MergeName, kNameBounds, kStaysAtBottom);
-    layout_.add(mergeButton, bottomButton(kInnerSize, 1), kStaysAtBottomRight);
+    layout_.add(Mergelbl1, kNameLabelBounds, kAnchorBottom);
+    layout_.add(MergeName, kNameBounds, kAnchorBottom);
+    layout_.add(mergeButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     listView.setColumnHeader(kColumnHeader);
     Delcmd.onClick = [this] { delcmdClick(); };
     MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };

@@ -10,8 +10,8 @@ FormLayout::FormLayout(Window& window, Size design) : window_(window), design_(d
     window.onResize = [this] { apply(); };
 }
 
-void FormLayout::add(Control& control, const Rect& bounds, const Follow& follow) {
-    items_.push_back({&control, bounds, follow});
+void FormLayout::add(Control& control, const Rect& bounds, const Anchor& anchor) {
+    items_.push_back({&control, bounds, anchor});
     control.setBounds(bounds);
 }
 
@@ -19,10 +19,10 @@ void FormLayout::apply() {
     const Size inner = window_.innerSize();
     const int wider = std::max(0, inner.width - design_.width);
     const int higher = std::max(0, inner.height - design_.height);
-    for (const auto& [control, bounds, follow] : items_)
-        control->setBounds({bounds.left + follow.left * wider, bounds.top + follow.top * higher,
-                            bounds.width + follow.width * wider,
-                            bounds.height + follow.height * higher});
+    for (const auto& [control, bounds, anchor] : items_)
+        control->setBounds({bounds.left + anchor.left * wider, bounds.top + anchor.top * higher,
+                            bounds.width + anchor.width * wider,
+                            bounds.height + anchor.height * higher});
 }
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Lets the controls of a form follow when the user makes its window larger.
+// Moves and stretches the controls of a form when the user makes its window larger.
 
 #include <vector>
 
@@ -8,33 +8,37 @@
 
 namespace pelk {
 
-/// What of the window's growth an edge or a side of a control takes: all (1) or nothing (0).
-struct Follow {
+/// Which of a control's bounds grow with the window: by as much as the window (1) or not at all
+/// (0).
+struct Anchor {
     int left = 0;
     int top = 0;
     int width = 0;
     int height = 0;
 };
 
-inline constexpr Follow kFollowsBoth{0, 0, 1, 1};
-inline constexpr Follow kFollowsWidth{0, 0, 1, 0};
-inline constexpr Follow kStaysAtBottom{0, 1, 1, 0};
-inline constexpr Follow kStaysAtBottomRight{1, 1, 0, 0};
+/// Stretches in both directions.
+inline constexpr Anchor kAnchorFill{0, 0, 1, 1};
+/// Stays at the top or the bottom and stretches in width.
+inline constexpr Anchor kAnchorTop{0, 0, 1, 0};
+inline constexpr Anchor kAnchorBottom{0, 1, 1, 0};
+/// Stays in the corner with its size.
+inline constexpr Anchor kAnchorBottomRight{1, 1, 0, 0};
 
 class FormLayout {
  public:
-    /// Lays out the window from now on; it has that inner area now, and at the least. The layout
-    /// must live as long as the window is used.
+    /// Gives the window the inner area `design`, in twips, and makes that its minimum. Takes over
+    /// the window's `onResize`, so the layout must live as long as the window is used.
     FormLayout(Window& window, Size design);
 
-    /// Places a control, with these bounds in the least inner area.
-    void add(Control& control, const Rect& bounds, const Follow& follow);
+    /// Places a control. `bounds` apply while the window has its minimum size.
+    void add(Control& control, const Rect& bounds, const Anchor& anchor);
 
  private:
     struct Item {
         Control* control;
         Rect bounds;
-        Follow follow;
+        Anchor anchor;
     };
 
     void apply();
