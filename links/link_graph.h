@@ -1,5 +1,6 @@
 #pragma once
-// Who is related to whom and what each relation costs in a chain, read from the document at once.
+// The relations of a document as a graph in compressed sparse rows: one array holds the edges of
+// all contacts, another the position at which each contact's edges start.
 
 #include <cstdint>
 #include <span>
@@ -9,10 +10,10 @@
 
 namespace pelk {
 
-/// The ceiling on costs: a relation or a chain that costs this much or more is none.
+/// A relation or a chain that costs this much or more does not count as a link.
 inline constexpr int kNoLink = 100000;
 
-/// A relation as one of its ends sees it, in 32 bits: a contact's relations lie close together.
+/// A directed edge, packed into 32 bits to keep a contact's edges in few cache lines.
 class LinkEdge {
  public:
     LinkEdge() = default;
@@ -21,7 +22,7 @@ class LinkEdge {
 
     /// The contact at the other end.
     int to() const { return static_cast<int>(bits_ & kMaxContactId); }
-    /// 1 to `kNoLink`, which stands for all above it.
+    /// 1 to `kNoLink`; greater costs are stored as `kNoLink`.
     int cost() const { return static_cast<int>(bits_ >> kIdBits); }
 
  private:
@@ -31,33 +32,34 @@ class LinkEdge {
     std::uint32_t bits_ = 0;
 };
 
+/// Immutable once built, so any number of threads may read it.
 class LinkGraph {
  public:
     /// A graph without contacts.
     LinkGraph() = default;
-    /// Reads the document as it stands. Throws `Error` when a relation joins what cannot be a
-    /// contact, by the number of contacts that the document gives.
+    /// Reads the document. Throws `Error` when a relation names an id outside the document's range
+    /// of contacts.
     ///
-    /// The strongest relation costs 1, and each e-mail less costs 1 more. Of several relations for
-    /// a pair the last one counts, even when it is too weak for any chain.
+    /// The strongest relation costs 1; each e-mail fewer adds 1. Of several relations of a pair the
+    /// last one counts, even when it is too weak for any chain.
     explicit LinkGraph(const Database& database);
 
-    /// Contacts are numbered 1 to this.
+    /// The number of contacts; their ids are 1 to this number.
     int contacts() const { return contacts_; }
     bool holds(int id) const { return id >= 1 && id <= contacts_; }
-    /// One edge for each contact that a contact of the graph is related to.
+    /// The edges of a contact, one for each neighbour. Requires: `holds(id)`.
     std::span<const LinkEdge> edgesOf(int id) const {
         const auto row = static_cast<std::size_t>(id);
-        return {edges_.data() + firstEdge_[row], edges_.data() + firstEdge_[row + 1]};
+        return {edges_.data() + rowStart_[row], edges_.data() + rowStart_[row + 1]};
     }
 
  private:
     void addEdges(const std::vector<Relation>& relations, std::int64_t strongest);
-    void dropOvertaken();
+    void dropOlderDuplicates();
 
     int contacts_ = 0;
-    /// By id; the relations of a contact end where those of the next one start.
-    std::vector<std::uint32_t> firstEdge_;
+    /// By id: where the contact's row starts in `edges_`. A row ends where the next one starts.
+    std::vector<std::uint32_t> rowStart_;
     std::vector<LinkEdge> edges_;
 };
 

@@ -13,7 +13,7 @@ std::optional<LinkChain> LinkSearch::find(int source, int target) {
     requireContact(target);
     if (source != source_)
         start(source);
-    searchUntilFinal(target);
+    settle(target);
     if (distanceOf(target) >= kNoLink)
         return std::nullopt;
 
@@ -45,43 +45,43 @@ void LinkSearch::requireContact(int id) const {
 void LinkSearch::start(int source) {
     distances_.assign(static_cast<std::size_t>(graph_.contacts()) + 1, kNoLink);
     distances_[static_cast<std::size_t>(source)] = 0;
-    waiting_.clear();
-    waiting_.add(source, 0);
-    reach_ = 0;
+    queue_.clear();
+    queue_.add(source, 0);
+    frontier_ = 0;
     source_ = source;
 }
 
-/// Goes on from where the search stands, and ends before it comes to the target: a better chain
-/// would lead by a contact that is not visited yet, so not nearer than `reach_`, and its last step
-/// would cost no less than the target's strongest relation.
-void LinkSearch::searchUntilFinal(int target) {
+/// Continues Dijkstra's algorithm until the distance of the target is final. It can stop before the
+/// frontier reaches the target: a better chain would pass through a contact at `frontier_` or
+/// farther, and its last step would cost at least as much as the target's cheapest edge.
+void LinkSearch::settle(int target) {
     int lastStep = kNoLink;
     for (const LinkEdge edge : graph_.edgesOf(target))
         lastStep = std::min(lastStep, edge.cost());
-    while (reach_ + lastStep < distanceOf(target) && reach_ < waiting_.end()) {
-        waiting_.takeAll(reach_, [this](int contact) { visit(contact); });
-        ++reach_;
+    while (frontier_ + lastStep < distanceOf(target) && frontier_ < queue_.end()) {
+        queue_.takeAll(frontier_, [this](int contact) { relaxEdgesOf(contact); });
+        ++frontier_;
     }
 }
 
-/// A contact that was reached more cheaply after it was added has been visited already.
-void LinkSearch::visit(int contact) {
-    if (distanceOf(contact) < reach_)
+/// Skips a contact that was also added at a smaller distance: its edges are relaxed already.
+void LinkSearch::relaxEdgesOf(int contact) {
+    if (distanceOf(contact) < frontier_)
         return;
     for (const LinkEdge edge : graph_.edgesOf(contact)) {
-        const int distance = reach_ + edge.cost();
+        const int distance = frontier_ + edge.cost();
         int& known = distances_[static_cast<std::size_t>(edge.to())];
         if (distance < known) {
             known = distance;
-            waiting_.add(edge.to(), distance);
+            queue_.add(edge.to(), distance);
         }
     }
 }
 
-/// The contact before this one on the best chain; 0 when that is the source. The rule, see `find`,
-/// is what a search gives that always visits the nearest contact next, starts to look for it at
-/// the highest number, changes its mind from the lowest number on for a strictly nearer one, and
-/// keeps the first predecessor of several that are equally good.
+/// The contact before this one on the best chain; 0 when that is the source. The tie rule of `find`
+/// gives the same chains as Dijkstra's algorithm over a cost matrix that takes the highest-numbered
+/// unsettled contact as the candidate, replaces it by a strictly nearer one in ascending order of
+/// numbers, and keeps the first of several equally good predecessors.
 int LinkSearch::predecessorOf(int contact) const {
     int nearest = kNoLink;
     int lowest = 0;
