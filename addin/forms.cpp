@@ -1,7 +1,7 @@
 #include "addin/forms.h"
 
 #include "db/date_stamp.h"
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 
 namespace pelk {
 namespace {

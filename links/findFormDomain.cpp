@@ -128,15 +128,15 @@ void findFormDomain::pairsCounted(std::size_t count) {
 
 void findFormDomain::pairStarted(std::size_t index) {
     ProgressBar1.setValue(static_cast<int>(index) + 1);
-    letUserAct();
+    processEvents();
 }
 
 bool findFormDomain::stopsAfterChain() {
-    letUserAct();
+    processEvents();
     return stopRequested_;
 }
 
-void findFormDomain::letUserAct() {
+void findFormDomain::processEvents() {
     platform_.dialogs.processPendingEvents();
     if (abandoned_)
         throw SearchAbandoned();

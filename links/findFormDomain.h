@@ -52,7 +52,7 @@ class findFormDomain : private DomainSearchProgress {
     void close();
     void search(const std::string& targetDomain);
     void setSearching(bool searching);
-    void letUserAct();
+    void processEvents();
 
     void pairsCounted(std::size_t count) override;
     void pairStarted(std::size_t index) override;

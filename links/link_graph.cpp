@@ -8,8 +8,7 @@
 namespace pelk {
 namespace {
 
-/// A document that claims more contacts than there are ids gets a single contact beyond
-/// `kMaxContactId`, which has no relations.
+/// Contacts above `kMaxContactId` have no relations, so one of them stands in for all.
 int numberOfContacts(const Database& database) {
     return static_cast<int>(
         std::clamp<std::int64_t>(database.totalContacts(), 0, kMaxContactId + 1));

@@ -60,12 +60,12 @@ ImportResult importDatabaseFile(Database& current, const std::string& path, Stor
         throw Error(
             "The database has been changed during the import. Nothing was imported; please "
             "import the file again.");
-    replaceWithCopyKept(current, storage, std::move(*merged));
+    replaceWithBackup(current, storage, std::move(*merged));
     return writePlainCopy(current, storage);
 }
 
 void deleteDatabase(Database& current, Storage& storage) {
-    replaceWithCopyKept(current, storage, std::move(*storage.parse(std::string(kEmptiedDocument))));
+    replaceWithBackup(current, storage, std::move(*storage.parse(std::string(kEmptiedDocument))));
 }
 
 LoadedDocument readDocument(std::string xml, Storage& storage) {

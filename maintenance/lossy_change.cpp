@@ -4,14 +4,14 @@
 
 namespace pelk {
 
-void changeWithCopyKept(Database& database, Storage& storage,
-                        const std::function<void(Database&)>& change) {
+void changeWithBackup(Database& database, Storage& storage,
+                      const std::function<void(Database&)>& change) {
     storage.keepBackup();
     change(database);
     storage.saveChange(database);
 }
 
-void replaceWithCopyKept(Database& database, Storage& storage, Database&& content) {
+void replaceWithBackup(Database& database, Storage& storage, Database&& content) {
     storage.keepBackup();
     storage.saveDatabase(content);
     database.replaceContent(std::move(content));

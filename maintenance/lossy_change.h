@@ -11,11 +11,11 @@ namespace pelk {
 
 /// Keeps the copy, changes the database and saves it (see `Storage::saveChange`). Throws `Error`,
 /// with nothing changed, when the copy cannot be kept.
-void changeWithCopyKept(Database& database, Storage& storage,
-                        const std::function<void(Database&)>& change);
+void changeWithBackup(Database& database, Storage& storage,
+                      const std::function<void(Database&)>& change);
 
 /// Keeps the copy, saves another content in the place of the database's, and takes it over. Throws
 /// `Error`, with nothing changed in memory or on the disk, when any of that cannot be done.
-void replaceWithCopyKept(Database& database, Storage& storage, Database&& content);
+void replaceWithBackup(Database& database, Storage& storage, Database&& content);
 
 }  // namespace pelk

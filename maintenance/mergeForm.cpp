@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 
 namespace pelk {
 namespace {

@@ -9,7 +9,7 @@
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_text.h"
 #include "db/thresholds.h"
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 #include "views/domains.h"
 
 namespace pelk {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/tree_text.h"
 #include "views/ShowForm.h"

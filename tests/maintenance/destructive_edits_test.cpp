@@ -7,7 +7,7 @@
 #include <ostream>
 #include <random>
 
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 #include "maintenance/database_import.h"
 #include "platform/utf8.h"
 #include "tests/support/core_platform.h"
@@ -27,17 +27,17 @@ struct NoQuestions : ImportGuide {
     bool confirmsMerge(const std::string&) override { return false; }
 };
 
-struct Act {
+struct Edit {
     const char* name;
     void (*run)(Database&, Storage&);
 };
 
 /// Names the act in what a test prints.
-void PrintTo(const Act& act, std::ostream* out) {
+void PrintTo(const Edit& act, std::ostream* out) {
     *out << act.name;
 }
 
-constexpr Act kActs[] = {
+constexpr Edit kEdits[] = {
     {"delete",
      [](Database& database, Storage& storage) { deleteContacts(database, storage, {2}); }},
     {"merge",
@@ -60,7 +60,7 @@ constexpr Act kActs[] = {
      }},
 };
 
-class DestructiveAct : public ::testing::TestWithParam<Act> {
+class DestructiveEdit : public ::testing::TestWithParam<Edit> {
  protected:
     CorePlatform core;
     std::unique_ptr<Database> database;
@@ -86,7 +86,7 @@ class DestructiveAct : public ::testing::TestWithParam<Act> {
     }
 };
 
-TEST_P(DestructiveAct, keepsACopyOfTheFileFirst) {
+TEST_P(DestructiveEdit, keepsACopyOfTheFileFirst) {
     Storage storage = begin();
     const std::string before = file();
     GetParam().run(*database, storage);
@@ -95,7 +95,7 @@ TEST_P(DestructiveAct, keepsACopyOfTheFileFirst) {
     EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
 }
 
-TEST_P(DestructiveAct, hasNotHappenedWhenItFailsAtAnyStep) {
+TEST_P(DestructiveEdit, hasNotHappenedWhenItFailsAtAnyStep) {
     for (int step = 1;; ++step) {
         Storage storage = begin();
         const std::string before = file();
@@ -109,10 +109,10 @@ TEST_P(DestructiveAct, hasNotHappenedWhenItFailsAtAnyStep) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Acts, DestructiveAct, ::testing::ValuesIn(kActs),
+INSTANTIATE_TEST_SUITE_P(Edits, DestructiveEdit, ::testing::ValuesIn(kEdits),
                          [](const auto& act) { return std::string(act.param.name); });
 
-TEST(ContactActs, cleanANameAndRefuseAnEmptyOne) {
+TEST(ContactEdits, cleanANameAndRefuseAnEmptyOne) {
     CorePlatform core;
     core.files.folders.insert("/data/pelk");
     const std::unique_ptr<Database> database = loadDocument(kThree);
@@ -153,7 +153,7 @@ void meetAtRandom(Database& database, std::mt19937& random) {
         database.addRelationWeight(a, b, static_cast<int>(random() % 3));
 }
 
-TEST(ContactActs, leaveADocumentThatLoadsAsItIs) {
+TEST(ContactEdits, leaveADocumentThatLoadsAsItIs) {
     CorePlatform core;
     core.files.folders.insert({"/data/pelk", "/addin"});
     Storage& storage = core.storage();

@@ -1,4 +1,4 @@
-#include "maintenance/contact_acts.h"
+#include "maintenance/contact_edits.h"
 
 #include "maintenance/contact_merge.h"
 #include "maintenance/lossy_change.h"
@@ -22,8 +22,7 @@ void renameContact(Database& database, Storage& storage, int id, const std::stri
 }
 
 void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids) {
-    changeWithCopyKept(database, storage,
-                       [&ids](Database& changed) { changed.removeContacts(ids); });
+    changeWithBackup(database, storage, [&ids](Database& changed) { changed.removeContacts(ids); });
 }
 
 bool mergeContacts(Database& database, Storage& storage, const std::vector<int>& ids,
@@ -32,7 +31,7 @@ bool mergeContacts(Database& database, Storage& storage, const std::vector<int>&
     const std::vector<int> contacts = contactsToFold(database, ids);
     if (contacts.size() < 2)
         return false;
-    changeWithCopyKept(database, storage, [&contacts, &newName](Database& changed) {
+    changeWithBackup(database, storage, [&contacts, &newName](Database& changed) {
         foldContacts(changed, contacts, newName);
     });
     return true;
