@@ -1,5 +1,5 @@
 #pragma once
-// A stack of contact ids, which turns a chain round that was found from its end.
+// A stack of contact ids. The search finds a chain from its end and reverses it with this.
 
 #include <cstddef>
 #include <cstdint>
@@ -13,17 +13,17 @@ class CStack {
 
     /// The number of ids on the stack.
     int Count() const { return count_; }
-    /// The number of slots that are held, used or not.
+    /// The number of allocated slots.
     std::size_t Capacity() const { return items_.size(); }
 
-    /// Empties the stack, which holds its first 100 slots again.
+    /// Empties the stack and shrinks it to 100 slots.
     void Clear();
-    /// Puts the id on top. The stack grows by 100 slots as soon as its last one is next.
+    /// Pushes an id. Adds 100 slots when only one slot is free.
     void Push(std::int32_t value);
-    /// Takes the topmost id off and returns it; 0 when the stack is empty. Gives back 100 slots
-    /// when that many lie unused above the last one in use and the one behind it.
+    /// Pops the top id and returns it; 0 when the stack is empty. Frees 100 slots when more than
+    /// 100 are unused afterwards.
     std::int32_t Pop();
-    /// The topmost id; 0, which is no contact's, when the stack is empty.
+    /// Returns the top id; 0, which no contact has, when the stack is empty.
     std::int32_t Peek() const;
 
  private:

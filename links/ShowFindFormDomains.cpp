@@ -54,7 +54,7 @@ void ShowFindFormDomains::refresh() {
         showChain(tree, *shown[at], chains_[at].ids, *db, maxWeight_);
 }
 
-/// Chains of the same cost are opened together.
+/// Expands every chain of the lowest cost and collapses the others.
 void ShowFindFormDomains::shortestButtonClick() {
     TreeNode* const root = presTree.model().firstByIndex();
     if (root == nullptr)

@@ -1,5 +1,5 @@
 #pragma once
-// All chains that were found between two mail domains, each as a staircase.
+// Shows all chains found between two mail domains, each as a staircase.
 
 #include <cstdint>
 #include <memory>
@@ -25,7 +25,7 @@ class ShowFindFormDomains {
     /// Shows the chains below one node that names the two domains. The first node of a chain has
     /// the chain's cost as tag.
     void fill(const std::vector<LinkChain>& chains);
-    /// Shows what a change of the database has made of the chains.
+    /// Updates the texts and colours of the chains after a change of the database.
     void refresh();
     void show() { window->show(); }
 
@@ -39,8 +39,8 @@ class ShowFindFormDomains {
 
     FormLayout layout_;
     std::vector<LinkChain> chains_;
-    /// The largest weight that the form has seen. It is never lowered, on purpose: two results that
-    /// are looked at one after the other are measured alike.
+    /// The largest weight that the form has seen. It never decreases, on purpose: successive
+    /// results stay comparable.
     std::int64_t maxWeight_ = 0;
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// The best chain from one contact to another, as a staircase.
+// Shows the best chain from one contact to another as a staircase.
 
 #include <cstdint>
 #include <memory>
@@ -17,12 +17,11 @@ class ShowFindFormSimple {
 
     /// Set before `fill`; the database outlives the form's use of it.
     const Database* db = nullptr;
-    /// The contacts of the chain, the source first.
+    /// The contacts of the chain, from the source to the target.
     std::vector<int> path;
 
-    /// Shows the path.
     void fill();
-    /// Shows what a change of the database has made of the path.
+    /// Updates the texts and colours of the path after a change of the database.
     void refresh();
     void show() { window->show(); }
 
@@ -32,8 +31,8 @@ class ShowFindFormSimple {
 
  private:
     FormLayout layout_;
-    /// The largest weight that the form has seen. It is never lowered, on purpose: two results that
-    /// are looked at one after the other are measured alike.
+    /// The largest weight that the form has seen. It never decreases, on purpose: successive
+    /// results stay comparable.
     std::int64_t maxWeight_ = 0;
 };
 

@@ -7,7 +7,7 @@
 namespace pelk {
 
 std::optional<std::string> domainRefusal(const std::string& source, const std::string& target) {
-    // Any text ends with nothing.
+    // Every text ends with the empty string, so it would be a subdomain of the empty domain.
     if (source.empty() || target.empty())
         return kEmptyDomainMessage;
     if (target == source)

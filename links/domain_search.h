@@ -1,5 +1,5 @@
 #pragma once
-// The best chains from everybody in one mail domain to everybody in another.
+// Finds the best chains from all contacts in one mail domain to all contacts in another.
 
 #include <cstddef>
 #include <optional>
@@ -10,19 +10,19 @@
 
 namespace pelk {
 
-/// Watches a search of domains. Between two pairs it may let the user act, on the database as well:
-/// the pairs that follow are searched in the document as it stands then. What it throws ends the
-/// search.
+/// Receives the progress of a domain search, on the thread of the search. A call may process the
+/// user's input, which may edit the database: later pairs are searched in the edited document. An
+/// exception from a call ends the search.
 class DomainSearchProgress {
  public:
     virtual ~DomainSearchProgress() = default;
-    /// Once, with the number of pairs to come, which may be 0.
+    /// Called once, with the number of pairs to search, which may be 0.
     virtual void pairsCounted(std::size_t count) = 0;
-    /// Before pair `index`, counted from 1.
+    /// Called before pair `index`, counted from 1.
     virtual void pairStarted(std::size_t index) = 0;
-    /// After each chain that was found. Returns whether the user asked to stop. Nobody asks after a
-    /// pair without a chain: a stop takes effect with the next chain, so it never comes to nothing
-    /// while there is one.
+    /// Called after each chain found. Returns whether the user has asked to stop. A pair without a
+    /// chain does not lead to a call, so a stopped search still returns at least one chain if any
+    /// exists.
     virtual bool stopsAfterChain() = 0;
 };
 
@@ -34,15 +34,16 @@ struct DomainLinks {
     std::vector<LinkChain> chains;
 };
 
-/// Why there is no search between the two, in the words for the user; nothing when there is one.
-/// A domain is an address, too, and any text that ends with another counts as its subdomain.
+/// Returns a message for the user when the two domains cannot be searched; nothing when they can.
+/// A domain may also be an address. Any text that ends with another one counts as its subdomain.
 std::optional<std::string> domainRefusal(const std::string& source, const std::string& target);
 
-/// What the user is told when there is no chain.
+/// The message for the user when no chain has been found.
 std::string noDomainLinksMessage(const std::string& source, const std::string& target);
 
-/// The chains between the contacts of both domains (see `contactsBySuffix`), up to a stop. A
-/// contact of both is linked to itself, at no cost. Throws `Error` as `LinkSearch::find` does.
+/// Returns the chains between the contacts of both domains (see `contactsBySuffix`) that were found
+/// before a stop. A contact in both domains is linked to itself at cost 0. Throws `Error` as
+/// `LinkSearch::find` does.
 DomainLinks findDomainLinks(const Database& database, const std::string& source,
                             const std::string& target, DomainSearchProgress& progress);
 

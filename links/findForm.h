@@ -1,5 +1,5 @@
 #pragma once
-// Asks for the contact to which the best link is searched, and searches it.
+// Asks for the target contact of a link search and runs the search.
 
 #include <functional>
 #include <memory>
@@ -20,12 +20,12 @@ class findForm {
     const Database* db = nullptr;
     /// The contact from which the link starts.
     int sourceId = 0;
-    /// Where the chain that was found is handed to. Set before the form is shown.
+    /// Called with the chain found. Set before the form is shown.
     std::function<void(const std::vector<int>& path)> showResult;
 
     /// Lists all contacts by name.
     void fillList();
-    /// Shows what a change of the database has made of the list.
+    /// Updates the list after a change of the database.
     void refresh() { fillList(); }
     void show() { window->show(); }
 

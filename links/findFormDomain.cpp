@@ -18,7 +18,7 @@ constexpr int kTreeTop = 520;
 constexpr Rect kTreeBounds{kFormMargin, kTreeTop, kWidth, kProgressTop - kFormMargin - kTreeTop};
 constexpr Rect kProgressBounds{kFormMargin, kProgressTop, kWidth, kProgressHeight};
 
-/// Leaves the search from within.
+/// Thrown by a progress call to end the search.
 struct SearchAbandoned {};
 
 }  // namespace
@@ -66,7 +66,7 @@ void findFormDomain::refresh() {
         fillTreeDomains();
 }
 
-/// Without the form there is no way left to stop a search.
+/// Abandons the search, as the Stop button goes away with the form.
 void findFormDomain::close() {
     abandonSearch();
     window->hide();
@@ -89,7 +89,7 @@ void findFormDomain::search(const std::string& targetDomain) {
     try {
         links = findDomainLinks(*db, sourceDomain, targetDomain, *this);
     } catch (const SearchAbandoned&) {
-        // Nobody waits for a result any more.
+        // The form has been closed or is about to be destroyed: there is nothing to show.
     } catch (const std::exception&) {
         setSearching(false);
         window->setBusyPointer(false);
@@ -97,7 +97,7 @@ void findFormDomain::search(const std::string& targetDomain) {
     }
     setSearching(false);
     if (links && links->chains.empty()) {
-        // The hourglass stays over the form, on purpose: it is taken away with the next result.
+        // The busy pointer stays over the form, on purpose; the next result removes it.
         platform_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
         return;
     }

@@ -1,6 +1,6 @@
 #pragma once
-// Asks for the mail domain to which the best links are searched, and searches them, with progress
-// and a way to stop.
+// Asks for the target domain of a link search and runs the search, with a progress bar and a Stop
+// button.
 
 #include <cstdint>
 #include <functional>
@@ -20,23 +20,23 @@ class findFormDomain : private DomainSearchProgress {
  public:
     findFormDomain(Toolkit& toolkit, const Platform& platform);
 
-    /// Set before `fillTreeDomains`; the database outlives the form's use of it. Neither may be
-    /// changed during a search.
+    /// Set before `fillTreeDomains`, and not during a search. The database outlives the form's use
+    /// of it.
     const Database* db = nullptr;
     std::string sourceDomain;
-    /// Where the chains that were found are handed to. Set before the form is shown.
+    /// Called with the chains found. Set before the form is shown.
     std::function<void(const DomainLinks& links)> showResult;
 
     /// Fills the tree with the top level of the domains.
     void fillTreeDomains();
-    /// Shows what a change of the database has made of the domains. During a search the tree stays
-    /// as it is, and is brought up to date when the search ends.
+    /// Updates the tree after a change of the database. During a search the update waits until the
+    /// search ends.
     void refresh();
     void show() { window->show(); }
 
     bool isSearching() const { return searching_; }
-    /// Ends a search before its next pair, without a result. To be called while it lets the user
-    /// act.
+    /// Ends a search before its next pair, without a result. Called from within the search, while
+    /// it processes pending events.
     void abandonSearch() { abandoned_ = true; }
 
     const std::unique_ptr<Window> window;
@@ -61,7 +61,7 @@ class findFormDomain : private DomainSearchProgress {
     FormLayout layout_;
     Platform platform_;
     DomainsTree domains_;
-    /// Of the document that the tree shows.
+    /// The revision of the document that the tree shows.
     std::uint64_t revision_ = 0;
     bool searching_ = false;
     bool stopRequested_ = false;

@@ -1,5 +1,5 @@
 #pragma once
-// Databases to search, and what is found in them.
+// Builds databases to search and prints the chains found.
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ struct RelationText {
     std::string weight;
 };
 
-/// The database counts its contacts as told, whoever there is.
+/// `totalContacts` is written as given, even when it does not match the contacts.
 inline std::unique_ptr<Database> databaseOf(int totalContacts,
                                             const std::vector<RelationText>& relations,
                                             const std::string& contacts = "") {

@@ -1,7 +1,6 @@
 #pragma once
-// The search that defines what a best chain is: over a full matrix of costs, pass by pass. It needs
-// memory and time that grow with the square of the number of contacts; the program's own search
-// must give exactly its chains.
+// The reference search, which defines the best chain: Dijkstra's algorithm over a full cost matrix,
+// in quadratic time and memory. `LinkSearch` must return exactly the same chains.
 
 #include <cstdint>
 #include <optional>
@@ -15,7 +14,7 @@ namespace pelk {
 template <typename Cost = std::int64_t>
 class DenseSearch {
  public:
-    /// Reads the document into the matrix. All ends of relations are contacts' numbers.
+    /// Reads the document into the matrix. Requires: each relation joins numbers of contacts.
     explicit DenseSearch(const Database& database)
         : n_(static_cast<int>(database.totalContacts())),
           width_(static_cast<std::size_t>(n_) + 1),
@@ -29,8 +28,8 @@ class DenseSearch {
                 static_cast<Cost>(maxWeight + 1 - roundToInteger(relation.weight));
     }
 
-    /// Finds the chains from the source to everybody. The last contact left is not visited: there
-    /// is nobody whose distance it could change.
+    /// Finds the chains from the source to all contacts. The last unvisited contact is skipped, as
+    /// no distance is left that it could change.
     void search(int source) {
         source_ = source;
         prev_.assign(width_, 0);
@@ -66,7 +65,7 @@ class DenseSearch {
     }
 
  private:
-    /// The cost from which on there is no link. A number of its own, as the definition has it.
+    /// A cost of this or more is no link. Repeats the number, so that a wrong `kNoLink` shows.
     static constexpr int kNone = 100000;
 
     Cost& cost(int from, int to) { return cost_[from * width_ + to]; }

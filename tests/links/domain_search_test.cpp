@@ -10,18 +10,18 @@ namespace {
 
 class DomainSearchTest : public ::testing::Test, private DomainSearchProgress {
  protected:
-    /// 1 and 2 are in the domain a, 4, 2 and 3 in the domain b; 5 is in neither.
+    /// Contacts 1 and 2 are in domain a; 4, 2 and 3 in domain b; 5 in neither.
     std::unique_ptr<Database> database = databaseOf(
         5, {{1, 5, "2"}, {4, 5, "2"}},
         "<contact id='1'><emails><email value='x@a'/><email value='y@a'/></emails></contact>"
         "<contact id='4'><emails><email value='x@b'/></emails></contact>"
         "<contact id='2'><emails><email value='z@a'/><email value='z@b'/></emails></contact>"
         "<contact id='3'><emails><email value='y@b'/></emails></contact>");
-    /// What the user does before each pair.
+    /// Runs before each pair, in place of the user.
     std::function<void(std::size_t pair)> act = [](std::size_t) {};
     bool stop = false;
 
-    /// What the search told, and found.
+    /// The progress calls and the chains, as text.
     std::string find(const std::string& target = "b") {
         log.clear();
         for (const LinkChain& chain : findDomainLinks(*database, "a", target, *this).chains)
@@ -43,7 +43,7 @@ class DomainSearchTest : public ::testing::Test, private DomainSearchProgress {
     std::string log;
 };
 
-TEST_F(DomainSearchTest, findsTheChainOfEachPairInTheDocumentOfTheMoment) {
+TEST_F(DomainSearchTest, findsTheChainOfEachPairInTheCurrentDocument) {
     EXPECT_EQ(find(), "6 pairs, 1 found, 2, 3, 4, 5 found, 6\n2: 1 5 4\n0: 2 2");
     EXPECT_EQ(find("c"), "0 pairs");
     act = [this](std::size_t pair) {
@@ -60,7 +60,7 @@ TEST_F(DomainSearchTest, stopsOnlyAfterAChain) {
     EXPECT_EQ(find(), "6 pairs, 1 found, 2, 3, 4, 5 found, 6\n2: 1 5 4\n0: 2 2");
 }
 
-TEST(DomainSearch, refusesDomainsOfWhichOneEndsWithTheOther) {
+TEST(DomainSearch, refusesADomainThatEndsWithTheOther) {
     EXPECT_EQ(domainRefusal("a.b", "a.b"), "a.b is the same as a.b");
     EXPECT_EQ(domainRefusal("example.org", "myexample.org"),
               "myexample.org is a subdomain of example.org");
@@ -70,7 +70,7 @@ TEST(DomainSearch, refusesDomainsOfWhichOneEndsWithTheOther) {
         EXPECT_EQ(domainRefusal(source, target), "The domain is empty.");
 }
 
-TEST(BestChains, areAllOfTheLeastCostUpToTheLimit) {
+TEST(BestChains, haveTheLowestCostUpToTheLimit) {
     using Positions = std::vector<std::size_t>;
     EXPECT_EQ(bestChains({7, 3, 30001, 3}), (Positions{1, 3}));
     EXPECT_EQ(bestChains({30000, 30001}), Positions{0});

@@ -10,8 +10,8 @@
 namespace pelk {
 namespace {
 
-/// Few different weights, for many chains of one cost; halves that round either way; costs around
-/// the ceiling of a chain, of one relation and of several; weights of no sense.
+/// Few distinct weights give many chains of equal cost; halves round either way; other weights cost
+/// about as much as `kNoLink`, alone or in sum; some are nonsense.
 const std::vector<std::vector<const char*>> kWeights{
     {"1"},
     {"1", "2"},
@@ -27,7 +27,7 @@ struct RandomGraph {
         contacts = seed % 8 < 3 ? static_cast<int>(seed % 8) + 1 : upTo(26) + 4;
         const int counts[] = {contacts / 2, 2 * contacts, upTo(300)};
         const auto& weights = kWeights[upTo(7)];
-        // Contacts at either end of the numbers may know nobody.
+        // Contacts with the lowest and highest numbers may have no relations.
         const int first = 1 + upTo(contacts / 3);
         const int span = std::max(0, contacts - upTo(contacts / 3) - first);
         for (int left = counts[upTo(2)]; left > 0; --left)
@@ -62,19 +62,20 @@ TEST(LinkSearch, findsTheChainsOfTheDenseSearch) {
     }
 }
 
-TEST(LinkSearch, holdsWeightsAndCountersOfAnySize) {
+TEST(LinkSearch, handlesWeightsAndCountersOfAnySize) {
     const auto extremes = databaseOf(
         40000, {{1, 2, "99999999999999999999"}, {2, 3, "-99999999999999999999"}, {2, 32767, "1"}});
     EXPECT_EQ(textOf(LinkSearch(*extremes).find(2, 1)), "1: 2 1");
     EXPECT_EQ(textOf(LinkSearch(*extremes).find(2, 3)), "none");
     EXPECT_EQ(textOf(LinkSearch(*extremes).find(2, 32767)), "none");
-    // Contacts up to 40000 stay unvisited above both ways round, so the lower number goes first.
+    // The contacts up to 40000 are unreachable and numbered above both candidates, so the tie goes
+    // to the lower number.
     const auto tie =
         databaseOf(40000, {{1, 5, "1"}, {1, 32767, "1"}, {5, 9, "1"}, {9, 32767, "1"}});
     EXPECT_EQ(textOf(LinkSearch(*tie).find(1, 9)), "2: 1 5 9");
 }
 
-TEST(LinkSearch, refusesContactsBeyondTheNumberOfContacts) {
+TEST(LinkSearch, refusesContactsOutOfRange) {
     const auto database = databaseOf(2, {{1, 2, "1"}});
     LinkSearch search(*database);
     for (const auto& [source, target] : {std::pair(0, 1), {3, 1}, {1, -1}, {2, 3}, {3, 3}})
