@@ -9,7 +9,7 @@ namespace {
 constexpr Size kInnerSize{6600, 6600};
 constexpr Size kMinimumInnerSize{kInnerSize.width, 2000};
 
-/// The strip below the tree holds two rows, placed from the bottom edge.
+/// The strip below the tree has two rows. Their positions count from the bottom edge.
 constexpr int kStripHeight = 600;
 constexpr int kUpperRow = 550;
 constexpr int kLowerRow = 250;
@@ -135,7 +135,7 @@ void ShowForm::formResize() {
         setTop(*control, inner.height - kLowerRow);
 }
 
-/// Goes through the nodes in the order in which they were added, children among them.
+/// Searches all nodes, children included, in the order in which they were added.
 void ShowForm::gotoButtonClick() {
     const std::string answer =
         platform_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");

@@ -1,7 +1,7 @@
 #pragma once
-// The relations view: every contact as a top-level node of a tree, which expands into the contacts
-// it has a relation with, coloured by the strength of that relation; or, grouped by domains, the
-// mail domains of all addresses. Commands on the selected node are in its pop-up menu.
+// The relations view. Grouped by names, its tree has a top-level node for each contact, which
+// expands into the related contacts, coloured by the strength of the relation. Grouped by domains,
+// it shows the mail domains of all addresses. A pop-up menu has the commands on the selected node.
 
 #include <cstdint>
 #include <functional>
@@ -23,26 +23,27 @@ class ShowForm {
     /// Set before `startShowing`; outlives the form's use of it.
     const Database* database = nullptr;
 
-    /// Where the selection is handed to other forms, who carries out the changes of the database
-    /// and saves them, and who hears that a command has made one. Set before the form is shown.
+    /// Open other forms for the selected node.
     std::function<void(int contactId, const std::string& text)> mergeContact;
     std::function<void(int contactId, int relatedId)> openDetails;
     std::function<void(const std::string& address)> openContact;
     std::function<void(int contactId)> findLinks;
     std::function<void(const std::string& domain)> findDomainLinks;
+    /// Change the database and save it.
     std::function<void(int contactId, const std::string& name)> renameContact;
     std::function<void(const std::vector<int>& ids)> deleteContacts;
+    /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
 
-    /// Fills the tree with the contacts, and the totals. The strengths that are shown from now on
-    /// are measured against the strongest relation of this moment.
+    /// Groups by names, and fills the tree and the totals. Strengths shown from now on are relative
+    /// to the relation that is strongest now.
     void startShowing();
     /// Rebuilds the tree as contacts, or as domains.
     void fillTree();
     void fillTreeDomains();
-    /// Rebuilds the tree as it is grouped, and the totals.
+    /// Rebuilds the tree in its current grouping, and the totals.
     void refresh();
-    /// Shows the form beside the other windows.
+    /// Shows the form modelessly.
     void show() { window->show(); }
 
     const std::unique_ptr<Window> window;
@@ -64,7 +65,7 @@ class ShowForm {
     void gotoButtonClick();
     void refreshButtonClick();
 
-    // The commands of the menu, in ShowFormCommands.cpp. Each acts on the selected node.
+    // Menu commands on the selected node, in ShowFormCommands.cpp.
     MenuItem& addMenuItem(const std::string& caption, void (ShowForm::*command)(TreeNode&));
     void openMenu(ScreenPoint where);
     void deleteKeyPressed();

@@ -1,5 +1,4 @@
-// The relations view's commands on the selected node: what its menu offers when, and what each
-// command does.
+// The relations view's menu: which commands it offers for the selected node, and what they do.
 
 #include "views/ShowForm.h"
 #include "views/contact_text.h"
@@ -9,12 +8,12 @@
 namespace pelk {
 namespace {
 
-/// The contact of a node of the names grouping.
+/// Returns the contact's id. Requires: the node belongs to the names grouping.
 int contactOf(const TreeNode& node) {
     return std::get<int>(node.tag());
 }
 
-/// The nodes of a contact that stand below others, as their related contact.
+/// Returns the nodes that show the contact below a related contact.
 std::vector<TreeNode*> relatedNodesOf(TreeModel& tree, int id) {
     std::vector<TreeNode*> nodes;
     for (TreeNode* node = tree.firstByIndex(); node != nullptr; node = tree.nextByIndex(*node))
@@ -60,8 +59,8 @@ void ShowForm::mergeMenuItemClick(TreeNode& node) {
         mergeContact(id, node.text());
 }
 
-/// The node shows the bare new name, without the addresses, until the tree is filled again: this
-/// is on purpose, and tells the user which one was just renamed.
+/// The node shows the new name without the addresses until the tree is filled again. This is on
+/// purpose: it marks the contact that was just renamed.
 void ShowForm::renameMenuItemClick(TreeNode& node) {
     const std::string answer =
         platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
@@ -85,7 +84,8 @@ void ShowForm::deleteMenuItemClick(TreeNode& node) {
         deleteDomain(node);
 }
 
-/// A node may outlive its contact, or show one that has no proper id. No command acts on it.
+/// Tells the user and returns true when the node's contact has been deleted or has no valid id, so
+/// that no command acts on it.
 bool ShowForm::isGone(int contactId) {
     if (database->contact(contactId))
         return false;

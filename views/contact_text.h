@@ -1,5 +1,5 @@
 #pragma once
-// How contacts appear as nodes of a tree.
+// The texts and keys of contacts in a tree.
 
 #include <string>
 
@@ -7,11 +7,11 @@
 
 namespace pelk {
 
-/// Name and addresses: Ann Smith (a@x/b@y). Without any address the bracket stays open: the text
-/// is built from what is there.
+/// Returns name and addresses: Ann Smith (a@x/b@y). Without an address the parenthesis stays open,
+/// on purpose.
 std::string describe(const Contact& contact);
 
-/// The key of a contact's top-level node.
+/// Returns the key of the contact's top-level node.
 std::string contactKey(int id);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Contacts and their relations as nodes of a tree.
+// Shows contacts and their relations as nodes of a tree.
 
 #include <cstdint>
 
@@ -8,22 +8,22 @@
 
 namespace pelk {
 
-/// Fills the tree with all contacts in alphabetical order, each with a placeholder to expand. A
-/// node carries the contact's key and has its id as tag.
+/// Fills the tree with all contacts in alphabetical order, each with a placeholder to expand. The
+/// nodes are those of `addContactNode`.
 void fillContactsTree(TreeView& tree, const Database& database);
 
-/// Adds the node of one contact behind the last child of `parent`: its description, its key and
-/// its id as tag.
+/// Adds a contact as the last child of `parent`. The node gets the contact's description as text,
+/// its key, and its id as tag.
 TreeNode& addContactNode(TreeModel& tree, TreeNode& parent, const Contact& contact);
 
-/// Replaces what stands below a node by the contacts that `contactId` has relations with, in
-/// alphabetical order, coloured by strength against a strongest relation of that weight. A child
-/// has the related contact's id as tag. Throws `Error` at a relation that names neither end as the
-/// contact; what was added before stays.
+/// Replaces the children of a node with the contacts related to `contactId`, in alphabetical order,
+/// each in the colour of its relation's strength relative to `strongest`. A child's tag is the
+/// related contact's id. Throws `Error` when neither end of a relation is `contactId`; children
+/// added before that remain.
 void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
                          std::int64_t strongest);
 
-/// Gives a node the look of a relation of that weight.
+/// Gives a node the image and colour for a relation of that weight.
 void showStrength(TreeModel& tree, TreeNode& node, double weight, std::int64_t strongest,
                   const Thresholds& thresholds);
 

@@ -19,7 +19,7 @@ void forEachAddress(const Database& database, const Visit& visit) {
     });
 }
 
-/// Whether the address lies below the domain, with at least one part more than the domain has.
+/// Whether the address lies below the domain, so that it has at least one more part.
 bool isBelow(const std::vector<std::string>& parts, const std::vector<std::string>& labels) {
     return parts.size() > labels.size() &&
            std::equal(labels.rbegin(), labels.rend(), parts.rbegin());

@@ -1,5 +1,5 @@
 #pragma once
-// Who is where: the mail domains of the contacts' addresses as a hierarchy of labels.
+// The mail domains of the contacts' addresses as a hierarchy of labels.
 
 #include <string>
 #include <string_view>
@@ -10,9 +10,9 @@
 
 namespace pelk {
 
-/// What stands directly below a domain: a label, with more below it, or an address.
+/// An entry directly below a domain: a label, which has entries of its own, or an address.
 struct DomainEntry {
-    /// The label; or the address's local part and its owner: ann (Ann Smith).
+    /// The label; or the address's local part and owner: ann (Ann Smith).
     std::string text;
     /// The whole address; empty for a label.
     std::string address;
@@ -20,7 +20,7 @@ struct DomainEntry {
     bool isAddress() const { return !address.empty(); }
 };
 
-/// An address taken apart, and the name of the contact who has it.
+/// A parsed address and the name of the contact who has it.
 struct MailAddress {
     std::string whole;
     /// The local part, then the labels of the domain from left to right.
@@ -28,35 +28,36 @@ struct MailAddress {
     std::string owner;
 };
 
-/// All addresses that have a domain, in document order. To take them apart costs far more than to
-/// look through them.
+/// Returns all addresses that have a domain, parsed, in document order. Parsing costs far more than
+/// searching the result, so callers keep it.
 std::vector<MailAddress> mailAddresses(const Database& database, const Language& language);
 
-/// The last labels of all addresses, in order of first appearance.
+/// Returns the distinct last labels of all addresses, in order of first appearance.
 std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& addresses);
 
-/// What stands directly below a domain, in order of first appearance. `labels` are the domain's,
-/// from left to right: b, a for b.a. Of two contacts with one address the first is listed.
+/// Returns the entries directly below a domain, in order of first appearance. `labels` are the
+/// domain's from left to right: b, a for b.a. When two contacts share an address, only the first is
+/// listed.
 std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
                                       const std::vector<std::string>& labels);
 
-/// The ids of the contacts that own an address which ends with the text, each once, in the order
-/// of the addresses in the document.
+/// Returns the ids of the contacts with an address that ends with `suffix`, each once, in the order
+/// of their addresses in the document.
 ///
-/// Any text that ends so counts, label or not: b.a finds the owner of an address in cb.a, too, and
-/// x@b.a the owner of yx@b.a. This is on purpose, and all commands on domains agree on it.
+/// The suffix need not start at a label: b.a also finds addresses in cb.a, and x@b.a finds yx@b.a.
+/// This is on purpose, and all commands on domains agree on it.
 std::vector<int> contactsBySuffix(const Database& database, std::string_view suffix);
 
 inline constexpr const char* kEmptyDomainMessage = "The domain is empty.";
 
-/// Throws `Error` for a domain, not an address, that is empty or begins with an empty label:
-/// everybody would be deleted with it, or everybody in the domains below.
+/// Throws `Error` for a domain that is empty or begins with an empty label: deleting it would
+/// delete all contacts, or all contacts in the domains below. Accepts any address.
 void requireDeletableDomain(const std::string& domain);
 
-/// The ids of the contacts that are deleted with a domain, or with the contact who owns an address:
-/// those of `contactsBySuffix`. Of an address without a local part, which begins with the "@", only
-/// the owners count, as every address of its domain ends so. Throws `Error` as
-/// `requireDeletableDomain` does.
+/// Returns the ids of the contacts to delete for a domain or an address: those of
+/// `contactsBySuffix`. For an address without a local part, such as @b.a, it returns the owners
+/// only, as every address of that domain ends with it. Throws `Error` as `requireDeletableDomain`
+/// does.
 std::vector<int> contactsToDelete(const Database& database, const std::string& domain);
 
 }  // namespace pelk

@@ -21,7 +21,7 @@ void addAddress(TreeModel& tree, TreeNode& parent, const DomainEntry& entry) {
     tree.setTag(node, entry.address);
 }
 
-/// The texts of the node and of what it stands under, which are the domain's labels from left to
+/// Returns the texts of the node and its ancestors, which are the domain's labels from left to
 /// right.
 std::vector<std::string> pathOf(const TreeNode& node) {
     std::vector<std::string> texts;

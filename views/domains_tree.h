@@ -1,6 +1,6 @@
 #pragma once
-// The mail domains as a tree: the last labels of all addresses at the top, below each the labels
-// to their left, and the addresses themselves as leaves.
+// Shows the mail domains as a tree: top-level domains first, subdomains below them, and the
+// addresses as leaves.
 
 #include <cstdint>
 #include <string>
@@ -14,19 +14,18 @@
 
 namespace pelk {
 
-/// Fills a tree with domains. It keeps the addresses taken apart for as long as nobody edits the
-/// database.
+/// Fills a tree with domains. Caches the parsed addresses until the database is edited.
 class DomainsTree {
  public:
-    /// Both must outlive it.
+    /// Both references must outlive this object.
     DomainsTree(TreeView& tree, const Language& language) : tree_(tree), language_(language) {}
 
-    /// Fills the tree with the top level, in order of first appearance in the document; every
-    /// label gets a placeholder to expand.
+    /// Fills the tree with the top-level domains, in order of first appearance in the document,
+    /// each with a placeholder to expand.
     void fill(const Database& database);
-    /// Fills a label's node, unless it is filled, with what stands directly below it, in
-    /// alphabetical order. The leaf of an address has the whole address as tag. Requires: the tree
-    /// was filled from that database.
+    /// Fills a label's node with the entries directly below it, in alphabetical order, unless it is
+    /// filled already. An address leaf has the whole address as tag. Requires: the tree was filled
+    /// from the same database.
     void expand(TreeNode& node, const Database& database);
 
  private:
@@ -35,16 +34,16 @@ class DomainsTree {
     TreeView& tree_;
     const Language& language_;
     std::vector<MailAddress> addresses_;
-    /// The database's when they were read.
+    /// The revision of the database that `addresses_` was read from.
     std::uint64_t revision_ = 0;
 };
 
-/// Whether the node is an address; every label has something below it.
+/// Whether the node is an address. Every other node is a label.
 inline bool isAddressLeaf(const TreeNode& node) {
     return std::holds_alternative<std::string>(node.tag());
 }
 
-/// The domain that a node stands for, b.a for b under a; for a leaf the whole address.
+/// Returns the node's domain, b.a for b under a; for an address leaf the whole address.
 std::string domainOf(const TreeNode& node);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Takes an e-mail address apart.
+// Splits an e-mail address into local part and domain labels.
 
 #include <optional>
 #include <string>
@@ -10,8 +10,8 @@
 
 namespace pelk {
 
-/// The local part as it stands, then the labels of the domain from left to right in lower case;
-/// empty labels are kept. Nothing for an address without "@".
+/// Returns the local part unchanged, then the domain's labels from left to right in lower case,
+/// empty ones included. Returns nothing for an address without "@".
 std::optional<std::vector<std::string>> splitAddress(std::string_view address,
                                                      const Language& language);
 

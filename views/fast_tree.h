@@ -1,12 +1,12 @@
 #pragma once
-// Bulk changes of a tree: while redraw is suspended the native tree hears of nothing that is
-// added, and it is cleared in one step. So thousands of contacts fill without a wait.
+// Bulk changes of a tree. While redraw is suspended, the native tree gets no notice of added nodes,
+// and clearing is one step; so thousands of contacts appear without a noticeable delay.
 
 #include "platform/controls.h"
 
 namespace pelk {
 
-/// Suspends the redraw of a tree for as long as it lives.
+/// Suspends the redraw of a tree during its own lifetime. Does not nest.
 class RedrawSuspension {
  public:
     explicit RedrawSuspension(TreeView& tree) : tree_(tree) { tree_.model().suspendRedraw(); }

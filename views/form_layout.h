@@ -8,8 +8,7 @@
 
 namespace pelk {
 
-/// Which of a control's bounds grow with the window: by as much as the window (1) or not at all
-/// (0).
+/// For each of a control's bounds: 1 if it grows by as much as the window, 0 if it is fixed.
 struct Anchor {
     int left = 0;
     int top = 0;

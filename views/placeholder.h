@@ -1,6 +1,6 @@
 #pragma once
-// The one child that makes a node expandable before its real children are known. It is nobody's
-// node, and the only kind without an image.
+// The child that makes a node expandable before its real children are known. It is the only kind of
+// node without an image.
 
 #include "platform/controls.h"
 
@@ -12,13 +12,13 @@ inline bool isPlaceholder(const TreeNode& node) {
     return node.image() == TreeImage::None;
 }
 
-/// Whether the node was filled already. One that was filled with a single child looks as if it
-/// was not, and is filled again.
+/// Whether the node has its real children. A node with a single real child counts as unfilled and
+/// is filled again.
 inline bool isFilled(const TreeNode& node) {
     return node.children().size() > 1;
 }
 
-/// Empties a node that was closed, so that it is filled anew when it is opened again.
+/// Empties a collapsed node, so that it is filled anew when it is expanded again.
 inline void replaceByPlaceholder(TreeView& tree, TreeNode& node) {
     tree.model().removeChildren(node);
     tree.model().add(node, kPlaceholderText);

@@ -1,5 +1,5 @@
 #pragma once
-// How strong a relation is, and how every view shows it.
+// The strength of a relation, and how every view shows it.
 
 #include <cstdint>
 
@@ -10,8 +10,8 @@ namespace pelk {
 
 enum class Strength { Strong, Medium, Weak };
 
-/// The class of a relation of that weight in a database whose strongest relation has the weight
-/// `strongest`. A weight that equals a threshold belongs to the class below it.
+/// Returns the strength of a relation of that weight, relative to the weight `strongest` of the
+/// strongest relation. A weight equal to a threshold belongs to the lower class.
 Strength strengthOf(std::int64_t weight, std::int64_t strongest, const Thresholds& thresholds);
 
 Color colorOf(Strength strength);

@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-TEST(AddressSplitter, givesTheLocalPartAsItStandsAndTheLabelsInLowerCase) {
+TEST(AddressSplitter, keepsTheLocalPartAndLowersTheLabels) {
     const std::unique_ptr<Language> language = makeLanguage();
     EXPECT_EQ(splitAddress("J.Smith@Sub.Dom.TLD", *language),
               (Texts{"J.Smith", "sub", "dom", "tld"}));
@@ -54,7 +54,7 @@ TEST_F(DomainsTest, listsOneLevelInOrderOfAppearance) {
     EXPECT_EQ(below({"x", "b", "a"}), Texts{});
 }
 
-TEST_F(DomainsTest, findsContactsByAnyEndOfTheirAddresses) {
+TEST_F(DomainsTest, findsContactsByAnySuffixOfTheirAddresses) {
     EXPECT_EQ(contactsBySuffix(*database, "b.a"), (std::vector{2, 3})) << "letter case counts";
     EXPECT_EQ(contactsBySuffix(*database, "x@a"), (std::vector{1}));
     EXPECT_EQ(contactsBySuffix(*database, "a"), (std::vector{1, 2, 3}));

@@ -7,10 +7,10 @@ using Captions = std::vector<std::string>;
 
 class CommandsTest : public ShowFormTest {
  protected:
-    /// The database as it stands in the file.
+    /// The database in the file.
     std::unique_ptr<Database> saved() { return core.storage().loadDatabase(); }
 
-    /// Answers a question about a deletion.
+    /// Scripts the answer to the question before a deletion.
     void expectQuestion(const std::string& question, Answer answer) {
         core.dialogs.expectMessage(question, Buttons::OkCancel, answer);
     }
@@ -57,7 +57,7 @@ TEST_F(CommandsTest, opensByNamesAfterItWasGroupedByDomains) {
     EXPECT_EQ(rows(), "a, b");
 }
 
-TEST_F(CommandsTest, offersInItsMenuWhatSuitsTheNode) {
+TEST_F(CommandsTest, offersTheMenuThatFitsTheNode) {
     EXPECT_EQ(driver.menuAt(form.presTree, {0}),
               (Captions{"Merge contacts", "Rename", "Delete", "Find the best link",
                         "Copy to clipboard"}));
@@ -73,7 +73,7 @@ TEST_F(CommandsTest, offersInItsMenuWhatSuitsTheNode) {
         (Captions{"Delete", "Find all possible links", "Copy to clipboard", "View contacts"}));
 }
 
-TEST_F(CommandsTest, handsTheSelectionOver) {
+TEST_F(CommandsTest, passesTheSelectionOn) {
     std::string handed;
     form.mergeContact = [&](int id, const std::string& text) {
         handed = text + "#" + std::to_string(id);
@@ -169,7 +169,7 @@ TEST_F(CommandsTest, deletesADomainOrTheOwnerOfAnAddress) {
     EXPECT_EQ(saved()->relationCount(), 0U);
 }
 
-TEST_F(CommandsTest, deletesNobodyElseWithABlankLabelOrAnOddAddress) {
+TEST_F(CommandsTest, deletesNoOtherContactForAnEmptyLabelOrAnOddAddress) {
     for (const char* address :
          {"dot@x.com.", "@a", "in@b..c", "other@c.c", "\"john doe\"@b", ".dot@d"})
         database->addContact("Odd", address);
@@ -200,7 +200,7 @@ TEST_F(CommandsTest, deletesNobodyElseWithABlankLabelOrAnOddAddress) {
     expectDeleted({3, 0}, 11);
 }
 
-TEST_F(CommandsTest, keepsAChangeThatCannotBeSavedAndSaysSo) {
+TEST_F(CommandsTest, keepsAndReportsAChangeThatCannotBeSaved) {
     core.files.folders.insert("/data/pelk");
     core.files.failAt = core.files.steps + 1;
     core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Zoe (zoe@a)", "Zed");
@@ -211,7 +211,7 @@ TEST_F(CommandsTest, keepsAChangeThatCannotBeSavedAndSaysSo) {
     EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, bob (bob@a), Carl (carl@a), Zed");
 }
 
-TEST_F(CommandsTest, actsOnNoContactThatIsGone) {
+TEST_F(CommandsTest, ignoresADeletedContact) {
     database->removeContacts({4});
     core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Carl (carl@a)", "C");
     core.dialogs.expectMessage("This contact is no longer in the database.");

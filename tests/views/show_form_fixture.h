@@ -1,5 +1,5 @@
 #pragma once
-// The relations view, opened on a small community.
+// The relations view, opened on a small database.
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,8 @@
 
 namespace pelk {
 
-/// Ann (id 1) wrote 200 e-mails with Zoe, 100 with bob, 10 with Carl; nobody else knows anybody.
+/// Ann (id 1) exchanged 200 e-mails with Zoe, 100 with bob and 10 with Carl. There are no other
+/// relations.
 inline constexpr const char* kCommunity =
     "<pelkDB date='2026-11-20T00:00:00' totalMails='310' totalContacts='5' maxInd='50' minInd='5'>"
     "<contacts><contact id='1' name='Ann'><emails><email value='a@a'/><email value='a@b'/></emails>"

@@ -24,7 +24,7 @@ TEST_F(ShowFormTest, expandsAContactIntoItsColouredRelations) {
     EXPECT_EQ(rows({0}), "Loading...");
 }
 
-TEST_F(ShowFormTest, measuresByTheThresholdsOfTheMomentAndTheStrongestRelationOfItsOpening) {
+TEST_F(ShowFormTest, usesCurrentThresholdsAndTheStrongestRelationAtOpening) {
     std::string document = kCommunity;
     database = loadDocument(document.replace(document.find("minInd='5'"), 10, "minInd='50'"));
     for (int mail = 0; mail < 400; ++mail)
@@ -74,7 +74,7 @@ TEST_F(ShowFormTest, laysOutItsControlsFromTheBottomEdge) {
         EXPECT_NEAR(driver.boundsOf(*label).top, inner.height - 550, 20);
 }
 
-TEST_F(ShowFormTest, readsADocumentThatBreaksEveryPromise) {
+TEST_F(ShowFormTest, readsADocumentThatBreaksEveryInvariant) {
     database = loadDocument(
         "<pelkDB><contacts><contact id='1'/><contact id='1' name='Twin'><emails>"
         "<email/><email value='t@x'/></emails></contact><contact name='No id'/></contacts>"
