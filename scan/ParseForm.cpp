@@ -28,7 +28,7 @@ ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storag
     window->setCaption("Check for new e-mails");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
-    // A scan runs to its end; until then the form stays.
+    // The form cannot be closed during a scan.
     window->onCloseRequest = [this] { return !scanning_; };
     startButton.onClick = [this] { startButtonClick(); };
     cancelButton.onClick = [this] { cancelButtonClick(); };
@@ -50,8 +50,8 @@ void ParseForm::cancelButtonClick() {
     openView();
 }
 
-/// When the result cannot be saved the form stays open: what was counted stands in memory, and
-/// Start finds nothing new but saves it.
+/// When the result cannot be saved, the form stays open: the counts are in memory, and another
+/// click on Start saves them without counting anything twice.
 void ParseForm::scan() {
     const std::unique_ptr<MailSession> session = mailClient->session();
     ScanOutcome outcome;

@@ -1,5 +1,5 @@
 #pragma once
-// The scan form: explains what a scan does, runs it, and hands over to the relations view.
+// The scan form: explains what a scan does, runs it, and then opens the relations view.
 
 #include <functional>
 #include <memory>
@@ -23,7 +23,7 @@ class ParseForm : private ScanProgress {
     /// Opens the relations view on the database.
     std::function<void()> openView;
 
-    /// Shows the form with these texts, and returns when it is closed.
+    /// Shows the form modally with these texts. Returns when it is closed.
     void showModal(const std::string& staticText, const std::string& dynamicText);
 
     const std::unique_ptr<Window> window;

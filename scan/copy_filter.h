@@ -1,25 +1,26 @@
 #pragma once
-// Tells the e-mails of a store that lie in another of its folders as well.
+// Detects e-mails that are also in another folder of the same store.
 
 #include <cstdint>
 #include <vector>
 
 namespace pelk {
 
-/// Knows e-mails by their fingerprints (`MailItem::fingerprint`), of which 0 is none. What stands
-/// twice in one and the same folder is no copy.
+/// Identifies e-mails by their fingerprints (`MailItem::fingerprint`; 0 is no fingerprint). An
+/// e-mail that is twice in the same folder is not a copy.
 class CopyFilter {
  public:
     void beginStore();
     void beginFolder();
     /// Whether an earlier folder of the store has the e-mail.
     bool isKnown(std::uint64_t print) const;
-    /// Takes note of an e-mail of this folder.
+    /// Adds an e-mail of the current folder.
     void add(std::uint64_t print);
 
  private:
-    /// In ascending order.
+    /// The fingerprints of earlier folders, ascending.
     std::vector<std::uint64_t> before_;
+    /// Those of the current folder.
     std::vector<std::uint64_t> here_;
 };
 

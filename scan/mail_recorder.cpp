@@ -22,7 +22,7 @@ bool MailRecorder::record(MailItem& item) {
     return true;
 }
 
-/// A sender without an address is nobody's contact, but the e-mail counts.
+/// A sender whose address cannot be read is no contact, but the e-mail counts.
 std::optional<MailPerson> MailRecorder::senderOf(MailItem& item) {
     try {
         return item.replyRecipient();
@@ -32,8 +32,8 @@ std::optional<MailPerson> MailRecorder::senderOf(MailItem& item) {
     }
 }
 
-/// The id of the person's contact, by address; the name of a known contact stays as it is. 0, with
-/// which no relation is counted, for a person who cannot be looked up or added.
+/// Returns the id of the contact with the person's address, without changing its name. Returns 0,
+/// for which no relation is counted, when the person cannot be looked up or added.
 int MailRecorder::findOrAddContact(const MailPerson& person) {
     const std::string address = language_.lowerCase(cleanText(person.address));
     if (address.empty())

@@ -1,5 +1,5 @@
 #pragma once
-// Records an e-mail in the database: its people, and who wrote to whom.
+// Records an e-mail in the database: its people, and the relations between sender and recipients.
 
 #include <optional>
 
@@ -12,13 +12,13 @@ namespace pelk {
 
 class MailRecorder {
  public:
-    /// All of these outlive the recorder.
+    /// The references outlive the recorder.
     MailRecorder(Database& database, const Language& language, Steps& steps, ScanOutcome& outcome)
         : database_(database), language_(language), steps_(steps), outcome_(outcome) {}
 
-    /// Counts the e-mail, and one for its sender with each of its recipients. Returns false, with
-    /// nothing recorded, when it has no sender. Throws `Error`, with nothing recorded, when the
-    /// sender cannot be read.
+    /// Counts the e-mail, and adds 1 to the relation of its sender with each of its recipients.
+    /// Records nothing and returns false when it has no sender. Records nothing and throws `Error`
+    /// when the sender cannot be read.
     bool record(MailItem& item);
 
  private:

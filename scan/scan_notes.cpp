@@ -56,8 +56,8 @@ std::vector<std::string> scanNotes(const ScanOutcome& outcome) {
 
 std::string databaseFullMessage() {
     return std::string(ContactLimitReached().what()) +
-           " People who were met for the first time in this scan have been left out; everything "
-           "else has been counted.";
+           " People who first appeared in this scan have been left out; everything else has been "
+           "counted.";
 }
 
 std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
@@ -66,13 +66,12 @@ std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
         warnings.push_back(databaseFullMessage());
     if (outcome.faults > 0)
         warnings.push_back(
-            (outcome.faults == 1
-                 ? "Something could not be read: "
-                 : std::to_string(outcome.faults) + " times something could not be read, first: ") +
+            (outcome.faults == 1 ? "Something could not be read: "
+                                 : "Something could not be read, " +
+                                       std::to_string(outcome.faults) + " times in all. First: ") +
             outcome.firstFault +
-            (outcome.unreadCountsLater
-                 ? " E-mails that could not be read are counted when they can be."
-                 : ""));
+            (outcome.unreadCountsLater ? " Later scans count the e-mails that could not be read."
+                                       : ""));
     return warnings;
 }
 

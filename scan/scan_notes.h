@@ -1,5 +1,5 @@
 #pragma once
-// What a scan has to say beside its figures, for the form and the command line alike.
+// The messages about a scan beside its figures, shared by the form and the command line.
 
 #include <string>
 #include <vector>
@@ -8,21 +8,21 @@
 
 namespace pelk {
 
-/// A line each: stores that were counted for the first time or known again, what was left out, and
+/// Returns a line for each new or recognised store, for everything left out, and for the number of
 /// copies.
 std::vector<std::string> scanNotes(const ScanOutcome& outcome);
 
-/// What the user is told, once, after a scan that filled the database.
+/// The message after a scan that filled the database.
 std::string databaseFullMessage();
 
-/// Sentences about what went wrong.
+/// Returns sentences about everything that went wrong.
 std::vector<std::string> scanWarnings(const ScanOutcome& outcome);
 
-/// All of these as the text of one box; empty when there is nothing that the user should know.
-/// Copies alone are no reason for a box: whoever has them has them at every scan.
+/// Returns all of these as the text of one message box; empty when there is nothing to report.
+/// Copies alone are not reported: users who have some have them at every scan.
 std::string scanMessage(const ScanOutcome& outcome);
 
-/// How a kind of folders is called.
+/// Returns the English name of a kind of folder.
 const char* nameOf(DefaultFolder kind);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// What has come of a scan.
+// The result of a scan.
 
 #include <cstddef>
 #include <map>
@@ -12,42 +12,42 @@
 
 namespace pelk {
 
-/// A store that the scan met for the first time, or at a new place.
+/// A store that the scan found for the first time, or at a new place.
 struct NewStore {
     std::string name;
-    /// From when on its e-mails were counted if it was known again; empty if it was not.
+    /// For a recognised store, the stamp after which its e-mails were counted; otherwise empty.
     std::string since;
 };
 
-/// A folder whose items were not counted, as it has a purpose of its own.
+/// A default folder whose items were not counted.
 struct LeftOutFolder {
     std::string name;
-    /// Nothing when it cannot be read.
+    /// Nothing when the folder cannot be read.
     std::optional<int> mails;
 };
 
 struct ScanOutcome {
-    /// What the database gained.
+    /// What the scan added to the database.
     int mails = 0;
     std::size_t contacts = 0;
     std::size_t relations = 0;
-    /// Some people could not be added because the database holds no more contacts.
+    /// Some people were not added because the database is full.
     bool databaseFull = false;
-    /// Steps that were abandoned because the mail could not be read, and why the first of them was.
+    /// The number of read errors, each of which ended one step, and the message of the first.
     int faults = 0;
     std::string firstFault;
-    /// Whole e-mails could not be read, and a later scan counts them if it can read them.
+    /// Some e-mails could not be read, and a later scan counts them when it can read them.
     bool unreadCountsLater = false;
 
-    /// When other stores had been counted before.
+    /// Empty when no store has been counted before this scan.
     std::vector<NewStore> newStores;
-    /// Those that are not known to be empty.
+    /// The default folders left out, except those known to be empty.
     std::vector<LeftOutFolder> leftOut;
     /// New e-mails that were not counted because of their labels.
     std::map<DefaultFolder, int> labelled;
-    /// New e-mails that were not counted because another folder of the store has them, too.
+    /// New e-mails that were not counted because an earlier folder of the store has them, too.
     int copies = 0;
-    /// Addresses with an apostrophe, whose owners are no contacts.
+    /// Addresses with an apostrophe, which cannot become contacts.
     std::set<std::string> apostrophes;
 };
 

@@ -30,7 +30,7 @@ ScanOutcome Scanner::scan(MailSession& session) {
     return std::move(outcome_);
 }
 
-/// The folder's place; that of the folder above it when it does not tell.
+/// Returns the folder's place, or that of its parent when the folder reports none.
 std::string Scanner::placeOf(MailFolder& folder, const std::string& above) {
     std::string place;
     steps_.attempt([&] { place = folder.place(); });
@@ -58,7 +58,7 @@ void Scanner::scanTree(MailFolders& folders, const std::string& above) {
         scanBranch(*folder, placeOf(*folder, above));
 }
 
-/// Each folder's own items come before its subfolders, which are entered whatever their kind.
+/// Scans a folder's items before its subfolders. Subfolders of any kind are entered.
 void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
     const bool itemsRead = steps_.attempt([&] {
         if (folder.holdsMail())
@@ -71,8 +71,8 @@ void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
     }
 }
 
-/// Leaves out the items of the default folders, but not the folders inside them: what is filed
-/// there is meant to be kept.
+/// Leaves out the items of the default folders, but not their subfolders: users file e-mails there
+/// to keep them.
 void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
     if (isLeftOut(*session_, folder, [this](const Error& error) { steps_.noteFault(error); })) {
         noteLeftOut(folder);
@@ -89,10 +89,9 @@ void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
     }
 }
 
-/// An item that is no e-mail leaves the e-mail before it in place, which is then counted once more
-/// if it was new. Weights have always been counted so, and stay comparable only as long as they
-/// are. An item that could not be read leaves none: nobody knows what it is, and a later scan may
-/// count it.
+/// An item that is no e-mail counts the e-mail before it once more if that was new. This quirk is
+/// kept so that weights stay comparable with those of earlier scans. An item that cannot be read
+/// counts nothing, and no e-mail before it: it may be an e-mail, which a later scan counts.
 void Scanner::scanItem(MailFolder& folder, int index) {
     std::shared_ptr<MailItem> item;
     bool read = steps_.attempt([&] { item = folder.mailItem(index); });
@@ -140,7 +139,7 @@ bool Scanner::isLabelledOut(MailItem& item) {
     return true;
 }
 
-/// Equal e-mails have one fingerprint, but only a Message-ID tells that they are the same one.
+/// Different e-mails may have equal fingerprints, so only those with a Message-ID count as copies.
 bool Scanner::isCopy(MailItem& item, std::uint64_t print) {
     if (options_.copies || !copies_.isKnown(print) || item.messageId().empty())
         return false;
@@ -158,7 +157,7 @@ void Scanner::noteStore(MailFolder& store, StoreLedger::Store kind) {
     });
 }
 
-/// What cannot be read there is not missed: that is no fault.
+/// An error here is not reported, as the folder's items are left out anyway.
 void Scanner::noteLeftOut(MailFolder& folder) {
     LeftOutFolder leftOut;
     try {
@@ -171,8 +170,7 @@ void Scanner::noteLeftOut(MailFolder& folder) {
         outcome_.leftOut.push_back(std::move(leftOut));
 }
 
-/// The file of the stores' dates is written before the database, and only with it: see
-/// `StoreDatesFile`.
+/// The file with the stores' dates is written just before the database, see `StoreDatesFile`.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress, const ScanOptions& options) {
     StoreDatesFile file(storage, platform);

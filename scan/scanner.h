@@ -1,5 +1,7 @@
 #pragma once
-// Walks the mailbox and counts who writes to whom.
+// Walks the mailbox and counts the e-mails between people.
+//
+// Not thread-safe: a scan makes all its calls on the thread that started it.
 
 #include <cstdint>
 #include <memory>
@@ -18,31 +20,31 @@
 
 namespace pelk {
 
-/// Watches a scan. An `Error` that it throws counts as a fault of the mail, and anything else ends
-/// the scan.
+/// Receives the progress of a scan. An `Error` thrown from a call counts as a read error; any other
+/// exception ends the scan.
 class ScanProgress {
  public:
     virtual ~ScanProgress() = default;
     virtual void folderStarted(const std::string& name) = 0;
-    /// Before the first item, with the number of items to come.
+    /// Called before the first item of a folder, with the number of its items.
     virtual void itemsCounted(int count) = 0;
-    /// Before item `index`, counted from 1.
+    /// Called before item `index`, counted from 1.
     virtual void itemStarted(int index) = 0;
 };
 
 class Scanner {
  public:
-    /// Records every e-mail created after the database's date as it stands now.
+    /// Records every e-mail created after the database's current date.
     Scanner(Database& database, const Language& language, ScanProgress& progress);
-    /// Records what is new by the ledger.
+    /// Records every e-mail that is new according to the ledger.
     Scanner(Database& database, const Language& language, ScanProgress& progress,
             StoreLedger ledger, const ScanOptions& options);
 
-    /// Walks all mail folders of the session, except those that it leaves out by themselves. A
-    /// fault of the mail system abandons only the step in which it arose. To be called once.
+    /// Walks all mail folders of the session and leaves out the items of its default folders. An
+    /// error of the mail system ends only the step in which it occurs. Requires: called once.
     ScanOutcome scan(MailSession& session);
 
-    /// The dates of the stores after the scan.
+    /// Returns the dates of the stores after the scan.
     StoreDates dates() && { return std::move(ledger_).finish(metAllStores_); }
 
  private:
@@ -71,14 +73,14 @@ class Scanner {
     bool metAllStores_ = false;
     bool metUnread_ = false;
     bool tellsUnread_ = true;
-    /// The last e-mail that was reached, see `scanItem`, and whether it was recorded.
+    /// The last e-mail of the walk, see `scanItem`, and whether it was recorded.
     std::shared_ptr<MailItem> item_;
     bool isRecorded_ = false;
 };
 
-/// Scans the mailbox, stamps the database with the present moment, and saves it together with the
-/// dates of the mail stores. Throws `Error` when saving fails; what was counted then stands in the
-/// database, but not on the disk, and no later scan counts it again.
+/// Scans the mailbox, sets the database's date to the current time, and saves the database together
+/// with the dates of the mail stores. Throws `Error` when saving fails: the counts are then in
+/// memory only, and no later scan by this process counts them again.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress,
                         const ScanOptions& options = {});

@@ -1,5 +1,5 @@
 #pragma once
-// The steps of a scan, none of which takes others with it when it fails.
+// Isolates the steps of a scan: a failure ends one step and no others.
 
 #include "platform/error.h"
 #include "platform/mail_client.h"
@@ -9,17 +9,17 @@ namespace pelk {
 
 class Steps {
  public:
-    /// Counts faults in the outcome, which outlives this.
+    /// Counts faults in `outcome`, which outlives this object.
     explicit Steps(ScanOutcome& outcome) : outcome_(outcome) {}
 
-    /// Runs a step that a fault of the mail system ends, and nothing but that step. Returns false
-    /// after a fault; an item that is no e-mail is none.
+    /// Runs a step. Notes an `Error` of the mail system as a fault and returns false. An item that
+    /// is not an e-mail ends the step but is no fault.
     template <typename Step>
     bool attempt(const Step& step) {
         try {
             step();
         } catch (const NotAMailItem&) {
-            // Mail folders hold such items; they are passed over.
+            // Mail folders may contain such items. The scan skips them.
         } catch (const Error& error) {
             noteFault(error);
             return false;

@@ -71,7 +71,8 @@ void StoreLedger::noteCounted(MailItem& item, const std::string& stamp, std::uin
     remember(item, stamp, walk_.begun);
 }
 
-/// Of an e-mail that has been counted, by the scan of that stamp if nobody knows better.
+/// Remembers the fingerprint of a counted e-mail that the new date will not cover. `scan` is the
+/// stamp of the scan that counted it, unless an earlier one is on record.
 void StoreLedger::remember(MailItem& item, const std::string& stamp, const std::string& scan) {
     if (stamp <= walk_.begun && !item.isDatedAhead())
         return;
@@ -100,7 +101,7 @@ bool StoreLedger::endStore() {
     return tells;
 }
 
-/// What held for the place until now.
+/// Returns the place's date from before this scan.
 StoreDate StoreLedger::dateBefore(const std::string& place, const std::string& now) const {
     if (const StoreDate* const date = known_.governing(place))
         return {place, date->first, date->date, {}, date->sample};
@@ -108,7 +109,8 @@ StoreDate StoreLedger::dateBefore(const std::string& place, const std::string& n
     return {place, wasCounted ? std::string(kNeverScanned) : now, known_.unknownSince, {}, {}};
 }
 
-/// Without fingerprints nothing that came during the walk can be told, and the date passes over it.
+/// Without fingerprints, e-mails that arrived during the walk cannot be told apart, so the date
+/// becomes the end of the walk and skips those not counted.
 StoreDate StoreLedger::dateOfRead(const std::string& now) const {
     StoreDate date = dateBefore(walk_.place, now);
     date.date = walk_.untold ? now : walk_.begun;

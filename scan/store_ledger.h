@@ -1,10 +1,10 @@
 #pragma once
-// Keeps account of which e-mails of each store have been counted, through one scan.
+// Tracks, during one scan, which e-mails of each store have been counted.
 //
-// No e-mail may be counted twice, and none be lost. So the date of a store is the moment at which
-// the walk through it began, and what was counted from then on is remembered by its fingerprint. A
-// folder of which something could not be read keeps the date that it had, and what was counted in
-// it nevertheless is remembered likewise. A mail client without fingerprints has one date alone.
+// No e-mail may be counted twice or missed. So a store's date is the time at which the walk through
+// it began, and the fingerprints of counted e-mails created after that are kept. A folder with a
+// read error keeps its old date, and the fingerprints of the e-mails counted in it are kept, too.
+// Where the mail client has no fingerprints or places, one date serves for all mail.
 
 #include <cstdint>
 #include <functional>
@@ -23,10 +23,10 @@ namespace pelk {
 
 class StoreLedger {
  public:
-    /// Knows one date for all mail.
+    /// Uses one date for all mail.
     explicit StoreLedger(std::string date) : date_(std::move(date)) {}
-    /// `date` is for stores that cannot be told apart. `since`, if it is not empty, takes the place
-    /// of all dates. `clock` outlives the ledger.
+    /// `date` applies to stores without a place. `since`, if not empty, overrides all dates.
+    /// `clock` outlives the ledger.
     StoreLedger(StoreDates known, std::string date, std::string since, Clock& clock)
         : known_(std::move(known)),
           date_(std::move(date)),
@@ -36,30 +36,32 @@ class StoreLedger {
     enum class Store { Known, New, Recognised };
     using Sample = std::vector<std::uint64_t>;
 
-    /// Begins the walk through a store. `takeSample` is called if it may be one that has moved.
+    /// Begins the walk through a store. Calls `takeSample` if the store may have been moved.
     Store beginStore(const std::string& place, const std::function<Sample()>& takeSample);
     /// Begins the items of a folder of the store.
     void beginFolder(const std::string& place);
-    /// The stamp up to which e-mails of the folder, or else of the store, have been counted.
+    /// The stamp up to which e-mails of the current folder or store have been counted.
     const std::string& cutOff() const { return cutOff_; }
 
-    /// The place of the folder.
+    /// The place of the current folder.
     const std::string& folder() const { return walk_.folders.back().place; }
 
+    /// `CountedAhead`: created after the cut-off, but counted already.
     enum class Age { Old, CountedAhead, New };
-    /// To be asked once of each e-mail of the folder, with the stamp of its creation.
+    /// Classifies an e-mail of the current folder by the stamp of its creation. Requires: called
+    /// once for each e-mail.
     Age ageOf(MailItem& item, const std::string& stamp);
-    /// Takes note that a new e-mail has been counted, or passed over because it was. `print` is its
-    /// fingerprint.
+    /// Notes that a new e-mail has been counted, or skipped as a copy of a counted one. `print` is
+    /// its fingerprint.
     void noteCounted(MailItem& item, const std::string& stamp, std::uint64_t print);
-    /// Takes note that at this place of the store something could not be read.
+    /// Notes a read error at this place of the store.
     void noteUnread(const std::string& place) { walk_.unread.push_back(place); }
 
-    /// Ends the walk through the store. Returns whether all that could not be read will be new to a
-    /// later scan.
+    /// Ends the walk through the store. Returns whether a later scan will count everything that
+    /// could not be read.
     bool endStore();
 
-    /// The dates after this scan. `whole` tells that it has met all stores.
+    /// Returns the dates after this scan. `whole` says whether the scan has reached all stores.
     StoreDates finish(bool whole) &&;
 
  private:
@@ -75,9 +77,10 @@ class StoreLedger {
         Sample sample;
         std::vector<FolderCount> folders;
         std::vector<std::string> unread;
-        /// E-mails that the date will not tell, with the scan that counted them.
+        /// Fingerprints of counted e-mails that the new date does not cover, with the stamps of the
+        /// scans that counted them.
         std::map<std::uint64_t, std::string> later;
-        /// An e-mail without a fingerprint was counted.
+        /// Whether an e-mail without a fingerprint was counted.
         bool untold = false;
     };
 

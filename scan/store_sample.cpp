@@ -22,8 +22,8 @@ class SampleWalk {
     std::vector<std::uint64_t> sample;
 
  private:
-    /// Takes the step, and once more when it fails: a fault of a moment must not make a store that
-    /// has moved look like another one. A fault that lasts is met again, and reported, by the scan.
+    /// Runs the step, and retries it once: a transient error must not make a moved store look like
+    /// a new one. The scan reports a permanent error when it reaches the same step.
     template <typename Step>
     void attempt(const Step& step) {
         const std::size_t before = sample.size();

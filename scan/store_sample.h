@@ -1,5 +1,5 @@
 #pragma once
-// By what a mail store is known again at another place: the fingerprints of its first e-mails.
+// Samples the fingerprints of a mail store's first e-mails, which identify it at another place.
 
 #include <cstddef>
 #include <cstdint>
@@ -9,11 +9,11 @@
 
 namespace pelk {
 
-/// The number of e-mails that a sample is made of.
+/// The number of e-mails in a sample.
 inline constexpr std::size_t kSampleSize = 16;
 
-/// Whether a scan passes over the items of the folder, as it is one of the session's default
-/// folders that are left out. A look-up that fails is handed to `onFault`, and finds nothing.
+/// Whether a scan leaves out the folder's items because it is one of the session's left-out default
+/// folders. Passes the `Error` of a failed look-up to `onFault` and continues.
 template <typename Fault>
 bool isLeftOut(MailSession& session, MailFolder& folder, const Fault& onFault) {
     for (const DefaultFolder kind : session.leftOutFolders()) {
@@ -27,8 +27,8 @@ bool isLeftOut(MailSession& session, MailFolder& folder, const Fault& onFault) {
     return false;
 }
 
-/// Looks at the first e-mails below the top-level folder, in the order in which a scan takes them.
-/// What cannot be read is passed over.
+/// Returns the fingerprints of the first e-mails below the store's top-level folder, in the order
+/// of a scan. Skips everything that cannot be read.
 std::vector<std::uint64_t> takeSample(MailSession& session, MailFolder& store);
 
 }  // namespace pelk

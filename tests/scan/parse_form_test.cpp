@@ -29,7 +29,7 @@ class ParseFormTest : public ::testing::Test {
     std::string savedDate() { return core.storage().loadDatabase()->date(); }
 };
 
-TEST_F(ParseFormTest, showsItsTextsWholeAndChangesNothingUnlessStarted) {
+TEST_F(ParseFormTest, showsItsTextsInFullAndChangesNothingUnlessStarted) {
     showAndDo([this] {
         EXPECT_EQ(driver.textOf(form.staticLabel), "What a scan does.");
         EXPECT_EQ(driver.textOf(form.DynamicLabel), "Please click the start button!");
@@ -81,7 +81,7 @@ TEST_F(ParseFormTest, savesOnceAndTakesTheStampWhenTheWalkIsOver) {
     EXPECT_EQ(savedDate(), "2026-11-22T10:32:00");
 }
 
-TEST_F(ParseFormTest, tellsInOneBoxWhatWasLeftOutOrCouldNotBeRead) {
+TEST_F(ParseFormTest, reportsInOneBoxWhatWasLeftOutOrUnreadable) {
     client.stores.push_back({"Deleted Items", {mail("c@x", {"d@x"})}, {}});
     client.stores.push_back({"Locked", {}, {}});
     client.stores[2].refuses = true;
@@ -111,7 +111,7 @@ TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
     EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2") << "nothing is counted twice";
 }
 
-TEST_F(ParseFormTest, tellsOnceThatTheDatabaseIsFull) {
+TEST_F(ParseFormTest, reportsOnceThatTheDatabaseIsFull) {
     database = loadDocument(
         "<pelkDB date='1970-01-01T00:00:00' totalContacts='32766'><contacts/>"
         "<relations/></pelkDB>");
@@ -122,7 +122,7 @@ TEST_F(ParseFormTest, tellsOnceThatTheDatabaseIsFull) {
     EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2");
 }
 
-TEST_F(ParseFormTest, aMailClientThatRefusesLeavesTheDateAsItWas) {
+TEST_F(ParseFormTest, aRefusingMailClientLeavesTheDateUnchanged) {
     client.refusesSession = true;
     core.dialogs.expectMessage("The mail client refuses access to its mail.");
     showAndDo([this] {

@@ -38,7 +38,7 @@ TEST_F(ScannerTest, countsAnEmailAndEachPairOfSenderAndRecipient) {
     EXPECT_EQ(weight("ann@a", "bob@b"), 3);
     EXPECT_EQ(weight("ann@a", "cy@c"), 1);
     EXPECT_EQ(weight("bob@b", "cy@c"), 0);
-    EXPECT_EQ(database.contact(1)->name, "Ann") << "the name of the first sighting stays";
+    EXPECT_EQ(database.contact(1)->name, "Ann") << "keeps the first name";
     EXPECT_EQ(outcome.mails, 3);
     EXPECT_EQ(outcome.contacts, 4U);
     EXPECT_EQ(outcome.relations, 3U);
@@ -68,7 +68,7 @@ TEST_F(ScannerTest, countsOnlyWhatIsNewerThanTheLastScan) {
     EXPECT_EQ(database.totalMails(), "1");
 }
 
-TEST_F(ScannerTest, countsTheEmailBeforeAnItemThatIsNone) {
+TEST_F(ScannerTest, countsTheEmailBeforeANonMailItemAgain) {
     client.stores = {{"First", {report(), mail("a@x", {"b@x"}), report(), report()}, {}},
                      {"Second", {report(), mail("a@x", {"c@x"})}, {}}};
     const ScanOutcome outcome = scan();
@@ -92,12 +92,12 @@ TEST_F(ScannerTest, aFaultAbandonsOnlyItsStep) {
     EXPECT_EQ(weight("a@x", "b@x"), 2);
     EXPECT_EQ(weight("a@x", "c@x"), 2) << "recipients after a bad one are recorded";
     EXPECT_EQ(weight("d@x", "e@x"), 0);
-    EXPECT_NE(database.contactIdByAddress("e@x"), 0) << "those beside a bad sender are contacts";
+    EXPECT_NE(database.contactIdByAddress("e@x"), 0) << "recipients of a bad sender are contacts";
     EXPECT_EQ(outcome.faults, 3);
     EXPECT_EQ(outcome.firstFault, "Access to the folder Refused was refused.");
 }
 
-TEST_F(ScannerTest, aLookUpThatFailsLosesNothingElse) {
+TEST_F(ScannerTest, aFailedLookUpLosesNothingElse) {
     client.stores = {{"Store", {mail("a@x", {"b@x"}), report()}, {}}};
     client.stores[0].refusesName = client.refusesDefaultFolders = true;
     const ScanOutcome outcome = scan();
@@ -105,10 +105,10 @@ TEST_F(ScannerTest, aLookUpThatFailsLosesNothingElse) {
     EXPECT_EQ(outcome.faults, 3);
     EXPECT_EQ(scanWarnings(outcome),
               std::vector<std::string>{
-                  "3 times something could not be read, first: There is no such folder."});
+                  "Something could not be read, 3 times in all. First: There is no such folder."});
 }
 
-TEST_F(ScannerTest, anItemThatCannotBeReadLeavesNoneToCountOnceMore) {
+TEST_F(ScannerTest, anUnreadableItemIsNotFollowedByAnExtraCount) {
     MemoryItem refusing = mail("c@x", {"d@x"});
     refusing.refuses = true;
     scanItems({mail("a@x", {"b@x"}), refusing, report(), mail("a@x", {"b@x"}), report()});
@@ -131,11 +131,11 @@ TEST_F(ScannerTest, countsACopyInAnotherFolderOnceUnlessAskedForAll) {
     EXPECT_EQ(scanMessage(outcome), "");
     outcome = Scanner(database, *language, progress, StoreLedger(database.date()), {true, ""})
                   .scan(*client.session());
-    EXPECT_EQ(outcome.mails, 7) << "the copy, and once more for the report behind it";
+    EXPECT_EQ(outcome.mails, 7) << "the copy, and again for the report after it";
     EXPECT_EQ(outcome.copies, 0);
 }
 
-TEST_F(ScannerTest, saysWhatAndWhoWasLeftOut) {
+TEST_F(ScannerTest, reportsWhatAndWhoWasLeftOut) {
     MemoryItem binned = mail("a@x", {"b@x"});
     binned.label = DefaultFolder::DeletedItems;
     MemoryItem draft = binned;
@@ -154,7 +154,7 @@ TEST_F(ScannerTest, saysWhatAndWhoWasLeftOut) {
               "left out: 2 people with an apostrophe in the address");
 }
 
-TEST_F(ScannerTest, endsInOrderWhenTheDatabaseIsFull) {
+TEST_F(ScannerTest, finishesWhenTheDatabaseIsFull) {
     database = std::move(
         *loadDocument("<pelkDB date='1970-01-01T00:00:00' totalContacts='32765'><contacts/>"
                       "<relations/></pelkDB>"));

@@ -1,4 +1,4 @@
-// Each e-mail is counted once, in whatever store it lies and whatever fails.
+// Tests that each e-mail is counted once, in any store and despite any failure.
 
 #include <random>
 
@@ -14,7 +14,7 @@ LocalTime at(int second) {
     return {2026, 11, 20, second / 3600, second / 60 % 60, second % 60};
 }
 
-/// A platform, mail in stores that can be told apart, and what the database holds of it.
+/// A platform, mail in stores with places, and the database that counts it.
 class Scene {
  public:
     Scene() { setTime(1000); }
@@ -26,7 +26,7 @@ class Scene {
     int mails = 0;
 
     void setTime(int second) { core.clock.time = at(second); }
-    /// A further e-mail, from a person of its own.
+    /// Creates another e-mail, from a new sender.
     MemoryItem next(int second) {
         ++mails;
         MemoryItem item = mail("p" + std::to_string(mails) + "@x", {"b@x"}, at(second));
@@ -39,13 +39,13 @@ class Scene {
         return scanAndSave(*database, storage(), core.platform(), *client.session(), progress,
                            options);
     }
-    /// As the next start of the program does.
+    /// Loads the database as a new process does.
     void restart() {
         storage_.emplace(core.platform());
         database = storage_->loadDatabase();
     }
     Storage& storage() { return storage_ ? *storage_ : core.storage(); }
-    /// How often each e-mail has been counted, "1" a time in the usual case.
+    /// How often each e-mail has been counted, one digit each.
     std::string times() const {
         std::string all;
         for (int number = 1; number <= mails; ++number) {
@@ -70,7 +70,7 @@ MemoryFolder folderAt(const std::string& place, std::vector<MemoryItem> items,
 
 using Notes = std::vector<std::string>;
 
-TEST(StoreScan, countsAStoreThatItMeetsLaterWhole) {
+TEST(StoreScan, countsAllOfAStoreThatAppearsLater) {
     Scene scene;
     scene.client.stores = {folderAt("/one", {scene.next(10)})};
     EXPECT_EQ(scanNotes(scene.scan()), Notes());
@@ -84,7 +84,7 @@ TEST(StoreScan, countsAStoreThatItMeetsLaterWhole) {
     EXPECT_EQ(scene.database->date(), formatStamp(at(2000)));
 }
 
-TEST(StoreScan, takesAnOlderDatabasesDateForTheStoresItIsFirstOpenedWith) {
+TEST(StoreScan, appliesAnOlderDatabasesDateToTheStoresOfItsFirstScan) {
     Scene scene;
     scene.database->setDate(formatStamp(at(500)));
     scene.client.stores = {folderAt("/one", {scene.next(400), scene.next(600)})};
@@ -94,7 +94,7 @@ TEST(StoreScan, takesAnOlderDatabasesDateForTheStoresItIsFirstOpenedWith) {
     EXPECT_EQ(scene.times(), "011");
 }
 
-TEST(StoreScan, knowsTheSameMailAtANewPlace) {
+TEST(StoreScan, recognisesTheSameMailAtANewPlace) {
     Scene scene;
     std::vector<MemoryItem> items;
     for (int second = 0; second < 20; ++second)
@@ -114,17 +114,17 @@ TEST(StoreScan, knowsTheSameMailAtANewPlace) {
     EXPECT_EQ(scene.times(), std::string(23, '1'));
 }
 
-TEST(StoreScan, saysThatWhatCouldNotBeReadIsCountedLater) {
+TEST(StoreScan, reportsThatUnreadableMailIsCountedLater) {
     Scene scene;
     scene.client.stores = {folderAt("/mail", {scene.next(10), scene.next(20)})};
     scene.client.stores[0].items[0].refuses = true;
     EXPECT_EQ(scanWarnings(scene.scan()),
               Notes{"Something could not be read: The item cannot be opened. "
-                    "E-mails that could not be read are counted when they can be."});
+                    "Later scans count the e-mails that could not be read."});
     EXPECT_EQ(scene.times(), "01");
 }
 
-TEST(StoreScan, countsOnceWhatIsDatedAheadOfItsTime) {
+TEST(StoreScan, countsMailDatedInTheFutureOnce) {
     Scene scene;
     scene.client.stores = {folderAt("/mail", {scene.next(900), scene.next(5000)})};
     MemoryFolder& store = scene.client.stores[0];
@@ -139,7 +139,7 @@ TEST(StoreScan, countsOnceWhatIsDatedAheadOfItsTime) {
     EXPECT_EQ(scene.times(), "11");
 }
 
-TEST(StoreScan, countsFromADateThatIsGiven) {
+TEST(StoreScan, countsFromAGivenDate) {
     Scene scene;
     scene.client.stores = {folderAt("/mail", {scene.next(10), scene.next(20), scene.next(5000)})};
     scene.scan();
@@ -150,7 +150,7 @@ TEST(StoreScan, countsFromADateThatIsGiven) {
     EXPECT_EQ(scene.scan().mails, 0);
 }
 
-TEST(StoreScan, goesBackWithADatabaseThatIsTakenBack) {
+TEST(StoreScan, followsARestoredDatabase) {
     Scene scene;
     scene.client.stores = {folderAt("/mail", {scene.next(10), scene.next(9000)})};
     scene.scan();
@@ -176,7 +176,7 @@ TEST(StoreScan, goesBackWithADatabaseThatIsTakenBack) {
     EXPECT_EQ(scene.scan().mails, 0);
 }
 
-TEST(StoreScan, goesOnWithTheDatabasesDateWhenItsFileIsDamaged) {
+TEST(StoreScan, usesTheDatabasesDateWhenTheStoresFileIsDamaged) {
     Scene scene;
     scene.client.stores = {folderAt("/mail", {scene.next(10)})};
     scene.scan();
@@ -198,10 +198,10 @@ TEST(StoreScan, goesOnWithTheDatabasesDateWhenItsFileIsDamaged) {
     EXPECT_EQ(scene.times(), "110");
 }
 
-/// What happens at random to two stores and whoever scans them: one run of the test below.
-class Campaign : private FolderLog {
+/// Random deliveries, faults, scans and restarts over two stores: one run of the test below.
+class RandomRun : private FolderLog {
  public:
-    explicit Campaign(unsigned seed) : random_(seed) {
+    explicit RandomRun(unsigned seed) : random_(seed) {
         scene.client.stores = {folderAt("/a", {}, {folderAt("x/In", {}, {folderAt("y/Deep", {})})}),
                                folderAt("/b", {}, {folderAt("x/In", {})})};
     }
@@ -251,7 +251,8 @@ class Campaign : private FolderLog {
         for (MemoryItem& item : folder.items)
             item.refuses = false;
     }
-    /// A store, both, or a folder as a store of its own; the disk may fail, and the program end.
+    /// Scans one store, both, or a folder as a store of its own. The disk may fail, and the program
+    /// may restart afterwards.
     void scanSome() {
         const std::vector<MemoryFolder> all = scene.client.stores;
         const int which = chance(4);
@@ -278,7 +279,7 @@ class Campaign : private FolderLog {
             scene.restart();
     }
 
-    /// Mail comes while the scan is under way.
+    /// Delivers mail during the scan.
     void itemStarted(int) override {
         if (arrives_ && chance(6) == 0)
             deliver();
@@ -291,9 +292,9 @@ class Campaign : private FolderLog {
 
 TEST(StoreScan, countsEachEmailOnceWhateverHappens) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
-        Campaign campaign(seed);
-        campaign.run();
-        ASSERT_EQ(campaign.scene.times(), std::string(campaign.scene.times().size(), '1')) << seed;
+        RandomRun run(seed);
+        run.run();
+        ASSERT_EQ(run.scene.times(), std::string(run.scene.times().size(), '1')) << seed;
     }
 }
 
