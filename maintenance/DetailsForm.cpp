@@ -21,7 +21,7 @@ constexpr Rect line(int top, int lines = 1) {
 
 std::string nameToShow(const Database& database, int id) {
     const std::optional<Contact> contact = database.contact(id);
-    return contact ? contact->name : "a contact that is gone";
+    return contact ? contact->name : "a deleted contact";
 }
 
 int barValue(std::int64_t weight) {

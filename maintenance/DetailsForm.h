@@ -1,6 +1,6 @@
 #pragma once
-// How strong one relation is: the two contacts, and their e-mails against those of the strongest
-// relation of all.
+// Shows one relation: the two contacts, and their number of e-mails beside that of the strongest
+// relation.
 
 #include <memory>
 
@@ -16,9 +16,9 @@ class DetailsForm {
     /// Set before `fillInfo`; outlives the form's use of it.
     const Database* database = nullptr;
 
-    /// Shows the relation of two contacts, named in this order; says so when they have none.
+    /// Shows the relation of two contacts, named in this order, or a text that there is none.
     void fillInfo(int firstId, int secondId);
-    /// Shows what has become of the relation after a change of the database.
+    /// Updates the form after a change of the database.
     void refresh() { fillInfo(firstId_, secondId_); }
     void show() { window->show(); }
 

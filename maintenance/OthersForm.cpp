@@ -35,7 +35,7 @@ OthersForm::OthersForm(Toolkit& toolkit, const Platform& platform, Storage& stor
     window->setCaption("Other options");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
-    // An import runs to its end; until then the form stays.
+    // The form cannot be closed during an import.
     window->onCloseRequest = [this] { return !importing_; };
     configButton.onClick = [this] { configure(); };
     exportButton.onClick = [this] { exportButtonClick(); };

@@ -19,9 +19,9 @@ class OthersForm : private ImportGuide {
 
     /// Set before the form is shown; outlives the form's use of it.
     Database* database = nullptr;
-    /// Lets the user set the thresholds; hears that a command has changed the database. Set before
-    /// the form is shown.
+    /// Lets the user set the thresholds. Set before the form is shown, like `databaseChanged`.
     std::function<void()> configure;
+    /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
 
     void show() { window->show(); }

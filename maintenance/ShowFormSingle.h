@@ -1,5 +1,5 @@
 #pragma once
-// One contact and its direct relations, coloured by strength.
+// Shows one contact and its direct relations, coloured by strength.
 
 #include <cstdint>
 #include <functional>
@@ -19,16 +19,16 @@ class ShowFormSingle {
 
     /// Set before `startShowing`; outlives the form's use of it.
     const Database* database = nullptr;
-    /// Where a relation is handed to. Set before the form is shown.
+    /// Opens the details of a relation. Set before the form is shown.
     std::function<void(int contactId, int relatedId)> openDetails;
 
-    /// Shows the contact that owns the address, with strengths measured against the strongest
-    /// relation of this moment.
+    /// Shows the contact that owns the address. Strengths are relative to the relation that is
+    /// strongest now.
     void startShowing(const std::string& address);
-    /// Builds the tree of the contact that owns the address; one node that says so when nobody
-    /// does.
+    /// Builds the tree of the contact that owns the address, or one node that says that there is no
+    /// such contact.
     void fillTree(const std::string& address);
-    /// Shows what has become of the contact after a change of the database.
+    /// Updates the tree after a change of the database.
     void refresh();
     void show() { window->show(); }
 

@@ -1,8 +1,8 @@
 #pragma once
-// What users do to contacts, saved: the forms and the command line both act through these.
+// Edits contacts and saves the database, for the forms and the command line.
 //
-// Each throws `Error`, with nothing changed, when it is refused or no copy can be kept of what it
-// removes. `Storage::saveChange` says what comes of a save that fails.
+// Each function changes nothing and throws `Error` when the edit is invalid, or when it removes
+// data and the backup fails. `Storage::saveChange` describes a failed save.
 
 #include <string>
 #include <vector>
@@ -12,15 +12,15 @@
 
 namespace pelk {
 
-/// Gives the contact another name, which is cleaned of what a document cannot carry. Refused when
-/// the name is empty. Does nothing when there is no such contact.
+/// Renames a contact, with `cleanText(name)`. A name that is then empty is invalid. Does nothing
+/// when there is no such contact.
 void renameContact(Database& database, Storage& storage, int id, const std::string& name);
 
-/// Removes contacts with all their relations; ids of no contact are passed over.
+/// Removes contacts with all their relations. Skips ids without a contact.
 void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids);
 
-/// Folds contacts into the first as `foldContacts` does, under a name that is cleaned and not
-/// empty. Returns false, with nothing changed, when fewer than two of them are there.
+/// Merges contacts into the first one as `foldContacts` does, under `cleanText(name)`, which must
+/// not be empty. Changes nothing and returns false when fewer than two of them exist.
 bool mergeContacts(Database& database, Storage& storage, const std::vector<int>& ids,
                    const std::string& name);
 

@@ -6,7 +6,7 @@
 namespace pelk {
 namespace {
 
-/// The ids of contacts, each once, in the order given.
+/// Returns the ids that have contacts, each once, in the order given.
 std::vector<int> existingContacts(const Database& database, const std::vector<int>& ids) {
     std::vector<int> existing;
     std::unordered_set<int> seen;
@@ -16,7 +16,7 @@ std::vector<int> existingContacts(const Database& database, const std::vector<in
     return existing;
 }
 
-/// A pair has one relation at most; where that does not hold, nobody knows what the several mean.
+/// Refuses a document with several relations of one pair: it is unclear how to add them up.
 void refuseRepeatedRelations(const Database& database, const std::vector<int>& ids) {
     std::unordered_set<int> unrelated(ids.begin() + 1, ids.end());
     const std::unordered_set<int> others = unrelated;
@@ -43,8 +43,8 @@ void foldContacts(Database& database, const std::vector<int>& contacts, const st
 
 void mergeContact(Database& database, int survivor, int other, const std::string& name) {
     database.renameContact(survivor, name);
-    // An address that both have stands twice then. That is on purpose: every address that a
-    // contact was found under stays with it as it was met.
+    // An address of both contacts is then listed twice. This is on purpose: each contact keeps
+    // every address it was found under.
     database.moveAddresses(other, survivor);
     moveRelations(database, survivor, other);
     database.removeContacts({other});
@@ -54,8 +54,8 @@ void moveRelations(Database& database, int survivor, int other) {
     for (const Relation& relation : database.relationsOf(other)) {
         const int partner = relation.partnerOf(other);
         database.removeRelation(other, partner);
-        // The relation of the two is discarded with its weight, on purpose: mail between two
-        // addresses of one person is no relation. Nor is one with oneself, or with nobody.
+        // The relation between the two is dropped with its weight, on purpose: mail between two
+        // addresses of one person is no relation. Relations with oneself or an invalid id go, too.
         if (partner != survivor && partner != other && partner != 0)
             database.addRelationWeight(survivor, partner, roundToInteger(relation.weight));
     }

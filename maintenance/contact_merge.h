@@ -1,5 +1,5 @@
 #pragma once
-// Folds the contacts of one person into one.
+// Merges the contacts of one person into one contact.
 
 #include <string>
 #include <vector>
@@ -8,21 +8,20 @@
 
 namespace pelk {
 
-/// Those of the contacts that are there, each once, in the order given: the first is the one that
-/// stays. Throws `Error` when the document holds several relations between that one and one of the
-/// others: nobody knows what the several mean.
+/// Returns the ids that have contacts, each once, in the order given. The first one survives the
+/// merge. Throws `Error` when the document has several relations between it and one of the others.
 std::vector<int> contactsToFold(const Database& database, const std::vector<int>& ids);
 
-/// Folds the contacts behind the first one into it, one after the other, and gives it the name.
-/// Requires: `contactsToFold` has returned them.
+/// Merges the other contacts into the first, in order, and gives it the name. Requires: `contacts`
+/// comes from `contactsToFold`.
 void foldContacts(Database& database, const std::vector<int>& contacts, const std::string& name);
 
-/// Names the survivor, gives it the addresses and the relations of the other contact, and removes
-/// that one. Both must exist.
+/// Renames the survivor, moves the addresses and relations of the other contact to it, and removes
+/// the other. Requires: both exist.
 void mergeContact(Database& database, int survivor, int other, const std::string& name);
 
-/// Moves the relations of the other contact to the survivor. Where both are related to the same
-/// partner, the weights are added up.
+/// Moves the relations of the other contact to the survivor. Adds up the weights where both are
+/// related to the same partner.
 void moveRelations(Database& database, int survivor, int other);
 
 }  // namespace pelk

@@ -10,7 +10,7 @@
 namespace pelk {
 namespace {
 
-/// The database in the file, or what is wrong with it.
+/// The database in the file, or the reason why it is refused.
 struct ImportedFile {
     std::unique_ptr<Database> database;
     ImportResult refusal;
@@ -31,8 +31,8 @@ ImportedFile readFile(const std::string& path, Storage& storage) {
     return {std::move(database), {}};
 }
 
-/// The import stands by now: tried again, it would count every weight twice. So a copy that cannot
-/// be written is no failure of the import.
+/// The import is complete by now, and a second one would count every weight twice. So a failure to
+/// write the copy does not fail the import.
 ImportResult writePlainCopy(const Database& database, Storage& storage) {
     try {
         storage.writePlainCopy(database);

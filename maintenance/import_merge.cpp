@@ -9,8 +9,8 @@
 namespace pelk {
 namespace {
 
-/// What the user is asked. The contacts that would be merged are not named: the list of them is
-/// emptied before the question is put together. This order is kept on purpose, see `importContact`.
+/// The question to the user. It does not list the contacts to merge, on purpose: the list is
+/// emptied before the question is built, see `importContact`.
 std::string mergeQuestion(const std::string& name) {
     return "The following contacts will be merged under the name " + name + ": Shall I continue?";
 }
@@ -35,8 +35,8 @@ class Import {
     }
 
  private:
-    /// Returns false when the import ends here. After an OK there is no survivor left in the list
-    /// to merge anybody into, so nothing can be done but to end.
+    /// Returns false when the import ends here: after an OK, the list of contacts to merge is
+    /// empty, so the merge cannot be carried out.
     bool importContact(const XmlElement& element) {
         const Contact contact = readContact(element);
         const std::vector<int> owners = ownersOf(contact.addresses);
@@ -68,8 +68,8 @@ class Import {
             current_.addRelationWeight(*id1, *id2, roundToInteger(relation.weight));
     }
 
-    /// The contact that owns the first address of an imported one; both ends of a relation may have
-    /// become one person.
+    /// Returns the id of the contact that owns the imported contact's first address. Two imported
+    /// contacts may lead to the same one.
     std::optional<int> currentIdOf(int importedId) const {
         const std::optional<Contact> contact = imported_.contact(importedId);
         if (!contact || contact->addresses.empty())
@@ -81,7 +81,7 @@ class Import {
     Database& current_;
     const Database& imported_;
     ImportGuide& guide_;
-    /// Imported ids.
+    /// The imported ids of contacts that were left out.
     std::unordered_set<int> declined_;
 };
 

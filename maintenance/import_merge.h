@@ -1,6 +1,6 @@
 #pragma once
-// Folds an imported database into the current one: contacts are matched by their addresses, never
-// by their ids, and the weights of their relations are added up.
+// Merges an imported database into the current one. Contacts are matched by address, never by id;
+// the weights of their relations are added up.
 
 #include <string>
 
@@ -8,26 +8,26 @@
 
 namespace pelk {
 
-/// What an import asks and tells while it runs.
+/// Receives the questions and the progress of an import, on the thread of the import.
 class ImportGuide {
  public:
     virtual ~ImportGuide() = default;
-    /// The addresses of one imported contact belong to several contacts: OK (true) or Cancel.
+    /// Called when the addresses of an imported contact belong to several contacts. Returns whether
+    /// the user answers OK.
     virtual bool confirmsMerge(const std::string& question) = 0;
-    /// Before each contact and each relation.
+    /// Called before each contact and each relation.
     virtual void itemStarted() {}
 };
 
-/// Folds `imported` into `current`.
+/// Merges `imported` into `current` and returns true.
 ///
-/// An imported contact whose addresses belong to several contacts is left out, with its relations,
-/// when the guide answers Cancel. An OK ends the import, and false is returned: merging people on
-/// the word of a file is left to the user's own hand. Then, and when an `Error` is thrown,
-/// `current` is changed in part: work on a copy.
+/// If the addresses of an imported contact belong to several contacts, Cancel leaves it and its
+/// relations out. OK ends the import with the result false: users merge existing contacts
+/// themselves. In that case, and when an `Error` is thrown, `current` is partly changed, so callers
+/// pass a copy.
 ///
-/// A relation whose contacts cannot be found, or have become one person, is left out.
-///
-/// An address may hold an apostrophe, which no scan lets in: the person is imported like any other.
+/// Relations whose contacts cannot be found, or are now the same contact, are left out. Unlike a
+/// scan, an import accepts addresses with an apostrophe.
 bool importMerge(Database& current, const Database& imported, ImportGuide& guide);
 
 }  // namespace pelk

@@ -1,6 +1,6 @@
 #pragma once
-// The rule for every change that takes something away for good: first a copy of the user's file is
-// kept beside it, then comes the change, then the save. Nothing else calls `Storage::keepBackup`.
+// Every change that deletes data goes through these functions, which first back up the user's file
+// (`Storage::keepBackup`), then change the database, then save it.
 
 #include <functional>
 
@@ -9,13 +9,13 @@
 
 namespace pelk {
 
-/// Keeps the copy, changes the database and saves it (see `Storage::saveChange`). Throws `Error`,
-/// with nothing changed, when the copy cannot be kept.
+/// Backs up, changes the database and saves it (see `Storage::saveChange`). Throws `Error`, with
+/// nothing changed, when the backup fails.
 void changeWithBackup(Database& database, Storage& storage,
                       const std::function<void(Database&)>& change);
 
-/// Keeps the copy, saves another content in the place of the database's, and takes it over. Throws
-/// `Error`, with nothing changed in memory or on the disk, when any of that cannot be done.
+/// Backs up, saves `content` in place of the database's content, and then moves it into `database`.
+/// Throws `Error`, with nothing changed in memory or on disk, when a step fails.
 void replaceWithBackup(Database& database, Storage& storage, Database&& content);
 
 }  // namespace pelk

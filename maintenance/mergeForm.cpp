@@ -23,7 +23,7 @@ constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
 
 }  // namespace
 
-/// The doubled word in the first label is kept: users and the help know the text as it is.
+/// The repeated word "to" in the first label is kept on purpose: users and the help know the text.
 mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({},
@@ -72,7 +72,7 @@ void mergeForm::load() {
     window->show();
 }
 
-/// From the last row to the first, so that those still to be visited keep their places.
+/// Goes from the last row to the first, so that removing a row does not move the rows to come.
 void mergeForm::delcmdClick() {
     for (std::size_t row = listView.rows().size(); row-- > 0;)
         if (listView.isSelected(row))

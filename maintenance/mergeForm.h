@@ -1,5 +1,5 @@
 #pragma once
-// Collects the contacts that are one person, and merges them into the first.
+// Collects the contacts of one person and merges them into the first.
 
 #include <functional>
 #include <memory>
@@ -19,13 +19,13 @@ class mergeForm {
 
     /// Set before `addContact`; outlives the form's use of it.
     Database* database = nullptr;
-    /// Called when a merge has changed the database.
+    /// Called after a merge.
     std::function<void()> databaseChanged;
 
-    /// Adds a contact, unless it is in the list, as the text says it. Opens the form, empty but for
-    /// this contact, when it is not open.
+    /// Adds a contact under the given text, unless it is in the list already. If the form is
+    /// closed, clears the list first and opens the form.
     void addContact(int id, const std::string& text);
-    /// Takes the contacts out of the list that are no longer in the database.
+    /// Removes deleted contacts from the list.
     void refresh();
 
     const std::unique_ptr<Window> window;

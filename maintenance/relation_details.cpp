@@ -3,7 +3,7 @@
 namespace pelk {
 
 std::string RelationDetails::sentence() const {
-    // Only the first half follows its number.
+    // The second number always takes the plural, on purpose.
     return std::to_string(weight) + (weight == 1 ? " email has" : " emails have") +
            " been exchanged between these contacts, while in the most strong relation " +
            std::to_string(strongest) + " emails have been exchanged.";

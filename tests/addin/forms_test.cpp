@@ -143,7 +143,7 @@ TEST_F(FormsTest, showsHowStrongARelationIs) {
     database->removeContacts({2});
     choose({0, 0}, "More details");
     EXPECT_EQ(driver.textOf(form.part1Label), "Ann");
-    EXPECT_EQ(driver.textOf(form.part2Label), "a contact that is gone") << "not the one before";
+    EXPECT_EQ(driver.textOf(form.part2Label), "a deleted contact") << "not the one before";
     EXPECT_EQ(driver.textOf(form.moreLabel), "This relation is no longer in the database.");
     EXPECT_EQ(driver.progressOf(form.weightBar).value, driver.progressOf(form.weightBar).minimum);
 }

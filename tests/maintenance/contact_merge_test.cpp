@@ -16,7 +16,7 @@ struct Edge {
     int part1, part2, weight;
 };
 
-/// Five contacts, p1@x to p5@x, and these relations.
+/// Returns a database with five contacts, p1@x to p5@x, and the given relations.
 std::unique_ptr<Database> fiveContacts(const std::vector<Edge>& edges) {
     std::string xml =
         "<pelkDB date='2020-01-01T00:00:00' totalMails='9' totalContacts='5' maxInd='50' "
@@ -31,7 +31,7 @@ std::unique_ptr<Database> fiveContacts(const std::vector<Edge>& edges) {
     return loadDocument(xml + "</relations></pelkDB>");
 }
 
-/// The contacts, and the relations in document order.
+/// Returns the contacts and the relations in document order, as text.
 std::string summary(const Database& database) {
     std::string text;
     database.forEachContact([&text](const Contact& contact) {
@@ -47,7 +47,7 @@ void fold(Database& database, const std::vector<int>& ids) {
     foldContacts(database, contactsToFold(database, ids), "New");
 }
 
-TEST(ContactMerge, movesRelationsByTheirRules) {
+TEST(ContactMerge, movesAddsUpOrDropsRelations) {
     const struct {
         const char* what;
         std::vector<Edge> edges;
@@ -104,7 +104,7 @@ TEST(ContactMerge, changesNothingWhenItIsRefused) {
     EXPECT_EQ(database->xml(), before);
 }
 
-TEST(RelationDetails, saysBothWeightsInOneSentence) {
+TEST(RelationDetails, statesBothWeightsInOneSentence) {
     const std::unique_ptr<Database> database = fiveContacts({{1, 2, 1}, {2, 3, 1}, {3, 4, 12}});
     const std::optional<RelationDetails> one = relationDetails(*database, 2, 1);
     ASSERT_TRUE(one);

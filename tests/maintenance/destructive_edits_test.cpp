@@ -1,6 +1,5 @@
-// The rule for whatever takes something away for good: a copy is kept first, and what is reported
-// as failed has not happened. Every such act stands in the list below. Whatever has been done to a
-// database, its document can be loaded again.
+// Tests every edit that deletes data: it keeps a backup first, and changes nothing when it reports
+// a failure. Also tests that any series of edits leaves a document that can be loaded.
 
 #include <gtest/gtest.h>
 
@@ -32,9 +31,9 @@ struct Edit {
     void (*run)(Database&, Storage&);
 };
 
-/// Names the act in what a test prints.
-void PrintTo(const Edit& act, std::ostream* out) {
-    *out << act.name;
+/// Names the edit in test output.
+void PrintTo(const Edit& edit, std::ostream* out) {
+    *out << edit.name;
 }
 
 constexpr Edit kEdits[] = {
@@ -65,7 +64,8 @@ class DestructiveEdit : public ::testing::TestWithParam<Edit> {
     CorePlatform core;
     std::unique_ptr<Database> database;
 
-    /// A saved database, a file to import and, as in a program just started, no copy kept yet.
+    /// Saves a database and a file to import. Returns a storage that has kept no backup yet, like
+    /// one in a new process.
     Storage begin() {
         core.files.folders = {"/data/pelk"};
         core.files.files.clear();
@@ -77,7 +77,7 @@ class DestructiveEdit : public ::testing::TestWithParam<Edit> {
         return Storage(core.platform(), SaveFaults::Thrown);
     }
     std::string file() { return core.files.files["/data/pelk/pelk.db"]; }
-    /// Whether that content stands in a file beside the database.
+    /// Whether a file beside the database has that content.
     bool isKept(const std::string& content) {
         for (const auto& [path, text] : core.files.files)
             if (path.starts_with("/data/pelk/pelk.db.") && text == content)
@@ -86,7 +86,7 @@ class DestructiveEdit : public ::testing::TestWithParam<Edit> {
     }
 };
 
-TEST_P(DestructiveEdit, keepsACopyOfTheFileFirst) {
+TEST_P(DestructiveEdit, keepsABackupFirst) {
     Storage storage = begin();
     const std::string before = file();
     GetParam().run(*database, storage);
@@ -95,7 +95,7 @@ TEST_P(DestructiveEdit, keepsACopyOfTheFileFirst) {
     EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
 }
 
-TEST_P(DestructiveEdit, hasNotHappenedWhenItFailsAtAnyStep) {
+TEST_P(DestructiveEdit, changesNothingWhenAnyStepFails) {
     for (int step = 1;; ++step) {
         Storage storage = begin();
         const std::string before = file();
@@ -104,15 +104,15 @@ TEST_P(DestructiveEdit, hasNotHappenedWhenItFailsAtAnyStep) {
             break;
         ASSERT_EQ(file(), before) << "step " << step;
         ASSERT_TRUE(isKept(before) || database->xml() == loadDocument(kThree)->xml())
-            << "changed without a copy, step " << step;
+            << "changed without a backup, step " << step;
         ASSERT_LT(step, 40);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Edits, DestructiveEdit, ::testing::ValuesIn(kEdits),
-                         [](const auto& act) { return std::string(act.param.name); });
+                         [](const auto& edit) { return std::string(edit.param.name); });
 
-TEST(ContactEdits, cleanANameAndRefuseAnEmptyOne) {
+TEST(ContactEdits, cleanNamesAndRefuseEmptyOnes) {
     CorePlatform core;
     core.files.folders.insert("/data/pelk");
     const std::unique_ptr<Database> database = loadDocument(kThree);
@@ -123,14 +123,14 @@ TEST(ContactEdits, cleanANameAndRefuseAnEmptyOne) {
     EXPECT_THROW(renameContact(*database, core.storage(), 1, ""), Error);
     EXPECT_THROW(mergeContacts(*database, core.storage(), {1, 2}, ""), Error);
     EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
-    // Whoever is refused overwrites no earlier copy.
+    // A refused merge does not overwrite an earlier backup.
     Storage next(core.platform());
     core.files.files["/data/pelk/pelk.db.bak"] = "earlier";
     EXPECT_FALSE(mergeContacts(*database, next, {1, 1}, "Nobody"));
     EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], "earlier");
 }
 
-/// A text of what names and addresses may hold.
+/// Returns a random text of characters that names and addresses may contain.
 std::string oddText(std::mt19937& random) {
     constexpr const char* pieces[] = {"a",    "'",    "\"", "<b>",      "&",
                                       "]]>",  "\t\n", "\r", "\xC2\x85", "\xE2\x80\xAE",
@@ -142,7 +142,7 @@ std::string oddText(std::mt19937& random) {
     return text;
 }
 
-void meetAtRandom(Database& database, std::mt19937& random) {
+void addRandomRelation(Database& database, std::mt19937& random) {
     const std::string address = cleanText(oddText(random)) + "@x";
     if (database.ownerOf(address) == 0)
         database.addContact(cleanText(oddText(random)), address);
@@ -153,7 +153,7 @@ void meetAtRandom(Database& database, std::mt19937& random) {
         database.addRelationWeight(a, b, static_cast<int>(random() % 3));
 }
 
-TEST(ContactEdits, leaveADocumentThatLoadsAsItIs) {
+TEST(ContactEdits, leaveADocumentThatLoadsUnchanged) {
     CorePlatform core;
     core.files.folders.insert({"/data/pelk", "/addin"});
     Storage& storage = core.storage();
@@ -179,8 +179,8 @@ TEST(ContactEdits, leaveADocumentThatLoadsAsItIs) {
                     EXPECT_EQ(importDatabaseFile(*database, "/in.db", storage, guide).fault, "");
                     break;
                 default:
-                    meetAtRandom(*database, random);
-                    meetAtRandom(*other, random);
+                    addRandomRelation(*database, random);
+                    addRandomRelation(*other, random);
             }
         const LoadedDocument loaded = readDocument(database->xml(), storage);
         ASSERT_EQ(loaded.database->xml(), database->xml());

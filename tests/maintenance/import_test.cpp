@@ -7,7 +7,8 @@
 namespace pelk {
 namespace {
 
-/// Ann has two addresses; Bob wrote her 3 e-mails, and Cy none. The ids are not in order.
+/// Ann has two addresses. She exchanged 3 e-mails with Bob and none with Cy. The ids are not in
+/// order.
 constexpr const char* kImported =
     "<pelkDB date='2020-01-01T00:00:00' totalMails='5' totalContacts='9'><contacts>"
     "<contact id='7' name='Ann' note='kept'><emails><email value='ann@a'/><email value='ann@b'/>"
@@ -57,7 +58,7 @@ class ImportTest : public ::testing::Test, public ImportGuide {
     }
 };
 
-TEST_F(ImportTest, intoAnEmptyDatabaseNumbersContactsAnew) {
+TEST_F(ImportTest, intoAnEmptyDatabaseAssignsNewIds) {
     EXPECT_EQ(import(kImported), ImportOutcome::Imported);
     EXPECT_EQ(contacts(), "1Ann ann@a ann@b; 2Bob bob@a; 3Cy cy@a; ");
     EXPECT_EQ(current->contactElements().front().text("note"), "kept");
@@ -65,14 +66,14 @@ TEST_F(ImportTest, intoAnEmptyDatabaseNumbersContactsAnew) {
     EXPECT_EQ(current->totalContacts(), 3);
     EXPECT_EQ(weight(1, 2), 3);
     EXPECT_EQ(weight(1, 3), 0);
-    EXPECT_EQ(current->relationCount(), 2U) << "one that counts no e-mail is kept";
+    EXPECT_EQ(current->relationCount(), 2U) << "keeps a relation of no e-mails";
     EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
     const std::string plain = core.files.files["/addin/pelkdb.xml"];
     EXPECT_EQ(plain.substr(0, 6), std::string("\xFF\xFE<\0?\0", 6));
     EXPECT_EQ(plain.size(), 2 * current->xml().size() + 2);
 }
 
-TEST_F(ImportTest, twiceDoublesWeightsAndAddsNobody) {
+TEST_F(ImportTest, twiceDoublesWeightsAndAddsNoContacts) {
     import(kImported);
     core.shell.own = std::nullopt;
     EXPECT_EQ(import(kImported), ImportOutcome::Imported);
@@ -83,7 +84,7 @@ TEST_F(ImportTest, twiceDoublesWeightsAndAddsNobody) {
     EXPECT_TRUE(core.files.fileExists("/data/pelk/pelk.db.bak"));
 }
 
-TEST_F(ImportTest, givesAKnownContactItsFurtherAddresses) {
+TEST_F(ImportTest, addsNewAddressesToAKnownContact) {
     current->addContact("Anna", "ann@b");
     current->addContact("Robert", "bob@a");
     current->addRelationWeight(1, 2, 10);
@@ -121,7 +122,7 @@ TEST_F(ImportTest, endsQuietlyOnOkAndChangesNothing) {
     EXPECT_EQ(core.storage().loadDatabase()->xml(), before);
 }
 
-TEST_F(ImportTest, dropsRelationsWithinOnePersonAndToNobody) {
+TEST_F(ImportTest, dropsRelationsWithOneselfAndUnknownContacts) {
     current->addContact("Both", "bob@a");
     current->addAddresses(1, {"ann@a", "ann@b"});
     const auto merge = [this](const char* document) {
@@ -147,7 +148,7 @@ TEST_F(ImportTest, dropsRelationsWithinOnePersonAndToNobody) {
     EXPECT_TRUE(questions.empty()) << "two addresses of one contact are no conflict";
 }
 
-TEST_F(ImportTest, refusesWhatNoProgramOfOursHasWrittenAndNamesTheFault) {
+TEST_F(ImportTest, refusesAnUnsoundDocumentAndNamesTheFault) {
     const std::string before = current->xml();
     for (const auto& [sound, broken, named] : {std::tuple("2020-01-01", "2020-01-32", "2020-01-32"),
                                                {"weight='3'", "weight='-3'", "\"-3\""},
@@ -164,8 +165,8 @@ TEST_F(ImportTest, refusesWhatNoProgramOfOursHasWrittenAndNamesTheFault) {
     EXPECT_EQ(current->xml(), before);
 }
 
-/// Tried again, it would count every weight twice.
-TEST_F(ImportTest, isDoneThoughItsPlainCopyCannotBeWritten) {
+/// A repeated import would count every weight twice.
+TEST_F(ImportTest, succeedsWithoutItsPlainCopy) {
     import(kImported);
     importFile();
     const int before = core.files.steps;
@@ -188,7 +189,7 @@ TEST_F(ImportTest, changesNothingWhenTheDatabaseIsFull) {
     EXPECT_EQ(current->xml(), full);
 }
 
-TEST_F(ImportTest, noticesThatTheDatabaseWasEditedMeanwhile) {
+TEST_F(ImportTest, failsWhenTheDatabaseIsEditedDuringIt) {
     current->addContact("Zoe", "zoe@z");
     meanwhile = [this] { current->renameContact(1, "Zora"); };
     EXPECT_THROW(import(kImported), Error);
