@@ -70,7 +70,7 @@ std::uint32_t ContactIndex::positionOf(int id) const {
     return id >= 0 && id <= kMaxContactId ? byId_[static_cast<std::size_t>(id)].first : kNowhere;
 }
 
-/// A contact that lists the address already keeps its one place.
+/// Lists a contact once, even if it has the address several times.
 void ContactIndex::give(std::string address, std::uint32_t position) {
     Positions& owners = byAddress_[std::move(address)];
     const auto at = std::lower_bound(owners.begin(), owners.end(), position);

@@ -1,8 +1,8 @@
 #pragma once
 // Finds contacts by id and by address.
 //
-// Ids and addresses that stand twice in the document are all kept, so that the next one in
-// document order is found once the first is gone.
+// The index keeps all occurrences of a repeated id or address, so that it finds the next one in
+// document order after the first has been removed. Not thread-safe.
 
 #include <cstddef>
 #include <cstdint>
@@ -19,29 +19,29 @@ namespace pelk {
 class ContactIndex {
  public:
     ContactIndex() = default;
-    /// Takes in all contacts of the element in which they stand.
+    /// Indexes all contacts that are children of `container`.
     explicit ContactIndex(const XmlElement& container);
 
-    /// Takes in the contact that stands last in the document.
+    /// Indexes a contact that has just become the last one in the document.
     void append(const XmlElement& contact);
 
     std::size_t count() const { return count_; }
-    /// The highest of the ids, read leniently, of all contacts ever taken in; 0 without any.
+    /// The highest id, read leniently, of all contacts ever indexed; 0 if there is none.
     int highestId() const { return highestId_; }
-    /// The first contact in document order that has the id; an empty reference when there is none.
+    /// Returns the first contact in document order that has the id; an empty reference if none.
     XmlElement byId(int id) const;
-    /// The ids, read leniently, of all contacts that own the address, in document order. The first
-    /// alone is 0 when there is none.
+    /// Returns the ids, read leniently, of all contacts that own the address, in document order.
     std::vector<int> idsByAddress(const std::string& address) const;
+    /// Returns the first of them; 0 if there is none.
     int idByAddress(const std::string& address) const;
 
-    /// Forgets the contact that `byId` finds, and returns its element, which is still in the
-    /// document; an empty reference when there is none.
+    /// Removes the contact that `byId` finds from the index and returns its element, which remains
+    /// in the document; an empty reference if there is none.
     XmlElement take(int id);
-    /// Gives a contact, which exists, one more address.
+    /// Adds an address to a contact. Requires: the contact exists.
     void addAddress(int id, std::string address) { give(std::move(address), positionOf(id)); }
-    /// Gives the addresses of one contact to another; both exist, and their elements have not
-    /// been changed yet.
+    /// Moves the addresses of one contact to another. Requires: both exist, and the document has
+    /// not been changed yet.
     void moveAddresses(int fromId, int toId);
 
  private:
@@ -49,12 +49,12 @@ class ContactIndex {
 
     struct Entry {
         XmlElement element;
-        /// As it is read leniently. No contact's id ever changes.
+        /// The id, read leniently. It never changes.
         int id = 0;
-        /// The position of the next contact with the very same id.
+        /// The position of the next contact with the same id.
         std::uint32_t nextOfId = kNowhere;
     };
-    /// The contacts with one id, linked in document order: nearly always a single one.
+    /// The contacts with one id as a linked list in document order, nearly always of length 1.
     struct Chain {
         std::uint32_t first = kNowhere;
         std::uint32_t last = kNowhere;
@@ -68,7 +68,7 @@ class ContactIndex {
 
     std::size_t count_ = 0;
     int highestId_ = 0;
-    /// In document order, with an empty reference in the place of each that was taken.
+    /// In document order. A removed contact leaves an entry with an empty reference.
     std::vector<Entry> contacts_;
     std::vector<Chain> byId_ = std::vector<Chain>(kMaxContactId + 1);
     std::unordered_map<std::string, Positions> byAddress_;

@@ -1,5 +1,5 @@
 #pragma once
-// The e-mails that have been counted although a date alone would not tell so.
+// The e-mails that have been counted although their store's date does not cover them.
 
 #include <cstdint>
 #include <map>
@@ -8,22 +8,22 @@
 
 namespace pelk {
 
-/// Fingerprints of e-mails (`MailItem::fingerprint`), by the stamp of the scan that counted them.
+/// Maps the stamp of a scan to the fingerprints (`MailItem::fingerprint`) of e-mails it counted.
 class CountedAhead {
  public:
     using Prints = std::vector<std::uint64_t>;
 
-    /// Fingerprints that are there already, from whichever scan, are not added again.
+    /// Adds fingerprints, except those already listed for any scan.
     void add(const std::string& scan, Prints prints);
     void add(const CountedAhead& other);
     bool empty() const { return scans_.empty(); }
     bool contains(std::uint64_t print) const { return scanOf(print) != nullptr; }
-    /// The stamp of the scan that counted the e-mail; null when it is not one of these.
+    /// Returns the stamp of the scan that counted the e-mail; null when it is not listed.
     const std::string* scanOf(std::uint64_t print) const;
-    /// Forgets what scans after that stamp counted.
+    /// Removes all scans with a later stamp.
     void forgetAfter(const std::string& stamp);
 
-    /// By scan; the fingerprints of each in ascending order, none of them empty.
+    /// The fingerprints of each scan, ascending; no list is empty.
     const std::map<std::string, Prints>& scans() const { return scans_; }
 
  private:

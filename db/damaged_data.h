@@ -1,14 +1,13 @@
 #pragma once
-// The verdict on content, as opposed to a failure to get at it.
+// The error for damaged content, as opposed to content that cannot be read.
 
 #include "platform/error.h"
 
 namespace pelk {
 
-/// What was read is not what the program wrote: encrypted text that is foreign, cut short or
-/// altered, a text that is no well-formed document, a document that is no contact database. Only
-/// this may be taken for damage. A disk, a library or a lack of memory that prevented a verdict is
-/// another error.
+/// The content was read and is not what the program writes: ciphertext that is foreign, truncated
+/// or altered, a text that is not well-formed XML, or a document that is not a contact database.
+/// Only this error proves damage; failures of the disk, a library or the memory are other errors.
 class DamagedData : public Error {
  public:
     using Error::Error;

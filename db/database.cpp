@@ -11,22 +11,22 @@
 namespace pelk {
 namespace {
 
-/// The one element that the query selects. Throws `DamagedData` when it selects none or several.
+/// Returns the only element that the query selects. Throws `DamagedData` for none or several.
 XmlElement onlyElement(const XmlElement& root, const char* query) {
     const std::vector<XmlElement> found = root.select(query);
     if (found.size() != 1)
         throw DamagedData("It is not a contact database: it holds " + std::to_string(found.size()) +
-                          " elements " + query + " in place of one.");
+                          " elements " + query + " instead of one.");
     return found.front();
 }
 
-/// An address is looked up as the value in a query, which an apostrophe would end.
+/// Refuses what the query for an address cannot express: an apostrophe would end its string.
 void requireNoApostrophe(const std::string& address) {
     if (address.find('\'') != std::string::npos)
         throw MalformedQuery(queries::contactByAddress(address));
 }
 
-/// The first child of that name, which is created when there is none.
+/// Returns the first child of that name, after creating one if there is none.
 XmlElement childOrNew(const XmlElement& parent, const char* name) {
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling())
         if (child.name() == name)
@@ -58,7 +58,7 @@ std::optional<std::string> Database::putCountRight() {
     root_.setAttribute("totalContacts", std::to_string(highest));
     ++revision_;
     return "The count of contacts, totalContacts, was \"" + before +
-           "\", which would give an id twice or none at all. It has been set to " +
+           "\", which would assign an id twice or not at all. It has been set to " +
            std::to_string(highest) + ", the highest id in use.";
 }
 
@@ -110,7 +110,7 @@ std::vector<int> Database::ownersOf(const std::string& address) const {
     return contacts_.idsByAddress(address);
 }
 
-/// Hands out an id that nobody has had.
+/// Returns an id that no contact has ever had.
 int Database::takeNextId() {
     const std::int64_t last = totalContacts();
     if (last >= kMaxContactId)
@@ -182,7 +182,7 @@ void Database::moveAddresses(int fromId, int toId) {
 
 void Database::removeContacts(const std::vector<int>& ids) {
     for (const int id : ids) {
-        // Contacts whose id cannot be read have the id 0, too: it names none of them.
+        // Contacts with an unreadable id have id 0, so 0 identifies none of them.
         const XmlElement element = id > 0 ? contacts_.take(id) : XmlElement();
         if (!element)
             continue;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kSecondsPerDay = 24 * 60 * 60;
 
-/// Seconds on the wall clock, so that equal times of day are whole days apart.
+/// Counts wall-clock seconds, so that equal times of day are whole days apart.
 std::int64_t secondsSince1970(const LocalTime& time) {
     using namespace std::chrono;
     const sys_days midnight = year{time.year} / month{static_cast<unsigned>(time.month)} /
@@ -56,7 +56,7 @@ bool isStamp(std::string_view text) {
     const std::chrono::year_month_day day{std::chrono::year(time.year),
                                           std::chrono::month(static_cast<unsigned>(time.month)),
                                           std::chrono::day(static_cast<unsigned>(time.day))};
-    // Some systems count leap seconds.
+    // Second 60 is a leap second, which some systems report.
     return day.ok() && time.hour < 24 && time.minute < 60 && readInteger(text.substr(17)) <= 60;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
-// Date stamps: 19 characters of local time, 2005-02-03T05:07:09, that order as plain text.
+// Date stamps: local time in 19 characters, 2005-02-03T05:07:09, a form of ISO 8601 without a zone.
+// Stamps sort correctly as text.
 
 #include <string>
 #include <string_view>
@@ -8,20 +9,20 @@
 
 namespace pelk {
 
-/// The stamp of a database that was never scanned.
+/// The date of a database before its first scan.
 inline constexpr std::string_view kNeverScanned = "1970-01-01T00:00:00";
 
-/// The stamp of that moment; the year is written as it is, everything else with two digits.
+/// Returns the stamp of a time. The year is not padded; all other fields have two digits.
 std::string formatStamp(const LocalTime& time);
 
-/// The moment of a stamp. The seconds are not read: they are 0. Characters that are not digits
-/// read as 0.
+/// Returns the time of a stamp. Ignores the seconds and sets them to 0. A field that does not start
+/// with a number reads as 0.
 LocalTime parseStamp(std::string_view stamp);
 
-/// Whether the text is the stamp of a day that there is and of a time of that day.
+/// Whether the text is a stamp with an existing day and time of day.
 bool isStamp(std::string_view text);
 
-/// The wall-clock time from the stamp's moment to `now`, in days with fractions.
+/// Returns the wall-clock time from `stamp` to `now`, in days with fractions.
 double ageInDays(std::string_view stamp, const LocalTime& now);
 
 }  // namespace pelk

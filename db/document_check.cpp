@@ -22,19 +22,19 @@ namespace {
     throw Error("It is not a sound contact database: " + fault + ".");
 }
 
-/// The number that stands in the attribute, which must be in plain decimal form.
+/// Returns the attribute's number. Refuses a text that is not a plain decimal number of 0 or more.
 std::int64_t requireWholeNumber(const XmlElement& element, const char* attribute) {
     const std::string text = element.text(attribute);
     const char* const end = text.data() + text.size();
     std::int64_t number = -1;
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || number < 0 || std::to_string(number) != text)
-        refuse("\"" + text + "\" stands for the number " + attribute + " of an element " +
-               element.name());
+        refuse("the attribute " + std::string(attribute) + " of an element " + element.name() +
+               " is \"" + text + "\", which is not a whole number");
     return number;
 }
 
-/// Reads 0 where the attribute is missing, as the rest of the program does.
+/// Returns 0 for a missing attribute, as the rest of the program does.
 std::int64_t wholeNumberOrNone(const XmlElement& element, const char* attribute) {
     return element.attribute(attribute) ? requireWholeNumber(element, attribute) : 0;
 }
@@ -50,7 +50,7 @@ void requireThresholds(const XmlElement& root) {
                std::to_string(weak));
 }
 
-/// Checks the contacts one by one, and remembers their ids.
+/// Checks the contacts one by one and collects their ids.
 class ContactCheck {
  public:
     void operator()(const XmlElement& contact) {
@@ -67,12 +67,12 @@ class ContactCheck {
     bool knows(std::int64_t id) const { return ids_.contains(id); }
 
  private:
-    /// What a platform makes of letters beyond ASCII is its own affair: a database that was written
-    /// on another one may hold some that this one writes otherwise.
+    /// Checks the case of ASCII letters only: platforms differ in the lower case of other letters,
+    /// and the document may come from another platform.
     void checkAddress(const std::string& address, int id) {
         if (address.empty() || address != lowerAscii(address))
             refuse("contact " + std::to_string(id) + " has the address \"" + address + "\"");
-        // A merged contact may list an address twice.
+        // After a merge, a contact may list an address twice.
         if (owners_.emplace(address, id).first->second != id)
             refuse("the address " + address + " belongs to two contacts");
     }
@@ -85,7 +85,7 @@ class ContactCheck {
 
 void requireSoundDocument(const XmlElement& root) {
     if (const std::string date = root.text("date"); !isStamp(date))
-        refuse("its date is \"" + date + "\", which is no date");
+        refuse("its date \"" + date + "\" is not valid");
     wholeNumberOrNone(root, "totalMails");
     wholeNumberOrNone(root, "totalContacts");
     requireThresholds(root);

@@ -1,17 +1,15 @@
 #pragma once
-// Whether a document that comes from elsewhere keeps what the program's own documents promise.
+// Checks whether a foreign document keeps the invariants of the program's own documents.
 
 #include "platform/xml.h"
 
 namespace pelk {
 
-/// Throws `Error`, which names the first fault found, unless the document is one that the program
-/// can have written: its date is one, numbers are whole ones in plain decimal form, the thresholds
-/// lie within 0 to 100 and do not cross, ids are unique, an address is without capitals of ASCII
-/// and belongs to one contact, and relations join two different contacts of the document, each pair
-/// once, with the smaller id first.
-///
-/// Counters and thresholds may be missing, which reads as 0.
+/// Throws `Error`, which names the first fault, unless the document is one that the program can
+/// have written. The date is valid; numbers are whole and in plain decimal form; the thresholds are
+/// 0 to 100 and do not cross; ids are unique; an address has no ASCII capitals and belongs to one
+/// contact; a relation joins two different contacts of the document, each pair once, with the
+/// smaller id first. Missing counters and thresholds read as 0.
 void requireSoundDocument(const XmlElement& root);
 
 }  // namespace pelk

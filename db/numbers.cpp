@@ -14,7 +14,7 @@ bool isDigit(char c) {
 }  // namespace
 
 double readNumber(std::string_view text) {
-    // Nearly all numbers of a document are as plain and as small as an id.
+    // Fast path: nearly all numbers of a document are plain and as small as an id.
     if (const std::optional<int> plain = plainContactId(text))
         return *plain;
     const std::size_t start = text.find_first_not_of(" \t\r\n");
@@ -24,7 +24,7 @@ double readNumber(std::string_view text) {
     const bool negative = text.front() == '-';
     if (negative || text.front() == '+')
         text.remove_prefix(1);
-    // The library's reader knows words such as "inf" too; here a number starts with a digit.
+    // `from_chars` also accepts words such as "inf".
     if (text.empty() || (!isDigit(text.front()) && text.front() != '.'))
         return 0;
     double number = 0;

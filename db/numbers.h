@@ -1,5 +1,5 @@
 #pragma once
-// Numbers as the database document holds them: decimal text, read leniently.
+// Numbers in the database document: decimal text, read leniently.
 
 #include <cstdint>
 #include <optional>
@@ -7,24 +7,24 @@
 
 namespace pelk {
 
-/// Contact ids are 16-bit signed integers throughout: 1 to this one.
+/// The largest contact id. Ids start at 1 and fit a signed 16-bit integer.
 inline constexpr int kMaxContactId = 32767;
 
-/// The number that the text starts with, after blanks and a sign: "12abc" is 12, "-5" is -5.
-/// Empty text and text that starts otherwise are 0.
+/// Returns the number at the start of the text, after blanks and an optional sign: "12abc" is 12,
+/// "-5" is -5. Returns 0 when there is none.
 double readNumber(std::string_view text);
 
-/// The nearest integer, a half going to the even neighbour; values beyond 64 bits go to the limit.
+/// Rounds to the nearest integer, halves to even, and clamps to 64 bits.
 std::int64_t roundToInteger(double number);
 
-/// `readNumber` rounded.
+/// Returns `readNumber`, rounded.
 std::int64_t readInteger(std::string_view text);
 
-/// The id that the text reads as; 0, which no contact has, when it does not fit an id.
+/// Returns the text's number as an id; 0, which no contact has, when it is out of range.
 int readContactId(std::string_view text);
 
-/// The id of which `text` is the plain decimal form, without sign, blanks or leading zeros; only
-/// such text is found by a query for an id. Nothing for any other text or a larger number.
+/// Returns the id if `text` is its plain decimal form, without sign, blanks or leading zeros, and
+/// nothing otherwise. Only text in that form matches a query for an id.
 std::optional<int> plainContactId(std::string_view text);
 
 }  // namespace pelk

@@ -1,8 +1,8 @@
 #pragma once
-// The queries of the database document, as text. Look-ups answer from indexes; these say what
-// each look-up means, and the tests hold every index to them.
+// The XPath queries of the database document. They define what each look-up finds; the program
+// answers from indexes, and the tests compare these with the queries.
 //
-// Values are spliced in as they stand: an address with an apostrophe makes a malformed query.
+// Values are inserted without escaping, so an address with an apostrophe makes a malformed query.
 
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ inline std::string contactById(int id) {
     return "/pelkDB/contacts/contact[@id='" + std::to_string(id) + "']";
 }
 
-/// The contact that owns an address, given in lower case.
+/// Selects the contact that owns an address, given in lower case.
 inline std::string contactByAddress(std::string_view address) {
     return "/pelkDB/contacts/contact[emails/email/@value = '" + std::string(address) + "']";
 }
@@ -29,7 +29,7 @@ inline std::string relationsOf(int id) {
     return "/pelkDB/relations/relation[@part1='" + text + "' or @part2='" + text + "']";
 }
 
-/// The relation of a pair; with the larger id first it selects nothing.
+/// Selects the relation of a pair. Selects nothing when the larger id comes first.
 inline std::string relationOfPair(int smallerId, int largerId) {
     return "/pelkDB/relations/relation[@part1='" + std::to_string(smallerId) + "' and @part2='" +
            std::to_string(largerId) + "']";

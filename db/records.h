@@ -1,5 +1,5 @@
 #pragma once
-// Contacts and relations as values, and how they are read from their elements in the document.
+// Contacts and relations as values, and functions that read them from the document's elements.
 
 #include <string>
 #include <string_view>
@@ -18,23 +18,23 @@ struct Contact {
 };
 
 struct Relation {
-    /// The ids of its two ends; 0 for one that is no contact's id.
+    /// The ids of the two ends; 0 for an invalid id.
     int part1 = 0;
     int part2 = 0;
     /// The number of e-mails counted between the two.
     double weight = 0;
 
-    /// The other end of a relation of the contact `id`; the same contact when it is related to
-    /// itself. Throws `Error` when `id` is neither end.
+    /// Returns the end that is not `id`; `id` itself when both ends are equal. Throws `Error` when
+    /// `id` is neither end.
     int partnerOf(int id) const;
 };
 
 Contact readContact(const XmlElement& element);
 
-/// The addresses of a contact's element, in document order.
+/// Returns the addresses of a contact's element, in document order.
 std::vector<std::string> addressesOf(const XmlElement& contact);
 
-/// Calls the visitor with each child of that name, in document order.
+/// Calls `visit` with each child of that name, in document order.
 template <typename Visit>
 void forEachChild(const XmlElement& parent, std::string_view name, const Visit& visit) {
     for (XmlElement child = parent.firstChild(); child; child = child.nextSibling())
@@ -42,7 +42,7 @@ void forEachChild(const XmlElement& parent, std::string_view name, const Visit& 
             visit(child);
 }
 
-/// Calls the visitor with each element in which an address of the contact stands.
+/// Calls `visit` with each element that holds an address of the contact.
 template <typename Visit>
 void forEachEmail(const XmlElement& contact, const Visit& visit) {
     forEachChild(contact, "emails",

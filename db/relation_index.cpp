@@ -4,7 +4,7 @@
 
 namespace pelk {
 
-/// Calls the visitor with each end that is found, and its partner.
+/// Calls `visit` with each end that a query finds, and its partner.
 template <typename Visit>
 void RelationIndex::forEachEnd(const Ends& ends, const Visit& visit) {
     const auto [id1, id2] = ends;
@@ -14,7 +14,7 @@ void RelationIndex::forEachEnd(const Ends& ends, const Visit& visit) {
         visit(static_cast<std::size_t>(id2), id1);
 }
 
-/// The places of each contact are counted first, so that none of their lists has to grow.
+/// Counts the places of each contact first, so that no list is reallocated.
 RelationIndex::RelationIndex(const XmlElement& container) {
     std::vector<Ends> ends;
     std::vector<std::size_t> counts(byContact_.size());
@@ -48,7 +48,7 @@ void RelationIndex::addPlaces(std::uint32_t position, const Ends& ends) {
     });
 }
 
-/// Looks among the relations of whoever has fewer.
+/// Searches the relations of the contact that has fewer.
 const RelationEntry* RelationIndex::ofPair(int smallerId, int largerId) const {
     const Places& ofSmaller = placesOf(smallerId);
     const Places& ofLarger = placesOf(largerId);

@@ -1,8 +1,8 @@
 #pragma once
 // Finds relations by contact and by pair of contacts.
 //
-// What is taken leaves a gap, and the gaps are closed when they are more than half: so a change
-// costs no more, on the average, than the relations that it touches.
+// A removal leaves a gap. When more than half of the entries are gaps, the index is compacted, so a
+// change costs amortised time proportional to the relations it touches. Not thread-safe.
 
 #include <cstddef>
 #include <cstdint>
@@ -22,15 +22,15 @@ struct RelationEntry {
 class RelationIndex {
  public:
     RelationIndex() = default;
-    /// Takes in all relations of the element in which they stand.
+    /// Indexes all relations that are children of `container`.
     explicit RelationIndex(const XmlElement& container);
 
-    /// Takes in the relation that stands last in the document.
+    /// Indexes a relation that has just become the last one in the document.
     void append(XmlElement element);
 
     std::size_t count() const { return entries_.size() - gaps_; }
-    /// Calls the visitor with the entry of each relation, or of each relation of a contact, in
-    /// document order.
+    /// Call `visit` with the entry of each relation, or of each relation of a contact, in document
+    /// order.
     template <typename Visit>
     void forEach(const Visit& visit) const {
         for (const RelationEntry& entry : entries_)
@@ -43,29 +43,30 @@ class RelationIndex {
             if (const RelationEntry& entry = entries_[place.position]; entry.element)
                 visit(entry);
     }
-    /// The first relation of the pair in document order, until the next change; null when there
-    /// is none.
+    /// Return the first relation of the pair in document order; null if there is none. The pointer
+    /// is valid until the next change.
     const RelationEntry* ofPair(int smallerId, int largerId) const;
     RelationEntry* ofPair(int smallerId, int largerId);
 
-    /// Forgets the first relation of the pair, and returns its element, which is still in the
-    /// document; an empty reference when there is none.
+    /// Removes the first relation of the pair from the index and returns its element, which remains
+    /// in the document; an empty reference if there is none.
     XmlElement takeOfPair(int smallerId, int largerId);
-    /// The same for all relations of a contact.
+    /// Removes all relations of a contact from the index and returns their elements, which remain
+    /// in the document.
     std::vector<XmlElement> takeAllOf(int id);
 
  private:
     static constexpr int kNobody = -1;
 
     struct Place {
-        /// Of the entry.
+        /// The position of the entry.
         std::uint32_t position;
         /// The id of the contact at the other end; `kNobody` when no query for an id finds it.
         int partner;
     };
     using Places = std::vector<Place>;
 
-    /// The ids at the ends of a relation; `kNobody` for one that no query for an id finds.
+    /// The ids at the ends of a relation; `kNobody` for an id that no query finds.
     struct Ends {
         int id1;
         int id2;
@@ -82,7 +83,7 @@ class RelationIndex {
     /// In document order; a gap has no element.
     std::vector<RelationEntry> entries_;
     std::size_t gaps_ = 0;
-    /// The places of each contact's relations, gaps among them, in document order.
+    /// By id: the places of the contact's relations in document order, gaps included.
     std::vector<Places> byContact_ = std::vector<Places>(kMaxContactId + 1);
 };
 

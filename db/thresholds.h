@@ -1,11 +1,11 @@
 #pragma once
-// Which thresholds the user may set.
+// The rule for the thresholds that the user may set.
 
 namespace pelk {
 
-/// The two thresholds, in percent of the strongest relation's weight, must not cross. Equal ones
-/// are accepted, although the message speaks of more: then no relation is a medium one, which does
-/// no harm.
+/// Whether the two thresholds, in percent of the strongest relation's weight, do not cross. Equal
+/// ones are accepted although the message says "more": no relation is medium then, which is
+/// harmless.
 inline bool areAcceptable(int strong, int weak) {
     return strong >= weak;
 }

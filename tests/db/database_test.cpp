@@ -8,7 +8,7 @@
 namespace pelk {
 namespace {
 
-TEST(Database, ofAFirstStartIsEmptyAndFailsMalformedQueries) {
+TEST(Database, isEmptyAfterTheFirstStartAndFailsMalformedQueries) {
     const Database database = load(kFirstStartDocument);
     EXPECT_EQ(database.date(), "1970-01-01T00:00:00");
     EXPECT_EQ(database.totalMails(), "0");
@@ -21,7 +21,7 @@ TEST(Database, ofAFirstStartIsEmptyAndFailsMalformedQueries) {
     EXPECT_THROW(database.contactIdByAddress("o'hara@x"), MalformedQuery);
 }
 
-TEST(Database, writesTheDocumentToTheLetter) {
+TEST(Database, writesTheExactDocument) {
     Database database = load(kFirstStartDocument);
     EXPECT_EQ(database.addContact("Ann \"A\" & <Co>", "ann@a.example"), 1);
     EXPECT_EQ(database.addContact("", "bob@b.example"), 2);
@@ -43,7 +43,7 @@ TEST(Database, writesTheDocumentToTheLetter) {
     EXPECT_NO_THROW(requireSoundDocument(database.root()));
 }
 
-TEST(Database, refusesWhatIsNoContactDatabaseAndTheContactThatHasNoId) {
+TEST(Database, refusesOtherDocumentsAndContactsWithoutAnId) {
     for (const char* xml : {"<other/>", "<pelkDB/>", "<pelkDB><contacts/></pelkDB>",
                             "<pelkDB><contacts/><contacts/><relations/></pelkDB>"})
         EXPECT_THROW(load(xml), Error) << xml;
@@ -105,14 +105,14 @@ TEST(Database, addsWeightsOfRelations) {
     EXPECT_EQ(database.xml(), xml);
 }
 
-TEST(Database, findsTheNextRelationOfAPairThatStandsTwice) {
+TEST(Database, findsTheNextRelationOfARepeatedPair) {
     const std::string twice = relationXml("1", "2", "7") + relationXml("1", "2", "8");
     const std::string others =
         relationXml("3", "4", "1") + relationXml("3", "5", "1") + relationXml("3", "6", "1");
     const auto weight = [](const Database& database) {
         return database.relationOfPair(2, 1).value_or(Relation{}).weight;
     };
-    // The second time the gaps that the other relations leave have been closed before.
+    // Without the other relations, the first removal makes the index compact itself.
     for (const bool removeOthers : {false, true}) {
         Database database = load(documentOf(contactXml("1", "a@x"), others + twice));
         for (int id = 4; removeOthers && id <= 6; ++id)
@@ -132,7 +132,7 @@ TEST(Database, findsTheNextRelationOfAPairThatStandsTwice) {
     EXPECT_EQ(database.relationCount(), 3U);
 }
 
-/// What is said of a document with that date, these thresholds, contacts and relations.
+/// Returns the fault found in a document with these attributes, contacts and relations.
 std::string faultOf(const std::string& attributes, const std::string& contacts = "",
                     const std::string& relations = "") {
     return messageOf([&] {
@@ -183,7 +183,7 @@ TEST(DocumentCheck, acceptsWhatTheProgramCanHaveWritten) {
     EXPECT_EQ(faultOf(kDated, odd, relationXml("1", "2", "9223372036854775807")), "");
 }
 
-TEST(Database, putsACountRightThatWouldHandOutAnIdTwiceOrNone) {
+TEST(Database, repairsACountThatWouldRepeatIdsOrAssignNone) {
     for (const char* count : {"0", "4", "-7", "40000", "9223372036854775807", "x"}) {
         Database database = load("<pelkDB totalContacts='" + std::string(count) + "'><contacts>" +
                                  contactXml("5", "a@x") + "</contacts><relations/></pelkDB>");

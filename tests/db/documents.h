@@ -1,5 +1,5 @@
 #pragma once
-// Documents as text, put together for a test.
+// Builds the text of documents for tests.
 
 #include <string_view>
 

@@ -1,5 +1,5 @@
-// Look-ups and edits on random documents edited at random: each index stays equal to its query, and
-// what a sound document promises stays true.
+// Random edits of random documents: each index stays consistent with its query, and a sound
+// document stays sound.
 
 #include <random>
 
@@ -17,7 +17,7 @@ std::string address(int number) {
     return "p" + std::to_string(number) + "@x";
 }
 
-/// Tries one id and one address more than there can be.
+/// Also looks up one id and one address that cannot exist.
 std::string faultOfIndexes(const Database& database) {
     return indexFault(database, static_cast<int>(database.totalContacts()) + 1);
 }
@@ -28,7 +28,8 @@ class RandomEdits {
 
     int number(std::size_t most) { return static_cast<int>(random_() % (most + 1)); }
 
-    /// A document in which ids, addresses and pairs repeat, stand in the wrong order or are no ids.
+    /// Returns a document in which ids, addresses and pairs repeat, are out of order or are
+    /// invalid.
     std::string brokenDocument() {
         const auto id = [this] {
             const std::vector<std::string> odd{"", "x", "007", "+3", "40000"};
@@ -43,7 +44,7 @@ class RandomEdits {
         return documentOf(contacts, relations);
     }
 
-    /// Edits the database once; a sound one only as the program would.
+    /// Edits the database once. Keeps to the program's own kinds of edits if `sound`.
     void edit(Database& database, bool sound) {
         const int a = sound ? anyContact(database) : smallId();
         const int b = sound ? anyContact(database) : smallId();
@@ -80,11 +81,11 @@ class RandomEdits {
         }
     }
 
-    /// What each relation weighs, if the document began as a sound one without any.
+    /// The expected weight of each relation, for a sound document that began without relations.
     std::map<Pair, double> weights;
 
  private:
-    /// The smaller ids are the more frequent ones, so that pairs repeat.
+    /// Prefers small ids, so that pairs repeat.
     int smallId() { return number(number(kIds)); }
 
     int anyContact(Database& database) {
@@ -104,7 +105,7 @@ class RandomEdits {
     std::mt19937 random_;
 };
 
-TEST(Edits, keepEachIndexEqualToItsQuery) {
+TEST(Edits, keepEachIndexConsistentWithItsQuery) {
     RandomEdits edits(2026);
     for (int round = 0; round < 150; ++round) {
         Database database = load(edits.brokenDocument());

@@ -1,5 +1,5 @@
 #pragma once
-// Holds the look-ups of a database to the queries that they stand for.
+// Compares the look-ups of a database with the queries that define them.
 
 #include <algorithm>
 #include <optional>
@@ -38,14 +38,14 @@ inline std::string textOf(const auto& values) {
     return text;
 }
 
-/// Whether a look-up of one found the first that its query selects.
+/// Whether a look-up found the first element that its query selects.
 template <typename Value>
 bool isFirst(const std::optional<Value>& one, const std::vector<XmlElement>& selected) {
     return (one ? textOf(*one) : "") == (selected.empty() ? "" : textOf(selected.front()));
 }
 
-/// The first look-up of an id up to `highestId`, or of an address `p0@x` and on up to it, that
-/// answers otherwise than its query; empty when all agree.
+/// Looks up all ids up to `highestId` and all addresses from p0@x on with numbers up to it. Returns
+/// the first look-up that differs from its query; empty when all agree.
 inline std::string indexFault(const Database& database, int highestId) {
     const auto select = [&](const std::string& query) { return database.root().select(query); };
     for (int id = 0; id <= highestId; ++id) {

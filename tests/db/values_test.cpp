@@ -7,7 +7,7 @@
 namespace pelk {
 namespace {
 
-TEST(Numbers, areReadLenientlyAndRoundAHalfToTheEvenNeighbour) {
+TEST(Numbers, areReadLenientlyAndRoundHalvesToEven) {
     using Case = std::pair<const char*, double>;
     for (const auto& [text, number] : {Case("", 0),
                                        {"12abc", 12},
@@ -36,7 +36,7 @@ TEST(Numbers, idsFit16Bits) {
         EXPECT_EQ(plainContactId(text), std::nullopt) << text;
 }
 
-TEST(DateStamp, hasTwoDigitsForAllButTheYearAndIsReadWithoutItsSeconds) {
+TEST(DateStamp, padsAllButTheYearAndIsReadWithoutSeconds) {
     EXPECT_EQ(formatStamp({2005, 2, 3, 5, 7, 9}), "2005-02-03T05:07:09");
     EXPECT_EQ(formatStamp({2026, 11, 22, 23, 59, 58}), "2026-11-22T23:59:58");
     EXPECT_EQ(parseStamp("2005-02-03T05:07:59"), (LocalTime{2005, 2, 3, 5, 7, 0}));
@@ -50,7 +50,7 @@ TEST(DateStamp, agesInDays) {
     EXPECT_LT(ageInDays("2027-01-01T00:00:00", {2026, 11, 22, 0, 0, 0}), 0);
 }
 
-TEST(CleanText, keepsWhatXmlCanCarry) {
+TEST(CleanText, keepsXmlCharacters) {
     EXPECT_EQ(cleanText("Zoë Ωmega 李 🙂"), "Zoë Ωmega 李 🙂");
     EXPECT_EQ(cleanText(std::string_view("a\0b\tc\nd\x7F\xC2\x85", 10)), "a b c d  ");
     EXPECT_EQ(cleanText("\xFF|\xC0\xAF|\xED\xA0\x80|\xF5|\xE2\x82"),
