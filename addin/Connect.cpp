@@ -117,8 +117,8 @@ Database& Connect::requireDatabase() {
         load();
     if (!database_)
         throw Error(
-            "The contact database could not be loaded. Nothing is shown or changed until "
-            "the fault is mended and the mail client is started again.");
+            "The contact database could not be loaded. Nothing can be shown or changed until the "
+            "problem is solved and the mail client restarted.");
     return *database_;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
-// The add-in as the mail client sees it: owns the database, puts the menu on the client's tool
-// bar, and opens the forms.
+// The add-in as the mail client sees it: owns the database, adds the menu to the client's toolbar,
+// and opens the forms.
+//
+// Not thread-safe: all calls on the thread that owns the windows.
 
 #include <memory>
 #include <span>
@@ -15,41 +17,41 @@ namespace pelk {
 
 class Connect {
  public:
-    /// One of the things that the user can have done, wherever the mail client offers them.
+    /// A command for the user, in a menu or on a ribbon.
     struct Command {
         const char* caption;
-        /// Names the command to the mail client.
+        /// Identifies the command to the mail client.
         const char* tag;
-        /// What it does, as a sentence for a tip.
+        /// A sentence for the tooltip.
         const char* description;
         void (Connect::*clicked)();
-        /// Where its button is kept while it stands in the menu.
+        /// The member that owns the command's button while it is in the menu.
         std::unique_ptr<CommandButton> Connect::*button;
     };
 
-    /// When the database is loaded: at creation, or by the first command that needs it, in a mail
-    /// client that switches off an add-in which keeps it waiting.
+    /// Whether the constructor or the first command loads the database. `OnFirstUse` is for mail
+    /// clients that disable add-ins which start slowly.
     enum class Loading { AtOnce, OnFirstUse };
 
-    /// When loading fails the user is told, and every command that needs the database says so
-    /// again; nothing is written over what could not be read.
+    /// If loading fails, shows a message. Commands that need the database then throw `Error`, and
+    /// the unreadable file is never overwritten.
     Connect(Toolkit& toolkit, const Platform& platform, Loading loading = Loading::AtOnce);
 
-    /// Keeps the mail client, which must stay until disconnection, and builds the menu. Throws
-    /// `Error` when the client refuses the menu, but keeps the client all the same.
+    /// Stores the mail client, which must outlive the connection, and builds the menu. When the
+    /// client refuses the menu, throws `Error` but stays connected.
     void OnConnection(MailClient& mailClient);
-    /// Builds the menu of a connection whose client has refused it, as it had no window yet. Throws
+    /// Builds the menu later, for a client that refused it because it had no window yet. Throws
     /// `Error` when the client refuses again.
     void buildMenu();
-    /// To be called when `OnDisconnection` has to wait for a handler that is under way: a search
-    /// would run on for long.
+    /// Ends a running search. Called when `OnDisconnection` has to wait for a handler to return, as
+    /// a search may take long.
     void abandonSearch() { forms_.abandonSearch(); }
-    /// Takes the buttons out of the menu, unloads the forms and lets go of the mail client.
+    /// Removes the buttons from the menu, unloads the forms and releases the mail client.
     void OnDisconnection();
 
     /// All commands, in the order of the menu.
     static std::span<const Command> commands();
-    /// Does what a click on the command's button does.
+    /// Runs a command as a click on its button does.
     void run(const Command& command) { (this->*command.clicked)(); }
 
  private:

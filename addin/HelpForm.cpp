@@ -12,7 +12,7 @@ constexpr Rect kLabelBounds{kWideMargin, kWideMargin, kInnerSize.width - 2 * kWi
 
 HelpForm::HelpForm(Toolkit& toolkit, const Platform& platform)
     : window(toolkit.createWindow()),
-      helpLabel(window->addLabel(kLabelBounds, "The help opens in a window of its own.")),
+      helpLabel(window->addLabel(kLabelBounds, "The help opens in its own window.")),
       OK(window->addButton(centeredButton(kInnerSize), "OK")),
       platform_(platform) {
     window->setCaption("Help");

@@ -1,6 +1,6 @@
 #pragma once
-// A form that opens the help. The menu's button opens the help without it; it stands for those who
-// show forms themselves.
+// A form that opens the help. The menu opens the help without this form, which exists for callers
+// that show forms themselves.
 
 #include <memory>
 
@@ -13,7 +13,7 @@ class HelpForm {
  public:
     HelpForm(Toolkit& toolkit, const Platform& platform);
 
-    /// Opens the help at its contents. Throws `Error` when it cannot be opened.
+    /// Opens the help at its table of contents. Throws `Error` when it cannot be opened.
     void doHelp();
 
     const std::unique_ptr<Window> window;

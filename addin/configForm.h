@@ -1,5 +1,5 @@
 #pragma once
-// Sets the two thresholds that divide relations into strong, medium and weak ones.
+// Sets the two thresholds between strong, medium and weak relations.
 
 #include <memory>
 
@@ -17,7 +17,7 @@ class configForm {
     /// Set before `showModal`; outlives the form's use of it.
     Database* database = nullptr;
 
-    /// Shows the thresholds of the database, and returns when the user has applied others or
+    /// Shows the thresholds of the database modally. Returns when the user has applied new ones or
     /// cancelled.
     void showModal();
 

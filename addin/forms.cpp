@@ -6,8 +6,7 @@
 namespace pelk {
 namespace {
 
-/// Shows in a form what a change elsewhere has made of it. One that is not open is filled when it
-/// is opened.
+/// Updates a form after a change of the database. A closed form is filled when it opens.
 template <typename Form>
 void refreshIfOpen(const std::unique_ptr<Form>& form) {
     if (form && form->window->isVisible())
@@ -102,8 +101,8 @@ void Forms::openFind(const Database& database, int sourceId) {
     form.show();
 }
 
-/// While a search is under way its form comes to the front as it is; whoever wanted another one is
-/// told why it does not start.
+/// During a search, brings the form to the front unchanged, and tells the user why another search
+/// does not start.
 void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
     findFormDomain& form = created(findDomain, toolkit_, platform_);
     if (!form.isSearching()) {
@@ -122,8 +121,8 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
     form.show();
     if (form.sourceDomain != sourceDomain)
         platform_.dialogs.message("A search for the links of " + form.sourceDomain +
-                                      " is still running. Stop it or wait for its end before you "
-                                      "look for those of " +
+                                      " is still running. Stop it or wait until it ends before "
+                                      "you search for those of " +
                                       sourceDomain + ".",
                                   Buttons::Ok);
 }
@@ -149,7 +148,7 @@ void Forms::openAbout() {
     created(about, toolkit_).show();
 }
 
-/// The relations view is not among them: what a command of its own changes it shows itself.
+/// Updates all forms but the relations view, which updates itself after its own commands.
 void Forms::refreshBesideView() {
     refreshIfOpen(merge);
     refreshIfOpen(details);

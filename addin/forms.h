@@ -1,5 +1,5 @@
 #pragma once
-// The forms of the program: one of each, created on first use, and who hands over to whom.
+// The forms of the program, one of each, created on first use, and the connections between them.
 
 #include <memory>
 #include <string>
@@ -30,16 +30,16 @@ class Forms {
     Forms(Toolkit& toolkit, const Platform& platform, Storage& storage)
         : toolkit_(toolkit), platform_(platform), storage_(storage) {}
 
-    /// Each shows the form filled from the database, which outlives it.
+    /// Each function fills a form from the database, which outlives it, and shows it.
     void openScan(Database& database, MailClient& mailClient);
     void openView(Database& database);
     void openOthers(Database& database);
     void openAbout();
 
-    /// Ends a search that is under way, and with it the handler that runs it. To be called when
-    /// the forms are to be unloaded but cannot be yet, as they have handlers under way.
+    /// Ends a running search, and with it the handler that runs it. Called when the forms cannot be
+    /// unloaded yet because one of their handlers is running.
     void abandonSearch();
-    /// Destroys every form that was created, with its window.
+    /// Destroys all forms with their windows.
     void unload();
 
     /// The forms; null before the first use.

@@ -1,10 +1,10 @@
 #pragma once
-// The program's own name and version.
+// The name and version of the program.
 
 namespace pelk {
 
 inline constexpr const char* kProductName = "Pelk";
-/// Set by the build from the version of the project.
+/// Set by CMake from the project's version.
 inline constexpr const char* kProductVersion = PELK_VERSION;
 
 }  // namespace pelk

@@ -48,10 +48,10 @@ TEST_F(ConnectTest, putsItsMenuOnTheStandardBarOnceForEachConnection) {
     }
 }
 
-/// The view of a database, opened by its button, as far as the windows of the toolkit show it.
+/// Clicks the View button and checks which windows open.
 class ViewTest : public ConnectTest {
  protected:
-    /// Clicks View; the scan form, when it opens, is started, cancelled or, for "", just closed.
+    /// Clicks View. If the scan form opens, starts or cancels it, or closes it for "".
     void clickView(Connect& connect, const char* scanFormButton) {
         connect.OnConnection(client);
         bool scanFormSeen = false;
@@ -79,7 +79,7 @@ TEST_F(ViewTest, scansFirstWhenTheDatabaseWasNeverScanned) {
     EXPECT_EQ(totalMails(), "1");
 }
 
-TEST_F(ViewTest, opensAtOnceWhenTheLastScanIsSevenDaysOld) {
+TEST_F(ViewTest, opensImmediatelyWhenTheLastScanIsSevenDaysOld) {
     saveDatabaseScannedAt("2026-11-15T10:30:00");
     Connect connect(core.toolkit(), core.platform());
     clickView(connect, nullptr);
@@ -97,7 +97,7 @@ TEST_F(ViewTest, asksWhetherToScanWhenTheLastScanIsOlder) {
     clickView(connect, "");
 }
 
-TEST_F(ConnectTest, tellsFirstAndLaterScansApart) {
+TEST_F(ConnectTest, distinguishesFirstAndLaterScans) {
     for (const bool first : {true, false}) {
         saveDatabaseScannedAt(first ? "1970-01-01T00:00:00" : "2020-01-01T00:00:00");
         Connect connect(core.toolkit(), core.platform());
@@ -142,7 +142,7 @@ TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
     connect.OnDisconnection();
 }
 
-TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick) {
+TEST_F(ConnectTest, loadsTheDatabaseOnFirstUseForAQuickStart) {
     Connect connect(core.toolkit(), core.platform(), Connect::Loading::OnFirstUse);
     connect.OnConnection(client);
     client.button("About")->clicked();
@@ -155,7 +155,7 @@ TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick)
     connect.OnDisconnection();
 }
 
-TEST_F(ConnectTest, goesOnWithoutADatabaseThatCannotBeRead) {
+TEST_F(ConnectTest, continuesWithoutAnUnreadableDatabase) {
     saveDatabaseScannedAt("2020-01-01T00:00:00");
     const std::string before = core.files.files["/data/pelk/pelk.db"];
     core.files.readsFail = true;

@@ -1,4 +1,4 @@
-// The forms together, as the relations view hands over to them: what is done in one shows in all.
+// Tests the forms together: a change made in one form shows in all open ones.
 
 #include "addin/forms.h"
 
@@ -14,8 +14,8 @@ namespace {
 
 using Rows = std::vector<std::string>;
 
-/// Ann (1) wrote 10 e-mails with Bob, 4 with Cy and 1 with Dee; Bob (2) wrote 3 with Cy. Eve (5)
-/// knows nobody.
+/// Ann (1) exchanged 10 e-mails with Bob, 4 with Cy and 1 with Dee; Bob (2) exchanged 3 with Cy.
+/// Eve (5) has no relations.
 constexpr const char* kCommunity =
     "<pelkDB date='2026-11-20T00:00:00' totalMails='18' totalContacts='5' maxInd='50' minInd='10'>"
     "<contacts><contact id='1' name='Ann'><emails><email value='ann@b.a'/></emails></contact>"
@@ -164,7 +164,7 @@ TEST_F(FormsTest, showsAContactAlone) {
     EXPECT_EQ(driver.textOf(forms.details->part2Label), "Cy");
 }
 
-TEST_F(FormsTest, noFormShowsOrTouchesAContactThatIsGone) {
+TEST_F(FormsTest, noFormShowsOrEditsADeletedContact) {
     openContact({1}, 0);
     collect({2, 0});
     choose({0}, "Find the best link");
@@ -210,7 +210,7 @@ TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
     EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], renamed);
 }
 
-TEST_F(FormsTest, setsTheThresholdsButLetsThemNotCross) {
+TEST_F(FormsTest, setsThresholdsThatDoNotCross) {
     openOthers();
     const auto set = [this](int strong, int weak) {
         driver.later([this, strong, weak] {
@@ -297,9 +297,9 @@ TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
     };
     import(
         "/unsound.db",
-        "Error while loading file /unsound.db\nIt is not a sound contact database: \"-4\" stands "
-        "for the number weight of an element relation.");
-    // The database takes seven steps; before it there is nothing to keep a copy of.
+        "Error while loading file /unsound.db\nIt is not a sound contact database: the attribute "
+        "weight of an element relation is \"-4\", which is not a whole number.");
+    // Saving the database takes seven steps. There is no earlier file to back up.
     core.files.failAt = core.files.steps + 8;
     import("/sound.db",
            "The file was imported and the database saved; only the plain copy of it is missing. "
@@ -307,7 +307,7 @@ TEST_F(FormsTest, showsAnImportWhosePlainCopyIsMissingAndRefusesAnUnsoundFile) {
     EXPECT_EQ(saved()->contactCount(), 6U);
 }
 
-TEST_F(FormsTest, servesAContactWhoseAddressHasAnApostrophe) {
+TEST_F(FormsTest, handlesAnAddressWithAnApostrophe) {
     database->addContact("Pat", "o'hara@z");
     database->addMailBetween(1, 6);
     groupByDomains();
@@ -355,7 +355,7 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
         << "the strongest relation is gone, but once seen it stays the measure";
 }
 
-TEST_F(FormsTest, helpHasAFormOfItsOwn) {
+TEST_F(FormsTest, helpHasItsOwnForm) {
     HelpForm form(core.toolkit(), core.platform());
     form.window->show();
     driver.settle();
@@ -372,7 +372,7 @@ class DomainLinksTest : public FormsTest {
     void openFor(const TreePath& row) {
         groupByDomains();
         choose(row, "Find all possible links");
-        // Until the search is over, pending events are the acts of the test.
+        // During the search, the test's own actions take the place of pending events.
         core.dialogs.onPendingEvents = [this] {
             if (act)
                 act(++events);
@@ -452,7 +452,7 @@ TEST_F(DomainLinksTest, showsNothingOnceItsFormIsClosed) {
     EXPECT_EQ(driver.pointerOver(forms.findDomain->presTree), Pointer::Arrow);
 }
 
-TEST_F(DomainLinksTest, searchesTheDatabaseAsItIsAtEachPair) {
+TEST_F(DomainLinksTest, searchesTheCurrentDatabaseForEachPair) {
     openFor({0});
     act = [this](int event) {
         if (event != 2)
@@ -465,7 +465,7 @@ TEST_F(DomainLinksTest, searchesTheDatabaseAsItIsAtEachPair) {
     EXPECT_EQ(chains(), "Ann (ann@b.a) > Contact 3 is no longer in the database.");
 }
 
-TEST_F(DomainLinksTest, refusesAnotherSearchAndShowsAfterwardsWhatBecameOfTheDomains) {
+TEST_F(DomainLinksTest, refusesAnotherSearchAndUpdatesTheDomainsAfterwards) {
     openFor({0});
     findFormDomain& form = *forms.findDomain;
     act = [&](int event) {
@@ -475,8 +475,9 @@ TEST_F(DomainLinksTest, refusesAnotherSearchAndShowsAfterwardsWhatBecameOfTheDom
             return;
         choose({0}, "Find all possible links");
         core.dialogs.expectMessage(
-            "A search for the links of a is still running. Stop it or wait for its end before you "
-            "look for those of c.");
+            "A search for the links of a is still running. Stop it or wait until it ends before "
+            "you "
+            "search for those of c.");
         choose({1}, "Find all possible links");
         expectAgreement("Do you want to delete this domain?");
         choose({2}, "Delete");
