@@ -18,7 +18,7 @@ using Graph = boost::compressed_sparse_row_graph<boost::directedS, boost::no_pro
 
 struct Found {};
 
-/// Ends the search at the target.
+/// Stops the search at the target.
 struct EndAt : boost::default_dijkstra_visitor {
     explicit EndAt(Graph::vertex_descriptor contact) : target(contact) {}
     void examine_vertex(Graph::vertex_descriptor contact, const Graph&) const {

@@ -1,4 +1,5 @@
-// Work whose instructions ./bench-all has counted: counted_work scan MBOX, or counted_work link.
+// The work whose instructions ./bench-all counts. Usage: counted_work scan MBOX, or counted_work
+// link.
 
 #include <string>
 

@@ -1,5 +1,5 @@
-// How long the largest database takes to open and to save. Called as: database_speed FOLDER, where
-// it keeps a database.
+// Measures how long the largest database takes to open and to save. Usage: database_speed FOLDER,
+// which will hold a database.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -21,8 +21,8 @@ void writeAndFlush(const std::string& path, const std::string& content) {
     ::close(file);
 }
 
-/// Waits until the system is through with what a save left it to do. The processor stays awake, as
-/// it is after a scan or a command.
+/// Waits for the system to finish the deferred work of a save. Spins, so that the processor keeps
+/// its clock rate as it does after a scan or a command.
 void settle() {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(100);
     while (std::chrono::steady_clock::now() < end) {

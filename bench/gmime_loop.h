@@ -1,6 +1,6 @@
 #pragma once
-// The least that anybody must do who counts mail: find the messages, decode the fields that name
-// people and dates, and do nothing with them.
+// The minimal work of any program that counts mail: finds the messages, decodes the fields with
+// people and dates, and discards the results.
 
 #include <cstddef>
 #include <string>
@@ -14,7 +14,7 @@ std::size_t decodeMbox(const std::string& path);
 /// Reads each file of a directory to its end. Returns the number of bytes.
 std::size_t readFiles(const std::string& directory);
 
-/// Reads them and decodes as `decodeMbox` does.
+/// Reads the files and decodes each message as `decodeMbox` does.
 std::size_t decodeFiles(const std::string& directory);
 
 }  // namespace pelk

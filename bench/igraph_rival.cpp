@@ -46,7 +46,7 @@ class IgraphRival : public Rival {
  private:
     igraph_t graph_;
     igraph_vector_t costs_;
-    /// The relations of the chain found last.
+    /// The relations of the last chain found.
     igraph_vector_int_t chain_;
 };
 

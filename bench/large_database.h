@@ -1,5 +1,5 @@
 #pragma once
-// The largest database that is measured.
+// The largest database of the measurements.
 
 #include <cstddef>
 #include <string>
@@ -11,8 +11,8 @@ namespace pelk {
 inline constexpr std::size_t kMostContacts = kMaxContactId;
 inline constexpr std::size_t kManyRelations = 200000;
 
-/// A document with that many contacts, who have the names and addresses of `makePerson`, and that
-/// many relations between them, by a power law: the first contact has the most.
+/// Returns a document with that many contacts from `makePerson` and that many relations, which
+/// follow a power law: the first contact has the most.
 std::string makeLargeDocument(std::size_t contacts, std::size_t relations);
 
 }  // namespace pelk

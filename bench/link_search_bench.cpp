@@ -1,5 +1,5 @@
-// Times the search for links beside the shortest-path searches of graph libraries, and the search
-// between two domains beside one that builds a full matrix for each pair.
+// Compares the link search with the shortest-path searches of graph libraries, and the search
+// between two domains with one that builds a full cost matrix for each pair.
 
 #include <malloc.h>
 
@@ -20,7 +20,7 @@ namespace {
 constexpr int kSizes[] = {1000, 5000, 20000, kMaxContactId};
 constexpr int kDomainSize = 20000;
 constexpr int kPairs = 300;
-/// Of 20000 contacts, every 200th is a hundred.
+/// Gives each of the two domains 100 of the 20000 contacts.
 constexpr int kStride = 200;
 
 std::size_t bytesInUse() {
@@ -29,7 +29,7 @@ std::size_t bytesInUse() {
 }
 
 struct Result {
-    /// Per search.
+    /// The time of one search.
     double milliseconds = 0;
     double megabytes = 0;
     std::vector<int> costs;
@@ -102,7 +102,7 @@ void compareSearches(int contacts, Weights weights) {
                 fresh);
 }
 
-/// Lets the search run through, and may edit the database before each pair.
+/// Never stops the search; edits the database before each pair if `edits`.
 class Progress : public DomainSearchProgress {
  public:
     Progress(Database& database, bool edits) : database_(database), edits_(edits) {}

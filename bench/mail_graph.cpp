@@ -29,7 +29,7 @@ std::string domainOf(int id, int stride) {
 MailGraph makeMailGraph(int contacts, Weights weights) {
     Random random;
     MailGraph graph{contacts, {}, {}};
-    // Each contact as often as it has relations, so that a draw favours who has many.
+    // Lists each contact once for each of its relations, so that a draw prefers those with many.
     std::vector<int> ends;
     double strongest = 0;
     for (int id = 1; id <= contacts; ++id) {

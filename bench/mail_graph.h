@@ -1,5 +1,5 @@
 #pragma once
-// A made-up mailbox: who is related to whom, the same on every run.
+// A synthetic graph of contacts and relations, the same on every run.
 
 #include <memory>
 #include <utility>
@@ -16,24 +16,25 @@ struct MailGraph {
     std::vector<int> costs;
 };
 
-/// How often the relations of a weight occur.
+/// The distribution of the relations' weights.
 enum class Weights {
-    /// The rarer the stronger, as in mail: most are 1, the strongest are thousands.
+    /// As in mail: most weights are 1, a few are thousands.
     Mail,
-    /// All from 1 to 100 alike. The cheapest chain makes long detours then, and a search sees far
-    /// more contacts before it is sure.
+    /// Uniform from 1 to 100. The cheapest chain then makes long detours, so a search visits far
+    /// more contacts before it ends.
     Even
 };
 
-/// Contacts who know few and a few who know many: each newcomer is related to six who were there
-/// before, the likelier the more these know already.
+/// Returns a scale-free graph by preferential attachment (Barabási and Albert, "Emergence of
+/// scaling in random networks", Science 286, 1999): each new contact is related to six earlier
+/// ones, chosen in proportion to their number of relations.
 MailGraph makeMailGraph(int contacts, Weights weights);
 
-/// The graph as a database. Every `stride`-th contact has an address in source.example, and the
-/// ones after them have one in target.example.
+/// Returns the graph as a database. Every `stride`-th contact has an address in source.example, and
+/// the contact after it has one in target.example.
 std::unique_ptr<Database> makeDatabase(const MailGraph& graph, int stride);
 
-/// Pairs of two different contacts.
+/// Returns random pairs of two different contacts.
 std::vector<std::pair<int, int>> makePairs(int contacts, int count);
 
 }  // namespace pelk

@@ -75,7 +75,7 @@ std::string timeText(std::size_t number, const char* format) {
     return {text.data(), std::strftime(text.data(), text.size(), format, &utc)};
 }
 
-/// Lines of about `width` characters, each made of what `next` returns.
+/// Builds lines of about `width` characters from the strings that `next` returns.
 template <typename Next>
 std::string makeLines(std::size_t width, const Next& next) {
     std::string text;
@@ -87,7 +87,7 @@ std::string makeLines(std::size_t width, const Next& next) {
     return text;
 }
 
-/// Whole lines of a pool, about `size` bytes.
+/// Returns about `size` bytes of whole lines from a pool.
 std::string linesOf(const std::string& pool, std::size_t size, Random& random) {
     const std::size_t begin = pool.find('\n', random.below(pool.size() / 2)) + 1;
     return pool.substr(begin, pool.find('\n', begin + size) + 1 - begin);

@@ -1,5 +1,5 @@
 #pragma once
-// A made-up mailbox as mail programs write it.
+// Generates a synthetic mailbox in the form that mail programs write.
 
 #include <cstdint>
 #include <string>
@@ -10,19 +10,19 @@
 
 namespace pelk {
 
-/// Messages of 2 to 20 kB, small ones more often. Who writes and who is written to follows a power
-/// law over a number of people; most recipients are from the sender's own circle. There are names
-/// in several scripts as encoded words, quoted names, groups, long lists of recipients, folded
-/// fields, text parts and attachments.
+/// Makes messages of 2 to 20 kB, mostly small ones. Senders and recipients follow a power law over
+/// a number of people; most recipients are from the sender's own circle. The messages have names in
+/// several scripts as encoded words (RFC 2047), quoted names, groups, long lists of recipients,
+/// folded fields, text parts and attachments.
 class MailMaker {
  public:
     explicit MailMaker(std::size_t people);
 
-    /// Message `number`, the same on every run, without the line that parts messages in an mbox.
+    /// Returns message `number`, the same on every run, without the "From " line of an mbox.
     std::string message(std::size_t number) const;
-    /// That line, which tells of the same time.
+    /// Returns the "From " line of message `number`.
     std::string fromLine(std::size_t number) const;
-    /// When message `number` was sent, in seconds since 1970.
+    /// Returns the time at which message `number` was sent, in seconds since 1970 (UTC).
     static std::int64_t timeOf(std::size_t number);
 
  private:

@@ -1,5 +1,5 @@
-// Writes made-up mail: make_mail mbox|maildir PATH PEOPLE MESSAGES [DISTINCT]. With DISTINCT, the
-// messages repeat after as many: the same people and the same relations, however many messages.
+// Writes synthetic mail. Usage: make_mail mbox|maildir PATH PEOPLE MESSAGES [DISTINCT]. With
+// DISTINCT, the messages repeat after that many, so that their people and relations do not grow.
 
 #include <cstdio>
 #include <cstdlib>

@@ -12,7 +12,7 @@
 namespace pelk {
 namespace {
 
-/// Below 1 as a fraction: 1/17.3.
+/// Writes a ratio below 1 as a fraction, such as 1/17.3.
 std::string ratioText(double ratio) {
     char text[32];
     std::snprintf(text, sizeof text, ratio < 1 ? "1/%.3g" : "%.3g", ratio < 1 ? 1 / ratio : ratio);
@@ -21,7 +21,7 @@ std::string ratioText(double ratio) {
 
 void forgetFile(const std::string& path) {
     const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    // What is not on the disk yet would be kept.
+    // The system drops only pages that are on the disk.
     ::fdatasync(file);
     ::posix_fadvise(file, 0, 0, POSIX_FADV_DONTNEED);
     ::close(file);

@@ -1,5 +1,5 @@
 #pragma once
-// Times pieces of work beside each other, and prints what came out as rows of one table.
+// Measures pieces of work in turns and prints the results as rows of a table.
 
 #include <functional>
 #include <string>
@@ -15,28 +15,28 @@ struct Work {
     std::function<void()> prepare = {};
 };
 
-/// The median time of each in milliseconds. They run in turns, so that a slow moment of the machine
-/// falls on all alike.
+/// Returns the median time of each piece of work in milliseconds. The pieces run in turns, so that
+/// a slow phase of the machine affects all of them.
 std::vector<double> medians(int rounds, const std::vector<Work>& works);
 
 struct Result {
     std::string question;
-    /// Whether what is read was in the page cache ("warm") or not ("cold").
+    /// "warm" if the input is in the page cache, else "cold".
     const char* cache;
     double own;
     std::string other;
     double others;
     const char* unit;
-    /// The aim: `own` is at most so many times `others`. 0 for none.
+    /// The goal: `own` is at most this many times `others`; 0 if there is no goal.
     double limit;
 };
 
-/// A row of the table, written at once.
+/// Prints a row of the table and flushes it.
 void print(const Result& result);
-/// In the place of a row.
+/// Prints a row for a measurement that was skipped.
 void printSkipped(const std::string& question, const std::string& reason);
 
-/// Lets the system forget what it has cached of a file, or of the files in a directory.
+/// Drops a file, or the files in a directory, from the page cache.
 void forgetCached(const std::string& path);
 
 /// Whether the shell finds the command.

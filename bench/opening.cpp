@@ -49,7 +49,7 @@ BareOpening::BareOpening(std::string xml) {
     EVP_EncryptInit_ex(context.get(), EVP_aes_256_gcm(), nullptr, kKey, kNonce);
     EVP_EncryptUpdate(context.get(), bytesOf(sealed), &size, bytesOf(xml),
                       static_cast<int>(xml.size()));
-    // Without padding, of which the decoder would have to tell.
+    // A multiple of three needs no Base64 padding, which the decoder does not report.
     sealed.resize(sealed.size() / 3 * 3);
     encoded_.resize(sealed.size() / 3 * 4);
     EVP_EncodeBlock(bytesOf(encoded_), bytesOf(sealed), static_cast<int>(sealed.size()));

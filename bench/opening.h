@@ -1,5 +1,5 @@
 #pragma once
-// The largest database as a file of the program, and the least work that opens it.
+// The largest database as a file, and the minimal work that opens it.
 
 #include <string>
 
@@ -8,10 +8,10 @@
 
 namespace pelk {
 
-/// Answers what it was told to, and shows nothing.
+/// Gives the scripted answer and shows nothing.
 class SilentDialogs : public Dialogs {
  public:
-    /// What the user types next.
+    /// The text that the user types next.
     std::string answer;
 
     Answer message(const std::string& text, Buttons buttons) override;
@@ -25,7 +25,7 @@ class SilentDialogs : public Dialogs {
     void processPendingEvents() override {}
 };
 
-/// A data folder that holds the largest database.
+/// A data folder with the largest database.
 class LargeStore {
  public:
     explicit LargeStore(const std::string& folder);
@@ -34,18 +34,18 @@ class LargeStore {
     DesktopPlatform desktop;
     Platform platform;
     Storage storage;
-    /// The database's file.
+    /// The path of the database's file.
     std::string path;
 };
 
-/// Gives memory back to the system. A program that opens its database has just started, and gets
-/// its memory from there.
+/// Returns free memory to the system, as a program that opens its database has just started and has
+/// to request its memory.
 void giveMemoryBack();
 
-/// Decrypting and parsing alone, with nothing checked and nothing kept.
+/// Decrypts and parses without any checks or indexes.
 class BareOpening {
  public:
-    /// Encrypts the text once, to be decrypted by each run.
+    /// Encrypts the text once; each `run` decrypts it.
     explicit BareOpening(std::string xml);
     void run() const;
 

@@ -30,7 +30,7 @@ constexpr Script kScripts[] = {{{"Ann", "Robert", "Carla", "Dennis", "Edith", "F
 constexpr std::array<const char*, 5> kEndings = {"example", "example.com", "example.org",
                                                  "example.net", "test"};
 
-/// Six in ten names are plain ASCII.
+/// Draws a script: 60 % of the names are ASCII.
 const Script& drawScript(Random& random) {
     return kScripts[random.chance(0.6) ? 0 : 1 + random.below(std::size(kScripts) - 1)];
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Made-up people: names in several scripts, one address each.
+// Synthetic people: names in several scripts, one address each.
 
 #include <string>
 
@@ -10,7 +10,7 @@ struct Person {
     std::string address;
 };
 
-/// Person `number`, the same on every run; no two have one address.
+/// Returns person `number`, the same on every run. Each has a different address.
 Person makePerson(std::size_t number);
 
 }  // namespace pelk

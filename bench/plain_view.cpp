@@ -49,7 +49,7 @@ void PlainTree::addRowsBelow(const QStringList& texts) {
     endInsertRows();
 }
 
-/// Rows at the top have the internal id 0, those below the first have 1.
+/// Top-level rows have the internal id 0; rows below the first one have 1.
 QModelIndex PlainTree::index(int row, int column, const QModelIndex& parent) const {
     return createIndex(row, column, parent.isValid() ? 1 : 0);
 }

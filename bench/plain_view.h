@@ -1,5 +1,5 @@
 #pragma once
-// The toolkit's own cheapest way to show as many rows: its tree view over a list of texts.
+// Qt's cheapest way to show as many rows: its tree view over a list of texts.
 
 #include <QCollator>
 #include <QStringListModel>
@@ -9,7 +9,7 @@
 
 namespace pelk {
 
-/// The texts in the order of `QCollator`, letter case apart.
+/// Returns the texts in the order of `QCollator`, ignoring case.
 QStringList sortedTexts(const QStringList& texts);
 
 class PlainView {
@@ -23,12 +23,12 @@ class PlainView {
     QTreeView view_;
 };
 
-/// The same with rows below the first: a model that holds nothing but two lists.
+/// A minimal tree model of two lists: the top-level rows, and the rows below the first one.
 class PlainTree : public QAbstractItemModel {
  public:
     explicit PlainTree(QStringList top) : top_(std::move(top)) {}
 
-    /// Sorts the texts and adds them as rows below the first, where none were before.
+    /// Sorts the texts and adds them as rows below the first row. Requires: there are none yet.
     void addRowsBelow(const QStringList& texts);
 
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;

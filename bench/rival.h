@@ -1,5 +1,5 @@
 #pragma once
-// The searches of graph libraries in one shape.
+// A common interface to the searches of graph libraries.
 
 #include <memory>
 
@@ -10,12 +10,12 @@ namespace pelk {
 class Rival {
  public:
     virtual ~Rival() = default;
-    /// Finds the best chain from one contact to another and returns its cost. Ends, as the
-    /// program's own search does, when the target's distance is final.
+    /// Finds the best chain from one contact to another and returns its cost. Stops when the
+    /// target's distance is final, as the program's own search does.
     virtual int search(int source, int target) = 0;
 };
 
-/// Each with the graph built; null when its library is not there.
+/// Each returns its search with the graph built; null when its library is not installed.
 std::unique_ptr<Rival> makeBoostRival(const MailGraph& graph);
 std::unique_ptr<Rival> makeIgraphRival(const MailGraph& graph);
 

@@ -1,5 +1,5 @@
 #pragma once
-// A scan without a window, for measuring.
+// Runs a scan without a window.
 
 #include <memory>
 #include <string>
@@ -11,7 +11,7 @@ namespace pelk {
 
 std::unique_ptr<Database> makeEmptyDatabase();
 
-/// Counts all mail of an mbox or Maildir. Ends the program when a message cannot be read.
+/// Scans an mbox or Maildir. Exits when a message cannot be read.
 ScanOutcome scanMail(Database& database, const std::string& path);
 
 }  // namespace pelk

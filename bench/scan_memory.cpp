@@ -1,5 +1,5 @@
-// Whether a scan needs more memory for more messages, of the same people. Called as:
-// scan_memory FOLDER, with the mail that ./bench-all makes there.
+// Measures whether a scan needs more memory for more messages of the same people. Usage:
+// scan_memory FOLDER, with the mail that ./bench-all writes there.
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -15,7 +15,7 @@
 namespace pelk {
 namespace {
 
-/// The most memory that a process of its own needs for the scan, in MB.
+/// Returns the peak memory of a scan in a separate process, in MB.
 double megabytesFor(const std::string& path) {
     const pid_t child = ::fork();
     if (child == 0) {

@@ -1,5 +1,5 @@
-// How fast a scan is, beside the least work that finds the same, a script and a mail indexer.
-// Called as: scan_speed FOLDER, with the mail that ./bench-all makes there.
+// Compares the speed of a scan with minimal work on the same mail, a script and a mail indexer.
+// Usage: scan_speed FOLDER, with the mail that ./bench-all writes there.
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,5 +1,5 @@
-// How quickly the relations view answers on the largest database, beside the toolkit's cheapest way
-// to show as many rows. Called as: view_speed FOLDER, where it keeps a database.
+// Compares the speed of the relations view on the largest database with Qt's cheapest way to show
+// as many rows. Usage: view_speed FOLDER, which will hold a database.
 
 #include <QApplication>
 #include <algorithm>
@@ -19,7 +19,7 @@ namespace {
 constexpr int kRounds = 9;
 constexpr double kLimit = 3;
 
-/// Lets the toolkit lay out and paint what waits.
+/// Lets Qt finish pending layout and painting.
 void settle() {
     for (int i = 0; i < 3; ++i) {
         QCoreApplication::sendPostedEvents();
@@ -36,8 +36,8 @@ void compare(const std::string& what, const Work& own, const std::string& other,
     print({what, "warm", times[0], other, times[1], "ms", limit});
 }
 
-/// The names of those whom a contact is related to, in the order of the relations, by way of
-/// pugixml alone.
+/// Reads the names of a contact's related contacts, in the order of the relations, with pugixml
+/// only.
 class BareNames {
  public:
     BareNames(const Database& database, int contactId) : contacts_(kMostContacts + 1) {
@@ -120,7 +120,7 @@ class ViewSpeed {
                 {[&] { sortedTexts(list); }});
     }
 
-    /// To a row that is not there, so that all are looked at.
+    /// Searches for a row that does not exist, so that all are visited.
     void compareGoTo() {
         store_.dialogs.answer = "zzz";
         const QString start = "zzz";
@@ -139,7 +139,7 @@ class ViewSpeed {
         return texts;
     }
 
-    /// Opens the node as a click on its expander does.
+    /// Expands the node as a click on its expander does.
     void compareExpansion(const std::string& what, const std::string& key, const std::string& other,
                           const std::function<QStringList()>& texts) {
         QTreeView& view = nativeTree();

@@ -1,4 +1,4 @@
-// An address field, and the readers of text around it.
+// Fuzzes the parsers of address fields and of header text.
 
 #include "fuzz/fuzz.h"
 #include "mailstore/address_list.h"

@@ -1,4 +1,4 @@
-// The encrypted file.
+// Fuzzes the encrypted file.
 
 #include "db/database_cipher.h"
 #include "fuzz/fuzz.h"
@@ -44,11 +44,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     require(decrypted(text) == bytes, "what was encrypted is decrypted");
     if (size < 3)
         return 0;
-    // The bytes tell which one of the text is changed, and to what.
+    // The first two input bytes select the byte to change, and the third is its new value.
     char& changed = text[(data[0] * 256U + data[1]) % text.size()];
     if (changed == static_cast<char>(data[2]))
         return 0;
     changed = static_cast<char>(data[2]);
-    require(!decrypted(text), "a change of any byte is seen");
+    require(!deciphered(text), "a change of any byte is detected");
     return 0;
 }

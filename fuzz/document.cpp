@@ -1,11 +1,11 @@
-// A plain document, as `pelk load` takes it, and as an encrypted file may hold it.
+// Fuzzes a plain document, as `pelk load` and an encrypted file may contain it.
 
 #include "fuzz/fuzz.h"
 
 namespace pelk {
 namespace {
 
-/// Reads and edits a document that nobody has checked.
+/// Reads and edits an unchecked document.
 void edit(Database& database) {
     std::vector<int> ids{0, 1, 2, kMaxContactId};
     database.forEachContact([&ids](const Contact& contact) { ids.push_back(contact.id); });
@@ -21,12 +21,12 @@ void edit(Database& database) {
     try {
         database.addContact("Ann", "ann@a.example");
     } catch (const ContactLimitReached&) {
-        // The document counts as many already.
+        // `totalContacts` is at its limit already.
     }
     database.addMailBetween(ids.back(), ids[ids.size() / 2]);
     database.moveAddresses(ids.back(), ids[ids.size() / 2]);
     database.removeContacts(ids);
-    require(openDocument(database.xml()) != nullptr, "what was edited can be read again",
+    require(openDocument(database.xml()) != nullptr, "an edited document can be read again",
             database.xml());
 }
 

@@ -1,5 +1,5 @@
-// Edits and link searches on a random document: each index stays equal to its query, and each
-// chain is the one of the search over a matrix.
+// Fuzzes edits and link searches on a random document. Each index must stay consistent with its
+// query, and each chain must equal that of `DenseSearch`.
 
 #include <algorithm>
 #include <array>
@@ -16,8 +16,8 @@ constexpr int kIds = 12;
 constexpr std::array kWeights{"1",   "2",  "3",     "9",      "",      "x",
                               "2.5", "-4", "99999", "100000", "50001", "1000000000000"};
 
-/// A document that the program made; one from elsewhere, in which ids, addresses and pairs repeat,
-/// or are no ids; one with a graph that can be searched, with many chains of one cost.
+/// `Sound`: made by the program. `Foreign`: ids, addresses and pairs may repeat or be invalid.
+/// `Graph`: searchable, with many chains of equal cost.
 enum class Kind { Sound, Foreign, Graph };
 
 class Edits {
@@ -65,7 +65,7 @@ class Edits {
         return openDocument(xml + "</relations></pelkDB>");
     }
 
-    /// The program itself names only contacts that are there.
+    /// Returns an existing contact for a sound document, as the program never passes another id.
     int anyId() {
         const int id = number(kIds);
         return kind_ != Kind::Sound || database_->contact(id) ? id : 0;
@@ -121,7 +121,7 @@ class Edits {
 
     void requireIndexes() const {
         const std::string fault = indexFault(*database_, kIds + 1);
-        require(fault.empty(), "every look-up answers as its query", fault);
+        require(fault.empty(), "every look-up finds what its query selects", fault);
     }
 
     void requireChain(int source, int target) {
@@ -135,7 +135,7 @@ class Edits {
             });
         try {
             const std::optional<LinkChain> found = search_.find(source, target);
-            require(searchable, "a search among nobody is refused");
+            require(searchable, "a search with invalid ids is refused");
             DenseSearch<> dense(*database_);
             dense.search(source);
             const std::optional<LinkChain> expected = dense.chainTo(target);
@@ -143,7 +143,7 @@ class Edits {
                         (!found || (found->ids == expected->ids && found->cost == expected->cost)),
                     "a chain is that of the dense search", database_->xml());
         } catch (const Error&) {
-            require(!searchable, "a search is refused only for what is not there");
+            require(!searchable, "a search is refused only for invalid ids");
         }
     }
 

@@ -1,7 +1,7 @@
 #pragma once
-// What the fuzz targets share. A target hands the fuzzer's bytes to the program and ends the
-// process when a promise of the program does not hold; the address and undefined-behaviour checks
-// end it for the rest.
+// Helpers for the fuzz targets. A target passes the fuzzer's bytes to the program and aborts when
+// an invariant of the program is violated. The sanitizers abort on memory errors and undefined
+// behaviour.
 
 #include <cstddef>
 #include <cstdint>
@@ -21,17 +21,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace pelk {
 
-/// Of what the seeds hold encrypted, and of no real file.
+/// The key of the encrypted seeds. No real file uses it.
 inline constexpr std::string_view kFuzzKey = "a key for the fuzzer";
 
 inline std::string_view textOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
 
-inline void require(bool holds, const char* promise, std::string_view detail = {}) {
+inline void require(bool holds, const char* invariant, std::string_view detail = {}) {
     if (holds)
         return;
-    std::fprintf(stderr, "Broken promise: %s\n%.*s\n", promise, static_cast<int>(detail.size()),
+    std::fprintf(stderr, "Violated: %s\n%.*s\n", invariant, static_cast<int>(detail.size()),
                  detail.data());
     std::abort();
 }
@@ -41,7 +41,7 @@ inline const Language& language() {
     return english;
 }
 
-/// The database in a plain document; null when it is refused.
+/// Returns the database in a plain document; null when it is refused.
 inline std::unique_ptr<Database> openDocument(std::string_view xml) {
     std::unique_ptr<XmlDocument> document = createPugiDocument();
     if (!document->loadXml(std::string(xml)))
@@ -62,14 +62,14 @@ inline std::string faultOf(const XmlElement& root) {
     }
 }
 
-/// What is sound is accepted again after it has been written, and is the same then.
+/// Requires that a sound database is accepted again after writing, with the same document.
 inline void requireSoundAndRoundTrip(const Database& database) {
     require(faultOf(database.root()).empty(), "the database is sound", faultOf(database.root()));
     const std::string xml = database.xml();
     const std::unique_ptr<XmlDocument> again = createPugiDocument();
-    require(again->loadXml(xml), "what was written is well-formed", xml);
-    require(faultOf(again->root()).empty(), "what was written is accepted", xml);
-    require(again->xml() == xml, "what was written is read as it stands", xml);
+    require(again->loadXml(xml), "a written document is well-formed", xml);
+    require(faultOf(again->root()).empty(), "a written document is accepted", xml);
+    require(again->xml() == xml, "a document round-trips unchanged", xml);
 }
 
 }  // namespace pelk

@@ -1,4 +1,4 @@
-// The header of a message, and what is read from its fields and from the names of files.
+// Fuzzes the header of a message (RFC 5322), the parsers of its fields, and those of file names.
 
 #include "fuzz/fuzz.h"
 #include "mailstore/folder_name.h"
@@ -15,7 +15,7 @@ void readTime(NotedTime time) {
     if (const std::optional<LocalTime> local = localTime(time))
         require(local->year >= 1970 && local->year <= 9999 && local->month >= 1 &&
                     local->month <= 12 && local->day >= 1 && local->day <= 31,
-                "a time is one of the calendar");
+                "a time is a valid date");
 }
 
 void readFields(const MessageHeader& header) {
@@ -34,7 +34,7 @@ void readFields(const MessageHeader& header) {
     require(fingerprint(header) != 0, "a message has a fingerprint");
     const std::string id = messageId(header);
     require(!id.starts_with(' ') && !id.ends_with(' ') && id.find('>') == std::string::npos,
-            "a message is known by its bare id", id);
+            "a Message-ID has no brackets or blanks around it", id);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// An import of any document into a database of four people.
+// Fuzzes the import of a document into a database of four contacts.
 
 #include "fuzz/fuzz.h"
 #include "maintenance/import_merge.h"
@@ -46,9 +46,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     try {
         importMerge(*current, *imported, guide);
     } catch (const Error&) {
-        // There are too many contacts.
+        // The database is full, or a relation is damaged.
     }
-    require(current->contactCount() >= contacts, "an import takes nobody away");
+    require(current->contactCount() >= contacts, "an import removes no contact");
     if (!faultOf(imported->root()).empty())
         return 0;
     require(sumOfWeights(*current) <= weights + sumOfWeights(*imported),

@@ -1,5 +1,5 @@
 #pragma once
-// Mail of any content, read by every way that the program reads it.
+// Reads arbitrary mail in all ways in which the program reads it.
 
 #include <stdexcept>
 
@@ -39,7 +39,7 @@ inline void readFolders(MailFolders& folders) {
             try {
                 readItem(stored, index);
             } catch (const Error&) {
-                // The item is no e-mail, or what it says about itself cannot be read.
+                // The item is not an e-mail, or its fields cannot be read.
             }
         }
         readFolders(*folder->folders());
@@ -55,12 +55,11 @@ inline void readMail(const std::string& path) {
         Scanner(*database, language(), progress).scan(*openMailSession({path}, {}));
         requireSoundAndRoundTrip(*database);
     } catch (const Error&) {
-        // It is no mail.
+        // The file is not mail.
     }
 }
 
-/// Puts the bytes in the place of the file, which stays the same one: nothing is to be removed
-/// then, which would take most of the time.
+/// Overwrites the file in place. Creating and removing a file each time would take most of the run.
 inline void replaceContent(const std::string& path, std::string_view content) {
     std::FILE* const file = std::fopen(path.c_str(), "w");
     require(file && std::fwrite(content.data(), 1, content.size(), file) == content.size() &&

@@ -1,4 +1,4 @@
-// An mbox: where its messages begin, their headers, people, times and kinds.
+// Fuzzes an mbox (RFC 4155): where its messages begin, their headers, people, times and kinds.
 
 #include "fuzz/mail_target.h"
 

@@ -1,4 +1,4 @@
-// A message in a file of its own, as a Maildir and a folder of `.eml` files hold it.
+// Fuzzes a message file in a Maildir or in a folder of `.eml` files.
 
 #include <filesystem>
 
@@ -12,7 +12,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const bool made = std::filesystem::create_directory(maildir + "/new") &&
                              std::filesystem::create_directory(maildir + "/tmp");
     pelk::require(made, "the temporary folder can be made");
-    // The first byte tells which, as both are read by the same functions for the most part.
+    // The first byte selects one of the two, as mostly the same functions read both.
     const bool asLetter = size > 0 && data[0] % 2 == 0;
     pelk::replaceContent(asLetter ? letter : file, pelk::textOf(data, size));
     pelk::readMail(asLetter ? folder.path() + "/Letters" : maildir);

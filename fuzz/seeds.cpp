@@ -1,5 +1,5 @@
-// Writes what each fuzz target starts from: pieces of the example mail, and the databases that
-// scans of it give.
+// Writes the seed corpus of each fuzz target: parts of the example mail, and the databases that
+// result from scanning it.
 //
 // fuzz_seeds MAIL FOLDER
 
@@ -16,7 +16,7 @@
 namespace pelk {
 namespace {
 
-/// A fuzzer gets through little of what is long.
+/// Longer seeds slow the fuzzer down.
 constexpr std::size_t kLongest = 4096;
 
 class Seeds {
@@ -38,7 +38,7 @@ class Seeds {
         addScanOf(path.string());
     }
 
-    /// Bytes without a sense, for what takes them as they come.
+    /// Writes random bytes, for targets that accept any bytes.
     void addRandomBytes(const char* target) {
         std::mt19937 random(1);
         for (std::size_t size = 16; size <= 512; size += 16) {
