@@ -1,5 +1,7 @@
 #pragma once
 // The forms of the program, one of each, created on first use, and the connections between them.
+//
+// No form is thread-safe: all calls on the thread that owns the windows.
 
 #include <memory>
 #include <string>

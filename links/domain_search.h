@@ -29,8 +29,8 @@ class DomainSearchProgress {
 struct DomainLinks {
     std::string source;
     std::string target;
-    /// By source contact, then by target contact, each in the order of their addresses in the
-    /// document.
+    /// Sorted by source contact, then by target contact, each in the order of their addresses in
+    /// the document.
     std::vector<LinkChain> chains;
 };
 

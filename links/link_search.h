@@ -16,7 +16,7 @@ inline constexpr const char* kSameContactMessage = "You cannot select this conta
 inline constexpr const char* kNoChainMessage = "Cannot find a path between those nodes!";
 
 struct LinkChain {
-    /// From the source to the target. Has two equal ids when the target is the source.
+    /// The contacts from the source to the target; twice the same id when both are one contact.
     std::vector<int> ids;
     int cost = 0;
 };

@@ -20,7 +20,7 @@ class CopyFilter {
  private:
     /// The fingerprints of earlier folders, ascending.
     std::vector<std::uint64_t> before_;
-    /// Those of the current folder.
+    /// The fingerprints of the current folder, unsorted.
     std::vector<std::uint64_t> here_;
 };
 

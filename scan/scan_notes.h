@@ -1,5 +1,5 @@
 #pragma once
-// The messages about a scan beside its figures, shared by the form and the command line.
+// The messages about a scan, apart from its figures, for the form and the command line.
 
 #include <string>
 #include <vector>
