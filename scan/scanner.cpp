@@ -23,10 +23,10 @@ ScanOutcome Scanner::scan(MailSession& session) {
     const std::size_t contactsBefore = database_.contactCount();
     const std::size_t relationsBefore = database_.relationCount();
     session_ = &session;
-    metAllStores_ = steps_.attempt([this] { scanStores(); });
+    reachedAllStores_ = steps_.attempt([this] { scanStores(); });
     outcome_.contacts = database_.contactCount() - contactsBefore;
     outcome_.relations = database_.relationCount() - relationsBefore;
-    outcome_.unreadCountsLater = metUnread_ && tellsUnread_;
+    outcome_.unreadCountsLater = hasUnread_ && unreadCountsLater_;
     return std::move(outcome_);
 }
 
@@ -50,7 +50,7 @@ void Scanner::scanStore(MailFolder& store) {
     copies_.beginStore();
     scanBranch(store, place);
     if (!ledger_.endStore())
-        tellsUnread_ = false;
+        unreadCountsLater_ = false;
 }
 
 void Scanner::scanTree(MailFolders& folders, const std::string& above) {
@@ -66,7 +66,7 @@ void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
     });
     const bool treeRead = steps_.attempt([&] { scanTree(*folder.folders(), place); });
     if (!itemsRead || !treeRead) {
-        metUnread_ = true;
+        hasUnread_ = true;
         ledger_.noteUnread(place);
     }
 }
@@ -103,7 +103,7 @@ void Scanner::scanItem(MailFolder& folder, int index) {
         steps_.attempt([this] { recorder_.record(*item_); });
     }
     if (!read) {
-        metUnread_ = true;
+        hasUnread_ = true;
         ledger_.noteUnread(ledger_.folder());
     }
 }
@@ -118,7 +118,7 @@ void Scanner::scanMail() {
         copies_.add(print);
         return;
     }
-    if (isLabelledOut(*item_))
+    if (isLeftOutByLabel(*item_))
         return;
     const bool copy = isCopy(*item_, print);
     isRecorded_ = !copy && recorder_.record(*item_);
@@ -128,7 +128,7 @@ void Scanner::scanMail() {
     }
 }
 
-bool Scanner::isLabelledOut(MailItem& item) {
+bool Scanner::isLeftOutByLabel(MailItem& item) {
     const std::optional<DefaultFolder> kind = item.labelledFolder();
     if (!kind)
         return false;

@@ -45,7 +45,7 @@ class Scanner {
     ScanOutcome scan(MailSession& session);
 
     /// Returns the dates of the stores after the scan.
-    StoreDates dates() && { return std::move(ledger_).finish(metAllStores_); }
+    StoreDates dates() && { return std::move(ledger_).finish(reachedAllStores_); }
 
  private:
     std::string placeOf(MailFolder& folder, const std::string& above);
@@ -56,7 +56,7 @@ class Scanner {
     void scanFolder(MailFolder& folder, const std::string& place);
     void scanItem(MailFolder& folder, int index);
     void scanMail();
-    bool isLabelledOut(MailItem& item);
+    bool isLeftOutByLabel(MailItem& item);
     bool isCopy(MailItem& item, std::uint64_t print);
     void noteStore(MailFolder& store, StoreLedger::Store kind);
     void noteLeftOut(MailFolder& folder);
@@ -70,9 +70,9 @@ class Scanner {
     Steps steps_{outcome_};
     MailRecorder recorder_;
     MailSession* session_ = nullptr;
-    bool metAllStores_ = false;
-    bool metUnread_ = false;
-    bool tellsUnread_ = true;
+    bool reachedAllStores_ = false;
+    bool hasUnread_ = false;
+    bool unreadCountsLater_ = true;
     /// The last e-mail of the walk, see `scanItem`, and whether it was recorded.
     std::shared_ptr<MailItem> item_;
     bool isRecorded_ = false;

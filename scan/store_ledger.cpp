@@ -11,7 +11,7 @@ StoreLedger::Store StoreLedger::beginStore(const std::string& place,
     walk_ = {};
     walk_.place = place;
     Store store = Store::Known;
-    if (tellsStoresApart()) {
+    if (distinguishesStores()) {
         store = lookUp(place, takeSample);
         walk_.begun = now();
         walk_.ahead = known_.aheadAround(place);
@@ -39,7 +39,7 @@ void StoreLedger::beginFolder(const std::string& place) {
     walk_.folders.push_back({place, {}});
     if (!since_.empty())
         cutOff_ = since_;
-    else if (!tellsStoresApart())
+    else if (!distinguishesStores())
         cutOff_ = date_;
     else if (const StoreDate* const date = known_.governing(place))
         cutOff_ = date->date;
@@ -48,7 +48,7 @@ void StoreLedger::beginFolder(const std::string& place) {
 }
 
 StoreLedger::Age StoreLedger::ageOf(MailItem& item, const std::string& stamp) {
-    if (!tellsStoresApart())
+    if (!distinguishesStores())
         return stamp > cutOff_ ? Age::New : Age::Old;
     if (walk_.sample.size() < kSampleSize)
         if (const std::uint64_t print = item.fingerprint())
@@ -61,10 +61,10 @@ StoreLedger::Age StoreLedger::ageOf(MailItem& item, const std::string& stamp) {
 }
 
 void StoreLedger::noteCounted(MailItem& item, const std::string& stamp, std::uint64_t print) {
-    if (!tellsStoresApart())
+    if (!distinguishesStores())
         return;
     if (print == 0) {
-        walk_.untold = true;
+        walk_.countedUnidentified = true;
         return;
     }
     walk_.folders.back().prints.push_back(print);
@@ -83,10 +83,10 @@ void StoreLedger::remember(MailItem& item, const std::string& stamp, const std::
 }
 
 bool StoreLedger::endStore() {
-    if (!tellsStoresApart())
+    if (!distinguishesStores())
         return walk_.unread.empty();
-    const bool tells = !walk_.untold || walk_.unread.empty();
-    if (walk_.untold)
+    const bool countsLater = !walk_.countedUnidentified || walk_.unread.empty();
+    if (walk_.countedUnidentified)
         walk_.unread.clear();
     const std::string ended = now();
     std::vector<StoreDate> unread;
@@ -98,7 +98,7 @@ bool StoreLedger::endStore() {
         return date.place == walk_.place;
     });
     known_.put(whole != unread.end() ? *whole : dateOfRead(ended), unread);
-    return tells;
+    return countsLater;
 }
 
 /// Returns the place's date from before this scan.
@@ -113,7 +113,7 @@ StoreDate StoreLedger::dateBefore(const std::string& place, const std::string& n
 /// becomes the end of the walk and skips those not counted.
 StoreDate StoreLedger::dateOfRead(const std::string& now) const {
     StoreDate date = dateBefore(walk_.place, now);
-    date.date = walk_.untold ? now : walk_.begun;
+    date.date = walk_.countedUnidentified ? now : walk_.begun;
     for (const auto& [print, scan] : walk_.later)
         date.ahead.add(scan, {print});
     if (walk_.unread.empty() || date.sample.empty())

@@ -81,10 +81,10 @@ class StoreLedger {
         /// scans that counted them.
         std::map<std::uint64_t, std::string> later;
         /// Whether an e-mail without a fingerprint was counted.
-        bool untold = false;
+        bool countedUnidentified = false;
     };
 
-    bool tellsStoresApart() const { return clock_ != nullptr && !walk_.place.empty(); }
+    bool distinguishesStores() const { return clock_ != nullptr && !walk_.place.empty(); }
     std::string now() const { return formatStamp(clock_->now()); }
     Store lookUp(const std::string& place, const std::function<Sample()>& takeSample);
     void remember(MailItem& item, const std::string& stamp, const std::string& scan);
