@@ -49,6 +49,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (changed == static_cast<char>(data[2]))
         return 0;
     changed = static_cast<char>(data[2]);
-    require(!deciphered(text), "a change of any byte is detected");
+    require(!decrypted(text), "a change of any byte is detected");
     return 0;
 }

@@ -35,11 +35,11 @@ Markup firstMarkup(std::string_view rest) {
     if (rest.front() != '<')
         return {MarkupKind::Text, rest.substr(0, rest.find('<'))};
     if (rest.starts_with("<!--"))
-        return {MarkupKind::Aside, rest.substr(0, lengthTo(rest, "-->"))};
+        return {MarkupKind::Misc, rest.substr(0, lengthTo(rest, "-->"))};
     if (rest.starts_with("<![CDATA["))
-        return {MarkupKind::CharacterData, rest.substr(0, lengthTo(rest, "]]>"))};
+        return {MarkupKind::CDataSection, rest.substr(0, lengthTo(rest, "]]>"))};
     if (rest.starts_with("<?"))
-        return {MarkupKind::Aside, rest.substr(0, lengthTo(rest, "?>"))};
+        return {MarkupKind::Misc, rest.substr(0, lengthTo(rest, "?>"))};
     const std::string_view tag = rest.substr(0, tagLength(rest));
     if (rest.starts_with("<!"))
         return {MarkupKind::DocumentType, tag};

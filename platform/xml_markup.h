@@ -13,9 +13,9 @@ enum class MarkupKind {
     /// A start tag that ends its element, too.
     EmptyTag,
     EndTag,
-    CharacterData,
+    CDataSection,
     /// A comment or a processing instruction, the declaration among them.
-    Aside,
+    Misc,
     DocumentType
 };
 

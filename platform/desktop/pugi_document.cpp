@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/desktop/xml_strictness.h"
+#include "platform/desktop/well_formedness.h"
 
 namespace pelk {
 namespace {
@@ -123,7 +123,7 @@ class PugiDocument : public XmlDocument {
     bool loadXml(std::string text) override {
         document_.reset();
         text_ = std::move(text);
-        error_ = faultOfText(text_);
+        error_ = wellFormednessError(text_);
         if (error_.empty()) {
             constexpr unsigned options =
                 pugi::parse_default | pugi::parse_fragment | pugi::parse_doctype;
@@ -132,7 +132,7 @@ class PugiDocument : public XmlDocument {
             requireMemory(result.status != pugi::status_out_of_memory);
             if (result.status == pugi::status_internal_error)
                 throw Error("The XML library failed.");
-            error_ = result ? faultOfDocument(document_) : result.description();
+            error_ = result ? wellFormednessError(document_) : result.description();
         }
         if (!error_.empty())
             document_.reset();

@@ -9,7 +9,7 @@
 #include <new>
 
 #include "platform/utf8.h"
-#include "platform/windows/xml_form.h"
+#include "platform/windows/canonical_xml.h"
 #include "platform/xml_markup.h"
 
 namespace pelk {
@@ -237,7 +237,7 @@ class MsxmlDocument : public XmlDocument {
         require(document_->get_documentElement(element.put()), kFindNode);
         if (element)
             require(element->get_xml(text.put()), "write a document");
-        return inOneForm(text.utf8());
+        return canonicalXml(text.utf8());
     }
 
     XmlElement root() const override {

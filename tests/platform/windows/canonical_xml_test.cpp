@@ -1,4 +1,4 @@
-#include "platform/windows/xml_form.h"
+#include "platform/windows/canonical_xml.h"
 
 #include <gtest/gtest.h>
 
@@ -9,14 +9,14 @@ namespace {
 
 const std::string kDeclaration = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
 
-TEST(XmlForm, isMadeOfWhatALibraryMayWrite) {
+TEST(CanonicalXml, isMadeOfWhatALibraryMayWrite) {
     EXPECT_EQ(
-        inOneForm("<?xml version='1.0'?>\r\n<!-- > --><a  b = '\"&gt;&apos;' c=\"&#xFC;&#9;>\""
-                  " >\r\n\t<?go on?><d></d>\r\n\t<e />\r\n</a>\r\n"),
+        canonicalXml("<?xml version='1.0'?>\r\n<!-- > --><a  b = '\"&gt;&apos;' c=\"&#xFC;&#9;>\""
+                     " >\r\n\t<?go on?><d></d>\r\n\t<e />\r\n</a>\r\n"),
         kDeclaration + "<a b=\"&quot;>'\" c=\"ü&#09;>\"><d/><e/></a>");
-    EXPECT_EQ(inOneForm("<a>one\r\ntwo<b> </b><![CDATA[ <c/> ]]></a >"),
+    EXPECT_EQ(canonicalXml("<a>one\r\ntwo<b> </b><![CDATA[ <c/> ]]></a >"),
               kDeclaration + "<a>one\ntwo<b/><![CDATA[ <c/> ]]></a >");
-    EXPECT_EQ(inOneForm(""), kDeclaration);
+    EXPECT_EQ(canonicalXml(""), kDeclaration);
 }
 
 TEST(MsxmlDocument, passesOverTheMarkOfItsEncoding) {

@@ -1,4 +1,4 @@
-#include "platform/desktop/xml_strictness.h"
+#include "platform/desktop/well_formedness.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -33,7 +33,7 @@ bool hasStrayReference(std::string_view text) {
     while (!text.empty()) {
         const Markup markup = takeMarkup(text);
         const bool isPlain =
-            markup.kind == MarkupKind::CharacterData || markup.kind == MarkupKind::Aside;
+            markup.kind == MarkupKind::CDataSection || markup.kind == MarkupKind::Misc;
         if (!isPlain && !holdsReferencesOnly(markup.text))
             return true;
     }
@@ -68,7 +68,7 @@ class ElementFault : public pugi::xml_tree_walker {
 
 }  // namespace
 
-std::string faultOfText(std::string_view text) {
+std::string wellFormednessError(std::string_view text) {
     if (!isXmlText(text))
         return "bytes that are not UTF-8 text";
     if (!holdsReferencesOnly(text) && hasStrayReference(text))
@@ -76,7 +76,7 @@ std::string faultOfText(std::string_view text) {
     return {};
 }
 
-std::string faultOfDocument(const pugi::xml_document& document) {
+std::string wellFormednessError(const pugi::xml_document& document) {
     int roots = 0;
     for (pugi::xml_node node : document.children()) {
         if (node.type() == pugi::node_doctype)

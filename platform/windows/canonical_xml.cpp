@@ -1,4 +1,4 @@
-#include "platform/windows/xml_form.h"
+#include "platform/windows/canonical_xml.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -36,9 +36,9 @@ void appendUtf8(std::string& out, std::uint32_t code) {
 
 /// Writes a document piece by piece. A start tag is left open until it is known whether anything
 /// stands within the element.
-class FormWriter {
+class CanonicalWriter {
  public:
-    explicit FormWriter(std::size_t size) { out_.reserve(size); }
+    explicit CanonicalWriter(std::size_t size) { out_.reserve(size); }
 
     void write(const Markup& markup) {
         switch (markup.kind) {
@@ -46,7 +46,7 @@ class FormWriter {
                 if (!isBlank(markup.text))
                     appendText(markup.text);
                 break;
-            case MarkupKind::CharacterData:
+            case MarkupKind::CDataSection:
                 closeStartTag();
                 out_ += markup.text;
                 break;
@@ -60,7 +60,7 @@ class FormWriter {
             case MarkupKind::EndTag:
                 appendEnd(markup.text);
                 break;
-            case MarkupKind::Aside:
+            case MarkupKind::Misc:
             case MarkupKind::DocumentType:
                 break;
         }
@@ -154,10 +154,10 @@ class FormWriter {
 
 }  // namespace
 
-std::string inOneForm(std::string_view xml) {
+std::string canonicalXml(std::string_view xml) {
     constexpr std::string_view declaration = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>";
-    FormWriter writer(declaration.size() + xml.size());
-    writer.write({MarkupKind::CharacterData, declaration});
+    CanonicalWriter writer(declaration.size() + xml.size());
+    writer.write({MarkupKind::CDataSection, declaration});
     while (!xml.empty())
         writer.write(takeMarkup(xml));
     return writer.take();
