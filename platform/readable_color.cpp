@@ -6,8 +6,8 @@
 namespace pelk {
 namespace {
 
-/// The light that a colour gives, from 0 to 1, as the eye weighs it.
-double luminance(const Color& color) {
+/// The relative luminance of WCAG 2, from 0 for black to 1 for white.
+double relativeLuminance(const Color& color) {
     const auto linear = [](std::uint8_t value) {
         const double part = value / 255.0;
         return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -15,24 +15,26 @@ double luminance(const Color& color) {
     return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
 }
 
-double contrast(const Color& one, const Color& other) {
-    const auto [dark, light] = std::minmax({luminance(one), luminance(other)});
+/// The contrast ratio of WCAG 2, from 1 to 21.
+double contrastRatio(const Color& one, const Color& other) {
+    const auto [dark, light] = std::minmax({relativeLuminance(one), relativeLuminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
 }  // namespace
 
 Color readableColor(const Color& color, const Color& background) {
-    constexpr double kDark = 0.18;  // half way from black to white for the eye
-    constexpr double kReadable = 4.5;
+    // The luminance whose contrast ratio with black is about that with white.
+    constexpr double kMiddleLuminance = 0.18;
+    constexpr double kMinimumContrast = 4.5;
     constexpr Color kWhite{255, 255, 255};
-    if (luminance(background) > kDark)
+    if (relativeLuminance(background) > kMiddleLuminance)
         return color;
     const auto lighter = [](std::uint8_t part) {
         return static_cast<std::uint8_t>(part + (255 - part + 9) / 10);
     };
     Color readable = color;
-    while (readable != kWhite && contrast(readable, background) < kReadable)
+    while (readable != kWhite && contrastRatio(readable, background) < kMinimumContrast)
         readable = {lighter(readable.red), lighter(readable.green), lighter(readable.blue)};
     return readable;
 }

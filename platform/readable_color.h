@@ -1,12 +1,13 @@
 #pragma once
-// Text colours that can be read on the user's background.
+// Text colours that can be read on the user's background, by the contrast ratio of WCAG 2
+// (https://www.w3.org/TR/WCAG22/#contrast-minimum).
 
 #include "platform/tree_model.h"
 
 namespace pelk {
 
-/// The colour as it is on a light background. On a dark one it is lightened, as far as it takes
-/// to stand out from it.
+/// Returns `color` unchanged on a light background. On a dark one it returns a lighter colour, with
+/// the contrast ratio of 4.5 that WCAG 2 requires of text at level AA.
 Color readableColor(const Color& color, const Color& background);
 
 }  // namespace pelk
