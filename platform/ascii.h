@@ -1,5 +1,5 @@
 #pragma once
-// Letter case of plain ASCII, for the many texts that hold nothing else.
+// Case conversion for ASCII text, which most names and addresses are.
 
 #include <algorithm>
 #include <string>
@@ -16,7 +16,7 @@ inline char lowerAscii(char byte) {
     return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : byte;
 }
 
-/// The text with the letters A to Z in lower case.
+/// Returns the text with the letters A to Z in lower case.
 inline std::string lowerAscii(std::string_view text) {
     std::string lower(text);
     for (char& byte : lower)

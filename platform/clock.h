@@ -1,5 +1,5 @@
 #pragma once
-// Points in local time.
+// The user's local time.
 
 #include <compare>
 

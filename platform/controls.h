@@ -1,12 +1,13 @@
 #pragma once
-// The windows and controls that forms are made of: what a form needs and no more.
+// The windows and controls that forms are made of, with no more than the forms need.
 //
-// Positions and sizes are in twips of the window's inner area, from its top left corner. A toolkit
-// sizes a twip so that a row of 250 of them holds a button in the user's font; on a plain screen
-// that is close to the nominal 1440 to the inch.
+// Positions and sizes are in twips, relative to the top left corner of the window's client area.
+// The toolkit chooses the size of a twip so that a button 250 twips high fits the user's font; on a
+// plain screen that is close to the nominal 1/1440 inch.
 //
-// Handlers report acts of the user only: no setter calls one. A handler may hide or change the
-// window it came from. Whatever a handler throws is shown to the user and goes no further.
+// Handlers report what the user does; setters never call them. A handler may hide or change the
+// window that called it. An exception that a handler throws is shown to the user and goes no
+// further. All calls are made on the thread that runs the message loop.
 
 #include <cstddef>
 #include <functional>
@@ -33,7 +34,7 @@ struct Rect {
     friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-/// A place on the screen in the toolkit's own units, from which nothing is computed.
+/// A position on the screen in the toolkit's own units. Forms pass it on without computing with it.
 struct ScreenPoint {
     int x = 0;
     int y = 0;
@@ -45,11 +46,11 @@ class Control {
     virtual Rect bounds() const = 0;
     virtual void setBounds(const Rect& bounds) = 0;
     virtual void setEnabled(bool enabled) = 0;
-    /// Shows the arrow over this control, also while its window is busy.
+    /// Shows the arrow over this control even while its window shows the hourglass.
     virtual void keepArrowPointer() = 0;
 };
 
-/// Text that the user cannot edit; long text wraps within the bounds.
+/// Text that the user cannot edit. Long text wraps within the bounds.
 class Label : public Control {
  public:
     virtual void setText(const std::string& text) = 0;
@@ -57,7 +58,7 @@ class Label : public Control {
     virtual void repaint() = 0;
 };
 
-/// An image of the tree, beside a text that speaks of it.
+/// Shows an image of the tree next to a text that refers to it.
 class Picture : public Control {};
 
 class Button : public Control {
@@ -65,13 +66,13 @@ class Button : public Control {
     std::function<void()> onClick;
 };
 
-/// A choice, checked by a dot. Of a window's option buttons one at most is checked: checking one,
-/// by the user or by code, clears the others.
+/// A radio button. At most one option button of a window is checked: checking one, by the user or
+/// by code, clears the others.
 class OptionButton : public Control {
  public:
     virtual void setChecked(bool checked) = 0;
 
-    /// The user checked it, or clicked it while it was checked.
+    /// Called when the user clicks the button, whether or not it was checked.
     std::function<void()> onClick;
 };
 
@@ -81,27 +82,27 @@ class TextBox : public Control {
     virtual void setText(const std::string& text) = 0;
     virtual std::string text() const = 0;
 
-    /// The user edited the text.
+    /// Called when the user edits the text.
     std::function<void()> onChange;
 };
 
-/// Chooses a whole number by dragging or with the arrow keys, which move it by one.
+/// Chooses an integer. An arrow key moves it by one.
 class Slider : public Control {
  public:
     virtual void setRange(int minimum, int maximum) = 0;
-    /// The value stays within the range.
+    /// Clamps the value to the range.
     virtual void setValue(int value) = 0;
     virtual int value() const = 0;
 
-    /// The user moved it; called at each step of the way.
+    /// Called at each step while the user moves the slider.
     std::function<void()> onChange;
 };
 
 class ProgressBar : public Control {
  public:
-    /// At its maximum the bar is full, in a range of a single value as well.
+    /// A value at the maximum shows a full bar, even if the range is a single value.
     virtual void setRange(int minimum, int maximum) = 0;
-    /// The value stays within the range.
+    /// Clamps the value to the range.
     virtual void setValue(int value) = 0;
 };
 
@@ -111,8 +112,8 @@ struct ListRow {
     std::string tag;
 };
 
-/// A list of one column from which the user selects any number of rows. The rows are held once,
-/// here; the native list shows them.
+/// A list of one column from which the user selects any number of rows. This class owns the rows;
+/// the native list only shows them.
 class ListView : public Control {
  public:
     const std::vector<ListRow>& rows() const { return rows_; }
@@ -126,12 +127,12 @@ class ListView : public Control {
     }
     virtual bool isSelected(std::size_t row) const = 0;
 
-    /// Gives the column the width of that text. The header itself is not shown; a longer row can
-    /// be scrolled to.
+    /// Makes the column as wide as the text. The header itself is hidden; longer rows can be
+    /// scrolled into view.
     virtual void setColumnHeader(const std::string& text) = 0;
 
  protected:
-    /// The rows have just changed: the last one is new, or `row` is gone.
+    /// Called after the rows have changed: the last one is new, or `row` is gone.
     virtual void rowAdded() = 0;
     virtual void rowRemoved(std::size_t row) = 0;
 
@@ -146,28 +147,28 @@ class TreeView : public Control {
 
     TreeModel& model() { return model_; }
 
-    /// Selects the node and brings it into view, expanding what it stands under; null selects
-    /// nothing. No handler is called.
+    /// Selects the node, expands its ancestors and scrolls it into view. Null clears the selection.
+    /// Calls no handler.
     virtual void select(TreeNode* node) = 0;
-    /// The selected node; null when none is. Nothing is selected unless the user or `select`
-    /// selected it.
+    /// Returns the selected node, or null. Only the user and `select` select nodes.
     virtual TreeNode* selected() = 0;
-    /// Opens or closes a node as it stands; no handler is called. While redraw is suspended the
-    /// native tree may take it in when it resumes.
+    /// Expands or collapses a node without calling a handler. While redraw is suspended, the native
+    /// tree may do so when redraw resumes.
     virtual void setExpanded(TreeNode& node, bool expanded) = 0;
-    /// Paints everything anew.
+    /// Repaints everything.
     virtual void repaint() = 0;
 
-    /// The user opened or closed a node. The handler may replace the node's children.
+    /// Called when the user expands or collapses a node. The handler may replace the node's
+    /// children.
     std::function<void(TreeNode&)> onExpand;
     std::function<void(TreeNode&)> onCollapse;
-    /// The user selected a node, by mouse or by key; also by the right button, which selects the
-    /// node under the pointer when it is pressed.
+    /// Called when the user selects a node with the mouse or the keyboard. Pressing the right
+    /// button selects the node under the pointer.
     std::function<void(TreeNode&)> onSelect;
-    /// The user asks for a menu, at that point: released the right button over the tree, or
-    /// pressed the menu key while a node is selected. The handler opens a `PopupMenu` there.
+    /// Called when the user releases the right button over the tree or presses the menu key while a
+    /// node is selected. The handler opens a `PopupMenu` at the point given.
     std::function<void(ScreenPoint)> onMenuRequest;
-    /// The user pressed the Delete key in the tree.
+    /// Called when the user presses the Delete key in the tree.
     std::function<void()> onDeleteKey;
 
  private:
@@ -185,36 +186,35 @@ class MenuItem {
 class PopupMenu {
  public:
     virtual ~PopupMenu() = default;
-    /// Adds an item behind the last one; it lives as long as the menu does.
+    /// Adds an item at the end. It lives as long as the menu.
     virtual MenuItem& addItem(const std::string& caption) = 0;
-    /// Opens the menu at that point, which `TreeView::onMenuRequest` named. The handler of the item
-    /// that the user chooses is called when the menu is closed, before or after this returns.
+    /// Opens the menu at the point that `TreeView::onMenuRequest` gave. The handler of the chosen
+    /// item runs after the menu has closed, before or after this function returns.
     virtual void open(ScreenPoint where) = 0;
 };
 
-/// A top-level window with its controls, which live as long as the window does. It is created
-/// hidden.
+/// A top-level window and its controls, which live as long as the window. It is created hidden.
 class Window {
  public:
     virtual ~Window() = default;
 
     virtual void setCaption(const std::string& caption) = 0;
-    /// The size of the inner area, now and at the least.
+    /// Sets the client area's current size, or its smallest.
     virtual void setInnerSize(Size size) = 0;
     virtual void setMinimumInnerSize(Size size) = 0;
     virtual Size innerSize() const = 0;
 
-    /// Shows the window beside the others and brings it to the front.
+    /// Shows the window without making it modal and brings it to the front.
     virtual void show() = 0;
-    /// Shows the window, keeps the user from all others, and returns when it is hidden.
+    /// Shows the window, blocks input to all others, and returns when it is hidden.
     virtual void showModal() = 0;
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
 
-    /// Shows the hourglass pointer over this window, or the normal one again. Not counted.
+    /// Shows the hourglass pointer over this window, or the normal one. Calls do not nest.
     virtual void setBusyPointer(bool busy) = 0;
 
-    /// In the text of a button, "&" marks the next letter as its key; "&&" is one "&".
+    /// In the text of a button, "&" makes the next letter its access key; "&&" is a literal "&".
     virtual Label& addLabel(const Rect& bounds, const std::string& text) = 0;
     virtual Picture& addPicture(const Rect& bounds, TreeImage image) = 0;
     virtual Button& addButton(const Rect& bounds, const std::string& text) = 0;
@@ -226,13 +226,14 @@ class Window {
     virtual TreeView& addTreeView(const Rect& bounds) = 0;
     virtual PopupMenu& addPopupMenu() = 0;
 
-    /// The inner area got another size, by the user or when it is first shown.
+    /// Called when the client area has a new size, from the user or when it is first shown.
     std::function<void()> onResize;
-    /// The user wants to close the window; false keeps it open. Without a handler it is hidden.
+    /// Called when the user wants to close the window; false keeps it open. Without a handler the
+    /// window is hidden.
     std::function<bool()> onCloseRequest;
 };
 
-/// The toolkit: makes windows.
+/// Creates windows.
 class Toolkit {
  public:
     virtual ~Toolkit() = default;

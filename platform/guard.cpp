@@ -10,7 +10,7 @@ namespace pelk {
 
 namespace {
 
-/// There is one thread.
+/// All handlers run on one thread.
 int actsUnderWay = 0;
 
 class ActCount {
@@ -43,7 +43,7 @@ void guarded(Dialogs& dialogs, const std::function<void()>& act) noexcept {
     try {
         if (const auto fault = faultOf(act))
             dialogs.message(*fault, Buttons::Ok);
-    } catch (...) {  // Not even the box can be shown: the fault ends here all the same.
+    } catch (...) {  // Not even the box can be shown; the exception ends here nevertheless.
     }
 }
 

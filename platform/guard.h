@@ -1,6 +1,5 @@
 #pragma once
-// The way from a toolkit's event into a form: no exception passes it, as no toolkit could carry one
-// on.
+// Keeps exceptions of event handlers away from the toolkit, which cannot propagate them.
 
 #include <functional>
 
@@ -8,12 +7,12 @@
 
 namespace pelk {
 
-/// Runs `act`. The text of an `Error` that leaves it is shown in a box; so is a lack of memory, and
-/// any other fault, as an unexpected one.
+/// Runs `act` and shows any exception in a box: an `Error` with its text, a lack of memory as such,
+/// anything else as an unexpected fault.
 void guarded(Dialogs& dialogs, const std::function<void()>& act) noexcept;
 
-/// How many acts are under way, one inside another: a handler that shows a box or lets pending
-/// events be handled has further ones inside it.
+/// Returns how many acts are running. They nest: a handler that shows a box or processes pending
+/// events can run others.
 int guardedActs();
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Text as people read it: order, letter case.
+// Alphabetical order and letter case.
 
 #include <cstddef>
 #include <string>
@@ -8,21 +8,21 @@
 
 namespace pelk {
 
-/// Comparisons ignore letter case. All text is UTF-8; bytes that are not are taken as they come.
+/// Comparisons ignore letter case. Text is UTF-8; invalid bytes are accepted.
 class Language {
  public:
     virtual ~Language() = default;
 
-    /// The positions of `texts` in alphabetical order of the user's locale: element 0 of the
-    /// result is the position of the text that comes first. Equal texts keep their order.
+    /// Returns the positions of `texts` in the alphabetical order of the user's locale: element 0
+    /// is the position of the text that comes first. Equal texts keep their order.
     virtual std::vector<std::size_t> alphabeticalOrder(
         const std::vector<std::string_view>& texts) const = 0;
 
-    /// True when `text` starts with `start`, both read without regard to letter case.
+    /// Whether `text` starts with `start`, ignoring letter case.
     virtual bool startsWith(std::string_view text, std::string_view start) const = 0;
 
-    /// The text in lower case, by rules that are the same in every locale, so that what is stored
-    /// under it is found again after the locale has changed.
+    /// Returns the text in lower case, by rules that do not depend on the locale: keys that were
+    /// stored under one locale are found under another.
     virtual std::string lowerCase(std::string_view text) const = 0;
 };
 

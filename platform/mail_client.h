@@ -1,8 +1,8 @@
 #pragma once
-// The mail client that the program lives in: its mail, and its command bars.
+// The mail client that hosts the program: its mail and its command bars.
 //
-// Every operation may fail with an `Error`: a mail system refuses, a message is broken. Objects
-// are cheap references; each is released as soon as its receiver lets go of it.
+// Every operation may throw `Error`: mail systems refuse, messages are broken. Objects are
+// references that cost little; destroy each as soon as it is no longer needed.
 
 #include <cstdint>
 #include <functional>
@@ -17,60 +17,60 @@
 
 namespace pelk {
 
-/// One person as an e-mail names them. The mail client puts the address where a name is missing.
+/// A person of an e-mail. The mail client uses the address as the name when there is none.
 struct MailPerson {
     std::string name;
     std::string address;
 };
 
-/// An item of a mail folder that is no e-mail: a meeting request, a delivery report.
+/// The item is not an e-mail: a meeting request, a delivery report.
 class NotAMailItem : public Error {
  public:
     NotAMailItem() : Error("The item is not an e-mail.") {}
 };
 
-/// A person of an e-mail is there, but the mail client does not give out the address.
+/// The e-mail has this person, but the mail client does not reveal the address.
 class AddressRefused : public Error {
  public:
     using Error::Error;
 };
 
-/// The folders that every mail client has for a purpose of its own.
+/// The folders that every mail client has for a purpose.
 enum class DefaultFolder { Outbox, DeletedItems, Drafts, Junk };
 
 class MailItem {
  public:
     virtual ~MailItem() = default;
-    /// When the item came into its store.
+    /// Returns when the item came into its store.
     virtual LocalTime creationTime() = 0;
-    /// Whether the item's own time is missing or lies after the last change of its store, so that
-    /// `creationTime` is a guess which may be a later one after the next change.
+    /// Whether the item's own time is missing or later than the last change of its store.
+    /// `creationTime` is then a guess, which may be later after the next change.
     virtual bool isDatedAhead() { return false; }
-    /// The Message-ID (RFC 5322, 3.6.4) without its brackets; empty when the item has none, or the
-    /// client does not tell copies of an e-mail apart.
+    /// Returns the Message-ID (RFC 5322, section 3.6.4) without its brackets. Empty when the item
+    /// has none, or the client does not tell copies of an e-mail apart.
     virtual std::string messageId() { return {}; }
-    /// A number that is the same whenever this e-mail is read again, wherever it lies by then; 0
-    /// when the client cannot tell.
+    /// Returns a number that identifies this e-mail permanently, even after it has been moved; 0
+    /// when the client has none.
     virtual std::uint64_t fingerprint() { return 0; }
-    /// The default folder in which the item's own labels put it, for a client that files e-mails by
-    /// labels; nothing when they put it in none.
+    /// Returns the default folder that the item's labels name, for a client that files e-mails by
+    /// labels.
     virtual std::optional<DefaultFolder> labelledFolder() { return std::nullopt; }
-    /// Whom a reply to this e-mail would go to first: its sender. Nothing when it has none. Throws
-    /// `AddressRefused` when it has one whose address alone cannot be had.
+    /// Returns the first recipient of a reply to this e-mail, who is usually its sender; nothing
+    /// when there is none. Throws `AddressRefused` when only the address is unavailable.
     virtual std::optional<MailPerson> replyRecipient() = 0;
-    /// Direct, copy and blind-copy recipients, in order.
+    /// The direct, copy and blind-copy recipients are numbered in this order.
     virtual int recipientCount() = 0;
-    /// Recipient `index`, counted from 1.
+    /// Returns recipient `index`, counted from 1.
     virtual MailPerson recipient(int index) = 0;
 };
 
 class MailFolder;
 
-/// A walk over the folders inside a folder or session, from the first to the last.
+/// Iterates over the folders inside a folder or session.
 class MailFolders {
  public:
     virtual ~MailFolders() = default;
-    /// The first folder when it is called first, then the one after. Null when none is left.
+    /// Returns the next folder, the first one at first; null at the end.
     virtual std::unique_ptr<MailFolder> next() = 0;
 };
 
@@ -78,42 +78,42 @@ class MailFolder {
  public:
     virtual ~MailFolder() = default;
     virtual std::string name() = 0;
-    /// Where the folder lies. The place of a folder inside another one begins with the place of
-    /// that one and "/". Empty when the client cannot tell its stores apart.
+    /// Returns where the folder is. The place of a nested folder begins with its parent's place and
+    /// "/". Empty when the client cannot tell its stores apart.
     virtual std::string place() { return {}; }
-    /// Whether the folder is meant for e-mails, and not for appointments or other items.
+    /// Whether the folder is for e-mails rather than appointments or other items.
     virtual bool holdsMail() = 0;
     virtual std::unique_ptr<MailFolders> folders() = 0;
     virtual int itemCount() = 0;
-    /// Item `index`, counted from 1. Throws `NotAMailItem` when it is something else.
+    /// Returns item `index`, counted from 1. Throws `NotAMailItem` when it is something else.
     virtual std::shared_ptr<MailItem> mailItem(int index) = 0;
 };
 
 class MailSession {
  public:
     virtual ~MailSession() = default;
-    /// The top-level folders, one per message store.
+    /// Returns the top-level folders, one per message store.
     virtual std::unique_ptr<MailFolders> folders() = 0;
-    /// The default folders whose items are not counted.
+    /// Returns the default folders whose items are not counted.
     virtual std::vector<DefaultFolder> leftOutFolders() {
         return {DefaultFolder::Outbox, DefaultFolder::DeletedItems};
     }
-    /// Whether `folder` is the session's folder for that purpose.
+    /// Whether `folder` is the session's default folder of that kind.
     virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
 };
 
-/// A button of a command-bar menu. Destroying it leaves the button in the menu.
+/// A button of a command-bar menu. Destroying the object leaves the button in the menu.
 class CommandButton {
  public:
     virtual ~CommandButton() = default;
-    /// Takes the button out of its menu; its handler is never called again.
+    /// Removes the button from its menu. Its handler is never called again.
     virtual void remove() = 0;
 };
 
 class CommandPopup {
  public:
     virtual ~CommandPopup() = default;
-    /// Adds a button that shows its caption only, and calls `clicked` when the user clicks it.
+    /// Adds a button that shows only its caption and calls `clicked` when the user clicks it.
     virtual std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
                                                      std::function<void()> clicked) = 0;
 };
@@ -123,9 +123,9 @@ class MailClient {
  public:
     virtual ~MailClient() = default;
     virtual std::unique_ptr<MailSession> session() = 0;
-    /// Adds a temporary pop-up menu to the named command bar of the active window, in the place of
-    /// one with that tag that an earlier connection left there. Null when the client has another
-    /// place than a menu for the commands.
+    /// Adds a temporary pop-up menu to the named command bar of the active window. It replaces a
+    /// menu with the same tag that an earlier connection left. Null when the client shows the
+    /// commands elsewhere.
     virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                                    std::string_view tag) = 0;
 };

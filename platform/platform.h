@@ -1,5 +1,5 @@
 #pragma once
-// Everything that the core is given by the platform it runs on, toolkit aside, in one hand.
+// The services that the platform gives the core, except the toolkit.
 
 #include <functional>
 #include <memory>
@@ -14,7 +14,7 @@
 
 namespace pelk {
 
-/// References to services that outlive whoever holds this.
+/// References to services that must outlive this object.
 struct Platform {
     FileSystem& files;
     Shell& shell;
@@ -22,7 +22,7 @@ struct Platform {
     const Language& language;
     const Crypto& crypto;
     Dialogs& dialogs;
-    /// Makes an empty document.
+    /// Creates an empty document.
     std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
 };
 

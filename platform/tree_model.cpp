@@ -133,7 +133,7 @@ void TreeModel::resumeRedraw() {
         listener_->redrawResumed();
 }
 
-/// Whether the native tree knows of the node: it and all its ancestors are among the rows shown.
+/// Whether the native tree knows the node: it and all its ancestors are among the rows shown.
 bool TreeModel::isShown(const TreeNode& node) const {
     for (const TreeNode* at = &node; at->parent_ != nullptr; at = at->parent_)
         if (at->row_ >= at->parent_->shownCount_)
@@ -152,7 +152,7 @@ void TreeModel::announce(TreeNode& parent) {
         listener_->afterInsert();
 }
 
-/// Drops the node and all below it from the index, the keys and the pending announcements.
+/// Removes the node and its descendants from the index, the keys and the pending announcements.
 void TreeModel::forget(TreeNode& node) {
     for (TreeNode* child : node.children_)
         forget(*child);

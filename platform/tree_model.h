@@ -1,13 +1,13 @@
 #pragma once
-// The content of a tree control: nodes with keys, tags, text, colour and image, their order, and
-// what of it the native control has been told. Written once, so that no two toolkits disagree.
+// The content of a tree control: nodes with keys, tags, text, colour, image and order, and which of
+// them the native control knows. Both toolkits share this one implementation.
 //
 // Invariants:
-// - Each node but the root has a parent, and stands at `row()` among the parent's children.
+// - Each node but the root has a parent and is child number `row()` of it.
 // - Keys are unique; an empty key is no key.
-// - The index order of the nodes is the order in which they were added, whatever the rows.
-// - The listener knows of the first `shownCount()` children of each node it knows of. The rest
-//   were added while redraw was suspended and are announced, in one step, when it resumes.
+// - The index order of nodes is the order in which they were added, not that of the rows.
+// - The listener knows the first `shownCount()` children of each node it knows. The others were
+//   added while redraw was suspended; resuming it announces them in one step.
 
 #include <cstdint>
 #include <list>
@@ -21,7 +21,7 @@
 
 #include "platform/language.h"
 
-// GCC says by a macro that it checks addresses, clang by a feature.
+// GCC defines a macro when it checks addresses; clang has a feature test.
 #if defined(__SANITIZE_ADDRESS__)
 #define PELK_ADDRESSES_CHECKED
 #elif defined(__has_feature)
@@ -44,7 +44,7 @@ struct Color {
 /// classes of a relation: "one" (strong), "two" (medium), "three" (weak).
 enum class TreeImage { None, Contact, Many, One, Two, Three };
 
-/// What a form attaches to a node: nothing, a contact's id, or an address.
+/// The data that a form attaches to a node: nothing, a contact's id, or an address.
 using TreeTag = std::variant<std::monostate, int, std::string>;
 
 class TreeNode {
@@ -53,16 +53,16 @@ class TreeNode {
     const std::string& key() const { return key_; }
     const TreeTag& tag() const { return tag_; }
     TreeImage image() const { return image_; }
-    /// Nothing stands for the toolkit's own text colour.
+    /// Nothing means the toolkit's own text colour.
     const std::optional<Color>& color() const { return color_; }
 
-    /// The model's root for a top-level node; null for the root itself.
+    /// Returns the model's root for a top-level node, and null for the root.
     TreeNode* parent() const { return parent_; }
     bool isTopLevel() const { return parent_ != nullptr && parent_->parent_ == nullptr; }
     const std::vector<TreeNode*>& children() const { return children_; }
-    /// The position among the parent's children, from 0.
+    /// Returns the position among the parent's children, from 0.
     int row() const { return row_; }
-    /// How many of the children the native tree knows of, counted from row 0.
+    /// Returns how many of the children, counted from row 0, the native tree knows.
     int shownCount() const { return shownCount_; }
 
  private:
@@ -80,8 +80,8 @@ class TreeNode {
     std::pmr::list<TreeNode>::iterator self_;
 };
 
-/// What the native tree hears of. Each pair brackets the change: before the first call the model
-/// is as it was, between the two only the count, order or absence of the rows named differs.
+/// Tells the native tree about changes. Each pair of calls brackets a change: before the first call
+/// nothing has changed; between the two only the number, order or absence of the named rows has.
 class TreeListener {
  public:
     virtual ~TreeListener() = default;
@@ -94,10 +94,10 @@ class TreeListener {
     virtual void beforeClear() = 0;
     virtual void afterClear() = 0;
     virtual void changed(TreeNode& node) = 0;
-    /// The node is about to go away, which the native tree may never have heard of; not called
-    /// when all nodes go.
+    /// Called before a node is destroyed, even one that the native tree does not know. Not called
+    /// by `clear`.
     virtual void forgotten(const TreeNode&) {}
-    /// Nothing needs to be painted until redraw is resumed.
+    /// Nothing needs painting until redraw resumes.
     virtual void redrawSuspended() {}
     virtual void redrawResumed() {}
 };
@@ -109,45 +109,44 @@ class TreeModel {
     TreeModel(const TreeModel&) = delete;
     TreeModel& operator=(const TreeModel&) = delete;
 
-    /// One listener at most; null for none.
+    /// There is at most one listener; null removes it.
     void setListener(TreeListener* listener) { listener_ = listener; }
 
     /// The invisible parent of the top-level nodes.
     TreeNode& root() { return root_; }
     const TreeNode& root() const { return root_; }
-    /// The number of nodes, without the root.
+    /// Returns the number of nodes without the root.
     std::size_t size() const { return nodes_.size(); }
 
-    /// Adds a node behind the last child of `parent`; sorting is a step of its own.
+    /// Adds a node as the last child of `parent`, without sorting.
     TreeNode& add(TreeNode& parent, std::string text = {});
-    /// Removes the node with all below it.
+    /// Removes the node and its descendants.
     void remove(TreeNode& node);
-    /// Removes all that stands below the node.
+    /// Removes the node's descendants.
     void removeChildren(TreeNode& node);
-    /// Removes all nodes.
     void clear();
 
     void setText(TreeNode& node, std::string text);
     void setTag(TreeNode& node, TreeTag tag) { node.tag_ = std::move(tag); }
     void setImage(TreeNode& node, TreeImage image);
     void setColor(TreeNode& node, Color color);
-    /// Gives the node the toolkit's own text colour again.
+    /// Restores the toolkit's own text colour.
     void clearColor(TreeNode& node);
-    /// Returns false, with the node's key unchanged, when another node has that key.
+    /// Returns false and keeps the node's key when another node has that key.
     bool setKey(TreeNode& node, std::string key);
 
-    /// Puts the children in alphabetical order of their texts. Children that are added or renamed
-    /// later stay where they are until it is called again.
+    /// Sorts the children alphabetically by text. Children added or renamed later stay where they
+    /// are until the next call.
     void sortChildren(TreeNode& node);
 
-    /// The node with that key; null when there is none.
+    /// Returns the node with that key, or null.
     TreeNode* find(std::string_view key) const;
 
-    /// The nodes in index order: the first, and the one that was added next; null at the end.
+    /// The nodes in index order: the first one, and the one added next. Null at the end.
     TreeNode* firstByIndex();
     TreeNode* nextByIndex(const TreeNode& node);
 
-    /// Until redraw is resumed, the native tree does not hear of nodes that are added.
+    /// Until redraw resumes, the native tree is not told of added nodes.
     void suspendRedraw();
     void resumeRedraw();
 
@@ -161,8 +160,8 @@ class TreeModel {
     const Language& language_;
     TreeListener* listener_ = nullptr;
     TreeNode root_;
-    /// Keeps the nodes side by side, so that many are added, walked and cleared quickly. Where the
-    /// addresses are checked each node is allocated by itself, or no use after free would show.
+    /// The memory pool keeps nodes close together, so that many are added, walked and cleared
+    /// quickly. Address checkers need an allocation per node to find a use after free.
 #ifdef PELK_ADDRESSES_CHECKED
     std::pmr::unsynchronized_pool_resource memory_{{.largest_required_pool_block = 1}};
 #else

@@ -11,7 +11,7 @@ constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 struct Character {
     std::size_t length = 1;
-    /// The code point; nothing sensible when the bytes are not valid UTF-8.
+    /// The code point; meaningless when the bytes are not valid UTF-8.
     std::uint32_t code = 0;
     bool valid = false;
 };
@@ -20,8 +20,8 @@ bool isSurrogate(std::uint32_t code) {
     return code >= 0xD800 && code <= 0xDFFF;
 }
 
-/// Reads the character at the start of `text`, which is not empty. An invalid byte is a character
-/// of length 1. Overlong forms, surrogates and codes over U+10FFFF are invalid.
+/// Decodes the first character of `text`, which is not empty. An invalid byte counts as a character
+/// of length 1. Overlong forms, surrogates and codes above U+10FFFF are invalid (RFC 3629).
 Character readCharacter(std::string_view text) {
     const auto lead = static_cast<unsigned char>(text[0]);
     if (lead < 0x80)
@@ -46,10 +46,10 @@ bool isControl(std::uint32_t code) {
     return code < 0x20 || (code >= 0x7F && code < 0xA0);
 }
 
-/// How many printable characters of ASCII the text begins with.
+/// Returns the number of printable ASCII characters at the start of the text.
 std::size_t plainLength(std::string_view text) {
     const auto isPlain = [](unsigned char byte) { return byte >= 0x20 && byte < 0x7F; };
-    // Whole blocks first: without a way out of the inner loop, compilers test many bytes at once.
+    // Tests whole blocks first: compilers vectorize an inner loop that has no exit.
     constexpr std::size_t block = 64;
     std::size_t length = 0;
     for (; length + block <= text.size(); length += block) {
@@ -74,7 +74,7 @@ bool isXmlCharacter(std::uint32_t code) {
 
 bool isXmlText(std::string_view text) {
     while (true) {
-        // Documents are nearly all of these characters.
+        // Most documents consist of these characters.
         text.remove_prefix(plainLength(text));
         if (text.empty())
             return true;

@@ -9,13 +9,13 @@
 namespace pelk {
 namespace {
 
-/// The length up to and with `end`.
+/// Returns the length up to and including `end`.
 std::size_t lengthTo(std::string_view text, std::string_view end) {
     const std::size_t at = text.find(end);
     return at == std::string_view::npos ? text.size() : at + end.size();
 }
 
-/// The length of a tag: a ">" within a quoted value does not end it.
+/// Returns the length of a tag. A ">" within a quoted value does not end it.
 std::size_t tagLength(std::string_view text) {
     std::size_t at = 0;
     while (true) {

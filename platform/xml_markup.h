@@ -1,5 +1,5 @@
 #pragma once
-// XML text cut into its pieces, for what has to be known of a text without a parser.
+// Splits XML text into its markup, for checks that need no parser.
 
 #include <cstdint>
 #include <optional>
@@ -10,28 +10,28 @@ namespace pelk {
 enum class MarkupKind {
     Text,
     StartTag,
-    /// A start tag that ends its element, too.
+    /// A start tag that also ends its element.
     EmptyTag,
     EndTag,
     CDataSection,
-    /// A comment or a processing instruction, the declaration among them.
+    /// A comment, a processing instruction or the XML declaration.
     Misc,
     DocumentType
 };
 
 struct Markup {
     MarkupKind kind = MarkupKind::Text;
-    /// The piece as it stands, with its brackets.
+    /// The piece of the input, with its brackets.
     std::string_view text;
 };
 
-/// Cuts off the first piece of `rest`, which is not empty. A piece without an end takes all that
-/// is left. In a well-formed text the pieces are exact; of any other nothing can be said behind
-/// its first fault, and a parser stops there as well.
+/// Removes and returns the first piece of `rest`, which is not empty. A piece without an end
+/// extends to the end of the text. The pieces of well-formed text are exact; in other text they are
+/// so only up to the first fault, where a parser stops as well.
 Markup takeMarkup(std::string_view& rest);
 
-/// The character that a reference stands for, given without its "&" and ";": "lt", "#10" or "#xA".
-/// Nothing when the name is unknown, or the number is no character that a document may hold.
+/// Returns the character of a reference, given without "&" and ";": "lt", "#10" or "#xA". Nothing
+/// when the name is unknown or the number is no character that XML allows.
 std::optional<std::uint32_t> referencedCharacter(std::string_view name);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Open files and folders, and what is said when the system refuses one.
+// Owns a file descriptor, and reports a failed system call.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -14,12 +14,13 @@
 
 namespace pelk {
 
-/// Throws `Error`: the path cannot be `what` ("opened", "read"), for the reason in `errno`.
+/// Throws an `Error` that says the path cannot be `what` ("opened", "read"), with the reason from
+/// `errno`.
 [[noreturn]] inline void failToBe(const std::string& path, const std::string& what) {
     throw Error(path + " cannot be " + what + ": " + std::strerror(errno) + ".");
 }
 
-/// An open file or folder, closed at the end; none when its number is negative.
+/// Owns a file descriptor and closes it. A negative number means none.
 class Descriptor {
  public:
     explicit Descriptor(int number) : number_(number) {}
@@ -37,7 +38,7 @@ class Descriptor {
     int number_;
 };
 
-/// Opens a path; on failure the descriptor is none, and `errno` tells why.
+/// Opens a path. On failure the descriptor is negative and `errno` says why.
 inline Descriptor openFile(const std::string& path, int flags, mode_t mode = 0) {
     return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The services of the Linux desktop, made once and handed to the core.
+// Owns the services of the Linux desktop.
 
 #include <string>
 
@@ -14,11 +14,12 @@ namespace pelk {
 
 class DesktopPlatform {
  public:
-    /// An empty `dataFolder` stands for the user's usual one.
+    /// An empty `dataFolder` means the user's default one.
     explicit DesktopPlatform(std::string dataFolder) : shell_(std::move(dataFolder)) {}
 
     const Language& language() const { return language_; }
-    /// What the core needs, with the given dialogs. Valid as long as this object and they live.
+    /// Returns the services that the core needs. They are valid while this object and `dialogs`
+    /// live.
     Platform with(Dialogs& dialogs) {
         return {files_, shell_, clock_, language_, crypto_, dialogs, createPugiDocument};
     }

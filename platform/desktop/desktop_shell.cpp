@@ -18,16 +18,17 @@ std::string environment(const char* name) {
     return value == nullptr ? std::string() : value;
 }
 
-/// Empty when the environment does not tell.
+/// Empty when the environment does not say.
 std::string usualDataFolder() {
-    // A relative path in the variable is to be ignored, by the rules for these folders.
+    // The XDG Base Directory Specification requires that a relative path is ignored.
     if (std::string folder = environment("XDG_DATA_HOME"); folder.starts_with('/'))
         return folder;
     const std::string home = environment("HOME");
     return home.empty() ? home : home + "/.local/share";
 }
 
-/// The first page of the help: where it is installed, or built. Empty when it is in neither place.
+/// Returns the first page of the help, from where it is installed or built. Empty when it is in
+/// neither.
 std::string firstHelpPage() {
     std::error_code error;
     const std::filesystem::path prefix =

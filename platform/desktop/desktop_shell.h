@@ -9,10 +9,10 @@
 namespace pelk {
 
 /// The data folder is the one that the user names, else $XDG_DATA_HOME, else ~/.local/share. It is
-/// created, open to its owner alone, when it is missing. The help is shown by the user's browser.
+/// created with access for its owner only. The user's browser shows the help.
 class DesktopShell : public Shell {
  public:
-    /// An empty `dataFolder` stands for the usual one.
+    /// An empty `dataFolder` means the default one.
     explicit DesktopShell(std::string dataFolder) : dataFolder_(std::move(dataFolder)) {}
     std::optional<std::string> applicationDataFolder() override;
     std::optional<std::string> applicationDataFolderName() override;

@@ -8,19 +8,19 @@
 namespace pelk {
 namespace {
 
-/// Takes the lock. Throws `Error` when another program has it.
+/// Locks the folder. Throws `Error` when another program holds the lock.
 void lock(int descriptor, const std::string& folder) {
     if (uninterrupted([descriptor] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0)
         return;
     if (errno == EWOULDBLOCK)
         throw Error("Another Pelk is using the database in " + folder + ". Close it first.");
-    // Some network file systems know no locks; there the program works without.
+    // Some network file systems do not support locks; there the program works without one.
     if (errno != EOPNOTSUPP && errno != ENOSYS && errno != ENOLCK && errno != EINVAL)
         failToBe(folder, "locked");
 }
 
-/// Whether the open folder is still the one at the path: a program that put nothing into it may
-/// have removed it before it gave up its lock.
+/// Whether the path still leads to the open folder. Another program may have created the folder and
+/// removed it, still empty, before it released its lock.
 bool standsAt(int descriptor, const std::string& folder) {
     struct stat held {};
     struct stat there {};
@@ -48,7 +48,7 @@ FolderLock::FolderLock(const std::string& folder) {
     }
 }
 
-/// The folders go while the lock is held, so that nobody else has begun to use them.
+/// Removes the folders before it releases the lock, so that no other program has begun to use them.
 FolderLock::~FolderLock() {
     removeEmpty(made_);
     ::close(descriptor_);

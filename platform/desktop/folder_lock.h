@@ -7,13 +7,12 @@
 
 namespace pelk {
 
-/// Holds a folder for one program, until it is destroyed or the program ends in any way. It leaves
-/// no file behind. Reading needs no lock: a file in the folder is only ever replaced whole.
+/// Holds the lock of a folder until it is destroyed or the process ends. It leaves no file behind.
+/// Reading needs no lock because files in the folder are only ever replaced whole.
 class FolderLock {
  public:
-    /// Creates the folder, and those above it, if they are missing; they go at the end if nothing
-    /// came into them. Throws `Error` when another program holds the folder, or it cannot be
-    /// opened.
+    /// Creates the folder and its missing parents; the destructor removes those that are still
+    /// empty. Throws `Error` when another program holds the lock or the folder cannot be opened.
     explicit FolderLock(const std::string& folder);
     FolderLock(const FolderLock&) = delete;
     FolderLock& operator=(const FolderLock&) = delete;

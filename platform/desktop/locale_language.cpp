@@ -28,7 +28,7 @@ bool comesBefore(const Entry& left, const Entry& right) {
     return left.key.compare(right.key) < 0;
 }
 
-/// In alphabetical order.
+/// Returns the texts' sort keys in alphabetical order.
 Entries sortedEntries(std::span<const std::string_view> texts, std::size_t firstPosition,
                       const QCollator& collator) {
     Entries entries;
@@ -40,7 +40,7 @@ Entries sortedEntries(std::span<const std::string_view> texts, std::size_t first
     return entries;
 }
 
-/// The same for many texts, half by half.
+/// Sorts two halves at the same time, because sort keys of many texts take long.
 Entries sortedHalves(std::span<const std::string_view> texts, const QCollator& collator,
                      const QCollator& other) {
     const std::size_t middle = texts.size() / 2;
@@ -96,8 +96,9 @@ bool LocaleLanguage::startsWith(std::string_view text, std::string_view start) c
         .startsWith(QString::fromUtf8(toQt(start)), Qt::CaseInsensitive);
 }
 
-/// Character by character, so that the length in characters stays. Text that is not UTF-8 has its
-/// Latin letters changed and all else left as it is: it must not become another one's text.
+/// Converts character by character, so that the number of characters stays the same. In text that
+/// is not UTF-8 only the ASCII letters change: replacing the other bytes could make two texts
+/// equal.
 std::string LocaleLanguage::lowerCase(std::string_view text) const {
     if (isAscii(text))
         return lowerAscii(text);

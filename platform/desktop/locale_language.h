@@ -13,10 +13,10 @@ namespace pelk {
 
 class LocaleLanguage : public Language {
  public:
-    /// The locale that the user's environment names. One without an alphabet ("C", "POSIX") is
-    /// taken for English.
+    /// Uses the locale of the user's environment. "C" and "POSIX" have no alphabet and are treated
+    /// as English.
     LocaleLanguage();
-    /// The locale of that name, such as "sv_SE".
+    /// `name` is a locale such as "sv_SE".
     explicit LocaleLanguage(const std::string& name);
     ~LocaleLanguage() override;
 
@@ -26,7 +26,7 @@ class LocaleLanguage : public Language {
     std::string lowerCase(std::string_view text) const override;
 
  private:
-    /// Two that are alike, as one is not for several threads.
+    /// Two equal collators, because threads cannot share one.
     std::array<std::unique_ptr<QCollator>, 2> collators_;
 };
 

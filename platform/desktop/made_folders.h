@@ -1,18 +1,18 @@
 #pragma once
-// Folders that are made on the way to one that is needed.
+// Creates a folder with its parents, and can remove what it created.
 
 #include <string>
 #include <vector>
 
 namespace pelk {
 
-/// The folders that had to be made, the outermost first.
+/// The folders that were created, outermost first.
 using MadeFolders = std::vector<std::string>;
 
-/// Makes the folder with all above it that are missing, open to their owner alone. Throws `Error`.
+/// Creates the folder and its missing parents, with access for their owner only. Throws `Error`.
 MadeFolders makeFolders(const std::string& path);
 
-/// Removes those of the folders in which nothing stands.
+/// Removes those of the folders that are empty.
 void removeEmpty(const MadeFolders& folders) noexcept;
 
 }  // namespace pelk

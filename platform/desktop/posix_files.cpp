@@ -21,7 +21,7 @@ namespace {
 
 class PosixWritableFile : public WritableFile {
  public:
-    /// `path` is the one to name in messages.
+    /// `path` is the one that messages name.
     PosixWritableFile(Descriptor descriptor, std::string path)
         : descriptor_(std::move(descriptor)), path_(std::move(path)) {}
 
@@ -33,8 +33,7 @@ class PosixWritableFile : public WritableFile {
                 failToBe(path_, "written");
             bytes.remove_prefix(static_cast<std::size_t>(written));
         }
-        // The disk sets to work while more is written. Whether it succeeds is for the flush to
-        // tell.
+        // Starts the transfer to the disk early. A failure is reported by `flushToDisk`.
         ::sync_file_range(descriptor_.get(), 0, 0, SYNC_FILE_RANGE_WRITE);
     }
 
@@ -44,7 +43,7 @@ class PosixWritableFile : public WritableFile {
     }
 
     void close() override {
-        // An interrupted call has closed the file nevertheless.
+        // A close that was interrupted has closed the file nevertheless.
         if (::close(descriptor_.release()) != 0 && errno != EINTR)
             failToBe(path_, "written");
     }
@@ -54,13 +53,13 @@ class PosixWritableFile : public WritableFile {
     std::string path_;
 };
 
-/// Closes a file that has no name any more. The system frees its content then, which takes about
-/// as long as writing it did, so nobody waits for that.
+/// Closes a file that has no name any more. The system then frees its blocks, which takes about as
+/// long as writing them, so a thread of its own does it.
 void letGoOf(Descriptor file) {
     try {
         std::thread([file = std::move(file)] {}).detach();
     } catch (const std::exception&) {
-        // No thread was to be had, and it has been closed here.
+        // No thread could be started, so the file was closed here.
     }
 }
 
@@ -86,8 +85,8 @@ const char* kindOf(mode_t mode) {
     }
 }
 
-/// Whether something stands at the path, or a link to it; nothing else may stand there than what is
-/// wanted.
+/// Whether the path exists. Throws `Error` when it is of another type than `wanted`, or a link
+/// whose target is missing.
 bool exists(const std::string& path, mode_t wanted) {
     struct stat status {};
     if (uninterrupted([&] { return ::stat(path.c_str(), &status); }) == 0) {
@@ -104,7 +103,7 @@ bool exists(const std::string& path, mode_t wanted) {
     return false;
 }
 
-/// Where the path leads, if it is a symbolic link; else the path.
+/// Returns the target of a symbolic link, or the path itself.
 std::string behindLink(const std::string& path) {
     struct stat status {};
     if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) != 0) {
@@ -159,7 +158,7 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
         failToBe(path, "read");
     std::string content;
     constexpr std::size_t slice = 1U << 16U;
-    // One byte more than the file has, so that its end is seen without growing the text.
+    // One byte more than the file has, so that reading meets the end without growing the text.
     content.resize(static_cast<std::size_t>(status.st_size) + 1);
     std::size_t size = 0;
     while (true) {
@@ -178,7 +177,7 @@ std::string PosixFiles::readWholeFile(const std::string& path) {
 }
 
 TemporaryFile PosixFiles::createTemporary(const std::string& target) {
-    // A device or a pipe is no place for a file.
+    // Throws for a device or a pipe, which must not be replaced by a file.
     exists(target, S_IFREG);
     const std::string real = behindLink(target);
     TemporaryFile temporary{real + std::string(kTemporaryMark) + randomDigits(target), nullptr};
@@ -208,13 +207,12 @@ void PosixFiles::removeLeftovers(const std::string& folder) {
 void PosixFiles::replaceFile(const std::string& from, const std::string& to) {
     const std::string real = behindLink(to);
     const std::string folderPath = folderOf(real);
-    // This opens anything, whatever its mode, and never waits.
+    // O_PATH needs no permission for the file and never blocks.
     Descriptor replaced = openFile(real, O_PATH);
     if (uninterrupted([&] { return ::rename(from.c_str(), real.c_str()); }) != 0)
         failToBe(to, "replaced");
-    // The new name counts once the folder that holds it is on the disk. Where the system cannot
-    // bring it there now it will later: the change has been made and is not to be reported as
-    // failed.
+    // The new name is durable once its folder is synced. A failure of that is not reported, because
+    // the replacement itself has happened.
     const Descriptor folder = openFile(folderPath, O_RDONLY | O_DIRECTORY);
     if (folder.get() >= 0)
         uninterrupted([&folder] { return ::fsync(folder.get()); });

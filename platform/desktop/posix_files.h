@@ -1,11 +1,11 @@
 #pragma once
-// The file system of a POSIX machine.
+// The file system of a POSIX system.
 
 #include "platform/files.h"
 
 namespace pelk {
 
-/// A file that is replaced may be a symbolic link, which stays: its target is replaced.
+/// Replacing a symbolic link replaces its target; the link stays.
 class PosixFiles : public FileSystem {
  public:
     std::string join(const std::string& folder, const std::string& name) const override;

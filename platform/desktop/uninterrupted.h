@@ -1,11 +1,11 @@
 #pragma once
-// Calls of the system that a signal may interrupt.
+// Retries system calls that a signal interrupted.
 
 #include <cerrno>
 
 namespace pelk {
 
-/// Calls the system until no signal interrupts it.
+/// Repeats the call while it fails with EINTR.
 template <typename Call>
 auto uninterrupted(const Call& call) {
     auto result = call();

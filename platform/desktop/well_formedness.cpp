@@ -12,15 +12,15 @@
 namespace pelk {
 namespace {
 
-/// Whether the text, which begins with "&", begins with a reference.
+/// Whether the text, which starts with "&", starts with a reference.
 bool beginsWithReference(std::string_view text) {
     constexpr std::size_t longest = 12;
     const std::size_t end = text.substr(0, longest).find(';');
     return end != std::string_view::npos && referencedCharacter(text.substr(1, end - 1));
 }
 
-/// Whether every "&" begins a reference, even those that would not have to: true of nearly all
-/// documents, and quickly known.
+/// Whether every "&" begins a reference, even where it need not. This quick check passes for nearly
+/// all documents.
 bool holdsReferencesOnly(std::string_view text) {
     for (auto at = text.find('&'); at != std::string_view::npos; at = text.find('&', at + 1))
         if (!beginsWithReference(text.substr(at)))
@@ -28,7 +28,7 @@ bool holdsReferencesOnly(std::string_view text) {
     return true;
 }
 
-/// Whether an "&" begins no reference where it has to.
+/// Whether an "&" is not part of a reference where XML requires one.
 bool hasStrayReference(std::string_view text) {
     while (!text.empty()) {
         const Markup markup = takeMarkup(text);
@@ -40,16 +40,16 @@ bool hasStrayReference(std::string_view text) {
     return false;
 }
 
-/// Finds the first element that is nested too deep or has an attribute twice.
+/// Finds the first element that is nested too deeply or repeats an attribute.
 class ElementFault : public pugi::xml_tree_walker {
  public:
     bool begin(pugi::xml_node& node) override { return for_each(node); }
     bool for_each(pugi::xml_node& node) override {
-        // The root has the depth -1.
+        // pugixml gives the root the depth -1.
         if (node.type() == pugi::node_element && depth() + 2 > kDeepestNesting)
             found = nestingFault();
         else if (hasDoubledAttribute(node))
-            found = "an attribute that stands twice";
+            found = "a repeated attribute";
         return found.empty();
     }
     std::string found;
