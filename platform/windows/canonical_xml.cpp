@@ -9,7 +9,7 @@ namespace pelk {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-/// Stands for what no document may hold.
+/// U+FFFD replaces what XML does not allow.
 constexpr std::uint32_t kReplacement = 0xFFFD;
 
 bool isBlank(std::string_view text) {
@@ -34,8 +34,8 @@ void appendUtf8(std::string& out, std::uint32_t code) {
     append(0x80U | (code & 0x3FU));
 }
 
-/// Writes a document piece by piece. A start tag is left open until it is known whether anything
-/// stands within the element.
+/// Writes a document markup by markup. A start tag stays open until the next markup shows whether
+/// the element is empty.
 class CanonicalWriter {
  public:
     explicit CanonicalWriter(std::size_t size) { out_.reserve(size); }
@@ -81,7 +81,7 @@ class CanonicalWriter {
         startTagIsOpen_ = true;
         out_ += '<';
         out_ += inner.substr(0, inner.find_first_of(kBlanks));
-        // What is left is attributes: a name, "=", a value in quotes of either kind.
+        // The rest is attributes: a name, "=", a value in single or double quotes.
         for (std::size_t at = inner.find_first_of("\"'"); at != std::string_view::npos;
              at = inner.find_first_of("\"'")) {
             const std::size_t end = inner.find(inner[at], at + 1);
@@ -108,7 +108,7 @@ class CanonicalWriter {
         out_ += '"';
     }
 
-    /// Part of an attribute's value without references; only a quote needs one now.
+    /// Appends part of an attribute's value without references. Only double quotes need escaping.
     void appendPlain(std::string_view text) {
         for (std::size_t at = text.find('"'); at != std::string_view::npos; at = text.find('"')) {
             out_ += text.substr(0, at);
@@ -132,7 +132,7 @@ class CanonicalWriter {
             appendUtf8(out_, code);
     }
 
-    /// The library writes a line's end as two characters.
+    /// Drops the CR of the CR LF that the library writes at line ends.
     void appendText(std::string_view text) {
         closeStartTag();
         for (const char character : text)

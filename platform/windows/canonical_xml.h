@@ -1,6 +1,6 @@
 #pragma once
-// Rewrites what an XML library wrote in the canonical form that all platforms share. This is the
-// program's own form, simpler than W3C Canonical XML.
+// Rewrites what MSXML writes in the canonical form that all platforms share. This is the program's
+// own form, simpler than W3C Canonical XML.
 
 #include <string>
 #include <string_view>

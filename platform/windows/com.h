@@ -1,8 +1,8 @@
 #pragma once
-// Owners of what COM hands out: interfaces, strings, variants.
+// Owners of COM interfaces, strings and variants.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <oleauto.h>
 
 #include <new>
@@ -14,13 +14,13 @@
 
 namespace pelk {
 
-/// Holds one reference to an interface, or none.
+/// Owns one reference to an interface, or none.
 template <typename Interface>
 class ComPtr {
  public:
     ComPtr() = default;
     ComPtr(std::nullptr_t) {}
-    /// Adds a reference of its own.
+    /// Adds a reference.
     explicit ComPtr(Interface* pointer) : pointer_(pointer) {
         if (pointer_ != nullptr)
             pointer_->AddRef();
@@ -34,19 +34,19 @@ class ComPtr {
     ~ComPtr() { reset(); }
 
     void reset() {
-        // The pointer is gone before the object is: releasing it may run anything.
+        // Clears the pointer before it releases the object, because `Release` may run any code.
         if (Interface* const pointer = std::exchange(pointer_, nullptr))
             pointer->Release();
     }
-    /// Gives the reference away.
+    /// Gives the reference to the caller.
     Interface* detach() { return std::exchange(pointer_, nullptr); }
-    /// Takes over a reference that somebody else added.
+    /// Takes ownership of a reference without adding one.
     static ComPtr attach(Interface* pointer) {
         ComPtr owner;
         owner.pointer_ = pointer;
         return owner;
     }
-    /// Where a function puts an interface that it hands out; what was held is released.
+    /// Returns the place for an output parameter and releases the current object.
     Interface** put() {
         reset();
         return &pointer_;
@@ -56,7 +56,7 @@ class ComPtr {
     Interface* operator->() const { return pointer_; }
     explicit operator bool() const { return pointer_ != nullptr; }
 
-    /// The object's other interface; none when it has no such.
+    /// Queries another interface; null when the object does not have it.
     template <typename Other>
     ComPtr<Other> query(const IID& iid) const {
         ComPtr<Other> other;
@@ -70,7 +70,7 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// A BSTR. The null string is the empty one. Making one throws `std::bad_alloc`.
+/// Owns a BSTR. A null BSTR is an empty string. The constructor throws `std::bad_alloc`.
 class Bstr {
  public:
     Bstr() = default;
@@ -100,7 +100,7 @@ class Bstr {
     BSTR text_ = nullptr;
 };
 
-/// A VARIANT, cleared at the end. Making a text one throws `std::bad_alloc`.
+/// Owns a VARIANT. The constructor from text throws `std::bad_alloc`.
 class Variant : public VARIANT {
  public:
     Variant() { VariantInit(this); }

@@ -1,8 +1,8 @@
 #pragma once
-// Base classes of the COM objects that the program itself offers.
+// Base classes of the program's own COM objects.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <oaidl.h>
 
 #include <atomic>
@@ -14,12 +14,12 @@
 
 namespace pelk {
 
-// COM's own interfaces have no virtual destructor; objects are destroyed by `Release` alone.
+// COM's interfaces have no virtual destructor; only `Release` destroys the objects.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// Counts references, and deletes itself when the last is given back. It is born with one, which
-/// belongs to its maker.
+/// Counts references, and deletes the object when the last one is released. The count starts at
+/// one, for the creator.
 template <typename... Interfaces>
 class ComObject : public Interfaces... {
  public:
@@ -49,7 +49,7 @@ class ComObject : public Interfaces... {
     ComObject() = default;
     virtual ~ComObject() = default;
 
-    /// An interface identifier under which the first interface is offered as well.
+    /// Whether the identifier also names the first interface.
     virtual bool isOtherName(REFIID) const { return false; }
 
  private:
@@ -75,13 +75,13 @@ class ComObject : public Interfaces... {
 
 #pragma GCC diagnostic pop
 
-/// A member that an object answers to by name.
+/// A member that can be called by name.
 struct NamedMember {
     const wchar_t* name;
     DISPID id;
 };
 
-/// Finds the member of that name, whatever the case of its letters; DISPID_UNKNOWN for none.
+/// Returns the id of a member, ignoring the letter case of its name, or DISPID_UNKNOWN.
 inline DISPID findMember(std::span<const NamedMember> members, const wchar_t* name) {
     for (const NamedMember& member : members)
         if (name != nullptr && CompareStringOrdinal(member.name, -1, name, -1, TRUE) == CSTR_EQUAL)
@@ -89,7 +89,7 @@ inline DISPID findMember(std::span<const NamedMember> members, const wchar_t* na
     return DISPID_UNKNOWN;
 }
 
-/// An object that can be called by name too. It has no type library: a table of names does.
+/// An object that can also be called by name. It uses a table of names instead of a type library.
 template <typename... Interfaces>
 class AutomationObject : public ComObject<Interfaces...> {
  public:
@@ -109,7 +109,7 @@ class AutomationObject : public ComObject<Interfaces...> {
         if (names == nullptr || ids == nullptr || count == 0)
             return E_INVALIDARG;
         ids[0] = findMember(members(), names[0]);
-        // Names beyond the first are those of arguments, which nobody needs.
+        // Further names are those of arguments, which no member has.
         for (UINT index = 1; index < count; ++index)
             ids[index] = DISPID_UNKNOWN;
         return count > 1 || ids[0] == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK;

@@ -1,11 +1,11 @@
 #pragma once
-// What keeps the DLL in memory: as long as a lock exists, its code may still be called.
+// Keeps the DLL in memory: while a lock exists, its code may still be called.
 
 #include <atomic>
 
 namespace pelk {
 
-/// Held by every object that somebody outside the DLL may have a reference to.
+/// Held by every object to which code outside the DLL may have a reference.
 class ModuleLock {
  public:
     ModuleLock() { acquire(); }
@@ -13,7 +13,7 @@ class ModuleLock {
     ModuleLock& operator=(const ModuleLock&) = default;
     ~ModuleLock() { release(); }
 
-    /// For those whose locks are no objects.
+    /// For locks that no object holds.
     static void acquire() { ++count_; }
     static void release() { --count_; }
 

@@ -1,12 +1,12 @@
 #pragma once
-// Text at the border to Windows: UTF-8 inside, UTF-16 outside.
+// Converts text: the program uses UTF-8, Windows UTF-16.
 
 #include <string>
 #include <string_view>
 
 namespace pelk {
 
-/// What is not UTF-8 becomes U+FFFD.
+/// Invalid UTF-8 becomes U+FFFD.
 std::wstring toWide(std::string_view utf8);
 
 /// A lone surrogate becomes U+FFFD.

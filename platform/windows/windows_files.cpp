@@ -1,7 +1,7 @@
 #include "platform/windows/windows_files.h"
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <bcrypt.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 namespace pelk {
 namespace {
 
-/// The system's words for an error number, without the full stop and line end that it adds.
+/// Returns the system's message for an error number, without its full stop and line end.
 std::string reasonOf(DWORD number) {
     wchar_t text[512];
     const DWORD length = FormatMessageW(
@@ -24,13 +24,13 @@ std::string reasonOf(DWORD number) {
     return reason.empty() ? "error " + std::to_string(number) : reason;
 }
 
-/// What went wrong with the path, with the system's own reason for it.
+/// Throws `Error` with what failed at the path and the system's reason.
 [[noreturn]] void fail(const std::string& path, const char* what) {
     const DWORD number = GetLastError();
     throw Error(path + " cannot be " + what + ": " + reasonOf(number) + ".");
 }
 
-/// The path as the system's functions take it. They take a long one only in a form of its own.
+/// Returns the path for the system's functions, which need a prefix for long ones.
 std::wstring systemPath(const std::string& path) {
     const std::wstring wide = toWide(path);
     constexpr std::size_t longestPlain = 240;
@@ -45,7 +45,7 @@ std::wstring systemPath(const std::string& path) {
     return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
-/// An open file, closed at the end.
+/// Owns a file handle.
 class FileHandle {
  public:
     explicit FileHandle(HANDLE handle) : handle_(handle) {}
@@ -68,7 +68,7 @@ struct SearchEnd {
     void operator()(HANDLE search) const { FindClose(search); }
 };
 
-/// The most bytes that go to the system in one call.
+/// The largest number of bytes per call.
 constexpr std::size_t kSlice = std::size_t{1} << 26U;
 
 class WindowsWritableFile : public WritableFile {
@@ -101,7 +101,7 @@ class WindowsWritableFile : public WritableFile {
     std::string path_;
 };
 
-/// Whether something stands at the path; a folder must be one, and nothing else.
+/// Whether the path exists. Throws `Error` when it is a folder instead of a file, or the reverse.
 bool exists(const std::string& path, bool folderWanted) {
     const DWORD attributes = GetFileAttributesW(systemPath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
@@ -197,7 +197,7 @@ void WindowsFiles::removeLeftovers(const std::string& folder) {
     while (FindNextFileW(search.get(), &found));
 }
 
-/// A program that watches files may hold one for a moment, so a refusal is not taken at once.
+/// Retries, because a program that watches files may hold one for a moment.
 void WindowsFiles::replaceFile(const std::string& from, const std::string& to) {
     constexpr int attempts = 20;
     constexpr DWORD pauseInMilliseconds = 25;

@@ -5,8 +5,8 @@
 
 namespace pelk {
 
-/// What is created takes its access rights from the folder it stands in: within a user's profile
-/// it is open to that user alone.
+/// New files inherit the access rights of their folder: within a user's profile only that user has
+/// access.
 class WindowsFiles : public FileSystem {
  public:
     std::string join(const std::string& folder, const std::string& name) const override;

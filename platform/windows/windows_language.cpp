@@ -16,8 +16,8 @@ bool isUtf8(std::string_view text) {
                                static_cast<int>(text.size()), nullptr, 0) > 0;
 }
 
-/// Changes the letters of a text, each for one of the same length, by the full rules of Unicode and
-/// those of no locale.
+/// Maps the letters of a text, each to one of the same length, by Unicode's rules independent of a
+/// locale.
 std::wstring inCase(DWORD mapping, const std::wstring& text) {
     const int size = static_cast<int>(text.size());
     std::wstring mapped(text.size(), L'\0');
@@ -26,13 +26,13 @@ std::wstring inCase(DWORD mapping, const std::wstring& text) {
     return written == size ? mapped : text;
 }
 
-/// Letters that differ in case alone are the same in it.
+/// Returns equal texts for texts that differ only in case.
 std::wstring foldCase(std::string_view text) {
     const std::wstring wide = toWide(text);
     return inCase(LCMAP_LOWERCASE, inCase(LCMAP_UPPERCASE, wide));
 }
 
-/// Makes bytes by whose order texts stand in the locale's alphabet.
+/// Computes sort keys: bytes whose order is the alphabetical order of the texts.
 class SortKeys {
  public:
     explicit SortKeys(const std::wstring& locale) : locale_(locale) {}
@@ -41,7 +41,7 @@ class SortKeys {
         const std::wstring wide = toWide(text);
         if (wide.empty())
             return {};
-        // Long enough for nearly every text, which then is mapped once and not twice.
+        // Large enough for nearly every text, so that one call suffices.
         buffer_.resize(std::max(buffer_.size(), wide.size() * 16 + 64));
         int size = map(wide, static_cast<int>(buffer_.size()));
         if (size == 0) {
@@ -52,7 +52,7 @@ class SortKeys {
     }
 
  private:
-    /// Sizes of sort keys count bytes although the type says characters.
+    /// The type counts characters, but sort key sizes are in bytes.
     int map(const std::wstring& text, int room) {
         return LCMapStringEx(locale_.c_str(), LCMAP_SORTKEY | LINGUISTIC_IGNORECASE, text.data(),
                              static_cast<int>(text.size()),
@@ -95,8 +95,9 @@ bool WindowsLanguage::startsWith(std::string_view text, std::string_view start) 
     return foldCase(text).starts_with(foldCase(start));
 }
 
-/// Character by character, so that the length in characters stays. Text that is not UTF-8 has its
-/// Latin letters changed and all else left as it is: it must not become another one's text.
+/// Converts character by character, so that the number of characters stays the same. In text that
+/// is not UTF-8 only the ASCII letters change: replacing the other bytes could make two texts
+/// equal.
 std::string WindowsLanguage::lowerCase(std::string_view text) const {
     if (isAscii(text) || !isUtf8(text))
         return lowerAscii(text);

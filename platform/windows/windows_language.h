@@ -9,9 +9,9 @@ namespace pelk {
 
 class WindowsLanguage : public Language {
  public:
-    /// The locale that the user has set.
+    /// Uses the user's locale.
     WindowsLanguage();
-    /// The locale of that name, such as "sv-SE".
+    /// `locale` is a name such as "sv-SE".
     explicit WindowsLanguage(std::wstring locale) : locale_(std::move(locale)) {}
 
     std::vector<std::size_t> alphabeticalOrder(

@@ -1,5 +1,5 @@
 #pragma once
-// The services of Windows, made once and handed to the core.
+// Owns the services of Windows.
 
 #include "platform/platform.h"
 #include "platform/windows/cng_crypto.h"
@@ -13,7 +13,8 @@ namespace pelk {
 class WindowsPlatform {
  public:
     const Language& language() const { return language_; }
-    /// What the core needs, with the given dialogs. Valid as long as this object and they live.
+    /// Returns the services that the core needs. They are valid while this object and `dialogs`
+    /// live.
     Platform with(Dialogs& dialogs) {
         return {files_, shell_, clock_, language_, crypto_, dialogs, createMsxmlDocument};
     }

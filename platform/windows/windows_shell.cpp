@@ -1,7 +1,7 @@
 #include "platform/windows/windows_shell.h"
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <shlobj.h>
 
 #include "platform/error.h"
@@ -16,8 +16,8 @@ std::wstring folderOfModule() {
     return path.substr(0, path.rfind(L'\\'));
 }
 
-/// The help viewer of Windows itself: a program of that name in the current folder or on the path
-/// may be anybody's.
+/// Uses the full path of the Windows help viewer: a program of that name in the current folder or
+/// on the path may be malicious.
 std::wstring helpViewer() {
     wchar_t folder[MAX_PATH];
     const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
@@ -30,7 +30,7 @@ std::wstring helpViewer() {
 
 std::optional<std::string> WindowsShell::applicationDataFolder() {
     wchar_t path[MAX_PATH];
-    // A folder that has a name but is not there gives S_FALSE.
+    // Windows returns S_FALSE for a folder that is named but does not exist.
     if (SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, path) != S_OK)
         return std::nullopt;
     return toUtf8(path);
@@ -40,7 +40,7 @@ std::optional<std::string> WindowsShell::ownFolder() {
     return toUtf8(folderOfModule());
 }
 
-/// The viewer itself tells the user when the file is not there.
+/// The viewer itself reports a missing file.
 void WindowsShell::openHelp() {
     const std::wstring viewer = helpViewer();
     std::wstring command = L"\"" + viewer + L"\" \"" + folderOfModule() + L"\\pelk.chm\"";

@@ -6,8 +6,8 @@
 
 namespace pelk {
 
-/// The data folder is the one for programs' data in the user's roaming profile. The own folder is
-/// the add-in's, where its help file stands, too.
+/// The data folder is the application data folder of the user's roaming profile. The own folder is
+/// the add-in's, which also holds its help file.
 class WindowsShell : public Shell {
  public:
     std::optional<std::string> applicationDataFolder() override;

@@ -1,5 +1,5 @@
 #pragma once
-// What all controls of the toolkit share: a widget of Qt, placed in twips.
+// What all controls of the toolkit share: a Qt widget with bounds in twips.
 
 #include <QWidget>
 
@@ -7,19 +7,19 @@
 
 namespace pelk {
 
-/// The way from a control or a window of the interface to the widget that shows it.
+/// Gives adapters the widget that shows a control or window.
 class NativeWidget {
  public:
     virtual ~NativeWidget() = default;
     virtual QWidget& nativeWidget() = 0;
 };
 
-/// A control of the kind `Interface`, shown by a `Widget`.
+/// Implements the control `Interface` with a `Widget`.
 template <class Interface, class Widget>
 class QtControl : public Interface, public NativeWidget {
  public:
-    /// The control appears in `parent`, which must outlive it. Further arguments are the
-    /// interface's own.
+    /// The control appears in `parent`, which must outlive it. Further arguments are passed to
+    /// `Interface`.
     template <class... Arguments>
     QtControl(QWidget& parent, const TwipScale& scale, Arguments&&... arguments)
         : Interface(std::forward<Arguments>(arguments)...), widget_(&parent), scale_(scale) {}

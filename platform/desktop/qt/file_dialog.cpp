@@ -6,14 +6,14 @@
 namespace pelk {
 namespace {
 
-/// Names and patterns in turn as Qt wants them: each name followed by its pattern in brackets,
-/// which some names show already.
+/// Converts alternating names and patterns to Qt's filters: each name followed by its pattern in
+/// brackets, unless the name already shows it.
 QStringList nameFilters(const QStringList& namesAndPatterns) {
     static const QRegularExpression kShownPattern("\\s*\\([^()]*\\)$");
     QStringList filters;
     for (qsizetype at = 0; at + 1 < namesAndPatterns.size(); at += 2) {
         QString name = namesAndPatterns[at];
-        // Here a file need not have a dot in its name.
+        // On Linux, file names need no dot.
         const QString pattern = namesAndPatterns[at + 1] == "*.*" ? "*" : namesAndPatterns[at + 1];
         filters << name.remove(kShownPattern) + " (" + pattern + ")";
     }
@@ -30,7 +30,6 @@ std::string chooseFile(QWidget* owner, QFileDialog::AcceptMode mode, const std::
     box.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile
                                                     : QFileDialog::AnyFile);
     box.setNameFilters(nameFilters(namesAndPatterns));
-    // The extension of the first pattern, "*.db".
     box.setDefaultSuffix(namesAndPatterns.value(1).section('.', -1));
     return box.exec() == QDialog::Accepted ? box.selectedFiles().value(0).toStdString()
                                            : std::string();

@@ -17,7 +17,7 @@ const QColor kPersonBehind(134, 168, 208);
 /// Draws with coordinates from 0 to 16 in both directions.
 class Brush {
  public:
-    /// With a colour of `only`, everything is drawn in it.
+    /// If `only` is a valid colour, everything is drawn in it.
     Brush(QPainter& painter, const QColor& only) : painter_(painter), only_(only) {}
 
     void fill(const QPainterPath& path, const QColor& color) const {
@@ -36,7 +36,7 @@ class Brush {
 
 using Drawing = void (*)(const Brush&);
 
-/// Head and shoulders, standing on the line `bottom`.
+/// A head and shoulders whose lower edge is at `bottom`.
 QPainterPath person(double middle, double bottom, double width) {
     const double half = width / 2;
     const double radius = width * 0.26;
@@ -55,11 +55,11 @@ void drawContact(const Brush& brush) {
     brush.fill(person(8, 15, 12), kPerson);
 }
 
-/// What is seen of a person behind `front`, with a gap between the two.
+/// The part of a person that is visible behind `front`, with a gap between the two.
 QPainterPath personBehind(const QPainterPath& front) {
     QPainterPathStroker gap;
     gap.setWidth(2);
-    // Qt cuts paths with an accuracy of a part of a unit: they are cut enlarged.
+    // Qt intersects paths with limited accuracy, so they are enlarged first.
     const QTransform enlarge = QTransform::fromScale(64, 64);
     const QPainterPath hidden = enlarge.map(front).united(enlarge.map(gap.createStroke(front)));
     const QPainterPath behind = enlarge.map(person(11.2, 12.5, 9)).subtracted(hidden);
@@ -67,14 +67,14 @@ QPainterPath personBehind(const QPainterPath& front) {
 }
 
 void drawMany(const Brush& brush) {
-    // Cutting takes longer than painting a whole window.
+    // Computed once: intersecting paths takes longer than painting a whole window.
     static const QPainterPath front = person(5.5, 15, 10);
     static const QPainterPath behind = personBehind(front);
     brush.fill(behind, kPersonBehind);
     brush.fill(front, kPerson);
 }
 
-/// Three bars that rise to the right, of which the first are filled.
+/// Draws three bars that rise to the right, the first `filled` of them solid.
 void drawBars(const Brush& brush, int filled, const QColor& color) {
     for (int bar = 0; bar < 3; ++bar) {
         const double height = 4 + 4 * bar;

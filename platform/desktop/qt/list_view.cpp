@@ -4,7 +4,7 @@
 
 namespace pelk {
 
-/// The rows as Qt's view reads them. All have one size, so that the view need not ask each.
+/// The rows as Qt's model. All have one size, so the view need not ask for each.
 class QtListView::Items : public QAbstractListModel {
  public:
     explicit Items(const QtListView& list) : list_(list) {}
@@ -20,7 +20,8 @@ class QtListView::Items : public QAbstractListModel {
     }
 
     void setRowSize(const QSize& size) { rowSize_ = size; }
-    // The row has come or gone already: Qt keeps to the count until it has been told.
+    // The row has already been added or removed, so Qt reads the previous count until it is
+    // notified.
     void added() {
         beginInsertRows({}, count_, count_);
         ++count_;

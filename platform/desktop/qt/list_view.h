@@ -1,5 +1,5 @@
 #pragma once
-// The list of one column.
+// The list control on Qt.
 
 #include <QAbstractListModel>
 #include <QListView>
@@ -30,7 +30,7 @@ class QtListView : public QtControl<ListView, ListWidget> {
  private:
     class Items;
 
-    /// Makes room for the text of a row. The whole list is as wide as the widest one.
+    /// Widens the column for the text of a row. All rows are as wide as the widest one.
     void widenFor(const std::string& text);
 
     std::unique_ptr<Items> items_;

@@ -1,12 +1,12 @@
 #pragma once
-// Tool tips take whatever looks like markup for markup.
+// Tool tips that never interpret markup.
 
 #include <QString>
 
 namespace pelk {
 
-/// What shows the text to the letter as a tool tip. Names and subjects come from elsewhere: as
-/// markup they would load files and pass for what they are not.
+/// Returns a tool tip that shows `text` literally. Names and subjects come from strangers: as
+/// markup they could load files and imitate the program.
 inline QString plainToolTip(const QString& text) {
     if (text.isEmpty())
         return text;

@@ -9,8 +9,8 @@ namespace {
 class QtMenuItem : public MenuItem {
  public:
     QtMenuItem(QAction& action, Dialogs& dialogs) : action_(action) {
-        // By the queue, so that no event of the menu is under way when the handler runs: it may
-        // hide the window or wait in a box.
+        // Queued, so that no event of the menu is being processed when the handler runs: it may
+        // hide the window or show a box.
         QObject::connect(
             &action_, &QAction::triggered, &action_,
             [this, &dialogs] {

@@ -1,5 +1,5 @@
 #pragma once
-// Popup menus.
+// Pop-up menus.
 
 #include <QMenu>
 #include <memory>
@@ -12,8 +12,8 @@ namespace pelk {
 
 class QtPopupMenu : public PopupMenu {
  public:
-    /// The menu belongs to the window of `parent`, which must outlive it. Faults of the handlers
-    /// go to `dialogs`.
+    /// The menu belongs to the window of `parent`, which must outlive it. `dialogs` shows the
+    /// handlers' exceptions.
     QtPopupMenu(QWidget& parent, Dialogs& dialogs) : menu_(&parent), dialogs_(dialogs) {}
 
     MenuItem& addItem(const std::string& caption) override;

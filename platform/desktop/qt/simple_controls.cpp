@@ -45,7 +45,7 @@ QtButton::QtButton(QWidget& parent, const TwipScale& scale, const std::string& t
                    Dialogs& dialogs)
     : QtControl(parent, scale) {
     widget_.setText(QString::fromStdString(text));
-    widget_.setAutoDefault(true);  // so that Enter presses the button that has the focus
+    widget_.setAutoDefault(true);  // Enter presses the button that has the focus
     QObject::connect(&widget_, &QPushButton::clicked, [this, &dialogs] {
         if (const auto handler = onClick)
             guarded(dialogs, handler);
@@ -64,7 +64,7 @@ QtOptionButton::QtOptionButton(QWidget& parent, const TwipScale& scale, const st
 }
 
 void QtOptionButton::setChecked(bool checked) {
-    // An exclusive group does not let go of its last checked button.
+    // An exclusive group does not uncheck its last checked button.
     widget_.group()->setExclusive(checked);
     widget_.setChecked(checked);
     widget_.group()->setExclusive(true);

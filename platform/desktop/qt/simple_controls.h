@@ -12,7 +12,7 @@
 
 namespace pelk {
 
-/// Plain text that wraps; a single line stands in the middle of the height.
+/// Plain text that wraps. A single line is centred vertically.
 class TextWidget : public QLabel {
  public:
     explicit TextWidget(QWidget* parent);
@@ -49,20 +49,19 @@ class QtPicture : public QtControl<Picture, PictureWidget> {
 
 class QtButton : public QtControl<Button, QPushButton> {
  public:
-    /// Faults of the click's handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     QtButton(QWidget& parent, const TwipScale& scale, const std::string& text, Dialogs& dialogs);
 };
 
 class QtOptionButton : public QtControl<OptionButton, QRadioButton> {
  public:
-    /// Of the buttons of `group` one at most is checked. Faults of the click's handler go to
-    /// `dialogs`.
+    /// At most one button of `group` is checked. `dialogs` shows the handler's exceptions.
     QtOptionButton(QWidget& parent, const TwipScale& scale, const std::string& text,
                    QButtonGroup& group, Dialogs& dialogs);
     void setChecked(bool checked) override;
 };
 
-/// Styles draw a range of a single value as nothing done, or as a wait without end.
+/// Qt's styles draw a range of a single value as an empty bar, or as a wait of unknown length.
 class BarWidget : public QProgressBar {
  public:
     using QProgressBar::QProgressBar;

@@ -1,5 +1,5 @@
 #pragma once
-// The toolkit over Qt Widgets.
+// The toolkit on Qt Widgets.
 
 #include "platform/controls.h"
 #include "platform/desktop/qt/twip_scale.h"
@@ -7,10 +7,10 @@
 
 namespace pelk {
 
-/// Requires: a QApplication that outlives the toolkit, and a toolkit that no window outlives.
+/// Requires a QApplication that outlives the toolkit. The toolkit must outlive its windows.
 class QtToolkit : public Toolkit {
  public:
-    /// `dialogs` shows what handlers throw; `language` orders the nodes of trees.
+    /// `dialogs` shows the handlers' exceptions; `language` sorts tree nodes.
     QtToolkit(Dialogs& dialogs, const Language& language)
         : dialogs_(dialogs), language_(language), scale_(TwipScale::ofApplication()) {}
 

@@ -1,10 +1,10 @@
 #pragma once
-// The portable tree model as Qt's views read it. Nothing is copied: an index points to its node.
+// The tree model as Qt's item model. Nothing is copied: an index points to its node.
 //
-// Qt hears of the rows below a node when the node is first to be opened, by `fetchMore`, and until
-// then only that there are some. Rows that come or go below an open node, or go below a closed one,
-// make Qt lay out all rows of the tree anew; a node that is filled when it is opened, while Qt has
-// not heard of what it held, costs no more than its own rows.
+// `fetchMore` tells Qt about the rows below a node when the node is first expanded; until then Qt
+// knows only that there are some. Adding or removing rows below an expanded node, or removing them
+// below a collapsed one, makes Qt lay out the whole tree again. Filling a node while Qt does not
+// know its old rows costs only its own rows.
 
 #include <QAbstractItemModel>
 #include <QColor>
@@ -18,23 +18,22 @@ namespace pelk {
 
 class TreeItemModel : public QAbstractItemModel, public TreeListener {
  public:
-    /// Colours are fitted to the palette of `view`. Both must outlive the item model, which the
-    /// tree model is to be told of by its `setListener`.
+    /// Adapts colours to the palette of `view`. The caller passes this object to the tree model's
+    /// `setListener`. `tree` and `view` must outlive it.
     TreeItemModel(TreeModel& tree, const QWidget& view) : tree_(tree), view_(view) {}
 
-    /// The index of the node; an invalid one for the root and for a node that the native tree
-    /// does not know of yet.
+    /// Returns the index of the node; an invalid one for the root and for a node that the native
+    /// tree does not know yet.
     QModelIndex indexOf(const TreeNode& node) const;
-    /// The node at the index; the root at an invalid one.
+    /// Returns the node at the index; the root for an invalid one.
     TreeNode& nodeAt(const QModelIndex& index) const;
 
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     int rowCount(const QModelIndex& parent) const override;
     bool hasChildren(const QModelIndex& parent) const override;
-    /// Tells Qt of the rows below the node, and below those that it stands under. Qt is not to call
-    /// it by itself, as it does so once a node is open: to `canFetchMore` there is nothing to
-    /// fetch.
+    /// Tells Qt about the rows below the node and its ancestors. `canFetchMore` returns false, so
+    /// that Qt does not call this for every expanded node.
     void fetchMore(const QModelIndex& parent) override;
     bool isFetched(const QModelIndex& parent) const { return isFetched(nodeAt(parent)); }
     int columnCount(const QModelIndex&) const override { return 1; }
@@ -52,20 +51,20 @@ class TreeItemModel : public QAbstractItemModel, public TreeListener {
     void forgotten(const TreeNode& node) override { fetched_.erase(&node); }
 
  protected:
-    /// Rows came or went of which Qt has not heard: perhaps the first, or the last.
+    /// Called when rows that Qt does not know were added or removed: perhaps the first or the last.
     virtual void unfetchedChanged(const QModelIndex& parent) = 0;
 
  private:
     QModelIndex indexAt(const TreeNode& node) const;
     bool isFetched(const TreeNode& node) const;
-    /// The colour as the view's background allows it.
+    /// Returns the colour adapted to the view's background.
     QColor shownColor(const Color& color) const;
 
     TreeModel& tree_;
     const QWidget& view_;
-    /// The nodes of whose rows Qt knows, apart from the root, which is always one of them.
+    /// The nodes whose rows Qt knows. The root is always one of them and not listed.
     std::unordered_set<const TreeNode*> fetched_;
-    /// The node whose rows come or go.
+    /// The node whose rows are being changed.
     const TreeNode* changing_ = nullptr;
 };
 

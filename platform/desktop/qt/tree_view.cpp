@@ -77,7 +77,7 @@ void QtTreeView::expandNow(const TreeNode& node, bool expanded) {
     if (!expanded)
         bringOutSelection(index);
     const QScopedValueRollback<bool> silence(silent_, true);
-    // Qt then lays the rows out once, however many nodes are opened, and not at each of them.
+    // Qt then lays out the rows once instead of after each expanded node.
     widget_.scheduleDelayedItemsLayout();
     expanded ? open(index) : widget_.collapse(index);
 }
@@ -87,7 +87,7 @@ void QtTreeView::open(const QModelIndex& index) {
     widget_.expand(index);
 }
 
-/// The selection does not stay below a closed node, where it cannot be seen.
+/// Moves the selection out of a collapsed node, where it would be invisible.
 void QtTreeView::bringOutSelection(const QModelIndex& closed) {
     if (isBelow(widget_.selectedIndex(), closed))
         widget_.selectForCode(closed);
@@ -111,7 +111,8 @@ void QtTreeView::Items::redrawResumed() {
         view_.expandNow(*node, expanded);
 }
 
-/// Qt looks for expanders when it lays out. A node that is being filled is looked at afterwards.
+/// Layout finds out which nodes have expanders. A node that is being filled gets its layout
+/// afterwards.
 void QtTreeView::Items::unfetchedChanged(const QModelIndex& parent) {
     if (parent != view_.expanding_)
         view_.widget_.scheduleDelayedItemsLayout();
@@ -132,7 +133,7 @@ void QtTreeView::userExpanded(QModelIndex index) {
     showFilled(node);
 }
 
-/// Qt has opened the node before its rows were there. While it is closed they cost nothing.
+/// Qt expanded the node before it had rows. Collapsed, it can be filled without a layout per row.
 void QtTreeView::showFilled(const QModelIndex& index) {
     if (!widget_.isExpanded(index) || items_.isFetched(index))
         return;

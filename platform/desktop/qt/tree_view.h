@@ -1,5 +1,5 @@
 #pragma once
-// The tree control over the portable model.
+// The tree control for the portable model.
 
 #include <QPersistentModelIndex>
 #include <unordered_map>
@@ -11,11 +11,11 @@
 
 namespace pelk {
 
-/// A node that has lost its last child is closed, unless that happens while `onExpand` runs for
-/// it: then its children are counted when the handler has returned.
+/// A node that loses its last child is collapsed. If that happens while its `onExpand` runs, the
+/// children are counted when the handler returns.
 class QtTreeView : public QtControl<TreeView, TreeWidget> {
  public:
-    /// Faults of the handlers go to `dialogs`.
+    /// `dialogs` shows the handlers' exceptions.
     QtTreeView(QWidget& parent, const TwipScale& scale, Dialogs& dialogs, const Language& language);
     ~QtTreeView() override;
 
@@ -25,7 +25,7 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
     void repaint() override;
 
  private:
-    /// The rows, and which of them are to be opened or closed when redraw resumes.
+    /// Tells Qt about rows, and remembers which to expand or collapse when redraw resumes.
     class Items : public TreeItemModel {
      public:
         explicit Items(QtTreeView& view);
@@ -56,7 +56,7 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
     void expandNow(const TreeNode& node, bool expanded);
     void open(const QModelIndex& index);
     void bringOutSelection(const QModelIndex& closed);
-    // The index is taken by value: what Qt refers to may go when the handler changes the tree.
+    // The index is taken by value because Qt's own may vanish when the handler changes the tree.
     void userExpanded(QModelIndex index);
     void userCollapsed(QModelIndex index);
     void showFilled(const QModelIndex& index);
@@ -64,7 +64,7 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
     Dialogs& dialogs_;
     Items items_;
-    /// Set while the view is changed by code, which no handler hears of.
+    /// Set while code changes the view, so that no handler is called.
     bool silent_ = false;
     QPersistentModelIndex expanding_;
 };

@@ -15,8 +15,8 @@ TreeWidget::TreeWidget(QWidget* parent) : QTreeView(parent) {
     setUniformRowHeights(true);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
-    // Texts wider than the view are reached by scrolling, not cut. Only the rows in view are
-    // measured: all of them would take too long.
+    // A text wider than the view is scrolled to rather than cut. Only the visible rows are measured
+    // because measuring all takes too long.
     header()->setStretchLastSection(false);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setResizeContentsPrecision(0);
@@ -45,12 +45,12 @@ void TreeWidget::focusInEvent(QFocusEvent* event) {
     QTreeView::focusInEvent(event);
 }
 
-/// Qt moves to the first row when the view gets the focus and nothing is selected.
+/// Qt would select the first row when the view gets the focus without a selection.
 QModelIndex TreeWidget::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     return takingFocus_ ? QModelIndex() : QTreeView::moveCursor(action, modifiers);
 }
 
-/// The right button is kept from Qt, which would open a node by it and drag the selection.
+/// Hides the right button from Qt, which would expand a node or drag the selection.
 bool TreeWidget::viewportEvent(QEvent* event) {
     const bool press =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
@@ -67,7 +67,7 @@ bool TreeWidget::viewportEvent(QEvent* event) {
 }
 
 void TreeWidget::rightPressed(const QMouseEvent& event) {
-    // Beside its text, too: the menu must not be for another row than the one pointed at.
+    // The whole row counts, not only its text: the menu must be for the row pointed at.
     const QModelIndex index = indexAt({header()->sectionViewportPosition(0), event.pos().y()});
     if (index.isValid())
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
@@ -78,7 +78,7 @@ void TreeWidget::rightReleased(const QMouseEvent& event) {
         onMenuRequest(event.globalPosition().toPoint());
 }
 
-/// Only the menu key: what the mouse asks for is known from its button.
+/// Handles the menu key only; the right button has its own event.
 void TreeWidget::contextMenuEvent(QContextMenuEvent* event) {
     if (event->reason() == QContextMenuEvent::Keyboard)
         menuKeyPressed();
@@ -93,7 +93,7 @@ void TreeWidget::menuKeyPressed() {
     onMenuRequest(viewport()->mapToGlobal(row.center()));
 }
 
-/// Nodes are filled when they are opened, so opening all that stands below one has no end.
+/// Nodes are filled when they are expanded, so expanding a whole subtree would never end.
 void TreeWidget::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Asterisk)
         expand(currentIndex());
@@ -127,8 +127,8 @@ void TreeWidget::selectionChanged(const QItemSelection& now, const QItemSelectio
         tellOfSelection();
 }
 
-/// Lets Qt handle an event, and only then tells of what the user has selected by it: the handler
-/// may remove the nodes that Qt holds on to meanwhile.
+/// Lets Qt handle an event before it reports the user's selection: the handler may remove nodes
+/// that Qt is still using.
 void TreeWidget::afterwardsTell(const std::function<void()>& handle) {
     const bool outer = std::exchange(handlingEvent_, true);
     handle();
@@ -143,7 +143,7 @@ void TreeWidget::tellOfSelection() {
         onSelect(index);
 }
 
-/// Qt selects a neighbour when the selected row goes away.
+/// Qt would select a neighbour when the selected row is removed.
 void TreeWidget::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last) {
     QModelIndex at = currentIndex();
     while (at.isValid() && at.parent() != parent)

@@ -1,13 +1,13 @@
 #pragma once
-// Qt's tree view with the manners of a tree control.
+// Qt's tree view with the behaviour of a tree control.
 
 #include <QTreeView>
 #include <functional>
 
 namespace pelk {
 
-/// A tree view that selects nothing of its own accord, opens one level at a time, tells what the
-/// user does to the selection, and is as wide inside as the widest row seen since it was last
+/// A tree view that selects nothing by itself, expands one level at a time and reports what the
+/// user does to the selection. Its content is as wide as the widest row seen since it was last
 /// empty.
 class TreeWidget : public QTreeView {
  public:
@@ -15,12 +15,12 @@ class TreeWidget : public QTreeView {
     void reset() override;
     using QTreeView::scheduleDelayedItemsLayout;
 
-    /// An invalid index when nothing is selected.
+    /// Returns the selected index; an invalid one when nothing is selected.
     QModelIndex selectedIndex() const;
-    /// Selects the row, or nothing, without telling of it.
+    /// Selects the row, or nothing, without reporting it.
     void selectForCode(const QModelIndex& index);
 
-    /// What the user does. All are to be set before the widget is shown.
+    /// The user's acts. All must be set before the widget is shown.
     std::function<void(const QModelIndex&)> onSelect;
     std::function<void(QPoint)> onMenuRequest;
     std::function<void()> onDeleteKey;
@@ -46,7 +46,7 @@ class TreeWidget : public QTreeView {
     bool takingFocus_ = false;
     bool handlingEvent_ = false;
     bool selectingForCode_ = false;
-    /// The user has selected a row, and nobody has been told yet.
+    /// The user's selection has not been reported yet.
     bool userSelected_ = false;
     mutable int widestRow_ = 0;
 };

@@ -1,5 +1,5 @@
 #pragma once
-// Twips to pixels and back: the one place where they are converted.
+// Converts twips to pixels and back.
 
 #include <QRect>
 #include <QSize>
@@ -8,15 +8,15 @@
 
 namespace pelk {
 
-/// Pixels taken to twips and back are the same pixels. Twips taken to pixels and back differ by
-/// half a pixel at most. Edges are rounded, not lengths, so that what touches in twips touches on
-/// the screen.
+/// Converting pixels to twips and back is exact; converting twips to pixels and back is off by half
+/// a pixel at most. It rounds edges rather than lengths, so that rectangles that touch in twips
+/// touch on the screen.
 class TwipScale {
  public:
     explicit TwipScale(double pixelsPerTwip) : pixelsPerTwip_(pixelsPerTwip) {}
 
-    /// The scale for the application's font: 1440 twips to the inch, or as many more pixels as it
-    /// takes for a row of 250 twips to hold a push button. Requires: a QApplication.
+    /// Returns the scale for the application's font: 1440 twips to the inch, or larger if a button
+    /// 250 twips high needs it. Requires a QApplication.
     static TwipScale ofApplication();
 
     int pixels(int twips) const;

@@ -11,7 +11,7 @@ namespace pelk {
 
 class QtTextBox : public QtControl<TextBox, QLineEdit> {
  public:
-    /// Faults of the handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     QtTextBox(QWidget& parent, const TwipScale& scale, Dialogs& dialogs);
     void setText(const std::string& text) override;
     std::string text() const override { return widget_.text().toStdString(); }
@@ -19,7 +19,7 @@ class QtTextBox : public QtControl<TextBox, QLineEdit> {
 
 class QtSlider : public QtControl<Slider, QSlider> {
  public:
-    /// Faults of the handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     QtSlider(QWidget& parent, const TwipScale& scale, Dialogs& dialogs);
     void setRange(int minimum, int maximum) override;
     void setValue(int value) override;

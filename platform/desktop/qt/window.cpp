@@ -18,7 +18,7 @@
 
 namespace pelk {
 
-/// The widget of the window; tells it of Qt's events.
+/// The window's widget, which forwards Qt's events to it.
 class QtWindow::Frame : public QWidget {
  public:
     explicit Frame(QtWindow& window) : QWidget(nullptr, Qt::Window), window_(window) {
@@ -54,7 +54,7 @@ QtWindow::QtWindow(const TwipScale& scale, Dialogs& dialogs, const Language& lan
 QtWindow::~QtWindow() = default;
 
 void QtWindow::setCaption(const std::string& caption) {
-    // Qt takes "[*]" for the mark of unsaved changes unless it is doubled.
+    // Qt interprets "[*]" as the mark of unsaved changes unless it is doubled.
     frame_->setWindowTitle(QString::fromStdString(caption).replace("[*]", "[*][*]"));
 }
 
@@ -96,7 +96,7 @@ void QtWindow::showModal() {
     }
     setModal(true);
     bringToFront();
-    if (frame_->isVisible()) {  // unless its first handler has hidden it
+    if (frame_->isVisible()) {  // the first handler may have hidden it
         QEventLoop loop;
         modalLoop_ = &loop;
         loop.exec();
@@ -106,8 +106,8 @@ void QtWindow::showModal() {
     setModal(false);
 }
 
-/// A modal window is a dialog of the window that was active, so that the window system keeps it
-/// in front of that. A window that is shown is hidden by the change.
+/// The active window becomes the owner of a modal one, so that the window system keeps the modal
+/// one in front. Changing the owner hides a visible window.
 void QtWindow::setModal(bool modal) {
     frame_->setWindowFlags(modal ? Qt::Dialog : Qt::Window);
     frame_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
@@ -129,7 +129,7 @@ bool QtWindow::isVisible() const {
 
 void QtWindow::setBusyPointer(bool busy) {
     busy ? frame_->setCursor(Qt::WaitCursor) : frame_->unsetCursor();
-    // A line of text has a pointer of its own, in front of the window's.
+    // Text boxes have a pointer of their own, which hides the window's.
     for (QLineEdit* line : frame_->findChildren<QLineEdit*>())
         if (line->cursor().shape() != Qt::ArrowCursor)
             busy ? line->unsetCursor() : line->setCursor(Qt::IBeamCursor);
@@ -199,7 +199,7 @@ void QtWindow::sizeChanged() {
         guarded(dialogs_, handler);
 }
 
-/// Whether the window is to be hidden. A handler that fails must not keep the user in it.
+/// Whether to hide the window. A handler that fails must not trap the user.
 bool QtWindow::closeRequested() {
     bool hide = true;
     if (const auto handler = onCloseRequest)

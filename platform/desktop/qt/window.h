@@ -1,5 +1,5 @@
 #pragma once
-// A top-level window with its controls.
+// The window on Qt.
 
 #include <QButtonGroup>
 #include <QEventLoop>
@@ -14,7 +14,7 @@ namespace pelk {
 
 class QtWindow : public Window, public NativeWidget {
  public:
-    /// Faults of handlers go to `dialogs`. Both references must outlive the window.
+    /// `dialogs` shows the handlers' exceptions. Both references must outlive the window.
     QtWindow(const TwipScale& scale, Dialogs& dialogs, const Language& language);
     ~QtWindow() override;
 
@@ -60,11 +60,10 @@ class QtWindow : public Window, public NativeWidget {
     QButtonGroup options_;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<std::unique_ptr<PopupMenu>> menus_;
-    /// The size of which `onResize` has been told, or that code has set since; none before the
-    /// window is first shown.
+    /// The size last passed to `onResize` or set by code; none before the window is first shown.
     QSize knownSize_;
     bool settingSize_ = false;
-    /// The loop that waits for the window to be hidden, while it is modal.
+    /// While the window is modal, the loop that waits until it is hidden.
     QEventLoop* modalLoop_ = nullptr;
 };
 

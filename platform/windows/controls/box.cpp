@@ -27,7 +27,7 @@ void place(HWND control, const RECT& bounds) {
                  bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-/// In the middle of its owner, as far as the screen goes.
+/// Centres the box over its owner, as far as the screen allows.
 void placeWindow(HWND box, SIZE size) {
     MONITORINFO monitor = {};
     monitor.cbSize = sizeof monitor;
@@ -58,7 +58,7 @@ int Box::show() {
     const EmptyTemplate empty(WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME);
     const HWND owner = GetActiveWindow();
     const WindowScope scope;
-    // The owner is left to Windows, which frees it at the right moment.
+    // Windows re-enables the owner itself, at the right moment.
     ModalSession session(owner);
     if (owner == nullptr)
         MessageBeep(MB_OK);
@@ -72,7 +72,7 @@ INT_PTR CALLBACK Box::procedure(HWND box, UINT message, WPARAM wparam, LPARAM lp
         auto& self = *reinterpret_cast<Box*>(lparam);
         try {
             self.build(box);
-        } catch (...) {  // A box that cannot be shown is one that was closed at once.
+        } catch (...) {  // A box that cannot be shown counts as closed.
             EndDialog(box, self.closing_);
         }
         return FALSE;
@@ -95,7 +95,7 @@ void Box::end(HWND box, int button) {
     EndDialog(box, button);
 }
 
-/// The text above, the line below it, the buttons in the lower right corner.
+/// The text is at the top, the line below it, the buttons at the lower right.
 void Box::build(HWND box) {
     SetWindowTextW(box, title_.c_str());
     SendMessageW(box, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(look_.smallIcon()));

@@ -1,6 +1,6 @@
 #pragma once
-// A modal box: a text, perhaps a line to edit, and buttons. The system's own message box cannot be
-// closed when it asks yes or no, and has no line to edit.
+// A modal box with a text, optional text box and buttons. The system's message box cannot be closed
+// when it asks yes or no, and has no text box.
 
 #include <string>
 #include <vector>
@@ -10,26 +10,26 @@
 namespace pelk {
 
 struct BoxButton {
-    /// The number of the button, such as IDOK.
+    /// The id of the button, such as IDOK.
     int id;
     const wchar_t* text;
 };
 
 class Box {
  public:
-    /// The first button is the one that Enter presses; `closing` is what closing the box answers.
+    /// Enter presses the first button. `closing` is the answer when the user closes the box.
     Box(std::wstring title, std::wstring text, std::vector<BoxButton> buttons, int closing)
         : title_(std::move(title)),
           text_(std::move(text)),
           buttons_(std::move(buttons)),
           closing_(closing) {}
 
-    /// Adds a line to edit.
+    /// Adds a text box.
     void addLine(std::wstring initial);
-    /// What the line held when the box was closed.
+    /// Returns the text when the box was closed.
     const std::wstring& line() const { return line_; }
 
-    /// Shows the box and returns the number of the button.
+    /// Shows the box and returns the id of the button.
     int show();
 
  private:

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kEnlargement = 8;
 constexpr double kUnits = 16;
-/// What nothing is drawn on; no drawing uses the colour.
+/// The background; no drawing uses this colour.
 constexpr COLORREF kNothing = RGB(255, 0, 255);
 
 HBITMAP createBitmap(int size, DWORD** pixels) {
@@ -94,7 +94,8 @@ void Canvas::curves(const std::vector<Dot>& dots) {
     FillPath(dc_);
 }
 
-/// The mean colour of what is drawn within the pixel; its share of the pixel is the alpha value.
+/// Returns the mean colour of the drawing within the pixel. The alpha value is its share of the
+/// pixel.
 DWORD Canvas::pixelAt(int column, int row) const {
     constexpr DWORD kNothingInBitmap = 0xFF00FF;
     DWORD red = 0;

@@ -1,6 +1,6 @@
 #pragma once
-// A small picture that is drawn with smooth edges and an alpha channel, which GDI does not do of
-// its own: it is drawn much enlarged, and each pixel is the mean of what it covers.
+// An image with smooth edges and an alpha channel, which GDI does not support. It is drawn enlarged
+// and then averaged (supersampling).
 
 #include <windows.h>
 
@@ -13,7 +13,7 @@ struct Dot {
     double y = 0;
 };
 
-/// Coordinates run from 0 to 16 in both directions. What is drawn later covers what was before.
+/// Coordinates run from 0 to 16 in both directions. Later shapes cover earlier ones.
 class Canvas {
  public:
     explicit Canvas(int size);
@@ -21,19 +21,19 @@ class Canvas {
     Canvas& operator=(const Canvas&) = delete;
     ~Canvas();
 
-    /// Draws with this colour from now on.
+    /// Sets the colour of the following shapes.
     void setColor(COLORREF color);
-    /// What is drawn from now on is taken away instead.
+    /// Makes the following shapes erase instead of draw.
     void setEraser();
 
     void circle(Dot middle, double radius);
     void box(Dot upperLeft, Dot lowerRight);
     void roundedBox(Dot upperLeft, Dot lowerRight, double radius);
     void line(Dot from, Dot to, double width);
-    /// A filled outline: the first dot, then three for each curve.
+    /// Fills an outline of Bézier curves: the start point, then three points for each curve.
     void curves(const std::vector<Dot>& dots);
 
-    /// The picture as an icon, which the caller destroys.
+    /// Returns the image as an icon, which the caller destroys.
     HICON icon() const;
 
  private:

@@ -14,7 +14,7 @@ namespace {
 constexpr int kTries = 10;
 constexpr DWORD kPauseInMilliseconds = 20;
 
-/// The clipboard, open. What has no window cannot put anything on it.
+/// Opens the clipboard and closes it. Only a window can put text on the clipboard.
 class OpenClipboardScope {
  public:
     OpenClipboardScope()
@@ -51,7 +51,7 @@ std::wstring withWindowsLines(const std::wstring& text) {
     return lines;
 }
 
-/// The text in memory that can be handed over; null when there is none left.
+/// Returns the text in global memory; null when there is not enough memory.
 HGLOBAL copyForClipboard(const std::wstring& text) {
     const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
     if (memory != nullptr) {

@@ -1,12 +1,12 @@
 #pragma once
-// Text for other programs.
+// Copies text for other programs.
 
 #include <string>
 
 namespace pelk {
 
-/// Replaces what is on the clipboard by that text, its lines ended as Windows ends them. Throws
-/// `Error` when another program does not let go of the clipboard within a fifth of a second.
+/// Replaces the content of the clipboard by the text, with Windows line ends. Throws `Error` when
+/// another program keeps the clipboard open for a fifth of a second.
 void putOnClipboard(const std::wstring& text);
 
 }  // namespace pelk

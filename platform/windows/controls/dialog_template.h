@@ -1,11 +1,11 @@
 #pragma once
-// The template of a dialog whose controls are made later.
+// The template of a dialog whose controls are created later.
 
 #include <windows.h>
 
 namespace pelk {
 
-/// No controls, no font, no title.
+/// No controls, font or title.
 struct EmptyTemplate {
     explicit EmptyTemplate(DWORD style) { header.style = style; }
 

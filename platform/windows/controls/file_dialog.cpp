@@ -1,7 +1,7 @@
 #include "platform/windows/controls/file_dialog.h"
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <commdlg.h>
 
 #include <algorithm>
@@ -12,10 +12,10 @@
 namespace pelk {
 namespace {
 
-/// As long as Windows lets a path be.
+/// The longest path that Windows supports.
 constexpr std::size_t kLongestPath = 32768;
 
-/// The extension of the first pattern, of "Texts|*.txt" it is "txt".
+/// Returns the extension of the first pattern: "txt" for "Texts|*.txt".
 std::wstring defaultExtension(const std::wstring& filter) {
     const std::size_t pattern = filter.find(L"|*.");
     if (pattern == std::wstring::npos)

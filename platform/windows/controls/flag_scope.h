@@ -1,9 +1,9 @@
 #pragma once
-// A flag that is set for the length of a scope.
+// Sets a flag for the duration of a scope.
 
 namespace pelk {
 
-/// Sets the flag, and puts back what it was.
+/// Sets the flag, and restores its previous value.
 class FlagScope {
  public:
     explicit FlagScope(bool& flag) : flag_(flag), before_(flag) { flag = true; }

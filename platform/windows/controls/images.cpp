@@ -9,7 +9,7 @@ namespace {
 constexpr COLORREF kPerson = RGB(62, 104, 158);
 constexpr COLORREF kPersonBehind = RGB(134, 168, 208);
 
-/// Head and shoulders, standing on the line `bottom`, with a border of `gap` around them.
+/// Draws a head and shoulders whose lower edge is at `bottom`, surrounded by a gap.
 void drawPerson(Canvas& canvas, double middle, double bottom, double width, double gap = 0) {
     const double half = width / 2;
     const double radius = width * 0.26;
@@ -41,7 +41,7 @@ void drawMany(Canvas& canvas) {
     drawPerson(canvas, 5.5, 15, 10);
 }
 
-/// Three bars that rise to the right, of which the first are filled.
+/// Draws three bars that rise to the right, the first `filled` of them solid.
 void drawBars(Canvas& canvas, int filled, COLORREF color) {
     for (int bar = 0; bar < 3; ++bar) {
         const double left = 1 + 5 * bar;

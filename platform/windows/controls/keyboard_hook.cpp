@@ -19,7 +19,7 @@ Hook& theHook() {
     return hook;
 }
 
-/// A menu that is open takes the keys.
+/// An open menu receives the keys.
 bool isMenuOpen() {
     GUITHREADINFO thread = {};
     thread.cbSize = sizeof thread;
@@ -36,7 +36,7 @@ bool isKeyOfOurs(const MSG& message) {
            !isMenuOpen();
 }
 
-/// A key that the dialog has handled reaches the host's loop as a message of no meaning.
+/// Turns a key that the dialog has handled into a message that the host's loop ignores.
 LRESULT CALLBACK messageTaken(int code, WPARAM how, LPARAM lparam) {
     MSG& message = *reinterpret_cast<MSG*>(lparam);
     if (code == HC_ACTION && how == PM_REMOVE && isKeyOfOurs(message)) {

@@ -1,13 +1,13 @@
 #pragma once
-// Keyboard navigation of windows that live in the message loop of somebody else: that loop does
-// not know of them, so Tab, arrows, Enter and Esc would be dead.
+// Keyboard navigation for windows in the host's message loop. That loop does not call
+// IsDialogMessage for them, so Tab, arrows, Enter and Esc would do nothing.
 
 #include <windows.h>
 
 namespace pelk {
 
-/// While it lives, the keys of `window`, a dialog of the one thread that has windows, do what they
-/// do in a dialog. The hook on the thread's messages is there as long as any such window is.
+/// While this object exists, the keys of `window` work as in a dialog. The message hook is
+/// installed while any such object exists. All windows belong to one thread.
 class KeyboardNavigation {
  public:
     explicit KeyboardNavigation(HWND window);

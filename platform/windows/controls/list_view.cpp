@@ -8,7 +8,7 @@ namespace pelk {
 namespace {
 
 constexpr DWORD kStyle = LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SHOWSELALWAYS | WS_TABSTOP;
-/// Posted to the window, which hands it back when messages are next handled.
+/// Posted to the window, which returns it when it next handles messages.
 constexpr WORD kRowsDone = 0x7000;
 constexpr LPARAM kExtendedStyle = LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER;
 
@@ -57,8 +57,8 @@ void Win32ListView::rowRemoved(std::size_t row) {
     SendMessageW(handle(), LVM_DELETEITEM, row, 0);
 }
 
-/// Rows come and go many at a time, and the native list paints for each: it is told to paint once,
-/// when messages are next handled.
+/// Rows change many at a time and the native list would paint after each, so painting waits until
+/// the next messages are handled.
 void Win32ListView::holdRedraw() {
     if (holding_ || !IsWindowVisible(handle()))
         return;
@@ -78,7 +78,7 @@ void Win32ListView::commanded(WORD notification) {
     InvalidateRect(handle(), nullptr, TRUE);
 }
 
-/// The native list cuts off what is wider than the column.
+/// The native list cuts off text wider than the column.
 void Win32ListView::widenFor(const std::string& text) {
     const int airAround = ScreenDc(look_.font()).lineHeight();
     const LRESULT measured = SendMessageW(handle(), LVM_GETSTRINGWIDTHW, 0,

@@ -1,5 +1,5 @@
 #pragma once
-// The list of one column. The native list asks for the texts of the rows it paints.
+// The list control. The native list asks for the texts of the rows it paints.
 
 #include "platform/windows/controls/native_control.h"
 

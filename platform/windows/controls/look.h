@@ -1,15 +1,15 @@
 #pragma once
-// What all windows of the toolkit look like: the user's font, the scale of it, the drawings.
+// What all windows share: the user's font, its scale, the images.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <commctrl.h>
 
 #include "platform/windows/controls/twip_scale.h"
 
 namespace pelk {
 
-/// Owns the font and the pictures. Outlives the windows that use them.
+/// Owns the font and the images. Must outlive the windows that use them.
 class Look {
  public:
     Look();
@@ -17,10 +17,10 @@ class Look {
     Look& operator=(const Look&) = delete;
     ~Look();
 
-    /// The font in which Windows shows messages.
+    /// Returns the font in which Windows shows messages.
     HFONT font() const { return font_; }
     const TwipScale& scale() const { return scale_; }
-    /// The images of trees; the position in the list is the value of the `TreeImage`.
+    /// Returns the images of trees; the position in the list is the value of the `TreeImage`.
     HIMAGELIST treeImages() const { return treeImages_; }
     HICON largeIcon() const { return largeIcon_; }
     HICON smallIcon() const { return smallIcon_; }

@@ -6,7 +6,7 @@ namespace pelk {
 
 namespace {
 
-/// The sessions of the one thread that has windows, the innermost last.
+/// The sessions of the one thread that has windows, innermost last.
 std::vector<ModalSession*>& sessions() {
     static std::vector<ModalSession*> all;
     return all;

@@ -1,5 +1,5 @@
 #pragma once
-// A modal window keeps the user from all other windows of its thread, the host's among them.
+// Blocks input to all other windows of the thread, the host's included, while a window is modal.
 
 #include <windows.h>
 
@@ -7,9 +7,8 @@
 
 namespace pelk {
 
-/// From its construction to `end` or its destruction, the thread's visible windows other than
-/// `window` take no input. Sessions nest; when one ends before another that began later, its
-/// windows stay disabled until that one ends too.
+/// Until `end` or destruction, the thread's visible windows other than `window` take no input.
+/// Sessions nest; if an outer one ends first, its windows stay disabled until the inner one ends.
 class ModalSession {
  public:
     explicit ModalSession(HWND window);
@@ -19,8 +18,8 @@ class ModalSession {
 
     void end();
 
-    /// To be called for a window that is about to be shown: while another one is modal, it takes
-    /// no input either.
+    /// Must be called before a window is shown: while another one is modal, it takes no input
+    /// either.
     static void windowShown(HWND window);
 
  private:

@@ -17,14 +17,14 @@ HANDLE createControlsContext() {
     return CreateActCtxW(&context);
 }
 
-/// Lives as long as the module: windows made under it may ask for it at any time.
+/// Never freed: windows created under it may use it at any time.
 HANDLE controlsContext() {
     static const HANDLE context = createControlsContext();
     return context;
 }
 
-/// Sets the thread's awareness of pixel density and returns the one before; null where Windows
-/// has no such thing, and for null.
+/// Sets the thread's DPI awareness and returns the previous one. Null when Windows does not support
+/// it or `context` is null.
 HANDLE setDensityContext(HANDLE context) {
     using Setter = HANDLE(WINAPI*)(HANDLE);
     static const auto setter = reinterpret_cast<Setter>(reinterpret_cast<void*>(

@@ -1,5 +1,5 @@
 #pragma once
-// The module that this code is in, and the state in which a host's thread makes our windows.
+// The module of this code, and the thread state in which it creates windows.
 
 #include <windows.h>
 
@@ -7,14 +7,14 @@
 
 namespace pelk {
 
-/// The DLL or program that this code is linked into.
+/// Returns the DLL or program that contains this code.
 HINSTANCE ownModule();
-/// The file that it was loaded from.
+/// Returns the file that it was loaded from.
 std::wstring ownModulePath();
 
-/// While it lives, the thread makes windows of the current common controls, if the module has the
-/// manifest for them as its resource 2, and in the system's density of pixels, so that one scale
-/// holds for all of them. Lives on the stack: scopes end in the reverse order of their beginning.
+/// While this object exists, the thread creates windows with the current common controls, if the
+/// module has their manifest as resource 2, and with the system's DPI, so that one scale fits all
+/// of them. Scopes must be destroyed in reverse order of construction.
 class WindowScope {
  public:
     WindowScope();

@@ -1,8 +1,8 @@
 #pragma once
-// What all controls of the toolkit share: a window of Windows, placed in twips.
+// What all controls of the toolkit share: a native window with bounds in twips.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <commctrl.h>
 
 #include <utility>
@@ -14,31 +14,31 @@
 
 namespace pelk {
 
-/// The way from a control or a window of the interface to the native one.
+/// Gives adapters the native window of a control or window.
 class NativeHandle {
  public:
     virtual ~NativeHandle() = default;
     virtual HWND handle() const = 0;
 };
 
-/// What a window passes on to the control that a message came from.
+/// Receives the messages that a window forwards to its control.
 class NativeControl : public NativeHandle {
  public:
     virtual void commanded(WORD /*notification*/) {}
     virtual LRESULT notified(NMHDR&) { return 0; }
     virtual void scrolled() {}
-    /// Whether the pointer is the arrow over this control, whatever its window shows.
+    /// Whether the pointer is the arrow over this control even while the window is busy.
     virtual bool keepsArrowPointer() const = 0;
 };
 
-/// What a control is made from.
+/// The class and styles of a native control.
 struct ControlKind {
     const wchar_t* windowClass;
     DWORD style;
     DWORD extendedStyle = 0;
 };
 
-/// Makes the native control, without text and in the user's font; throws `Error` when Windows
+/// Creates the native control without text, in the user's font. Throws `Error` when Windows
 /// refuses.
 inline HWND createControl(HWND parent, const ControlKind& kind, const Look& look, int id) {
     const WindowScope scope;
@@ -48,23 +48,23 @@ inline HWND createControl(HWND parent, const ControlKind& kind, const Look& look
     if (control == nullptr)
         throw Error("Windows has no room for another control.");
     SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(look.font()), TRUE);
-    // Tab goes through the controls in the order of their creation.
+    // Tab follows the order of creation.
     SetWindowPos(control, HWND_BOTTOM, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     return control;
 }
 
-/// Where a control is made: in which window, under which number.
+/// The window and the id of a new control.
 struct ControlPlace {
     HWND parent;
     int id;
     const Look& look;
 };
 
-/// A control of the kind `Interface`.
+/// Implements the control `Interface` with a native window.
 template <class Interface>
 class Win32Control : public Interface, public NativeControl {
  public:
-    /// Further arguments are the interface's own. The parent destroys the native control.
+    /// Further arguments are passed to `Interface`. The parent destroys the native control.
     template <class... Arguments>
     Win32Control(const ControlPlace& place, const ControlKind& kind, Arguments&&... arguments)
         : Interface(std::forward<Arguments>(arguments)...),
@@ -82,7 +82,7 @@ class Win32Control : public Interface, public NativeControl {
         SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
-    /// The keyboard does not stay with a control that takes no input.
+    /// Moves the focus on from a control that is disabled.
     void setEnabled(bool enabled) override {
         const HWND window = GetParent(handle_);
         if (!enabled && GetFocus() == handle_) {

@@ -1,15 +1,16 @@
 #pragma once
-// The hourglass pointer, as far as it is ours to show: over the program's own windows.
+// The hourglass pointer over the program's own windows.
 
 #include <windows.h>
 
 namespace pelk {
 
-/// Shows the hourglass from now on, or no longer.
+/// Shows the hourglass, or no longer.
 void setPointerBusy(bool busy);
 bool isPointerBusy();
 
-/// To be called when `window` gets another pointer: shows it at once if the mouse is over it.
+/// Must be called when `window` changes its pointer: shows it at once if the mouse is over the
+/// window.
 void refreshPointer(HWND window);
 
 }  // namespace pelk

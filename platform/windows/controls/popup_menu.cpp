@@ -7,7 +7,7 @@ namespace pelk {
 
 namespace {
 
-/// In a menu "&" would mark a letter.
+/// In a menu, "&" would mark an access key.
 std::wstring shownAsItIs(const std::string& caption) {
     std::wstring text;
     for (const wchar_t letter : toWide(caption))
@@ -30,7 +30,7 @@ void Win32PopupMenu::open(ScreenPoint where) {
         guarded(dialogs_, handler);
 }
 
-/// Returns the item's number, from 1; 0 for none.
+/// Returns the number of the item, from 1; 0 for none.
 std::size_t Win32PopupMenu::letUserChoose(ScreenPoint where) const {
     const HMENU menu = CreatePopupMenu();
     for (std::size_t number = 1; number <= items_.size(); ++number)

@@ -1,5 +1,5 @@
 #pragma once
-// The menu that opens at the pointer.
+// The pop-up menu.
 
 #include <windows.h>
 
@@ -12,10 +12,10 @@
 
 namespace pelk {
 
-/// The native menu is made anew each time, of the items that are visible then.
+/// The native menu is created each time, from the items that are visible then.
 class Win32PopupMenu : public PopupMenu {
  public:
-    /// Opens over `window`. Faults of the items' handlers go to `dialogs`.
+    /// Opens over `window`. `dialogs` shows the handlers' exceptions.
     Win32PopupMenu(HWND window, Dialogs& dialogs) : window_(window), dialogs_(dialogs) {}
 
     MenuItem& addItem(const std::string& caption) override;

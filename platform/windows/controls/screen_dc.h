@@ -20,7 +20,7 @@ class ScreenDc {
 
     HDC get() const { return dc_; }
 
-    /// The size in pixels of the text, wrapped at that width.
+    /// Returns the size of the text in pixels, wrapped at `width`.
     SIZE sizeOf(const std::wstring& text, int width) const {
         RECT space = {0, 0, width, 0};
         DrawTextW(dc_, text.c_str(), static_cast<int>(text.size()), &space,

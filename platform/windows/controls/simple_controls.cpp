@@ -15,7 +15,7 @@ bool isOptionButton(HWND control) {
     return (SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0;
 }
 
-/// The other option buttons of the window, in their order.
+/// Returns the other option buttons of the window, in order.
 std::vector<HWND> otherOptionsOf(HWND option) {
     std::vector<HWND> others;
     for (HWND control = GetWindow(option, GW_HWNDFIRST); control != nullptr;
@@ -30,8 +30,8 @@ void addStyle(HWND control, DWORD style) {
                       GetWindowLongPtrW(control, GWL_STYLE) | static_cast<LONG_PTR>(style));
 }
 
-/// Windows draws a range of a single value as nothing done. So the bar has one more below it, which
-/// is kept from whoever asks for its range.
+/// Windows draws a range of a single value as an empty bar. So the native bar gets one more value
+/// below it, which is hidden from callers that query the range.
 LRESULT CALLBACK answerForSingleValue(HWND bar, UINT message, WPARAM lowest, LPARAM range, UINT_PTR,
                                       DWORD_PTR) {
     if (message == WM_NCDESTROY)
@@ -63,7 +63,7 @@ void Win32Label::repaint() {
     RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }
 
-/// The style that centres a text stops it from wrapping.
+/// The style that centres text also prevents wrapping.
 void Win32Label::align() {
     RECT space = {};
     GetClientRect(handle(), &space);
@@ -99,7 +99,7 @@ Win32Button::Win32Button(const ControlPlace& place, const std::string& text, Dia
     SetWindowTextW(handle(), toWide(text).c_str());
 }
 
-/// Enter presses the button that has the focus: that one is the default button.
+/// Enter presses the default button, so the focused button becomes the default.
 void Win32Button::commanded(WORD notification) {
     if (notification == BN_SETFOCUS)
         SendMessageW(handle(), BM_SETSTYLE, BS_DEFPUSHBUTTON | BS_NOTIFY, TRUE);
@@ -114,13 +114,13 @@ Win32OptionButton::Win32OptionButton(const ControlPlace& place, const std::strin
                                      Dialogs& dialogs)
     : Win32Control(place, {L"BUTTON", BS_AUTORADIOBUTTON}), dialogs_(dialogs) {
     SetWindowTextW(handle(), toWide(text).c_str());
-    // The focus alone checks nothing.
+    // The focus alone must not check the button.
     SendMessageW(handle(), BM_SETDONTCLICK, TRUE, 0);
     joinGroup();
 }
 
-/// For Windows a group is a run of controls: an option button stands behind the last one, whatever
-/// was added in between. Tab stops at the first until one is checked.
+/// Windows treats consecutive controls as a group, so an option button follows the last one,
+/// whatever was added in between. Tab stops at the first until one is checked.
 void Win32OptionButton::joinGroup() const {
     const std::vector<HWND> others = otherOptionsOf(handle());
     if (others.empty())
@@ -135,7 +135,7 @@ void Win32OptionButton::endGroupBefore(HWND control) {
         addStyle(control, WS_GROUP);
 }
 
-/// Windows clears those that are enabled, and only when the user checks one.
+/// Windows unchecks only enabled buttons, and only when the user checks one.
 void Win32OptionButton::clearOthers() const {
     for (const HWND other : otherOptionsOf(handle()))
         SendMessageW(other, BM_SETCHECK, BST_UNCHECKED, 0);
@@ -147,7 +147,7 @@ void Win32OptionButton::setChecked(bool checked) {
     else if (!isChecked())
         return;
     SendMessageW(handle(), BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-    addStyle(handle(), WS_TABSTOP);  // Windows takes it from what is not checked
+    addStyle(handle(), WS_TABSTOP);  // Windows removes the style from unchecked buttons
 }
 
 bool Win32OptionButton::isChecked() const {

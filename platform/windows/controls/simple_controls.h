@@ -6,7 +6,7 @@
 
 namespace pelk {
 
-/// A single line stands in the middle of the height.
+/// A single line is centred vertically.
 class Win32Label : public Win32Control<Label> {
  public:
     explicit Win32Label(const ControlPlace& place);
@@ -18,7 +18,7 @@ class Win32Label : public Win32Control<Label> {
     void align();
 };
 
-/// The image is drawn as large as the bounds allow.
+/// The image is as large as the bounds allow.
 class Win32Picture : public Win32Control<Picture> {
  public:
     Win32Picture(const ControlPlace& place, TreeImage image);
@@ -32,7 +32,7 @@ class Win32Picture : public Win32Control<Picture> {
 
 class Win32Button : public Win32Control<Button> {
  public:
-    /// Faults of the click's handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     Win32Button(const ControlPlace& place, const std::string& text, Dialogs& dialogs);
     void commanded(WORD notification) override;
 
@@ -42,13 +42,13 @@ class Win32Button : public Win32Control<Button> {
 
 class Win32OptionButton : public Win32Control<OptionButton> {
  public:
-    /// Faults of the click's handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     Win32OptionButton(const ControlPlace& place, const std::string& text, Dialogs& dialogs);
     void setChecked(bool checked) override;
     void commanded(WORD notification) override;
 
-    /// To be called for a control that was just added: the arrow keys do not go on to it from the
-    /// option buttons before it.
+    /// Must be called for a control that was just added: the arrow keys then stay within the option
+    /// buttons before it.
     static void endGroupBefore(HWND control);
 
  private:

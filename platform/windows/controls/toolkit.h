@@ -1,5 +1,5 @@
 #pragma once
-// The toolkit over the common controls of Windows.
+// The toolkit on Windows common controls.
 
 #include "platform/controls.h"
 #include "platform/dialogs.h"
@@ -7,10 +7,10 @@
 
 namespace pelk {
 
-/// Lives on the thread that runs the message loop, as do its windows, none of which outlives it.
+/// Lives on the thread that runs the message loop and must outlive its windows.
 class Win32Toolkit : public Toolkit {
  public:
-    /// `dialogs` shows what handlers throw; `language` orders the nodes of trees.
+    /// `dialogs` shows the handlers' exceptions; `language` sorts tree nodes.
     Win32Toolkit(Dialogs& dialogs, const Language& language)
         : dialogs_(dialogs), language_(language) {}
 

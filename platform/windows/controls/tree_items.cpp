@@ -18,7 +18,7 @@ Color fromNative(COLORREF color) {
     return {GetRValue(color), GetGValue(color), GetBValue(color)};
 }
 
-/// A change of fewer rows is painted sooner than all that is in view.
+/// For fewer rows, painting after each change is faster than repainting the view.
 constexpr int kManyRows = 16;
 
 constexpr WPARAM kRedrawOff = 0;
@@ -45,7 +45,7 @@ LPARAM asParameter(HTREEITEM item) {
     return reinterpret_cast<LPARAM>(item);
 }
 
-/// An item that knows no more than its node.
+/// Returns an item that asks for all its data by callback.
 TVITEMW askingItem() {
     TVITEMW item = {};
     item.mask = TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_CHILDREN;
@@ -58,7 +58,7 @@ TVITEMW askingItem() {
 
 }  // namespace
 
-/// Nothing is painted or measured while many items come or go.
+/// Suspends painting and measuring while many items are added or removed.
 class TreeItems::RedrawHold {
  public:
     RedrawHold(TreeItems& items, int rows) : items_(items), holds_(rows >= kManyRows) {
@@ -136,8 +136,8 @@ void TreeItems::takeSelectionFromBelow(const TreeNode& node) const {
         SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, asParameter(itemOf(node)));
 }
 
-/// New items are inserted open. To open or close one later may cost the native tree a walk over all
-/// its rows, so that of many it is cheaper to insert all items again.
+/// Items are inserted expanded. Expanding or collapsing one later may make the native tree walk all
+/// its rows, so for many it is faster to insert all items again.
 void TreeItems::fulfilWishes() {
     std::erase_if(wishes_, [this](const auto& wish) {
         const auto& [node, expanded] = wish;
@@ -156,7 +156,7 @@ bool TreeItems::isWishedOpen(const TreeNode& node) const {
     return wish != wishes_.end() && wish->second && node.shownCount() > 0;
 }
 
-/// The node itself when all above it are open.
+/// Returns the node itself when all its ancestors are expanded.
 const TreeNode* TreeItems::highestClosedAbove(const TreeNode& node) const {
     const TreeNode* highest = &node;
     for (const TreeNode* above = node.parent(); above->parent() != nullptr; above = above->parent())
@@ -165,7 +165,7 @@ const TreeNode* TreeItems::highestClosedAbove(const TreeNode& node) const {
     return highest;
 }
 
-/// Inserts all items again, as open as they are or are wished to be.
+/// Inserts all items again, expanded as they are or are meant to be.
 void TreeItems::rebuild() {
     const FlagScope rebuilding(rebuilding_);
     const auto nodeAt = [this](WPARAM relation) {
@@ -199,8 +199,8 @@ void TreeItems::fillIn(TVITEMW& item) const {
         item.cChildren = node.shownCount() > 0 ? 1 : 0;
 }
 
-/// On a selected row, and where the user has asked for high contrast, the system's own colours can
-/// be read and ours perhaps not.
+/// On a selected row and in high contrast mode the system's own colours stay, because ours may be
+/// unreadable there.
 LRESULT TreeItems::paint(NMTVCUSTOMDRAW& drawing) const {
     if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
         return isHighContrast() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
@@ -232,7 +232,7 @@ void TreeItems::afterInsert() {
     insertRows(*changing_, firstRow_, lastRow_);
 }
 
-/// Each behind the one before it, which spares the native tree a search for the last.
+/// Naming the previous sibling spares the native tree a search for the last one.
 void TreeItems::insertRows(const TreeNode& parent, int firstRow, int lastRow) {
     TVINSERTSTRUCTW inserted = {};
     inserted.hParent = itemOrRoot(parent);

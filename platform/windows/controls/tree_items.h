@@ -1,9 +1,9 @@
 #pragma once
-// The items of the native tree, one for each node of the portable model that it has been told of.
-// Texts, images and colours are not copied: the native tree asks for what it paints.
+// The items of the native tree, one for each node that it knows. Texts, images and colours are not
+// copied: the native tree asks for what it paints.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <commctrl.h>
 
 #include <functional>
@@ -17,28 +17,28 @@ class TreeItems : public TreeListener {
  public:
     explicit TreeItems(HWND tree) : tree_(tree) {}
 
-    /// Called while the node is still there, but its item is going.
+    /// Called before the item of a node is removed. The node still exists.
     std::function<void(const TreeNode&)> onGone;
     /// Called for a node that has lost children.
     std::function<void(TreeNode&)> onLoss;
 
-    /// The item of the node; null for the root and for a node that has none yet.
+    /// Returns the item of the node; null for the root and for a node that has none yet.
     HTREEITEM itemOf(const TreeNode& node) const;
-    /// The node of the item; null for no item.
+    /// Returns the node of the item; null for no item.
     TreeNode* nodeOf(HTREEITEM item) const;
     TreeNode* selected() const;
 
     bool isExpanded(const TreeNode& node) const;
-    /// Opens or closes a node that has an item; while redraw is suspended, when it resumes.
+    /// Expands or collapses a node that has an item, or does so when redraw resumes.
     void setExpanded(const TreeNode& node, bool expanded);
-    /// Opens all that the node stands under, at once.
+    /// Expands all ancestors of the node at once.
     void expandAbove(const TreeNode& node);
-    /// Selects the node instead of what is selected below it.
+    /// Moves a selection below the node to the node.
     void takeSelectionFromBelow(const TreeNode& node) const;
-    /// Whether what the native tree says of opened and closed items is this object's doing.
+    /// Whether the native tree's notifications of expansion are caused by this object.
     bool isExpanding() const { return expanding_; }
 
-    /// What the native tree asks while it paints or measures.
+    /// Answers the native tree while it paints or measures.
     void fillIn(TVITEMW& item) const;
     LRESULT paint(NMTVCUSTOMDRAW& drawing) const;
     void itemGone(const TVITEMW& item);
@@ -73,7 +73,7 @@ class TreeItems : public TreeListener {
 
     HWND tree_;
     std::unordered_map<const TreeNode*, HTREEITEM> items_;
-    /// What shall be open or closed when redraw resumes.
+    /// What to expand or collapse when redraw resumes.
     std::unordered_map<const TreeNode*, bool> wishes_;
     TreeNode* changing_ = nullptr;
     int firstRow_ = 0;

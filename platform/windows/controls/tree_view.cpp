@@ -67,7 +67,7 @@ LRESULT Win32TreeView::notified(NMHDR& header) {
                 reinterpret_cast<TVITEMW&>(reinterpret_cast<NMTREEVIEWW&>(header).itemOld));
             return 0;
         case TVN_SELCHANGINGW:
-            // A tree without a selection selects its first item when it gets the focus.
+            // A tree without a selection would select its first item when it gets the focus.
             return takingFocus_ ? TRUE : FALSE;
         case TVN_ITEMEXPANDINGW:
             return changesNothing(reinterpret_cast<NMTREEVIEWW&>(header)) ? TRUE : FALSE;
@@ -107,7 +107,7 @@ LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         case WM_KEYDOWN:
             return keyPressed(wparam, lparam);
-        // The native tree would wait for the release in a loop of its own.
+        // The native tree would wait for the button's release in a loop of its own.
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
             rightPressed(point);
@@ -130,11 +130,11 @@ LRESULT Win32TreeView::keyPressed(WPARAM key, LPARAM lparam) {
         acts_.push_back({Act::Kind::PressDelete, nullptr, {}});
     if (key == VK_DELETE || selectFirstByKey(key))
         return 0;
-    // Nodes are filled when they are opened, so opening all that stands below one has no end.
+    // Nodes are filled when they are expanded, so expanding a whole subtree would never end.
     return callNative(WM_KEYDOWN, key == VK_MULTIPLY ? VK_ADD : key, lparam);
 }
 
-/// The arrow keys start from the selected row; without one they go to the first.
+/// The arrow keys start at the selected row; without one they go to the first.
 bool Win32TreeView::selectFirstByKey(WPARAM key) {
     const bool moves = key >= VK_PRIOR && key <= VK_DOWN;  // pages, End, Home, arrows
     if (!moves || selected() != nullptr || model().root().shownCount() == 0)
@@ -158,7 +158,7 @@ void Win32TreeView::rightPressed(POINT point) {
     acts_.push_back({Act::Kind::Select, node, {}});
 }
 
-/// Returns false for a menu that is not the tree's: that of a scroll bar.
+/// Returns false for the menu of a scroll bar.
 bool Win32TreeView::menuRequested(POINT where) {
     const bool byKey = where.x == -1 && where.y == -1;
     if (byKey) {
@@ -178,7 +178,7 @@ bool Win32TreeView::menuRequested(POINT where) {
     return true;
 }
 
-/// The lower left corner of the selected row's text, on the screen.
+/// Returns the lower left corner of the selected row's text, on the screen.
 std::optional<POINT> Win32TreeView::placeOfSelection() const {
     const TreeNode* const node = items_.selected();
     if (node == nullptr)
@@ -193,7 +193,7 @@ std::optional<POINT> Win32TreeView::placeOfSelection() const {
     return corner;
 }
 
-/// The key that expands a node does so again when it is expanded.
+/// The key that expands a node is reported even if the node is expanded.
 bool Win32TreeView::changesNothing(const NMTREEVIEWW& event) const {
     const LRESULT state = SendMessageW(
         handle(), TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(event.itemNew.hItem), TVIS_EXPANDED);
@@ -257,12 +257,12 @@ void Win32TreeView::userExpanded(TreeNode& node) {
     expanding_.pop_back();
     if (!there)
         return;
-    // The native tree has closed the node if it was without children for a moment.
+    // The native tree collapses a node that had no children for a moment.
     node.shownCount() == 0 ? closeIfEmpty(node) : items_.setExpanded(node, true);
 }
 
 void Win32TreeView::userCollapsed(TreeNode& node) {
-    // The selection does not stay where it cannot be seen.
+    // Moves the selection out of a collapsed node, where it would be invisible.
     items_.takeSelectionFromBelow(node);
     if (const auto handler = onCollapse)
         guarded(dialogs_, [&] { handler(node); });

@@ -1,5 +1,5 @@
 #pragma once
-// The tree control over the portable model.
+// The tree control for the portable model.
 
 #include <deque>
 #include <optional>
@@ -11,14 +11,14 @@
 
 namespace pelk {
 
-/// A node that has lost its last child is closed, unless that happens while `onExpand` runs for
-/// it: then its children are counted when the handler has returned.
+/// A node that loses its last child is collapsed. If that happens while its `onExpand` runs, the
+/// children are counted when the handler returns.
 ///
-/// Handlers run when the native tree is done with the message in which the user acted: until then
-/// it would not bear that the item goes away.
+/// Handlers run after the native tree has finished with the message of the user's act, because it
+/// cannot bear losing the item before.
 class Win32TreeView : public Win32Control<TreeView> {
  public:
-    /// Faults of the handlers go to `dialogs`.
+    /// `dialogs` shows the handlers' exceptions.
     Win32TreeView(const ControlPlace& place, Dialogs& dialogs, const Language& language);
     ~Win32TreeView() override;
 
@@ -30,13 +30,13 @@ class Win32TreeView : public Win32Control<TreeView> {
     LRESULT notified(NMHDR& header) override;
 
  private:
-    /// What the user did.
+    /// An act of the user.
     struct Act {
         enum class Kind { Expand, Collapse, Select, RequestMenu, PressDelete };
         Kind kind;
-        /// What it was done to; null for the last two.
+        /// The node concerned; null for the last two.
         TreeNode* node = nullptr;
-        /// Where the menu is to open.
+        /// Where to open the menu.
         ScreenPoint where;
     };
 
@@ -64,13 +64,13 @@ class Win32TreeView : public Win32Control<TreeView> {
     Dialogs& dialogs_;
     TreeItems items_;
     WNDPROC native_ = nullptr;
-    /// How many messages the native tree is in the middle of.
+    /// The number of nested messages that the native tree is handling.
     int depth_ = 0;
     bool takingFocus_ = false;
     std::deque<Act> acts_;
-    /// Set while handlers run: what the user does meanwhile is told when they have returned.
+    /// Set while handlers run; acts during that time are reported when they have returned.
     bool telling_ = false;
-    /// The nodes for which `onExpand` runs; null for one that has gone meanwhile.
+    /// The nodes whose `onExpand` is running; null for one that was removed meanwhile.
     std::vector<const TreeNode*> expanding_;
 };
 

@@ -10,7 +10,7 @@ namespace pelk {
 TwipScale TwipScale::ofFont(HFONT font) {
     constexpr double kTwipsPerInch = 1440;
     constexpr double kButtonRow = 250;
-    // Above and below the text a button has its edge, the focus rectangle and some air.
+    // The factor leaves room for the button's edge, the focus rectangle and some space.
     constexpr double kButtonPerText = 1.5;
     const ScreenDc dc(font);
     TEXTMETRICW text = {};

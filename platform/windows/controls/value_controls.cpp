@@ -17,7 +17,7 @@ Win32TextBox::Win32TextBox(const ControlPlace& place, Dialogs& dialogs)
         handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Win32TextBox::procedure)));
 }
 
-/// Adds Ctrl+A, which not every version of Windows has.
+/// Adds Ctrl+A, which some versions of Windows lack.
 LRESULT CALLBACK Win32TextBox::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     constexpr WPARAM kControlA = 1;
     const auto* const self =
@@ -67,7 +67,7 @@ int Win32Slider::value() const {
     return static_cast<int>(SendMessageW(handle(), TBM_GETPOS, 0, 0));
 }
 
-/// The native slider speaks also when a step leads nowhere, or ends.
+/// The native slider also sends notifications when its value stays the same.
 void Win32Slider::scrolled() {
     if (std::exchange(known_, value()) == known_)
         return;

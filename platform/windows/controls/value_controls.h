@@ -1,5 +1,5 @@
 #pragma once
-// Controls that hold a value of the user's: text box and slider.
+// The controls whose value the user edits: text box and slider.
 
 #include "platform/dialogs.h"
 #include "platform/windows/controls/native_control.h"
@@ -8,7 +8,7 @@ namespace pelk {
 
 class Win32TextBox : public Win32Control<TextBox> {
  public:
-    /// Faults of the handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     Win32TextBox(const ControlPlace& place, Dialogs& dialogs);
     void setText(const std::string& text) override;
     std::string text() const override;
@@ -25,7 +25,7 @@ class Win32TextBox : public Win32Control<TextBox> {
 
 class Win32Slider : public Win32Control<Slider> {
  public:
-    /// Faults of the handler go to `dialogs`.
+    /// `dialogs` shows the handler's exceptions.
     Win32Slider(const ControlPlace& place, Dialogs& dialogs);
     void setRange(int minimum, int maximum) override;
     void setValue(int value) override;
@@ -34,7 +34,7 @@ class Win32Slider : public Win32Control<Slider> {
 
  private:
     Dialogs& dialogs_;
-    /// The value that code has set or `onChange` has been told of.
+    /// The value last set by code or passed to `onChange`.
     int known_ = 0;
 };
 

@@ -17,7 +17,7 @@ namespace pelk {
 
 namespace {
 
-/// Numbers of controls, clear of those that Enter and Esc stand for.
+/// Above the ids that Enter and Esc use.
 constexpr int kFirstControl = 100;
 
 bool isSame(const SIZE& one, const SIZE& other) {
@@ -63,7 +63,7 @@ Size Win32Window::innerSize() const {
     return look_.scale().twips(size_);
 }
 
-/// Sets the size for code: no handler hears of it.
+/// Sets the size without calling a handler.
 void Win32Window::resizeTo(SIZE inner) {
     const FlagScope setting(settingSize_);
     const SIZE frame =
@@ -94,7 +94,7 @@ void Win32Window::bringToFront() {
     sizeChanged();
 }
 
-/// In the middle of the screen that the user works on.
+/// Centres the window on the screen that the user works on.
 void Win32Window::placeInMiddle() const {
     const HWND active = GetActiveWindow();
     MONITORINFO monitor = {};
@@ -123,7 +123,7 @@ void Win32Window::showModal() {
     setOwner(nullptr);
 }
 
-/// A window with an owner stays in front of it, and cannot be minimized on its own.
+/// A window with an owner stays in front of it and cannot be minimized alone.
 void Win32Window::setOwner(HWND owner) const {
     SetWindowLongPtrW(handle_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
     const auto style = GetWindowLongPtrW(handle_, GWL_STYLE) & ~LONG_PTR{WS_MINIMIZEBOX};
@@ -132,7 +132,7 @@ void Win32Window::setOwner(HWND owner) const {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
-/// A request to quit is the host's; it is left for the host's own loop.
+/// WM_QUIT belongs to the host and is left for its own loop.
 void Win32Window::runUntilHidden() const {
     MSG message;
     while (isVisible()) {
@@ -146,11 +146,11 @@ void Win32Window::runUntilHidden() const {
     }
 }
 
-/// The others are free before this one goes, or Windows would activate some other program.
+/// Enables the other windows before this one disappears, or Windows would activate another program.
 void Win32Window::hide() {
     if (modal_ != nullptr) {
         modal_.reset();
-        PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the loop that waits for this
+        PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the modal loop
     }
     ShowWindow(handle_, SW_HIDE);
 }
@@ -243,7 +243,7 @@ INT_PTR CALLBACK Win32Window::procedure(HWND window, UINT message, WPARAM wparam
     return result;
 }
 
-/// What a dialog's procedure returns: whether the message is handled.
+/// Returns whether the message is handled, as a dialog procedure does.
 INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_COMMAND:
@@ -295,7 +295,7 @@ INT_PTR Win32Window::handleNotification(NMHDR& header) {
     return TRUE;
 }
 
-/// Unless the window is busy, Windows chooses.
+/// Windows chooses the pointer unless the window is busy.
 INT_PTR Win32Window::choosePointer(HWND under) const {
     const NativeControl* const control = controlOf(under);
     const bool arrow = control != nullptr && control->keepsArrowPointer();
@@ -314,8 +314,8 @@ void Win32Window::sizeChanged() {
         guarded(dialogs_, handler);
 }
 
-/// A handler that fails must not keep the user in the window. The task bar can ask a window that
-/// a modal one keeps the user from.
+/// A handler that fails must not trap the user. The task bar can ask to close a window that is
+/// disabled by a modal one.
 void Win32Window::closeRequested() {
     if (!IsWindowEnabled(handle_))
         return;
@@ -326,7 +326,7 @@ void Win32Window::closeRequested() {
         hide();
 }
 
-/// Controls hear of new colours from the window they are in.
+/// Controls learn of new colours from their window.
 void Win32Window::colorsChanged(UINT message) const {
     if (message == WM_SYSCOLORCHANGE)
         for (const NativeControl* control : natives_)

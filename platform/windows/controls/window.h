@@ -1,5 +1,5 @@
 #pragma once
-// A top-level window with its controls: a dialog without a template, in the host's message loop.
+// The window on Win32: a dialog without a template, in the host's message loop.
 
 #include <memory>
 #include <optional>
@@ -14,7 +14,7 @@ namespace pelk {
 
 class Win32Window : public Window, public NativeHandle {
  public:
-    /// Faults of handlers go to `dialogs`. The references must outlive the window.
+    /// `dialogs` shows the handlers' exceptions. The references must outlive the window.
     Win32Window(const Look& look, Dialogs& dialogs, const Language& language);
     ~Win32Window() override;
 
@@ -78,11 +78,10 @@ class Win32Window : public Window, public NativeHandle {
     bool busy_ = false;
     SIZE size_ = {};
     SIZE minimum_ = {};
-    /// The size of which `onResize` has been told, or that code has set since; none before the
-    /// window is first shown.
+    /// The size last passed to `onResize` or set by code; none before the window is first shown.
     std::optional<SIZE> knownSize_;
     bool settingSize_ = false;
-    /// While the window is modal.
+    /// Set while the window is modal.
     std::unique_ptr<ModalSession> modal_;
 };
 

@@ -9,7 +9,7 @@
 namespace pelk {
 namespace {
 
-/// From this version on the mail client's window has a ribbon, and command bars are a relic in it.
+/// From this version on the mail client has a ribbon and hides command bars.
 constexpr int kFirstVersionWithRibbon = 14;
 
 ComPtr<IDispatch> required(IDispatch* application) {

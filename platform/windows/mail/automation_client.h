@@ -1,5 +1,5 @@
 #pragma once
-// The mail client that loaded the add-in, by its automation objects.
+// The mail client that loaded the add-in, through its automation objects.
 
 #include <memory>
 #include <string_view>
@@ -10,17 +10,16 @@
 
 namespace pelk {
 
-/// Everything is reached from the application that is given, as the mail client trusts only what
-/// comes from there.
+/// Reaches everything from the given application, because the mail client trusts only objects from
+/// there.
 class AutomationClient : public MailClient {
  public:
     /// `guard` runs the handlers of clicks. Throws `Error` when there is no application.
     AutomationClient(IDispatch* application, ClickGuard guard);
 
-    /// The number before the first point of its version; 0 when it has none or does not tell.
+    /// Returns the number before the first point of the version; 0 when it is unknown.
     int majorVersion() const;
-    /// Whether its window has a ribbon. There the commands stand on it, and `addPopup` adds
-    /// nothing.
+    /// Whether the window has a ribbon. The commands are on it then, and `addPopup` adds nothing.
     bool hasRibbon() const;
 
     std::unique_ptr<MailSession> session() override;

@@ -11,14 +11,14 @@ constexpr IID kMailItemInterface{
 
 constexpr const char* kSmtpAddressProperty = "http://schemas.microsoft.com/mapi/proptag/0x39FE001E";
 
-/// The year that stands for "no date".
+/// The year that means "no date".
 constexpr int kNoDateYear = 4501;
 
 bool isDirectoryEntry(const std::string& address) {
     return address.starts_with("/o=") || address.starts_with("/O=");
 }
 
-/// What `lookUp` finds; empty when the mail client refuses.
+/// Returns what `lookUp` finds; empty when the mail client refuses.
 template <typename LookUp>
 std::string textIfAny(const LookUp& lookUp) {
     try {
@@ -28,7 +28,7 @@ std::string textIfAny(const LookUp& lookUp) {
     }
 }
 
-/// The internet address of a recipient in the server's directory; empty when nobody knows it.
+/// Returns the internet address of a recipient in the server's directory; empty when it is unknown.
 std::string smtpAddress(const Dispatch& recipient) {
     const std::string stored = textIfAny([&recipient] {
         return recipient.object("PropertyAccessor", "a property accessor")
@@ -57,8 +57,8 @@ class AutomationItem : public MailItem {
         return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
     }
 
-    /// Asks for a reply, which alone knows whom the sender wants answers to go to. It is let go of
-    /// unseen, and so leaves no trace.
+    /// Only a reply knows whom the sender wants answers to go to. It is discarded without being
+    /// shown or saved.
     std::optional<MailPerson> replyRecipient() override {
         const Dispatch recipients =
             item_.object("Reply", "a reply").object("Recipients", "the recipients");
@@ -93,7 +93,7 @@ class AutomationItem : public MailItem {
         }
     }
 
-    /// The entry itself stands in for an address that nobody knows.
+    /// Falls back to the directory entry when the address is unknown.
     std::string internetAddress(const Dispatch& recipient, const std::string& entry) {
         const auto known = addresses_->find(entry);
         if (known != addresses_->end())

@@ -10,9 +10,8 @@
 
 namespace pelk {
 
-/// The internet addresses found for people of the mail server's own directory, whom the mail client
-/// names by their directory entry ("/o=…/cn=…"). Each is looked up once, as that may ask the
-/// server.
+/// Internet addresses of people in the mail server's directory, whom the mail client identifies by
+/// directory entries ("/o=…/cn=…"). Each is looked up once because the look-up may ask the server.
 using DirectoryAddresses = std::map<std::string, std::string>;
 
 /// Throws `NotAMailItem` when the item is something else.

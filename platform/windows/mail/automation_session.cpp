@@ -11,10 +11,10 @@ namespace {
 
 constexpr const char* kFolder = "a folder";
 
-/// `DefaultItemType` of a folder that holds mail (`olMailItem`).
+/// `DefaultItemType` of a folder for mail (`olMailItem`).
 constexpr int kMailItemType = 0;
 
-/// The number by which the mail client knows a default folder (`OlDefaultFolders`).
+/// Returns the mail client's number of a default folder (`OlDefaultFolders`).
 int numberOf(DefaultFolder kind) {
     switch (kind) {
         case DefaultFolder::DeletedItems:
@@ -29,7 +29,7 @@ int numberOf(DefaultFolder kind) {
     return 23;
 }
 
-/// `place` is that of the folders; nothing for top-level folders, which are asked for theirs.
+/// `place` is the place of the folders; without it each top-level folder is asked for its own.
 std::unique_ptr<MailFolders> openFolders(const Dispatch& parent,
                                          std::shared_ptr<DirectoryAddresses> addresses,
                                          std::optional<std::string> place);
@@ -43,7 +43,7 @@ class AutomationFolder : public MailFolder {
     std::string entryId() const { return folder_.text("EntryID"); }
 
     std::string name() override { return folder_.text("Name"); }
-    /// All folders inside a store have one place: nothing has to be told apart there.
+    /// All folders of a store share one place because nothing needs to tell them apart.
     std::string place() override {
         if (!place_)
             place_ = storeId();
@@ -63,7 +63,7 @@ class AutomationFolder : public MailFolder {
  private:
     Dispatch items() const { return folder_.object("Items", "the items"); }
 
-    /// Empty when the mail client does not tell: the store is then one of those that share a date.
+    /// Empty when the mail client does not say; such stores share a date.
     std::string storeId() const {
         try {
             return folder_.text("StoreID");
@@ -77,7 +77,7 @@ class AutomationFolder : public MailFolder {
     std::optional<std::string> place_;
 };
 
-/// Holds one collection all the time: each has a position of its own.
+/// Keeps one collection, because each has its own position.
 class AutomationFolders : public MailFolders {
  public:
     AutomationFolders(Dispatch folders, std::shared_ptr<DirectoryAddresses> addresses,
@@ -117,7 +117,7 @@ class AutomationSession : public MailSession {
         return openFolders(nameSpace_, addresses_, std::nullopt);
     }
 
-    /// Folders are compared by their ids, as the same folder is another object each time.
+    /// Compares folders by id, because the client returns another object each time.
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const Dispatch wanted =
             nameSpace_.object("GetDefaultFolder", kFolder, {variantOf(numberOf(kind))});

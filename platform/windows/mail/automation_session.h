@@ -1,5 +1,5 @@
 #pragma once
-// The mail client's name space: its stores, their folders and items.
+// The mail client's namespace: its stores, their folders and items.
 
 #include <memory>
 
@@ -8,8 +8,8 @@
 
 namespace pelk {
 
-/// The name space that holds all mail. Nothing of it is held longer than it is looked at: the mail
-/// server limits how many of its objects may be open at once.
+/// Opens the namespace that holds all mail. Objects are released as early as possible because the
+/// mail server limits how many may be open.
 std::unique_ptr<MailSession> openSession(Dispatch nameSpace);
 
 }  // namespace pelk

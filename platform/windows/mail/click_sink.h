@@ -10,19 +10,18 @@
 
 namespace pelk {
 
-/// The events of a command-bar button, a dispatch interface.
+/// The event interface of a command-bar button, a dispinterface.
 inline constexpr IID kButtonEventsInterface{
     0x000C0351, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-/// A click may end the connection that it came over: the sink and its handler last until the click
-/// is handled.
+/// A click may end its own connection: the sink and its handler live until the click is handled.
 class ClickSink : public AutomationObject<IDispatch> {
  public:
-    /// `clicked` must let no exception out.
+    /// `clicked` must not throw.
     explicit ClickSink(std::function<void()> clicked)
         : clicked_(std::make_shared<std::function<void()>>(std::move(clicked))) {}
 
-    /// From now on clicks do nothing.
+    /// Makes further clicks do nothing.
     void disarm() { clicked_.reset(); }
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*,

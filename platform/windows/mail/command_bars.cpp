@@ -14,13 +14,13 @@ constexpr int kControlButton = 1;
 constexpr int kControlPopup = 10;
 constexpr int kStyleCaption = 2;
 
-/// Routes a click to the add-in even when the mail client has yet to load it.
+/// Makes the mail client load the add-in for a click if it has not yet.
 constexpr const char* kAction = "!<Pelk.Connect>";
 
 constexpr const char* kControls = "the controls of a command bar";
 constexpr const char* kControl = "a control of a command bar";
 
-/// A connection of a sink to a button, which lasts as long as this object.
+/// Connects a sink to a button while this object exists.
 class ClickConnection {
  public:
     ClickConnection(const Dispatch& button, std::function<void()> clicked)
@@ -55,13 +55,13 @@ class BarButton : public CommandButton {
         try {
             button_.call("Delete");
         } catch (const Error&) {
-            // The window is closing, or somebody else took the button out: it is gone either way,
-            // as it was a temporary one.
+            // The window is closing, or another program removed the button. A temporary button is
+            // gone in either case.
         }
     }
 
  private:
-    // The button sends its clicks only while it is held.
+    // The button sends clicks only while a reference to it is held.
     Dispatch button_;
     std::optional<ClickConnection> connection_;
 };
@@ -72,7 +72,7 @@ Dispatch addControl(const Dispatch& parent, int type) {
                 {variantOf(type), leftOut(), leftOut(), leftOut(), variantOf(true)});
 }
 
-/// Texts first: a control is not to be seen before it is complete.
+/// Sets the texts first, so that an incomplete control is never seen.
 void describe(const Dispatch& control, std::string_view caption, std::string_view tag) {
     control.put("Caption", variantOf(caption));
     control.put("Tag", variantOf(tag));
@@ -99,7 +99,7 @@ class BarPopup : public CommandPopup {
     ClickGuard guard_;
 };
 
-/// Whether the control bears the tag. What belongs to others may refuse to be asked.
+/// Whether the control has the tag. Controls of other add-ins may refuse to answer.
 bool bearsTag(const Dispatch& control, std::string_view tag) {
     try {
         return control.text("Tag") == tag;
@@ -108,7 +108,7 @@ bool bearsTag(const Dispatch& control, std::string_view tag) {
     }
 }
 
-/// Controls bear numbers from 1, and those behind a deleted one move up.
+/// Controls are numbered from 1, and deleting one moves the later ones up.
 void deleteLeftovers(const Dispatch& bar, std::string_view tag) {
     const Dispatch controls = bar.object("Controls", kControls);
     for (int index = controls.number("Count"); index >= 1; --index) {

@@ -10,7 +10,7 @@
 
 namespace pelk {
 
-/// Runs a click's handler and lets no exception out.
+/// Runs a click's handler and catches its exceptions.
 using ClickGuard = std::function<void(const std::function<void()>&)>;
 
 /// See `MailClient::addPopup`. `application` is the mail client.

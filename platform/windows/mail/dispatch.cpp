@@ -13,7 +13,7 @@ std::string codeText(HRESULT code) {
     return text.data();
 }
 
-/// What an automation object said about its fault.
+/// The exception information of an automation object.
 class Exception : public EXCEPINFO {
  public:
     Exception() : EXCEPINFO{} {}

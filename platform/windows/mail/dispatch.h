@@ -1,5 +1,5 @@
 #pragma once
-// Late-bound calls to an automation object: members by name, faults as `Error`.
+// Late-bound calls to an automation object: members by name, failures as `Error`.
 
 #include <map>
 #include <memory>
@@ -17,16 +17,16 @@ namespace pelk {
 Variant variantOf(int value);
 Variant variantOf(bool value);
 Variant variantOf(std::string_view utf8);
-/// Without it, a literal would be taken for a truth value.
+/// Without this overload, a literal would convert to bool.
 Variant variantOf(const char* utf8);
-/// Stands in the place of an optional argument that is not given.
+/// Returns the value for an optional argument that is omitted.
 Variant leftOut();
 
-/// The object in a variant; none for Nothing, and for a variant that holds no object at all.
+/// Returns the object in a variant; null for Nothing and for a variant without an object.
 ComPtr<IDispatch> objectIn(const VARIANT& value);
 
-/// The ids of members, each asked for once per kind of object: asking anew at every call would
-/// double the calls that a scan makes.
+/// Caches the ids of members per kind of object; asking at every call would double the calls of a
+/// scan.
 class MemberIds {
  public:
     DISPID find(IDispatch& object, const char* kind, const char* member);
@@ -35,18 +35,18 @@ class MemberIds {
     std::map<std::pair<std::string, std::string>, DISPID, std::less<>> ids_;
 };
 
-/// An automation object, never null. A fault of the source is an `Error` with the source's own
-/// text, and so are a member that the object lacks and a value of the wrong type.
+/// An automation object, never null. Throws `Error` with the source's own text when the source
+/// fails, and when a member is missing or has the wrong type.
 class Dispatch {
  public:
     using Arguments = std::vector<Variant>;
 
-    /// `kind` says what the object is, with its article ("a folder"): objects of one kind share
-    /// their member ids, and messages name it.
+    /// `kind` names the object with its article ("a folder") in messages. Objects of one kind share
+    /// their member ids.
     Dispatch(ComPtr<IDispatch> object, const char* kind, std::shared_ptr<MemberIds> ids)
         : object_(std::move(object)), kind_(kind), ids_(std::move(ids)) {}
 
-    /// Reads a property or calls a method. Arguments stand in the order of the declaration.
+    /// Reads a property or calls a method. Arguments are in the order of the declaration.
     Variant call(const char* member, const Arguments& arguments = {}) const;
     void put(const char* property, const Variant& value) const;
 
@@ -57,7 +57,7 @@ class Dispatch {
     std::optional<Dispatch> objectIfAny(const char* member, const char* kind,
                                         const Arguments& arguments = {}) const;
 
-    /// The same object by another of its interfaces, which must be a dispatch interface as well.
+    /// Queries another dispatch interface of the object.
     std::optional<Dispatch> narrowed(const IID& iid) const;
     template <typename Interface>
     ComPtr<Interface> query(const IID& iid) const {
