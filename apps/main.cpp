@@ -1,4 +1,4 @@
-// The program `pelk`: the mail window on a desktop, and the commands for scripts.
+// The program `pelk`: the mail window on a desktop, and the commands.
 
 #include <cstdlib>
 #include <exception>

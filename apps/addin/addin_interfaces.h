@@ -1,8 +1,8 @@
 #pragma once
-// The interfaces that the mail client calls the add-in by, and the cipher's own.
+// The interfaces by which the mail client calls the add-in, and that of the cipher.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <oaidl.h>
 
 namespace pelk {
@@ -11,11 +11,11 @@ enum class ConnectMode : int { AfterStartup = 0, Startup = 1 };
 
 }  // namespace pelk
 
-// COM's own interfaces have no virtual destructor; objects are destroyed by `Release` alone.
+// COM's interfaces have no virtual destructor; only `Release` destroys the objects.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// How an add-in of the mail client begins and ends. `custom` may be null.
+/// Starts and ends an add-in of the mail client. `custom` may be null.
 struct IDTExtensibility2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* application, pelk::ConnectMode mode,
                                                    IDispatch* addIn, SAFEARRAY** custom) = 0;
@@ -25,13 +25,13 @@ struct IDTExtensibility2 : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) = 0;
 };
 
-/// Asked for what the add-in puts on a ribbon.
+/// Returns what the add-in puts on a ribbon.
 struct IRibbonExtensibility : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE GetCustomUI(BSTR ribbonId, BSTR* xml) = 0;
 };
 
-/// Encrypts and decrypts a database document, see db/database_cipher.h. The order of the
-/// functions, and the arguments that mean nothing, are part of the interface.
+/// Encrypts and decrypts a database document, see db/database_cipher.h. The order of the functions
+/// and the unused arguments are part of the interface.
 struct IDatabaseCipher : public IDispatch {
     virtual HRESULT STDMETHODCALLTYPE SetPlainText(BSTR text) = 0;
     virtual HRESULT STDMETHODCALLTYPE GetPlainText(BSTR* text) = 0;

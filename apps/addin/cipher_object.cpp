@@ -26,7 +26,7 @@ std::string textOf(BSTR text) {
     return toUtf8({text, SysStringLen(text)});
 }
 
-/// Leaves the reason as error information, if there is memory for it.
+/// Stores the reason as error information, if there is memory for it.
 void report(const char* reason) noexcept {
     try {
         ComPtr<ICreateErrorInfo> created;
@@ -39,7 +39,7 @@ void report(const char* reason) noexcept {
     }
 }
 
-/// Runs `act`; what it throws becomes error information.
+/// Runs `act` and turns its exceptions into error information.
 template <typename Act>
 HRESULT reported(const Act& act) {
     try {
@@ -60,7 +60,7 @@ HRESULT handOut(BSTR* result, std::string_view text) {
     return reported([result, text] { *result = Bstr(text).detach(); });
 }
 
-/// What `report` left, for a caller by name.
+/// Passes the error information to a caller by name.
 void moveErrorTo(EXCEPINFO& exception) {
     exception = {};
     exception.scode = E_FAIL;

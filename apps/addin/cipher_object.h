@@ -1,5 +1,5 @@
 #pragma once
-// The database cipher for any COM client.
+// The database cipher for COM clients.
 
 #include <string>
 
@@ -10,7 +10,8 @@
 
 namespace pelk {
 
-/// A fault (a cipher text that is damaged) fails the call, with the reason as error information.
+/// A failure, such as a damaged cipher text, fails the call and leaves the reason as error
+/// information.
 class CipherObject : public AutomationObject<IDatabaseCipher, ISupportErrorInfo> {
  public:
     HRESULT STDMETHODCALLTYPE SetPlainText(BSTR text) override;

@@ -1,5 +1,5 @@
 #pragma once
-// Makes the objects of one class for COM.
+// Creates the objects of one class for COM.
 
 #include <unknwn.h>
 

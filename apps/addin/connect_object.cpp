@@ -16,7 +16,7 @@ enum Member : DISPID {
     kOnAddInsUpdate = 3,
     kOnStartupComplete = 4,
     kOnBeginShutdown = 5,
-    // Apart from the five above, whose numbers are given.
+    // Must differ from the five ids above, which the mail client defines.
     kRibbonClick = 100,
 };
 
@@ -26,8 +26,8 @@ constexpr NamedMember kMembers[] = {
     {L"OnBeginShutdown", kOnBeginShutdown}, {kRibbonCallback, kRibbonClick},
 };
 
-/// Argument `index` in the order of the declaration, which is the reverse of how they come; an
-/// empty one when it is missing. What is passed by reference is looked up.
+/// Returns argument `index` in the order of the declaration, the reverse of the order in memory.
+/// Resolves references; empty when the argument is missing.
 Variant argument(const DISPPARAMS* parameters, UINT index) {
     Variant value;
     if (parameters != nullptr && index < parameters->cArgs)
@@ -47,7 +47,7 @@ ConnectObject::ConnectObject() {
     });
 }
 
-/// A mail client in a hurry goes without saying goodbye.
+/// A mail client that is in a hurry does not disconnect.
 ConnectObject::~ConnectObject() {
     guarded(dialogs_, [this] { endConnection(); });
 }
@@ -117,8 +117,8 @@ std::span<const NamedMember> ConnectObject::members() const {
     return kMembers;
 }
 
-/// While the mail client starts, its window may not be there yet: the menu is then tried again when
-/// the start is complete.
+/// While the mail client starts, its window may not exist yet. The menu is then added when the
+/// start is complete.
 void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
     disconnect();
     if (!connect_ || client_)
@@ -135,8 +135,8 @@ void ConnectObject::connect(IDispatch* application, ConnectMode mode) {
     }
 }
 
-/// A handler under way may be inside a form, which must not vanish under it: the connection then
-/// ends as soon as none is. This is one of the acts that are counted.
+/// A running handler may be inside a form, which must not be destroyed under it. The connection
+/// then ends as soon as no handler runs. This function itself counts as one.
 void ConnectObject::disconnect() {
     if (client_ && guardedActs() > 1)
         disconnectLater();
@@ -152,8 +152,8 @@ void ConnectObject::endConnection() {
     connect_->OnDisconnection();
 }
 
-/// Tries again after a command, or from the thread's message loop, which may be one inside a
-/// handler. The object lives on until then.
+/// Tries again after a command, or from the thread's message loop, which may run inside a handler.
+/// The object lives until then.
 void ConnectObject::disconnectLater() {
     connect_->abandonSearch();
     if (retryTimer_ != 0)
@@ -175,13 +175,13 @@ void ConnectObject::disconnectIfDue() {
     guarded(dialogs_, [this] { disconnect(); });
 }
 
-/// Objects whose disconnection has to wait, by the timer that tries again.
+/// The objects whose disconnection is pending, by their retry timers.
 std::map<UINT_PTR, ComPtr<ConnectObject>>& ConnectObject::waiting() {
     static std::map<UINT_PTR, ComPtr<ConnectObject>> objects;
     return objects;
 }
 
-/// Runs the command of the ribbon's button.
+/// Runs the command of a ribbon button.
 void ConnectObject::runByTag(const VARIANT& ribbonControl) {
     ComPtr<IDispatch> control = objectIn(ribbonControl);
     if (!control || !client_)
@@ -193,7 +193,7 @@ void ConnectObject::runByTag(const VARIANT& ribbonControl) {
             connect_->run(command);
 }
 
-/// The object lives on until the command has ended, whatever the mail client does meanwhile.
+/// The object lives until the command has ended, whatever the mail client does meanwhile.
 void ConnectObject::runCommand(const std::function<void()>& act) {
     const ComPtr<ConnectObject> self(this);
     guarded(dialogs_, act);

@@ -1,9 +1,9 @@
 #pragma once
-// The add-in as COM sees it: `pelk::Connect` on the Windows platform, behind the interfaces of the
+// The add-in as a COM object: `pelk::Connect` on the Windows platform, behind the interfaces of the
 // mail client.
 //
-// The mail client unloads for good an add-in that fails. So whatever goes wrong is shown to the
-// user, and the mail client is told that all is well.
+// The mail client permanently disables an add-in that fails. So every failure is shown to the user,
+// and the mail client is told that the call succeeded.
 
 #include <functional>
 #include <map>
@@ -22,8 +22,8 @@ namespace pelk {
 
 class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensibility> {
  public:
-    /// The database is loaded by the first command: a large one takes MSXML more than a second, and
-    /// the mail client switches off an add-in that holds up its start for so long.
+    /// The first command loads the database: MSXML takes more than a second for a large one, and
+    /// the mail client disables an add-in that delays its start for so long.
     ConnectObject();
 
     HRESULT STDMETHODCALLTYPE OnConnection(IDispatch* application, ConnectMode mode,
@@ -33,11 +33,11 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     HRESULT STDMETHODCALLTYPE OnStartupComplete(SAFEARRAY** custom) override;
     HRESULT STDMETHODCALLTYPE OnBeginShutdown(SAFEARRAY** custom) override;
 
-    /// The add-in's group for the ribbon of the mail window; a null string for other ribbons, and
-    /// when the commands are in a menu.
+    /// Returns the add-in's group for the ribbon of the mail window; a null string for other
+    /// ribbons and when the commands are in a menu.
     HRESULT STDMETHODCALLTYPE GetCustomUI(BSTR ribbonId, BSTR* xml) override;
 
-    /// Clicks on the ribbon come this way; the other members can be called so too.
+    /// Receives clicks on the ribbon. The other members can be called by name as well.
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO*, UINT*) override;
 
@@ -59,13 +59,13 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     Win32Dialogs dialogs_;
     Win32Toolkit toolkit_{dialogs_, platform_.language()};
     std::unique_ptr<AutomationClient> client_;
-    /// None when even its beginning failed.
+    /// Empty when the constructor could not create it.
     std::optional<Connect> connect_;
-    /// The commands are in a menu, as the mail client has no ribbon for them.
+    /// The commands are in a menu because the mail client has no ribbon.
     bool hasMenu_ = false;
-    /// The menu has yet to be built: there was no window for it.
+    /// The menu must still be added: there was no window for it.
     bool menuIsDue_ = false;
-    /// Runs when the mail client has ended the connection while a handler was under way; else 0.
+    /// Retries a disconnection that came while a handler was running; else 0.
     UINT_PTR retryTimer_ = 0;
 };
 

@@ -14,9 +14,9 @@ constexpr const wchar_t* kConnectProgId = L"Pelk.Connect";
 constexpr const wchar_t* kCipherProgId = L"Pelk.DatabaseCipher";
 constexpr const wchar_t* kAddinKey = L"Software\\Microsoft\\Office\\Outlook\\Addins\\Pelk.Connect";
 
-/// Loaded when the mail client starts.
+/// Load when the mail client starts.
 constexpr DWORD kLoadAtStartup = 3;
-/// May show windows, so it is not for the command line.
+/// The add-in may show windows, so command-line use is not safe.
 constexpr DWORD kNotCommandLineSafe = 0;
 
 std::wstring progIdKey(const wchar_t* progId) {
@@ -33,7 +33,7 @@ std::wstring classKey(const CLSID& classId) {
     return L"Software\\Classes\\CLSID\\" + textOf(classId);
 }
 
-/// Writes values one after the other, up to the first that fails.
+/// Writes values until one fails.
 class RegistryWriter {
  public:
     void write(const std::wstring& key, const wchar_t* name, std::wstring_view text) {

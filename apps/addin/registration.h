@@ -1,15 +1,15 @@
 #pragma once
-// The add-in's entries in the registry, for this user alone.
+// The add-in's registry entries for the current user.
 
 #include <string>
 
 namespace pelk {
 
-/// Enters the classes of the DLL at `path`, and the add-in with the mail client. Returns an error
-/// code of Windows, 0 for success.
+/// Registers the classes of the DLL at `path`, and the add-in with the mail client. Returns a
+/// Windows error code, 0 for success.
 long registerServer(const std::wstring& path);
 
-/// Takes out what `registerServer` enters. What is not there is no error.
+/// Removes the entries of `registerServer`. A missing entry is no error.
 long unregisterServer();
 
 }  // namespace pelk

@@ -27,7 +27,7 @@ std::string attribute(const char* name, std::string_view value) {
     return std::string(" ") + name + "=\"" + escaped(value) + "\"";
 }
 
-/// An id may hold no blank.
+/// A ribbon id must not contain spaces.
 std::string idOf(const Connect::Command& command) {
     std::string id = command.tag;
     std::replace(id.begin(), id.end(), ' ', '_');

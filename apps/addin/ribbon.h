@@ -1,5 +1,5 @@
 #pragma once
-// The commands of the add-in as a group on the mail client's ribbon.
+// The add-in's commands as a group on the mail client's ribbon.
 
 #include <span>
 #include <string>
@@ -9,13 +9,14 @@
 
 namespace pelk {
 
-/// The ribbon of the window that shows the mail; others are none of our business.
+/// The ribbon of the mail window, the only one that the add-in extends.
 inline constexpr std::wstring_view kMailWindowRibbon = L"Microsoft.Outlook.Explorer";
 
-/// What the ribbon calls when the user clicks a button; the button's tag is the command's.
+/// The callback that the ribbon calls when the user clicks a button. The button's tag is that of
+/// the command.
 inline constexpr const wchar_t* kRibbonCallback = L"PelkRun";
 
-/// The description of the group.
+/// Returns the XML of the group.
 std::string ribbonXml(std::span<const Connect::Command> commands);
 
 }  // namespace pelk

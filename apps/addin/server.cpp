@@ -1,8 +1,8 @@
-// The four functions that COM calls the DLL by. There is no DllMain: the mail client counts what
-// happens there against the add-in's start.
+// The four functions that COM calls. There is no DllMain because the mail client counts its time as
+// start-up time of the add-in.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <objbase.h>
 
 #include <string>

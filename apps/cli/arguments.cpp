@@ -74,10 +74,10 @@ Exit status: 0 done, 1 refused or failed, 2 wrong usage.
 
 namespace {
 
-/// The length of YYYY-MM-DD, which orders before all stamps of that day.
+/// The length of YYYY-MM-DD, which sorts before all stamps of that day.
 constexpr std::size_t kDateSize = 10;
 
-/// Walks the words; an option that takes a value takes the next word.
+/// Iterates over the words. An option with a value takes the next word.
 class WordReader {
  public:
     explicit WordReader(const std::vector<std::string>& words) : words_(words) {}
@@ -98,7 +98,7 @@ class WordReader {
             readOption(word);
     }
 
-    /// The first operand that names a command is one.
+    /// The first operand is a command if it names one.
     void readOperand(const std::string& word) {
         if (!commandKnown_ && !optionsEnded_)
             arguments_.command = findCommand(word);

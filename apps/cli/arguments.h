@@ -12,28 +12,28 @@ namespace pelk {
 
 struct Command;
 
-/// The command line cannot be understood; `what()` says why.
+/// The command line is invalid; `what()` says why.
 class UsageError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
 struct Arguments {
-    /// Null for the mail window.
+    /// Null means the mail window.
     const Command* command = nullptr;
     std::vector<std::string> operands;
-    /// Empty for the user's usual data folder.
+    /// Empty means the user's default data folder.
     std::string dataFolder;
-    /// Where the mail is read.
+    /// How the mail is read.
     MailStoreOptions mail;
-    /// The name that `merge` gives; empty when there is none.
+    /// The name after `merge`; empty when there is none.
     std::string name;
     bool yes = false;
-    /// What `import` answers to its questions; nothing to ask the user.
+    /// The answer to all questions of `import`; without it the user is asked.
     std::optional<bool> answer;
-    /// Of the links between domains only the best.
+    /// Print only the best links between domains.
     bool best = false;
-    /// Whether `scan` counts all copies, and what it counts from; empty for the last scan.
+    /// Whether `scan` counts all copies, and the stamp it counts from; empty means the last scan.
     bool copies = false;
     std::string since;
     bool json = false;
@@ -41,10 +41,10 @@ struct Arguments {
     bool version = false;
 };
 
-/// Reads the words behind the program's name. Throws `UsageError`.
+/// Parses the words after the program's name. Throws `UsageError`.
 Arguments parseArguments(const std::vector<std::string>& words);
 
-/// What `--help` prints.
+/// The text that `--help` prints.
 extern const char* const kHelp;
 
 }  // namespace pelk

@@ -27,15 +27,15 @@ class CommandRun {
     const Language& language() const { return platform_.language; }
     Storage& storage() { return storage_; }
 
-    /// Keeps other programs from the database until the end of the run. To be called before the
-    /// database is read, by commands that change it.
+    /// Locks the database until the end of the run. Commands that change it call this before they
+    /// read it.
     void lock();
-    /// The user's database, read at the first call; an empty one when there is none. Without the
-    /// lock, reading changes nothing on the disk. Throws `Error`.
+    /// Returns the user's database, read at the first call; an empty one when there is none.
+    /// Without the lock, reading changes nothing on the disk. Throws `Error`.
     Database& database();
 
-    /// The ids of the contacts, each given as an id or an address. Throws `Error`, which names the
-    /// first that is unknown.
+    /// Returns the ids of the contacts, each given as an id or an address. Throws `Error` that
+    /// names the first unknown one.
     int findContact(const std::string& contact);
     std::vector<int> findContacts(const std::vector<std::string>& contacts);
 

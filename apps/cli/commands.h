@@ -14,19 +14,18 @@ struct Command {
     const char* name;
     std::size_t fewestOperands;
     std::size_t mostOperands;
-    /// What it takes, in words.
+    /// A description of the operands.
     const char* operands;
     void (*run)(CommandRun&);
 };
 
-/// The command of that name; null when there is none.
+/// Returns the command of that name, or null.
 const Command* findCommand(std::string_view name);
 
-/// Runs the command that the arguments name, printing to standard output. Throws `Error` when it is
-/// refused or fails.
+/// Runs the command and prints to standard output. Throws `Error` when it is refused or fails.
 void runCommand(const Arguments& arguments);
 
-/// Scans the mail, and prints the outcome and the strongest relations: what is left of the mail
+/// Scans the mail, then prints the outcome and the strongest relations. Takes the place of the mail
 /// window on a machine without a display. Throws `Error`.
 void runWithoutDisplay(const Arguments& arguments);
 

@@ -15,7 +15,7 @@
 namespace pelk {
 namespace {
 
-/// The contacts that are there, each once.
+/// Returns the contacts that exist, each once.
 std::vector<Contact> contactsOf(const Database& database, const std::vector<int>& ids) {
     std::vector<Contact> contacts;
     std::unordered_set<int> seen;
@@ -26,7 +26,7 @@ std::vector<Contact> contactsOf(const Database& database, const std::vector<int>
     return contacts;
 }
 
-/// Removes the contacts, saves, and prints who is gone.
+/// Removes the contacts, saves, and prints which were removed.
 void removeAndSave(CommandRun& run, const std::vector<int>& ids) {
     Database& database = run.database();
     const std::vector<Contact> contacts = contactsOf(database, ids);
@@ -40,7 +40,7 @@ void removeAndSave(CommandRun& run, const std::vector<int>& ids) {
     Line(std::cout) << "relations deleted: " << relationsBefore - database.relationCount();
 }
 
-/// Throws `Error` unless the text is a whole number from 0 to 100.
+/// Throws `Error` unless the text is an integer from 0 to 100.
 int readPercentage(const std::string& text) {
     int number = -1;
     const char* const end = text.data() + text.size();

@@ -16,7 +16,8 @@
 namespace pelk {
 namespace {
 
-/// The document as UTF-8. Other programs write one that declares UTF-16 in that encoding.
+/// Returns the document as UTF-8. Other programs write documents that declare UTF-16 in that
+/// encoding.
 std::string toUtf8(const std::string& document) {
     const std::optional<QStringConverter::Encoding> encoding =
         QStringConverter::encodingForData(document);
@@ -31,7 +32,7 @@ void printSize(const Database& database) {
     Line(std::cout) << "relations: " << database.relationCount();
 }
 
-/// Answers an import's questions from the command line, else from the terminal.
+/// Answers the questions of an import from the command line, else asks on the terminal.
 class TerminalGuide : public ImportGuide {
  public:
     explicit TerminalGuide(std::optional<bool> answer) : answer_(answer) {}

@@ -1,6 +1,6 @@
 #pragma once
-// The commands on the database as a whole: in and out, and away. Each that changes it prints what
-// it did once that is saved.
+// The commands that export, import or delete the whole database. Those that change it print what
+// they did after saving.
 
 #include "apps/cli/command_run.h"
 
@@ -9,8 +9,7 @@ namespace pelk {
 void dumpCommand(CommandRun& run);
 void loadCommand(CommandRun& run);
 void exportCommand(CommandRun& run);
-/// Asks its questions on the terminal, unless the arguments answer them. Without a terminal they
-/// are declined.
+/// Asks on the terminal unless the arguments answer. Without a terminal the answer is no.
 void importCommand(CommandRun& run);
 /// Throws `Error` without `--yes`.
 void deleteDatabaseCommand(CommandRun& run);

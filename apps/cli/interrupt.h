@@ -1,12 +1,12 @@
 #pragma once
-// Ctrl-C as a wish to stop, which a long task looks at when it can.
+// Turns Ctrl-C into a request to stop, which a long task polls.
 
 #include <csignal>
 
 namespace pelk {
 
-/// For as long as it lives, a first Ctrl-C is only remembered; a second one ends the program. One
-/// at a time.
+/// While it exists, the first Ctrl-C is only remembered; a second one ends the program. Only one
+/// may exist at a time.
 class InterruptWatch {
  public:
     InterruptWatch();

@@ -20,10 +20,10 @@
 namespace pelk {
 namespace {
 
-/// The columns of class and weight, of a contact that has neither.
+/// The width of the class and weight columns, left blank for the first contact.
 constexpr std::size_t kStrengthWidth = 13;
 
-/// A contact of a chain, and how it is related to the one before.
+/// A contact of a chain, and its relation to the previous one.
 struct ChainLink {
     int id = 0;
     std::string description;
@@ -69,7 +69,7 @@ QJsonObject toJson(const LinkChain& chain) {
     return {{"cost", chain.cost}, {"chain", ids}};
 }
 
-/// The search of domains as the terminal sees it.
+/// Shows the progress of a domain search on the terminal.
 class TerminalSearch : public DomainSearchProgress {
  public:
     void pairsCounted(std::size_t count) override { count_ = count; }

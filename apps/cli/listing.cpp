@@ -82,8 +82,7 @@ QJsonObject leftOutToJson(const ScanOutcome& outcome) {
     return object;
 }
 
-/// Keys come in alphabetical order. What is there only when there is something to say comes behind
-/// what is always there.
+/// Keys are printed in alphabetical order, and the optional ones sort after those always present.
 QJsonObject toJson(const ScanOutcome& outcome, const Database& database) {
     QJsonObject object{{"mails", outcome.mails},
                        {"newContacts", static_cast<qint64>(outcome.contacts)},
@@ -101,7 +100,7 @@ QJsonObject toJson(const ScanOutcome& outcome, const Database& database) {
     return object;
 }
 
-/// The values in alphabetical order of their texts.
+/// Returns the values in alphabetical order of their texts.
 template <typename Value>
 std::vector<Value> sortedBy(const std::vector<std::string>& texts, std::vector<Value> values,
                             const Language& language) {
@@ -112,14 +111,14 @@ std::vector<Value> sortedBy(const std::vector<std::string>& texts, std::vector<V
     return sorted;
 }
 
-/// Strongest first; relations of one weight by their ids.
+/// Sorts by descending weight, then by id.
 void sortByWeight(std::vector<Relation>& relations) {
     std::sort(relations.begin(), relations.end(), [](const Relation& a, const Relation& b) {
         return std::tie(b.weight, a.part1, a.part2) < std::tie(a.weight, b.part1, b.part2);
     });
 }
 
-/// The labels of a domain, from left to right.
+/// Returns the labels of a domain, from left to right.
 std::vector<std::string> labelsOf(const std::string& domain) {
     std::vector<std::string> labels;
     std::istringstream stream(domain + '.');
@@ -265,11 +264,11 @@ void printStrongest(std::ostream& out, const Database& database, std::size_t cou
 
 void printDocument(std::ostream& out, std::string_view xml) {
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    takeMarkup(xml);  // its own declaration names the encoding of files
+    takeMarkup(xml);  // the declaration of the output names its own encoding
     while (!xml.empty()) {
         const Markup markup = takeMarkup(xml);
         out << escapedForXml(markup.text);
-        // Beside text a line break would become part of it.
+        // A line break next to text would become part of it.
         if (xml.empty() || (markup.kind != MarkupKind::Text && xml.front() == '<'))
             out << '\n';
     }

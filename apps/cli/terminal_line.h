@@ -1,13 +1,12 @@
 #pragma once
-// One line on the terminal that tells how far a long task is.
+// A line on the terminal that shows the progress of a long task.
 
 #include <chrono>
 #include <string>
 
 namespace pelk {
 
-/// Writes to standard error when that is a terminal, and nothing otherwise. The line is wiped at
-/// the end.
+/// Writes to standard error if that is a terminal. The destructor erases the line.
 class TerminalLine {
  public:
     TerminalLine();
@@ -15,9 +14,9 @@ class TerminalLine {
     TerminalLine(const TerminalLine&) = delete;
     TerminalLine& operator=(const TerminalLine&) = delete;
 
-    /// Whether it is worth composing the next text: on a terminal, a few times a second.
+    /// Whether to compose the next text: on a terminal, a few times a second.
     bool isDue() const;
-    /// Puts the text in place of the one before.
+    /// Replaces the previous text.
     void write(const std::string& text);
 
  private:

@@ -9,7 +9,7 @@
 namespace pelk {
 namespace {
 
-/// Embeddings, overrides and isolates of Unicode's bidirectional algorithm.
+/// Embeddings, overrides and isolates of the Unicode Bidirectional Algorithm (UAX #9).
 bool turnsDirection(std::uint32_t code) {
     return (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
@@ -18,7 +18,7 @@ bool isObeyed(std::uint32_t code) {
     return (code >= 0x7F && code < 0xA0) || turnsDirection(code);
 }
 
-/// The code of the character at that place of the UTF-8, as far as `isObeyed` asks for it.
+/// Returns the code point at that position of the UTF-8 text, decoded as far as `isObeyed` needs.
 std::uint32_t codeAt(std::string_view utf8, std::size_t at) {
     const auto byte = [utf8, at](std::size_t offset) -> std::uint32_t {
         return at + offset < utf8.size() ? static_cast<unsigned char>(utf8[at + offset]) : 0;
@@ -30,7 +30,7 @@ std::uint32_t codeAt(std::string_view utf8, std::size_t at) {
     return byte(0) < 0x80 ? byte(0) : 0;
 }
 
-/// Puts something else in the place of each character that a terminal obeys, beside those of C0.
+/// Replaces each character that a terminal interprets, except C0 controls.
 template <typename Replace>
 std::string replaceObeyed(std::string_view utf8, const Replace& replace) {
     std::string text;

@@ -1,6 +1,6 @@
 #pragma once
-// Text on its way to a terminal. Names, addresses, paths and messages come from elsewhere, and a
-// terminal obeys control characters: everything that people read goes through `Line`.
+// Makes text safe for a terminal. Names, addresses, paths and messages come from strangers, and
+// terminals interpret control characters: all output for people goes through `Line`.
 
 #include <ostream>
 #include <sstream>
@@ -9,17 +9,17 @@
 
 namespace pelk {
 
-/// The text as one line that a terminal shows and does not obey: control characters are blanks, and
-/// what is not UTF-8 and every character that turns the direction of writing is U+FFFD.
+/// Returns the text as one line that a terminal shows literally: control characters become spaces;
+/// invalid UTF-8 and characters that change the writing direction become U+FFFD.
 std::string terminalText(std::string_view text);
 
-/// UTF-8 in which the form of a document writes DEL, the C1 control characters and those that turn
-/// the direction of writing as what they stand for, so that nothing is lost.
+/// Escapes DEL, the C1 control characters and those that change the writing direction, in the
+/// syntax of the document, so that no information is lost.
 std::string escapedForJson(std::string_view json);
 std::string escapedForXml(std::string_view xml);
 
-/// A line for people, which is written when it is destroyed. That throws what writing throws, so
-/// that lack of memory is told and does not end the program.
+/// A line for people. The destructor writes it and throws when writing fails, so that a lack of
+/// memory is reported instead of ending the program.
 class Line {
  public:
     explicit Line(std::ostream& out) : out_(out) {}
@@ -38,7 +38,7 @@ class Line {
     std::ostringstream text_;
 };
 
-/// Tells the user something on standard error.
+/// Prints a message to standard error.
 void tell(std::string_view message);
 
 }  // namespace pelk

@@ -17,11 +17,11 @@ QString toText(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// The window may have taken its actions with it.
+/// The window may already have destroyed the action.
 class MenuButton : public CommandButton {
  public:
     explicit MenuButton(QAction* action) : action_(action) {}
-    // A button may be removed from within its own click.
+    // A button may be removed by its own click handler.
     void remove() override {
         if (action_) {
             action_->setVisible(false);

@@ -10,8 +10,8 @@
 
 namespace pelk {
 
-/// Adds a pop-up menu to the window's tool bar of that name, in the place of one with that tag.
-/// Faults of its buttons are shown by the dialogs. Throws `Error` when there is no such tool bar.
+/// Adds a pop-up menu to the named tool bar and replaces one with the same tag. `dialogs` shows the
+/// exceptions of its buttons. Throws `Error` when there is no such tool bar.
 std::unique_ptr<CommandPopup> addToolBarPopup(QMainWindow& window, Dialogs& dialogs,
                                               std::string_view bar, std::string_view caption,
                                               std::string_view tag);

@@ -17,13 +17,13 @@
 namespace pelk {
 namespace {
 
-/// Holds the database's folder for as long as the window is open.
+/// Locks the database's folder while the window is open.
 std::optional<FolderLock> lockDatabase(const Platform& platform) {
     const std::optional<std::string> folder = Storage(platform).databaseFolder();
     return folder ? std::make_optional<FolderLock>(*folder) : std::nullopt;
 }
 
-/// Asks where the mail is, as no one names it who starts the program from the desktop's menu. None
+/// Asks where the mail is, because the desktop's menu starts the program without arguments. Empty
 /// if the user cancels.
 std::vector<std::string> askForMail() {
     const QString folder = QFileDialog::getExistingDirectory(

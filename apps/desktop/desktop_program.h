@@ -5,8 +5,8 @@
 
 namespace pelk {
 
-/// Opens the mail window on the mail that the arguments name, and returns when the user has closed
-/// it. Throws `Error`, after showing it, when the mail or the database cannot be opened.
+/// Opens the mail window and returns when the user has closed it. Throws `Error`, after showing it,
+/// when the mail or the database cannot be opened.
 void runDesktopProgram(const Arguments& arguments, int argc, char** argv);
 
 }  // namespace pelk

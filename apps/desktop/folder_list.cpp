@@ -8,7 +8,7 @@
 namespace pelk {
 namespace {
 
-/// The role under which an item keeps the position of its folder.
+/// The item role that holds the position of its folder.
 constexpr int kFolderRole = Qt::UserRole + 1;
 
 }  // namespace

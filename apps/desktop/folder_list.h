@@ -9,17 +9,17 @@
 
 namespace pelk {
 
-/// Holds the folders of a session, each for as long as this lives.
+/// Holds the folders of a session while it exists.
 class FolderList {
  public:
-    /// Walks the folders once. A folder whose subfolders cannot be read is shown without them.
+    /// Reads the folders once. A folder whose subfolders cannot be read is shown without them.
     explicit FolderList(MailSession& session);
 
     QStandardItemModel& model() { return model_; }
-    /// The row to start with: that of the inbox if one is called so, else the first. Invalid when
+    /// Returns the first row to show: the folder named "inbox", else the first one. Invalid when
     /// there is no folder.
     QModelIndex startIndex() const;
-    /// The folder of a row of the model.
+    /// Returns the folder of a row of the model.
     StoredFolder& folderOf(const QModelIndex& index) const;
 
  private:

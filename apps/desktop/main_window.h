@@ -1,5 +1,5 @@
 #pragma once
-// The mail window of the desktop: a mail client small enough to show mail and hold the menu.
+// The mail window of the desktop: a small mail client that shows mail and holds the menu.
 
 #include <QLabel>
 #include <QMainWindow>
@@ -17,7 +17,7 @@ namespace pelk {
 
 class MainWindow : public QMainWindow, public MailClient {
  public:
-    /// Shows the mail under these paths. Throws `Error` when one holds no mail.
+    /// Shows the mail at these paths. Throws `Error` when one holds no mail.
     MainWindow(std::vector<std::string> paths, MailStoreOptions options, Dialogs& dialogs);
 
     std::unique_ptr<MailSession> session() override;
@@ -25,7 +25,7 @@ class MainWindow : public QMainWindow, public MailClient {
                                            std::string_view tag) override;
 
  protected:
-    /// The program ends with its mail window, whatever other windows are open.
+    /// Closing the mail window ends the program, whatever other windows are open.
     void closeEvent(QCloseEvent* event) override;
 
  private:

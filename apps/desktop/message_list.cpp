@@ -41,7 +41,7 @@ QVariant MessageList::data(const QModelIndex& index, int role) const {
         return {};
     const Row& shown = row(index.row());
     if (role == Qt::FontRole) {
-        // What is no e-mail, and so not counted, stands in italics.
+        // Items that are not e-mails, and so are not counted, are in italics.
         QFont font;
         font.setItalic(!shown.isMail);
         return font;

@@ -13,11 +13,11 @@ class MessageList : public QAbstractTableModel {
  public:
     enum Column { kFrom, kSubject, kDate, kColumnCount };
 
-    /// The moment as the user's locale writes it.
+    /// Returns the time in the format of the user's locale.
     static QString dateText(const LocalTime& time);
 
-    /// Shows the folder, which must stay until another is shown. Throws `Error`, with the list
-    /// empty, when the folder cannot be read.
+    /// Shows the folder, which must exist until another is shown. Throws `Error` and leaves the
+    /// list empty when the folder cannot be read.
     void showFolder(StoredFolder& folder);
 
     int rowCount(const QModelIndex& parent = {}) const override;
