@@ -9,7 +9,7 @@
 
 namespace pelk {
 
-/// The files and folders in a folder.
+/// Counts the files and folders in a folder.
 inline std::size_t countIn(const std::string& folder) {
     return static_cast<std::size_t>(
         std::distance(std::filesystem::directory_iterator(std::filesystem::u8path(folder)), {}));

@@ -34,7 +34,7 @@ TEST_F(LanguageTest, ordersManyAsItOrdersFew) {
     std::vector<std::size_t> expected;
     for (std::size_t i = 0; i < kMany; ++i)
         many.push_back(few[i % few.size()]);
-    // Letter case does not count, so "ann" and "Ann" stand among each other as they came.
+    // Letter case is ignored, so "ann" and "Ann" keep their order.
     for (const std::size_t which : language->alphabeticalOrder(few))
         for (std::size_t i = which; i < kMany && few[which] != "Ann"; ++i)
             if (many[i] == few[which] || (few[which] == "ann" && many[i] == "Ann"))

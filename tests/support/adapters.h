@@ -1,6 +1,6 @@
 #pragma once
-// The platform's adapters that need no window, as the tests make them. Each platform's test
-// library defines these functions.
+// The platform's adapters that need no window. Each platform's test library defines these
+// functions.
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #pragma once
-// A whole platform for the core: a real toolkit, cipher and XML, with files, folders and a clock
-// that the test holds in its hand.
+// A platform for the core: a real toolkit, cipher and XML library; files, folders and a clock that
+// the test controls.
 
 #include "db/default_documents.h"
 #include "db/storage.h"

@@ -1,10 +1,9 @@
 #pragma once
-// Acts on windows as a user does and reads what they show, by way of the toolkit's native widgets
-// and never through the interface under test. One implementation for each toolkit.
+// Acts on windows like a user and reads what they show, through the toolkit's native widgets and
+// never through the interface under test. Each toolkit has an implementation.
 //
-// A mistake of the test (no such row, a window that is hidden) fails the test. An act that opens
-// a modal window returns when that window is closed: what is to happen meanwhile is handed to
-// `later` first.
+// A mistake in the test (no such row, a hidden window) fails the test. An act that opens a modal
+// window returns when that window is closed; pass acts for the meantime to `later` first.
 
 #include <gtest/gtest.h>
 
@@ -20,7 +19,7 @@
 
 namespace pelk {
 
-/// The row numbers from the top level down to a row; none for the root.
+/// The row numbers from the top level down to a row; empty for the root.
 using TreePath = std::vector<int>;
 
 struct TreeRow {
@@ -47,14 +46,14 @@ class Driver {
  public:
     virtual ~Driver() = default;
 
-    /// Handles all events that wait.
+    /// Handles all pending events.
     virtual void settle() = 0;
-    /// Runs `act` as soon as events are handled, in a modal window for one.
+    /// Runs `act` when events are next handled, for example in a modal window.
     virtual void later(std::function<void()> act) = 0;
 
-    /// What the user sees of windows that the test does not hold itself: whether one with that
-    /// caption is shown, whether the active one has a label with that text, and a click on the
-    /// active one's button with that text.
+    /// What the user sees of windows that the test does not hold: whether a window with the caption
+    /// is shown, whether the active one has a label with the text. `clickButton` clicks a
+    /// button with the text.
     virtual bool isWindowShown(const std::string& caption) = 0;
     virtual bool isLabelShown(const std::string& text) = 0;
     virtual void clickButton(const std::string& text) = 0;
@@ -63,23 +62,23 @@ class Driver {
 
     virtual bool isVisible(Window& window) = 0;
     virtual std::string captionOf(Window& window) = 0;
-    /// Drags the window's edge until the inner area has that size, or the least it can have.
+    /// Drags the window's edge until the client area has that size, or its minimum.
     virtual void resize(Window& window, Size inner) = 0;
     /// Clicks the close button of the window.
     virtual void close(Window& window) = 0;
-    /// Presses a key while the window is the active one.
+    /// Presses a key while the window is active.
     virtual void press(Window& window, Key key) = 0;
 
-    /// In twips of the inner area.
+    /// In twips of the client area.
     virtual Rect boundsOf(Control& control) = 0;
     virtual bool isEnabled(Control& control) = 0;
     virtual bool hasFocus(Control& control) = 0;
     virtual void giveFocus(Control& control) = 0;
-    /// The text of a label, a text box or a button of any kind.
+    /// The text of a label, a text box or any kind of button.
     virtual std::string textOf(Control& control) = 0;
     /// Whether the text of a label or button fits into it.
     virtual bool showsWholeText(Control& control) = 0;
-    /// Clicks with the mouse where the button is; whatever is in its way gets the click.
+    /// Clicks where the button is; whatever covers it gets the click.
     virtual void click(Control& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
     /// The pixels that the bar paints now.
@@ -87,15 +86,15 @@ class Driver {
     /// The image that is shown.
     virtual TreeImage imageOf(Picture& picture) = 0;
     virtual bool isChecked(OptionButton& button) = 0;
-    /// Replaces the text by typing, a key at a time.
+    /// Replaces the text by typing, key by key.
     virtual void type(TextBox& box, const std::string& text) = 0;
     virtual int valueOf(Slider& slider) = 0;
     /// Moves the slider to the value with the keyboard.
     virtual void move(Slider& slider, int value) = 0;
     virtual std::vector<std::string> rowsOf(ListView& list) = 0;
-    /// Selects these rows, and no others, by clicking them.
+    /// Selects exactly these rows by clicking them.
     virtual void selectRows(ListView& list, const std::vector<int>& rows) = 0;
-    /// The pointer over the control: what Windows or Qt shows there now.
+    /// The pointer that Windows or Qt shows over the control now.
     virtual Pointer pointerOver(Control& control) = 0;
 
     /// The rows under `parent`, whether it is expanded or not.
@@ -106,11 +105,12 @@ class Driver {
     /// Scrolls to the row and clicks it.
     virtual void clickRow(TreeView& tree, const TreePath& row) = 0;
     /// Presses and releases the right button over the row. Returns the captions of the menu that
-    /// opens, none when none does, and closes it.
+    /// opens, if any, and closes it.
     std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) {
         return useMenuAt(tree, row, "");
     }
-    /// The same, and chooses the item with that caption. Returns when its handler has run.
+    /// Opens the row's menu with the right button and chooses the item with that caption. Returns
+    /// when its handler has run.
     void chooseAt(TreeView& tree, const TreePath& row, const std::string& caption) {
         EXPECT_FALSE(useMenuAt(tree, row, caption).empty()) << "No menu";
     }
@@ -119,10 +119,10 @@ class Driver {
     virtual std::optional<std::string> selectedText(TreeView& tree) = 0;
 
  protected:
-    /// Clicks the expander of a row, which must be expanded or not as told.
+    /// Clicks the expander of a row, which must be in the state `expanded`.
     virtual void clickExpander(TreeView& tree, const TreePath& row, bool expanded) = 0;
-    /// Opens the menu of a row, and chooses the item with that caption, or closes the menu when
-    /// that is empty. Returns the captions.
+    /// Opens the menu of a row and chooses the item with that caption, or closes the menu when it
+    /// is empty. Returns the captions.
     virtual std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
                                                const std::string& caption) = 0;
 };

@@ -1,5 +1,5 @@
 #pragma once
-// A file system in memory that can be made to fail at any step.
+// A file system in memory in which any step can be made to fail.
 
 #include <map>
 #include <memory>
@@ -12,8 +12,8 @@
 
 namespace pelk {
 
-/// Every call that changes something is a step; step `failAt`, counted from 1, fails, and what a
-/// crash at that moment would have left behind is what `files` then holds.
+/// Every call that changes something is a step. Step `failAt`, counted from 1, fails; `files` then
+/// holds what a crash at that moment would leave.
 class MemoryFiles : public FileSystem {
  public:
     std::map<std::string, std::string> files;
@@ -21,9 +21,9 @@ class MemoryFiles : public FileSystem {
     int steps = 0;
     int failAt = 0;
     bool readsFail = false;
-    /// Whether the system refuses to tell what there is.
+    /// Whether looking up files and folders fails.
     bool lookUpsFail = false;
-    /// Whether a step that fails does so for lack of memory.
+    /// Whether a failing step throws `std::bad_alloc`.
     bool memoryFails = false;
 
     std::string join(const std::string& folder, const std::string& name) const override {
@@ -75,7 +75,7 @@ class MemoryFiles : public FileSystem {
         File(MemoryFiles& owner, std::string path, std::string target)
             : owner_(owner), path_(std::move(path)), target_(std::move(target)) {}
         void write(std::string_view bytes) override {
-            // A disk that fills up takes the first half.
+            // A disk that fills up stores the first half.
             owner_.files[path_] += bytes.substr(0, bytes.size() / 2);
             owner_.step(target_);
             owner_.files[path_] += bytes.substr(bytes.size() / 2);

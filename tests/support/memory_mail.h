@@ -15,8 +15,8 @@
 
 namespace pelk {
 
-/// An item of a folder. One that is no e-mail has `isMail` false; a recipient or a sender without
-/// an address fails when it is read, and one that `refuses` as a whole.
+/// An item of a folder. `isMail` is false for one that is not an e-mail. Reading a recipient or
+/// sender without an address fails, and so does reading an item that `refuses`.
 struct MemoryItem {
     LocalTime created{2020, 1, 1, 0, 0, 0};
     MailPerson sender;
@@ -35,9 +35,10 @@ struct MemoryFolder {
     std::vector<MemoryItem> items;
     std::vector<MemoryFolder> folders;
     bool holdsMail = true;
-    /// The items; `refusesFolders` the folders, and `refusesName` the name.
+    /// Reading the items fails; `refusesFolders` and `refusesName` do the same for folders and
+    /// name.
     bool refuses = false;
-    /// Of a top-level folder; others lie in it by their names.
+    /// For a top-level folder; other folders have places made of names.
     std::string place = {};
     bool refusesFolders = false;
     bool refusesName = false;
@@ -54,7 +55,7 @@ class MemoryMailClient : public MailClient {
         std::string tag;
         std::function<void()> clicked;
     };
-    /// The buttons that stand in the menu, with "bar/caption/tag" of the pop-ups they are in.
+    /// The buttons in the menu, with "bar/caption/tag" of their pop-ups.
     std::list<Button> buttons;
     std::vector<std::string> popups;
 
@@ -70,7 +71,7 @@ class MemoryMailClient : public MailClient {
                                            std::string_view tag) override;
 };
 
-/// A person whose name is the local part of the address.
+/// Returns a person whose name is the local part of the address.
 inline MailPerson person(const std::string& address) {
     return {address.substr(0, address.find('@')), address};
 }
@@ -83,7 +84,7 @@ inline MemoryItem mail(const std::string& from, const std::vector<std::string>& 
     return item;
 }
 
-/// Notes which folders a scan reads.
+/// Records which folders a scan reads.
 class FolderLog : public ScanProgress {
  public:
     std::vector<std::string> folders;

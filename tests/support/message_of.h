@@ -1,5 +1,5 @@
 #pragma once
-// What fails, in words.
+// The message of a failure.
 
 #include <functional>
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace pelk {
 
-/// What `act` reports as an `Error`; empty for none.
+/// Returns the text of the `Error` that `act` throws; empty for none.
 inline std::string messageOf(const std::function<void()>& act) {
     try {
         act();

@@ -1,5 +1,5 @@
 #pragma once
-// What the driver does to widgets of Qt and reads from them.
+// The driver's actions on Qt widgets.
 
 #include <QIcon>
 #include <QPainter>
@@ -22,7 +22,7 @@ inline constexpr Qt::Key kQtKeys[] = {Qt::Key_Return, Qt::Key_Escape,   Qt::Key_
                                       Qt::Key_Down,   Qt::Key_Left,     Qt::Key_Right, Qt::Key_Plus,
                                       Qt::Key_Minus,  Qt::Key_Asterisk, Qt::Key_Delete};
 
-/// An invalid index, and a failed test, when there is no such row.
+/// Returns an invalid index and fails the test when there is no such row.
 inline QModelIndex indexAt(const QTreeView& view, const TreePath& path) {
     QModelIndex index;
     for (const int row : path) {
@@ -55,8 +55,8 @@ inline std::optional<Color> colorOfRow(const QModelIndex& index) {
                  static_cast<std::uint8_t>(color.blue())};
 }
 
-/// Clicks at a point of the widget, by way of its window: a modal window keeps the click away, and
-/// so does a widget in front.
+/// Clicks at a point of the widget through its window, so that a modal window or a widget in front
+/// blocks the click.
 inline void clickAt(QWidget& widget, const QPoint& point, Qt::MouseButton button = Qt::LeftButton,
                     Qt::KeyboardModifiers modifiers = {}) {
     QWidget& top = *widget.window();
@@ -66,7 +66,7 @@ inline void clickAt(QWidget& widget, const QPoint& point, Qt::MouseButton button
         ADD_FAILURE() << "A click on what is not shown";
 }
 
-/// Scrolls to the row, and returns its place in the viewport.
+/// Scrolls to the row and returns its rectangle in the viewport.
 inline QRect scrolledTo(QTreeView& view, const TreePath& row) {
     const QModelIndex index = indexAt(view, row);
     for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
@@ -79,7 +79,7 @@ inline QRect scrolledTo(QTreeView& view, const TreePath& row) {
     return view.visualRect(index);
 }
 
-/// The image that fills the widget.
+/// Returns the image that fills the widget.
 inline TreeImage imageIn(QWidget& widget) {
     const int side = std::min(widget.width(), widget.height());
     const QRect square((widget.width() - side) / 2, (widget.height() - side) / 2, side, side);
@@ -99,7 +99,7 @@ inline TreeImage imageIn(QWidget& widget) {
     return TreeImage::None;
 }
 
-/// "&&" shows one "&"; "&x" shows a marked "x".
+/// "&&" shows one "&"; "&x" shows an underlined "x".
 template <class Shown>
 std::string shownText(const Shown& shown) {
     return shown.text().replace(QRegularExpression("&(.)"), "\\1").toStdString();

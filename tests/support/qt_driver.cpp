@@ -25,7 +25,8 @@ Widget& native(Shown& shown) {
     return dynamic_cast<Widget&>(dynamic_cast<NativeWidget&>(shown).nativeWidget());
 }
 
-/// The modal window, else the one that was shown last; its child of that kind and text, or null.
+/// Returns the child of that kind and text of the modal window, else of the window shown last; or
+/// null.
 template <class Widget>
 Widget* findInActiveWindow(const std::string& text) {
     QWidget* window = QApplication::activeModalWidget();
@@ -74,7 +75,7 @@ class QtDriver : public Driver {
     }
     void close(Window& window) override {
         QWindow& top = *native<QWidget>(window).windowHandle();
-        // A modal window keeps the user away from the button, but not this call.
+        // A modal window blocks the user but not this call.
         const QWindow* modal = QGuiApplication::modalWindow();
         if (modal == nullptr || modal == &top)
             top.close();
@@ -90,7 +91,7 @@ class QtDriver : public Driver {
     }
     bool isEnabled(Control& control) override { return native<QWidget>(control).isEnabled(); }
     bool hasFocus(Control& control) override {
-        // Within its window: the window system may be slow to make that the active one.
+        // Sends keys within the window, because the window system may be slow to activate it.
         const QWidget& widget = native<QWidget>(control);
         return widget.window()->focusWidget() == &widget;
     }
@@ -120,7 +121,7 @@ class QtDriver : public Driver {
     void click(Control& button) override {
         QWidget& widget = native<QWidget>(button);
         const QPoint middle = widget.rect().center();
-        // Next to the text of an option button there is nothing to click.
+        // An option button ignores clicks beside its text.
         clickAt(widget, isOption(widget) ? QPoint(middle.y(), middle.y()) : middle);
     }
     Progress progressOf(ProgressBar& bar) override {

@@ -1,4 +1,4 @@
-// The program of the tests on Qt, which need no display.
+// The main program of the Qt tests, which need no display.
 
 #include <gtest/gtest.h>
 

@@ -8,7 +8,7 @@
 
 namespace pelk {
 
-/// Empty at first; removed at the end with all that stands in it.
+/// Empty at first; removed at the end with its content.
 class TemporaryFolder {
  public:
     TemporaryFolder() {
@@ -23,7 +23,7 @@ class TemporaryFolder {
 
     std::string path() const { return path_.string(); }
 
-    /// Writes a file, with the folders above it, and returns its path.
+    /// Writes a file, creates missing folders, and returns its path.
     std::string write(const std::string& name, const std::string& content) const {
         const std::filesystem::path file = path_ / name;
         std::filesystem::create_directories(file.parent_path());

@@ -1,6 +1,6 @@
 #pragma once
-// The toolkit under test with all that a test of windows needs. A test that uses no more than this
-// runs on every toolkit.
+// The toolkit under test with what tests of windows need. A test that uses only this runs on every
+// toolkit.
 
 #include "platform/controls.h"
 #include "platform/language.h"
@@ -14,7 +14,7 @@ namespace pelk {
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language);
 std::unique_ptr<Driver> makeDriver();
 
-/// Windows of the toolkit must be destroyed before this is.
+/// Must outlive its toolkit's windows.
 class TestPlatform {
  public:
     ScriptedDialogs dialogs;

@@ -1,12 +1,12 @@
 #pragma once
-// What a tree shows, as one line of text.
+// The content of a tree as one line of text.
 
 #include "tests/support/driver.h"
 
 namespace pelk {
 
-/// The texts of the rows below `parent`, each followed by the strength that its image and its
-/// colour tell of, as one: "Ann strong, Bob".
+/// Returns the texts of the rows below `parent`, each followed by the strength that both its image
+/// and its colour show: "Ann strong, Bob".
 inline std::string shownRows(Driver& driver, TreeView& tree, const TreePath& parent = {}) {
     struct Look {
         const char* name;

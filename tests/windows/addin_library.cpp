@@ -29,7 +29,7 @@ std::wstring userClassesInKernel() {
 void linkKey(const std::wstring& key) {
     const std::wstring target = userClassesInKernel() + key;
     HKEY link = nullptr;
-    // It may be there already.
+    // The key may exist already.
     if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, (L"Software\\Classes\\" + key).c_str(), 0, nullptr,
                         REG_OPTION_CREATE_LINK, KEY_CREATE_LINK | KEY_SET_VALUE, nullptr, &link,
                         nullptr) == 0)

@@ -1,5 +1,5 @@
 #pragma once
-// pelk.dll from outside: loaded, registered, its objects made.
+// pelk.dll from outside: loads and registers it, and creates its objects.
 
 #include <string>
 
@@ -7,7 +7,7 @@
 
 namespace pelk {
 
-/// The path of the DLL, which stands beside the test program.
+/// Returns the path of the DLL, which is beside the test program.
 std::wstring libraryPath();
 
 class AddinLibrary {
@@ -17,7 +17,7 @@ class AddinLibrary {
     AddinLibrary& operator=(const AddinLibrary&) = delete;
     ~AddinLibrary();
 
-    /// Makes an object past the registry. None when the DLL refuses.
+    /// Creates an object without using the registry. Null when the DLL refuses.
     template <typename Interface>
     ComPtr<Interface> create(const CLSID& classId) {
         const ComPtr<IUnknown> object = createUnknown(classId);
@@ -27,7 +27,7 @@ class AddinLibrary {
 
  private:
     ComPtr<IUnknown> createUnknown(const CLSID& classId);
-    /// A function that the DLL exports.
+    /// Returns a function that the DLL exports.
     template <typename Function>
     Function* function(const char* name) const {
         return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module_, name)));
@@ -36,14 +36,14 @@ class AddinLibrary {
     HMODULE module_;
 };
 
-/// Runs regsvr32 on the DLL, with `/u` for one that takes the entries out.
+/// Runs regsvr32 on the DLL, with `/u` to unregister it.
 bool runRegistrar(bool unregister);
 
-/// Wine does not look for classes among the user's own. In its registry, links from the machine's
-/// classes to the user's do the same.
+/// Wine does not look up classes in the user's registry. Links from the machine's classes to the
+/// user's make it do so.
 void linkUserClasses();
 
-/// The user's own database, put aside while a test runs. One test at a time can do so: others wait.
+/// Moves the user's own database aside while a test runs. Other tests wait.
 class DatabaseAside {
  public:
     DatabaseAside();

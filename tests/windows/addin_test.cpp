@@ -1,4 +1,4 @@
-// The add-in from outside, as the mail client uses it: made, connected, clicked, disconnected.
+// The add-in as the mail client uses it: created, connected, clicked, disconnected.
 
 #include <set>
 
@@ -54,7 +54,7 @@ class AddinTest : public ::testing::Test {
         EXPECT_EQ(extension->GetCustomUI(Bstr(std::wstring_view(id)).get(), xml.put()), S_OK);
         return xml.utf8();
     }
-    /// Acts on the next box, which may take a moment to come up.
+    /// Acts on the next box, which may take a moment to appear.
     void whenBoxIsShown(std::function<void()> act, int patience = 100) {
         driver->later([this, act = std::move(act), patience] {
             if (!driver->isWindowShown("Pelk") && patience > 0)
@@ -63,7 +63,7 @@ class AddinTest : public ::testing::Test {
                 act();
         });
     }
-    /// Answers the next box, which must say that.
+    /// Answers the next box, which must show that text.
     void expectBox(const std::string& text) {
         whenBoxIsShown([this, text] {
             EXPECT_TRUE(driver->isLabelShown(text)) << text;
@@ -76,7 +76,7 @@ class AddinTest : public ::testing::Test {
         ASSERT_TRUE(host.click("View your community"));
         driver->settle();
     }
-    /// The client lets go of the add-in, while that waits for a box.
+    /// The client releases the add-in while that waits for a box.
     void leave() {
         disconnect();
         addin.reset();

@@ -1,5 +1,5 @@
-// The mail client's automation, against a stand-in of it: what is read, how faults come through,
-// what is held.
+// The mail client's automation against a stand-in: what is read, how failures are reported, which
+// objects are held.
 
 #include <tuple>
 

@@ -1,5 +1,5 @@
 #pragma once
-// An automation object made of functions, as the mail client's own objects look from outside.
+// An automation object made of functions that looks like the mail client's own.
 
 #include <functional>
 #include <memory>
@@ -14,7 +14,7 @@
 
 namespace pelk {
 
-/// What a member of an object raises. Without a text the call itself fails with the code.
+/// The exception that a member raises. Without a text the call itself fails with the code.
 struct Raised {
     HRESULT code = E_FAIL;
     std::string text;
@@ -45,8 +45,8 @@ void assign(Number& place, const Variant& value) {
 template <typename... More>
 class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
  public:
-    /// A property or method that answers what the function returns, an object, text or number. The
-    /// function may do without the arguments.
+    /// A property or method that returns the function's result, an object, text or number. The
+    /// function may ignore the arguments.
     template <typename Function>
     void member(const wchar_t* name, Function function) {
         if constexpr (std::is_invocable_v<Function>)
@@ -59,7 +59,7 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
         member(name, [place] { return *place; });
         members_.back().put = [place](const Variant& value) { assign(*place, value); };
     }
-    /// The object is of the dual interface with that identifier.
+    /// Gives the object a dual interface with that identifier.
     void setKind(const IID& iid) { kind_ = iid; }
 
     HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
@@ -103,7 +103,7 @@ class ScriptedObjectWith : public AutomationObject<IDispatch, More...> {
         return S_OK;
     }
 
-    /// The text is filled in when it is asked for, which a caller must not forget.
+    /// The text is filled in on demand, by a callback that the caller must not forget.
     static HRESULT raise(const Raised& raised, EXCEPINFO* exception) {
         if (raised.text.empty() || exception == nullptr)
             return raised.code;
@@ -129,7 +129,7 @@ inline Served makeObject() {
     return Served::attach(new ScriptedObject());
 }
 
-/// A collection behind a pointer: `itemAt` makes an object of an item.
+/// A collection behind a pointer; `itemAt` creates an object from an item.
 template <typename Pointer, typename Function>
 Served makeList(Pointer list, Function itemAt) {
     const Served served = makeObject();

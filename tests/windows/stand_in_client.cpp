@@ -1,7 +1,7 @@
 #include "tests/windows/stand_in_client.h"
 
 #include <ocidl.h>
-// The line above comes first.
+// Requires the include above.
 #include <olectl.h>
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace {
 constexpr IID kClickEvents{
     0x000C0351, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-/// The control as an object; a button reports its clicks through itself.
+/// A control as an object. A button reports its clicks itself.
 class ControlObject : public ScriptedObjectWith<IConnectionPointContainer, IConnectionPoint> {
  public:
     explicit ControlObject(std::shared_ptr<BarControl> control) : control_(std::move(control)) {}
@@ -24,7 +24,7 @@ class ControlObject : public ScriptedObjectWith<IConnectionPointContainer, IConn
                    ? QueryInterface(IID_IConnectionPoint, reinterpret_cast<void**>(point))
                    : E_FAIL;
     }
-    /// As the mail client does, asks for the interface of the events itself.
+    /// Queries the interface of the events itself, as the mail client does.
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override {
         ComPtr<IDispatch> events;
         if (FAILED(sink->QueryInterface(kClickEvents, reinterpret_cast<void**>(events.put()))))
@@ -74,7 +74,7 @@ ComPtr<ControlObject> serveControl(StandInClient& client, const Control& control
     return served;
 }
 
-/// Optional arguments that are not given must say so.
+/// Optional arguments that are omitted must be marked as such.
 ComPtr<ControlObject> addControl(StandInClient& client, const Control& parent,
                                  const Arguments& arguments) {
     if (client.refusesControls)
@@ -103,7 +103,7 @@ Served serveControls(StandInClient& client, const Control& parent) {
     return controls;
 }
 
-/// The member gives what `serve` makes for this text alone.
+/// The member returns what `serve` creates, for this text only.
 template <typename Function>
 void addNamed(const Served& object, const wchar_t* member, std::string_view text, Function serve) {
     object->member(member, [text, serve](const Arguments& arguments) {
@@ -126,7 +126,7 @@ Served serveWindow(StandInClient& client) {
     return window;
 }
 
-/// A copy of the sinks is told: the click may change them, or the menu itself.
+/// Notifies a copy of the sinks, because the click may change them or the menu itself.
 bool fireClick(const std::vector<ComPtr<IDispatch>> sinks) {
     VARIANT_BOOL cancel = VARIANT_FALSE;
     Variant arguments[2] = {{}, variantOf(Served())};

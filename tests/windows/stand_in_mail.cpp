@@ -10,7 +10,7 @@ namespace {
 constexpr IID kMailInterface{
     0x00063034, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
-/// One open e-mail of which the server keeps count.
+/// One open e-mail, which counts against the server's limit.
 class OpenItem {
  public:
     explicit OpenItem(StandInMail& mail) : mail_(mail) {
@@ -95,7 +95,7 @@ Served servePeople(StandInMail& mail, const std::shared_ptr<People>& people) {
                     [&mail](const MailPerson& person) { return servePerson(mail, person); });
 }
 
-/// Counted as open for as long as its people can be asked for.
+/// The item counts as open while its people can be accessed.
 void addPeople(const Served& item, StandInMail& mail, const People& all) {
     const auto open = std::make_shared<OpenItem>(mail);
     const auto people = std::make_shared<People>(all);

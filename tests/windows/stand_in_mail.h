@@ -8,28 +8,28 @@
 
 namespace pelk {
 
-/// A year of creation that stands for "no date".
+/// A creation year that means "no date".
 inline constexpr LocalTime kNoDate{4501, 1, 1, 0, 0, 0};
 
 struct StandInMail {
-    /// The top-level folders. Those inside the first that are called "Outbox" and "Deleted Items"
-    /// are the default folders of that kind. A folder's items or subfolders can refuse to be read;
-    /// a person without an address or a name raises when it is asked for. The place of a top-level
-    /// folder is the id of its store.
+    /// The top-level folders. The folders "Outbox" and "Deleted Items" inside the first are the
+    /// default folders of that kind. A folder can refuse to list its items or subfolders; reading a
+    /// person without an address or a name raises an exception. The place of a top-level folder is
+    /// the id of its store.
     std::vector<MemoryFolder> stores;
-    /// The internet addresses behind directory entries.
+    /// The internet addresses of directory entries.
     std::map<std::string, std::string> directory;
     /// Which of the two ways to look them up works.
     bool directoryKnowsProperty = true;
-    /// The user or the policy refuses access to people.
+    /// The user or a policy refuses access to people.
     bool refusesPeople = false;
 
-    /// E-mails and replies that are held from outside, and the most that there ever were.
+    /// The number of e-mails and replies held from outside, and its maximum.
     int openItems = 0;
     int mostOpenItems = 0;
 };
 
-/// The name space that `GetNamespace("MAPI")` gives. `mail` outlives it.
+/// Returns the namespace that `GetNamespace("MAPI")` gives. `mail` must outlive it.
 ComPtr<IDispatch> serveMail(StandInMail& mail);
 
 }  // namespace pelk

@@ -58,7 +58,7 @@ TEST_F(FilesTest, takesOnlyNothingForNothing) {
 }
 
 TEST_F(FilesTest, reportsADiskThatIsFull) {
-    // A limit on the size of files stands in for a disk of that size.
+    // A file size limit acts as a full disk.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);

@@ -1,10 +1,10 @@
-// The help viewer that is started while another program of that name is nearer at hand.
+// The full path of the help viewer, although another program of that name is found first.
 
 #include "platform/windows/windows_shell.h"
 
 #include <gtest/gtest.h>
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <tlhelp32.h>
 
 #include <string>
@@ -15,7 +15,7 @@
 namespace pelk {
 namespace {
 
-/// A child of this process; null when it has none.
+/// Returns a child of this process, or null.
 HANDLE openChild() {
     const HANDLE all = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W entry = {};

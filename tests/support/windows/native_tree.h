@@ -1,8 +1,8 @@
 #pragma once
-// The tree control as Windows holds it.
+// The native tree control of Windows.
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <commctrl.h>
 
 #include <cstring>
@@ -28,7 +28,7 @@ class NativeTree {
             all.push_back(item);
         return all;
     }
-    /// Null, and a failed test, when there is no such row.
+    /// Returns null and fails the test when there is no such row.
     HTREEITEM at(const TreePath& path) const {
         HTREEITEM item = nullptr;
         for (const int row : path) {
@@ -63,7 +63,7 @@ class NativeTree {
         return {text(item), color(item), static_cast<TreeImage>(shown.iImage), shown.cChildren > 0,
                 (shown.state & TVIS_EXPANDED) != 0};
     }
-    /// The colour that the tree is told to use when it asks, as it does for each row it paints.
+    /// Returns the colour that the tree receives when it asks before painting a row.
     std::optional<Color> color(HTREEITEM item) const {
         constexpr COLORREF kUntouched = 0x01020304;
         NMTVCUSTOMDRAW drawing = {};
@@ -79,7 +79,7 @@ class NativeTree {
         return Color{GetRValue(drawing.clrText), GetGValue(drawing.clrText),
                      GetBValue(drawing.clrText)};
     }
-    /// Where the row's text stands; none when it is not in view.
+    /// Returns the rectangle of the row's text; none when it is not in view.
     std::optional<RECT> place(HTREEITEM item) const {
         RECT place = {};
         std::memcpy(&place, &item, sizeof item);
@@ -102,8 +102,8 @@ class NativeTree {
         SendMessageW(tree_, TVM_ENSUREVISIBLE, 0, reinterpret_cast<LPARAM>(item));
         return place(item).value_or(RECT{});
     }
-    /// Where the native tree says that the part of the row is: its text, or its image where the
-    /// text is blank, or its expander.
+    /// Returns a point in that part of the row: its text, its image where the text is blank, or its
+    /// expander.
     POINT partOf(const TreePath& path, UINT part) const {
         const RECT row = scrolledTo(path);
         for (LONG x = row.right - 1; x >= 0; --x) {

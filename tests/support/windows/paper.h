@@ -1,7 +1,7 @@
 #pragma once
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 
 #include <cstdint>
 #include <vector>
@@ -27,7 +27,7 @@ class Paper {
     Paper& operator=(const Paper&) = delete;
 
     HDC dc() const { return dc_; }
-    /// The colours of the pixels, row by row.
+    /// Returns the colours of the pixels, row by row.
     std::vector<std::uint32_t> pixels() const {
         std::vector<std::uint32_t> pixels;
         for (int y = 0; y < size_.cy; ++y)

@@ -29,7 +29,7 @@ void holdControlKey(bool held) {
     SetKeyboardState(keys);
 }
 
-/// What is done to a menu, by a timer from within the menu's own loop.
+/// Acts on a menu by a timer, from within the menu's own loop.
 struct MenuUse {
     std::string chosen;
     std::vector<std::string> captions;
@@ -44,7 +44,7 @@ HWND openMenu() {
     return nullptr;
 }
 
-/// "&&" shows one "&"; "&x" shows a marked "x".
+/// "&&" shows one "&"; "&x" shows an underlined "x".
 std::string withoutMarks(const std::wstring& text) {
     std::wstring shown;
     for (std::size_t at = 0; at < text.size(); ++at) {

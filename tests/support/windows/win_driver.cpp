@@ -1,5 +1,5 @@
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 
 #include <algorithm>
 #include <cmath>
@@ -22,7 +22,7 @@ constexpr WPARAM kVirtualKeys[] = {VK_RETURN,   VK_ESCAPE,   VK_TAB,   VK_UP,
                                    VK_DOWN,     VK_LEFT,     VK_RIGHT, VK_ADD,
                                    VK_SUBTRACT, VK_MULTIPLY, VK_DELETE};
 
-/// The pixels of an icon, from which its drawing can be told.
+/// Returns the pixels of an icon, to identify its drawing.
 std::vector<DWORD> pixelsOf(HICON icon) {
     ICONINFO parts = {};
     EXPECT_TRUE(GetIconInfo(icon, &parts)) << "There is no image";

@@ -1,4 +1,4 @@
-// The program of the tests on Windows.
+// The main program of the Windows tests.
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <objbase.h>
 
 #include "platform/windows/cng_crypto.h"
@@ -23,7 +23,7 @@ std::unique_ptr<FileSystem> makeFiles() {
 }
 
 std::unique_ptr<XmlDocument> makeXmlDocument() {
-    // The mail client has COM ready on the thread on which the program runs.
+    // The mail client has initialized COM on the thread that runs the program.
     static const HRESULT ready = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     return SUCCEEDED(ready) ? createMsxmlDocument() : nullptr;
 }
