@@ -1,5 +1,5 @@
-# The library of the tests as GTest::gtest and GTest::gtest_main: an installed one, or else built from
-# the sources that Debian's package ships, as there is none for Windows there.
+# Provides the test library as GTest::gtest and GTest::gtest_main: the installed one, or one built
+# from the sources in Debian's package, because Debian has none for Windows.
 find_package(GTest QUIET)
 set(PELK_GOOGLETEST /usr/src/googletest CACHE PATH
   "The sources of googletest, for where none is installed")

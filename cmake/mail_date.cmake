@@ -1,7 +1,7 @@
-# pelk_mail_date(VARIABLE YYYY-MM-DD): the midnight that begins this day, as RFC 5322 writes it, in
-# UTC. CMake formats no time but the present, and only GNU's `date` takes another.
+# pelk_mail_date(VARIABLE YYYY-MM-DD): sets the midnight (UTC) that begins the day, in the format of
+# RFC 5322. CMake formats only the current time, and only GNU `date` formats another.
 function(pelk_mail_date variable date)
-  # The month and the day lose their leading zero here, for sums.
+  # The pattern drops leading zeros, which arithmetic would reject.
   if(NOT date MATCHES "^([0-9][0-9][0-9][0-9])-0?([1-9]|1[0-2])-0?([1-9]|[12][0-9]|3[01])$")
     message(FATAL_ERROR "\"${date}\" is not a date of the form YYYY-MM-DD.")
   endif()
@@ -11,7 +11,7 @@ function(pelk_mail_date variable date)
   math(EXPR index "${month} - 1")
   string(SUBSTRING ${date} 8 2 padded_day)
 
-  # Sakamoto's method: January and February belong to the year before.
+  # Sakamoto's method: January and February belong to the previous year.
   set(y ${year})
   if(month LESS 3)
     math(EXPR y "${year} - 1")

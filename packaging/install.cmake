@@ -1,5 +1,5 @@
-# What is installed on a desktop, the Debian package of it, and the target that builds all that the
-# packages hold.
+# The installation on a desktop, its Debian package, and the target that builds everything in the
+# packages.
 
 add_custom_target(packaged ALL)
 foreach(part pelk pelk_dll pelk_help)
@@ -15,7 +15,7 @@ if(WIN32)
   return()
 endif()
 
-# The release stands at the head of the users' change log, with its date.
+# The first heading of the change log is the release with its date.
 set(log ${PROJECT_SOURCE_DIR}/CHANGELOG.md)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${log})
 file(STRINGS ${log} head REGEX "^## " LIMIT_COUNT 1)
@@ -30,7 +30,7 @@ pelk_mail_date(PELK_RELEASE_TIME ${PELK_RELEASE_DATE})
 set(sources ${PROJECT_SOURCE_DIR}/packaging/linux)
 set(made ${PROJECT_BINARY_DIR}/packaging)
 
-# pelk_compressed(OUTPUT INPUT): OUTPUT.gz, without a name and time inside.
+# pelk_compressed(OUTPUT INPUT): creates OUTPUT.gz without a name and time inside.
 function(pelk_compressed output input)
   add_custom_command(OUTPUT ${made}/${output}.gz DEPENDS ${input} VERBATIM
     COMMAND sh -c "gzip -9 -n <\"$1\" >\"$2\"" sh ${input} ${made}/${output}.gz)
@@ -82,7 +82,7 @@ set(CPACK_DEBIAN_PACKAGE_NAME pelk)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_SECTION mail)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The library of the windows loads what draws on the screen at run time.
+# Qt loads its platform plug-in at run time.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
 execute_process(COMMAND dpkg --print-architecture OUTPUT_VARIABLE architecture

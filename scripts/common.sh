@@ -1,9 +1,9 @@
-# Shared by ./run, ./test and ./package: packages and builds.
+# Used by ./run, ./test and ./package: packages and builds.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
 
-# install_missing PACKAGE...: installs those Debian packages that are not there.
+# install_missing PACKAGE...: installs the Debian packages that are missing.
 install_missing() {
   local missing=()
   for package in "$@"; do
@@ -28,14 +28,13 @@ install_missing() {
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev libpugixml-dev
   libssl-dev)
 
-# What building for Windows and running there takes. The test library is built from its sources.
+# Packages for building for Windows and running there. The test library is built from its sources.
 windows_packages=(libgtest-dev g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64)
 
-# What ./package takes: the installer's and the packages' makers, and who draws their pictures and
-# compiles the help.
+# Packages for ./package: package builders, image tools and the help compiler.
 packaging_packages=(nsis librsvg2-bin icoutils netpbm dpkg-dev file fp-utils qt6-qpa-plugins)
 
-# build PRESET TARGET...: builds these targets, printing the output only when something fails.
+# build PRESET TARGET...: builds the targets and prints the output only when something fails.
 build() {
   local preset=$1 log=build/$1/build.log
   shift

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # wine32.sh PROGRAM [ARGUMENT...]: runs a 32-bit Windows program under Wine, without a display.
-# wine32.sh --end: ends what earlier runs have left running.
+# wine32.sh --end: ends the processes that earlier runs kept.
 #
-# A 64-bit Debian has no 32-bit Wine of its own. So Wine runs in an i386 system below the build
-# folder, which is made on first use (about 1 GB), sees the project under its usual path, and needs
-# root. What is mounted for it is seen by its own processes alone and gone with them, so that nobody
-# who deletes the build folder deletes the project through a mount.
+# A 64-bit Debian has no 32-bit Wine. So Wine runs in an i386 system in the build folder, which is
+# created on first use (about 1 GB, needs root) and sees the project under its usual path. Only its
+# own processes see the mounts, which vanish with them: deleting the build folder cannot delete the
+# project through a mount.
 set -euo pipefail
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
