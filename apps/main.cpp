@@ -34,7 +34,7 @@ void openWindow(const Arguments& arguments, int argc, char** argv) {
         return;
     }
     if (arguments.operands.empty())
-        throw UsageError("name the mail to open");
+        throw UsageError("the mail to open is missing");
     tell("There is no display for the mail window, so the result is printed here.");
     runWithoutDisplay(arguments);
 }

@@ -12,64 +12,64 @@ const char* const kHelp =
 
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
-                           folders of .eml files or folders of all these
+                           folders of .eml files, or folders with any of these
   pelk scan MAIL...        count the e-mails that are newer than the last scan
   pelk contacts            list all contacts
   pelk relations CONTACT   list a contact's relations, strongest first: class,
                            weight, id, name
-  pelk domains [DOMAIN]    list what stands one level below a domain, or the top
+  pelk domains [DOMAIN]    list the entries one level below a domain, or the top
                            level: labels with a slash, addresses with owners
   pelk details CONTACT CONTACT
                            print how strong the relation of two contacts is
   pelk rename CONTACT NAME give a contact another name
   pelk delete CONTACT...   delete contacts with all their relations
   pelk delete-domain DOMAIN
-                           list all contacts that have an address which ends in
+                           list all contacts with an address that ends in
                            DOMAIN, and delete them if --yes is given
   pelk merge --name NAME CONTACT CONTACT...
-                           fold the contacts behind the first into it, and give
-                           it the name, all addresses, and all relations with
+                           merge the other contacts into the first, which gets
+                           the name, all addresses, and all relations with
                            their weights added up
   pelk thresholds [STRONG WEAK]
-                           print or set above which percentage of the strongest
-                           relation's weight a relation is strong, and up to
-                           which it is weak
+                           print or set the two percentages of the strongest
+                           relation's weight: a relation above STRONG is
+                           strong, one up to WEAK is weak
   pelk links CONTACT CONTACT
                            print the best chain of relations between two contacts
   pelk domain-links DOMAIN DOMAIN
                            print the best chains between the contacts of two
-                           mail domains or addresses; Ctrl-C prints those found
-                           by then
+                           mail domains or addresses; Ctrl-C stops the search
+                           and prints those found so far
   pelk dump                print the database as a plain XML document
-  pelk load FILE           replace the database by a plain XML document; - reads
-                           standard input; the old database is kept beside it
+  pelk load FILE           replace the database with a plain XML document (-
+                           reads standard input) and keep the old one beside it
   pelk export FILE         write an encrypted copy of the database
-  pelk import FILE         fold an exported database into this one
-  pelk delete-database     forget everything, if --yes is given
+  pelk import FILE         add an exported database to this one
+  pelk delete-database     delete the whole database if --yes is given
 
 CONTACT is an id or an e-mail address. Before contacts are deleted or merged,
-and before an import, a copy of the database is kept beside it as pelk.db.bak;
-the two before that one are pelk.db.bak-2 and pelk.db.bak-3.
+and before an import, Pelk keeps a copy of the database as pelk.db.bak; the two
+previous copies are pelk.db.bak-2 and pelk.db.bak-3.
 
 Options:
-  --data DIR       keep the database in DIR/pelk, not in ~/.local/share/pelk
+  --data DIR       keep the database in DIR/pelk instead of ~/.local/share/pelk
   --json           print JSON
-  --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD,
-                   or that with THH:MM:SS behind it), not after the last scan;
-                   those counted since then already are counted once more
-  --copies         with scan: count an e-mail in every folder in which it lies
-  --name NAME      the name of the person whose contacts are merged
-  --yes            do delete the contacts of a domain, or the database
-  --best           print only the best of the links between two domains
-  --ok, --cancel   answer the questions of an import so
-  --outbox NAME    take a folder called NAME at the top of the mail for the
-                   outbox, which is not scanned
-  --deleted NAME   take a folder called NAME at the top of the mail for the
-                   deleted items, which are not scanned
-  --drafts, --junk scan the drafts, the junk, too
+  --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD
+                   or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;
+                   e-mails since DATE that were counted before count again
+  --copies         with scan: count an e-mail in every folder that contains it
+  --name NAME      with merge: the name of the merged contact
+  --yes            really delete the contacts of a domain, or the database
+  --best           print only the best links between two domains
+  --ok, --cancel   give this answer to all questions of an import
+  --outbox NAME    treat a top-level folder called NAME as the outbox, which is
+                   not scanned
+  --deleted NAME   treat a top-level folder called NAME as the deleted items,
+                   which are not scanned
+  --drafts, --junk also scan the drafts, the junk
   --help, --version
 
-Exit status: 0 done, 1 refused or failed, 2 wrong usage.
+Exit status: 0 success, 1 refused or failed, 2 wrong usage.
 )";
 
 namespace {

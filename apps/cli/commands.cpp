@@ -87,9 +87,9 @@ constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 constexpr std::array kCommands{
     Command{"scan", 1, kAnyNumber, "at least one operand", scan},
-    Command{"contacts", 0, 0, "nothing more", listContacts},
+    Command{"contacts", 0, 0, "no operands", listContacts},
     Command{"relations", 1, 1, "one contact", listRelations},
-    Command{"domains", 0, 1, "one domain at most", listDomains},
+    Command{"domains", 0, 1, "at most one domain", listDomains},
     Command{"details", 2, 2, "two contacts", showDetails},
     Command{"rename", 2, 2, "a contact and its new name", renameCommand},
     Command{"delete", 1, kAnyNumber, "at least one contact", deleteCommand},
@@ -98,11 +98,11 @@ constexpr std::array kCommands{
     Command{"thresholds", 0, 2, "both thresholds or none", thresholdsCommand},
     Command{"links", 2, 2, "two contacts", links},
     Command{"domain-links", 2, 2, "two domains", domainLinks},
-    Command{"dump", 0, 0, "nothing more", dumpCommand},
+    Command{"dump", 0, 0, "no operands", dumpCommand},
     Command{"load", 1, 1, "one file", loadCommand},
     Command{"export", 1, 1, "one file", exportCommand},
     Command{"import", 1, 1, "one file", importCommand},
-    Command{"delete-database", 0, 0, "nothing more", deleteDatabaseCommand},
+    Command{"delete-database", 0, 0, "no operands", deleteDatabaseCommand},
 };
 
 }  // namespace

@@ -78,7 +78,7 @@ void deleteDomainCommand(CommandRun& run) {
         return;
     }
     printContacts(std::cout, contactsOf(run.database(), ids), run.arguments().json);
-    tell("Nobody has been deleted; with --yes these contacts are.");
+    tell("Nothing was deleted. Add --yes to delete these contacts.");
 }
 
 void mergeCommand(CommandRun& run) {

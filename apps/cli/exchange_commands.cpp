@@ -95,7 +95,7 @@ void importCommand(CommandRun& run) {
         case ImportOutcome::Unsound:
             throw Error("Error while loading file " + path + ": " + result.fault);
         case ImportOutcome::Ended:
-            throw Error("The import has ended at that merge. Nothing was imported.");
+            throw Error("The import stopped at this merge. Nothing was imported.");
         case ImportOutcome::Imported:
             break;
     }
@@ -106,7 +106,7 @@ void importCommand(CommandRun& run) {
 
 void deleteDatabaseCommand(CommandRun& run) {
     if (!run.arguments().yes)
-        throw Error("Nothing has been deleted; with --yes the database is.");
+        throw Error("Nothing was deleted. Add --yes to delete the database.");
     run.lock();
     deleteDatabase(run.database(), run.storage());
     std::cout << "The database is empty.\n";

@@ -159,7 +159,7 @@ void printDomainLinks(std::ostream& out, const Database& database,
                                              {"target", QString::fromStdString(links.target)},
                                              {"chains", array}}));
     if (chains.empty())
-        tell("All links are too weak to be called the best.");
+        tell("All links cost too much for one to count as the best.");
 }
 
 }  // namespace pelk

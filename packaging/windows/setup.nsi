@@ -45,9 +45,9 @@ VIAddVersionKey LegalCopyright "The Pelk authors, MIT licence"
 !define MUI_WELCOMEFINISHPAGE_BITMAP "${ART}/wizard.bmp"
 !define MUI_WELCOMEFINISHPAGE_BITMAP_STRETCH AspectFitHeight
 !define MUI_WELCOMEPAGE_TITLE "Pelk ${VERSION}"
-!define MUI_WELCOMEPAGE_TEXT "Pelk shows who is connected to whom by e-mail, in your Outlook.$\r$\n$\r$\nIt is installed for you alone and needs no administrator. Everything it counts stays on this computer.$\r$\n$\r$\nClose Outlook before you go on."
+!define MUI_WELCOMEPAGE_TEXT "Pelk shows who is connected to whom by e-mail, in your Outlook.$\r$\n$\r$\nIt is installed for your user account only and needs no administrator rights. Everything it counts stays on this computer.$\r$\n$\r$\nClose Outlook before you continue."
 !define MUI_FINISHPAGE_TITLE "Pelk is installed"
-!define MUI_FINISHPAGE_TEXT "Start Outlook: Pelk stands on the Home tab of its ribbon, in Outlook 2007 and earlier in a menu of its own."
+!define MUI_FINISHPAGE_TEXT "Start Outlook. Pelk is on the Home tab of the ribbon; in Outlook 2007 and earlier, it is a menu on the tool bar."
 !define MUI_ABORTWARNING
 !insertmacro MUI_PAGE_WELCOME
 !insertmacro MUI_PAGE_LICENSE "${LICENSE}"
@@ -94,7 +94,7 @@ Var held
 Function .onInit
   Call chooseBitness
   ${If} $bitness == ""
-    MessageBox MB_OK|MB_ICONSTOP "The switch /BITNESS takes 32 or 64." /SD IDOK
+    MessageBox MB_OK|MB_ICONSTOP "The switch /BITNESS must be 32 or 64." /SD IDOK
     SetErrorLevel ${WRONG_SWITCH}
     Quit
   ${EndIf}
@@ -155,7 +155,7 @@ Function register
   ${EndIf}
   ${If} $0 != 0
     SetErrorLevel ${NOT_REGISTERED}
-    MessageBox MB_OK|MB_ICONSTOP "Pelk is in $INSTDIR, but the $bitness-bit regsvr32 could not register it with Outlook ($0).$\r$\n$\r$\nIf your Outlook is not the $bitness-bit one, install again with the switch /BITNESS=32 or /BITNESS=64." /SD IDOK
+    MessageBox MB_OK|MB_ICONSTOP "Pelk is in $INSTDIR, but the $bitness-bit regsvr32 could not register it with Outlook ($0).$\r$\n$\r$\nIf your Outlook is not $bitness-bit, install again with the switch /BITNESS=32 or /BITNESS=64." /SD IDOK
     Abort "Pelk could not be registered ($0)."
   ${EndIf}
 FunctionEnd

@@ -59,7 +59,7 @@ void DesktopShell::openHelp() {
     if (page.empty())
         throw Error("The help is not installed.");
     if (!QProcess::startDetached("xdg-open", {QString::fromStdString(page)}))
-        throw Error("The help cannot be opened, as xdg-open does not start. It is in " + page +
+        throw Error("The help cannot be opened because xdg-open does not start. It is in " + page +
                     ".");
 }
 

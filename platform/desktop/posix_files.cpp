@@ -97,7 +97,7 @@ bool exists(const std::string& path, mode_t wanted) {
     if (errno != ENOENT)
         failToBe(path, "looked up");
     if (uninterrupted([&] { return ::lstat(path.c_str(), &status); }) == 0)
-        throw Error(path + " is a symbolic link that leads nowhere.");
+        throw Error(path + " is a symbolic link to a missing file.");
     if (errno != ENOENT)
         failToBe(path, "looked up");
     return false;

@@ -22,7 +22,7 @@ std::wstring helpViewer() {
     wchar_t folder[MAX_PATH];
     const UINT length = GetWindowsDirectoryW(folder, MAX_PATH);
     if (length == 0 || length >= MAX_PATH)
-        throw Error("The help cannot be opened: the folder of Windows is not known.");
+        throw Error("The help cannot be opened: the Windows folder is unknown.");
     return std::wstring(folder) + L"\\hh.exe";
 }
 

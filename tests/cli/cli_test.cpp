@@ -136,7 +136,7 @@ TEST_F(CliTest, refusesInOneLine) {
     expectRefused("contacts >/dev/full", 1, "Standard output cannot be written.");
     EXPECT_EQ(run("scan none").status, 1);
     expectRefused("scan", 2, "pelk scan takes at least one operand; see pelk --help");
-    expectRefused("dump more", 2, "pelk dump takes nothing more; see pelk --help");
+    expectRefused("dump more", 2, "pelk dump takes no operands; see pelk --help");
     expectRefused("contacts --colour", 2, "unknown option --colour; see pelk --help");
     expectRefused("contacts --outbox", 2, "option --outbox needs a value; see pelk --help");
     expectSays("--help", "pelk relations CONTACT");

@@ -177,7 +177,7 @@ TEST_F(AddinTest, tellsTheUserWhatFailsAndTheClientThatAllIsWell) {
     host.hasWindow = true;
     EXPECT_EQ(addin->OnStartupComplete(nullptr), S_OK);
     EXPECT_EQ(host.menu(), kMenu) << "the window came while the client started";
-    expectBox("The mail client did not introduce itself.");
+    expectBox("The mail client did not pass its application object.");
     EXPECT_EQ(addin->OnConnection(nullptr, ConnectMode::Startup, nullptr, nullptr), S_OK);
     EXPECT_EQ(boxesSeen, 3);
 }

@@ -14,7 +14,7 @@ constexpr int kFirstVersionWithRibbon = 14;
 
 ComPtr<IDispatch> required(IDispatch* application) {
     if (application == nullptr)
-        throw Error("The mail client did not introduce itself.");
+        throw Error("The mail client did not pass its application object.");
     return ComPtr<IDispatch>(application);
 }
 

@@ -42,7 +42,7 @@ TEST_F(FilesTest, takesOnlyNothingForNothing) {
     const std::string link = files->join(folder.path(), "link");
     ASSERT_EQ(::symlink("nowhere", link.c_str()), 0);
     EXPECT_EQ(messageOf([&] { files->fileExists(link); }),
-              link + " is a symbolic link that leads nowhere.");
+              link + " is a symbolic link to a missing file.");
     EXPECT_NE(messageOf([&] { write(link, ""); }), "");
     const std::string pipe = files->join(folder.path(), "pipe");
     ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
