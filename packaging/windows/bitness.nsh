@@ -1,8 +1,8 @@
-; Which library the Outlook of this computer can load: it takes add-ins of its own bitness only.
+; Finds the bitness of Outlook, which loads only add-ins of the same bitness.
 
 Var bitness
 
-; $bitness becomes 32 or 64; empty if the switch /BITNESS says something else.
+; Sets $bitness to 32 or 64; empty if the switch /BITNESS has another value.
 Function chooseBitness
   SetRegView 64
   ${GetParameters} $0
@@ -20,13 +20,13 @@ Function chooseBitness
   ${If} $bitness == ""
     Call readProgramHeader
   ${EndIf}
-  ; Without Outlook, the bitness of this Windows.
+  ; Without Outlook, use the bitness of Windows.
   ${If} $bitness == ""
     StrCpy $bitness 64
   ${EndIf}
 FunctionEnd
 
-; Returns from the function if the value says which it is.
+; Returns from the function if the value is known.
 !macro readBitness KEY VALUE
   !insertmacro readBitnessInView 64 "${KEY}" "${VALUE}"
   !insertmacro readBitnessInView 32 "${KEY}" "${VALUE}"
@@ -45,8 +45,8 @@ FunctionEnd
   ${EndIf}
 !macroend
 
-; What Office has entered, the newest version first. A 32-bit Office on a 64-bit Windows enters it
-; in the 32-bit registry, or, installed by Click-to-Run, in both.
+; Reads the registry entries of Office, newest version first. 32-bit Office on 64-bit Windows uses
+; the 32-bit registry, or both if installed by Click-to-Run.
 Function readOfficeEntries
   !insertmacro readBitness "Software\Microsoft\Office\16.0\Outlook" "Bitness"
   !insertmacro readBitness "Software\Microsoft\Office\ClickToRun\Configuration" "Platform"
@@ -55,7 +55,7 @@ Function readOfficeEntries
   !insertmacro readBitness "Software\Microsoft\Office\14.0\Outlook" "Bitness"
 FunctionEnd
 
-; The machine that the program OUTLOOK.EXE is built for; Outlook 2007 and earlier enter nothing else.
+; Reads the machine type of OUTLOOK.EXE, because Outlook 2007 and earlier have no registry entry.
 Function readProgramHeader
   !define APP_PATH "Software\Microsoft\Windows\CurrentVersion\App Paths\OUTLOOK.EXE"
   ReadRegStr $0 HKLM "${APP_PATH}" ""
@@ -72,7 +72,7 @@ Function readProgramHeader
   ${If} ${Errors}
     Return
   ${EndIf}
-  ; The word at 60 tells where the header is; the machine follows its four letters.
+  ; The word at offset 60 is the position of the PE header; the machine type follows its signature.
   FileSeek $1 60
   FileReadWord $1 $2
   IntOp $2 $2 + 4

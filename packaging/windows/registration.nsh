@@ -1,4 +1,4 @@
-; Registers a library for this user and takes it out again.
+; Registers and unregisters a library for the current user.
 
 !define CLASSES "Software\Classes"
 !define CONNECT_CLASS "${CLASSES}\CLSID\{41765D26-3A07-48AF-956A-1D6146C5F18B}"
@@ -17,8 +17,8 @@
   ${EndIf}
 !macroend
 
-; Takes the entries of LIBRARY out, if it is the one registered in the registry of this bitness. The
-; library does so itself; where it is gone or does not run, its keys are deleted here.
+; Unregisters LIBRARY if it is registered in the registry of this bitness. The library does so
+; itself; if it is missing or does not run, the installer deletes its keys.
 !macro unregister BITS LIBRARY
   SetRegView ${BITS}
   ReadRegStr $0 HKCU "${CONNECT_CLASS}\InprocServer32" ""

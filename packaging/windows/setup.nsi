@@ -1,15 +1,15 @@
-; The installer of the add-in, for one user and without administrator's rights.
+; The installer of the add-in, for one user and without administrator rights.
 ;
-; Given by the caller: VERSION, LIBRARY64, LIBRARY32, HELP, LICENSE (files), ART (the folder of the
-; drawn images), OUTPUT.
+; The caller defines VERSION, LIBRARY64, LIBRARY32, HELP, LICENSE (files), ART (the folder of the
+; images), OUTPUT.
 ;
-; Switches: /S asks nothing, /D=FOLDER (last, unquoted) installs there, /BITNESS=32 or 64 says which
-; Outlook there is. Exit codes: 1 the user cancelled, 2 a file is in use or cannot be written,
+; Switches: /S is silent, /D=FOLDER (last, unquoted) installs there, /BITNESS=32 or 64 is the
+; bitness of Outlook. Exit codes: 1 the user cancelled, 2 a file is in use or cannot be written,
 ; 3 installed but not registered, 4 a wrong switch.
 
 Unicode true
-; 64-bit, so that the system's folders and registry show themselves as they are. A 64-bit Windows
-; runs it whichever Outlook it has.
+; 64-bit, so that Windows does not redirect folders and registry. It runs on 64-bit Windows with
+; either Outlook.
 Target amd64-unicode
 SetCompressor /SOLID lzma
 RequestExecutionLevel user
@@ -58,7 +58,7 @@ VIAddVersionKey LegalCopyright "The Pelk authors, MIT licence"
 !insertmacro MUI_UNPAGE_INSTFILES
 !insertmacro MUI_LANGUAGE English
 
-; The file that a program holds, if there is one.
+; A file that a program has open.
 Var held
 
 !macro tryExclusively FILE
@@ -73,8 +73,8 @@ Var held
   ${EndIf}
 !macroend
 
-; Leaves with an exit code when one of the files in FOLDER is held by a program: replacing what
-; Outlook has loaded would leave a mixture of two versions.
+; Exits with a code if a program has one of the files in FOLDER open: replacing only some of the
+; files would mix two versions.
 !macro refuseInUse FOLDER
   ${Do}
     StrCpy $held ""
@@ -100,7 +100,7 @@ Function .onInit
   ${EndIf}
 FunctionEnd
 
-; An earlier version knows best what it has put where, so its own uninstaller takes it out.
+; The uninstaller of an earlier version knows its files and removes them.
 Function removeEarlier
   ReadRegStr $1 HKCU "${ENTRY}" "InstallLocation"
   ${If} $1 == ""
@@ -114,7 +114,7 @@ Function removeEarlier
     SetErrorLevel ${IN_USE}
     Abort "The earlier version in $1 could not be removed (exit code $0)."
   ${EndIf}
-  ; Run in place, it cannot delete itself.
+  ; Run in place, because a copy would return at once. It cannot delete itself.
   Delete "$1\uninstall.exe"
   RMDir "$1"
 FunctionEnd
@@ -164,8 +164,8 @@ Function un.onInit
   !insertmacro refuseInUse "$INSTDIR"
 FunctionEnd
 
-; Takes out what the installer has put in, and nothing else: the folder stays if it holds more, and
-; so does the database in the user's roaming folder.
+; Removes only what the installer created: the folder stays if it contains other files, and so does
+; the database in the user's roaming folder.
 Section "Uninstall"
   !insertmacro unregister 64 "$INSTDIR\pelk.dll"
   !insertmacro unregister 32 "$INSTDIR\pelk32.dll"
