@@ -64,7 +64,7 @@ int guardedMain(int argc, char** argv) {
     } catch (const std::bad_alloc&) {
         std::cerr << "pelk: " << kNotEnoughMemory << '\n';
     } catch (const std::exception& fault) {
-        tell(std::string("Unexpected fault: ") + fault.what());
+        tell(std::string("Unexpected error: ") + fault.what());
     }
     return kFailed;
 }

@@ -30,9 +30,9 @@ std::optional<std::string> faultOf(const std::function<void()>& act) {
     } catch (const std::bad_alloc&) {
         return kNotEnoughMemory;
     } catch (const std::exception& error) {
-        return std::string("Unexpected fault: ") + error.what();
+        return std::string("Unexpected error: ") + error.what();
     } catch (...) {
-        return "Unexpected fault.";
+        return "Unexpected error.";
     }
 }
 

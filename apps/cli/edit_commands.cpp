@@ -46,7 +46,7 @@ int readPercentage(const std::string& text) {
     const char* const end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || number < 0 || number > 100)
-        throw Error("A threshold is a whole number from 0 to 100, which " + text + " is not.");
+        throw Error("A threshold must be a whole number from 0 to 100, not " + text + ".");
     return number;
 }
 
@@ -88,7 +88,7 @@ void mergeCommand(CommandRun& run) {
         throw UsageError("pelk merge needs --name NAME");
     Database& database = run.database();
     if (!mergeContacts(database, run.storage(), ids, run.arguments().name))
-        throw Error("All these are the same contact.");
+        throw Error("These are all the same contact.");
     printContact(std::cout, *database.contact(ids.front()), run.arguments().json);
 }
 

@@ -172,11 +172,11 @@ TEST_F(CliTest, editsContactsAndThresholds) {
     expectRefused("delete-domain '' --yes", 1, "The domain is empty.");
     expectRefused("delete-domain nowhere", 1, "No contact has an address that ends in nowhere.");
     expectRefused("merge 1 2", 2, "pelk merge needs --name NAME; see pelk --help");
-    expectRefused("merge 1 ann@a.example --name X", 1, "All these are the same contact.");
+    expectRefused("merge 1 ann@a.example --name X", 1, "These are all the same contact.");
     expectRefused("thresholds 50", 2,
                   "pelk thresholds takes both thresholds or none; see pelk --help");
     expectRefused("thresholds 50 101", 1,
-                  "A threshold is a whole number from 0 to 100, which 101 is not.");
+                  "A threshold must be a whole number from 0 to 100, not 101.");
     expectRefused(
         "thresholds 5 50", 1,
         "Erroneous Action: A strong relation must always have more exchanged e-mails than "

@@ -74,7 +74,7 @@ TEST_F(Controls, AreClickedUnlessDisabledAndShowWhatTheirHandlersThrow) {
     platform_.dialogs.expectMessage("The disk is full.");
     driver_.click(button);
     button.onClick = [] { throw std::runtime_error("seven"); };
-    platform_.dialogs.expectMessage("Unexpected fault: seven");
+    platform_.dialogs.expectMessage("Unexpected error: seven");
     driver_.click(button);
 }
 

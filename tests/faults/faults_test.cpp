@@ -187,7 +187,7 @@ std::string lossOf(const Act& act, const Expected& expected, const Outcome& run,
     const bool clear = run.status == 1 && run.errors.starts_with("pelk: ") &&
                        run.errors.find('\n') == run.errors.size() - 1 &&
                        run.errors.find("std::") == std::string::npos &&
-                       run.errors.find("Unexpected fault") == std::string::npos;
+                       run.errors.find("Unexpected error") == std::string::npos;
     return clear ? "" : "no clear line: " + run.errors.substr(0, run.errors.find('\n'));
 }
 

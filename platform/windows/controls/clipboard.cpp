@@ -73,7 +73,7 @@ void putOnClipboard(const std::wstring& text) {
         copy != nullptr && EmptyClipboard() && SetClipboardData(CF_UNICODETEXT, copy) != nullptr;
     if (!placed) {
         GlobalFree(copy);
-        throw Error("The text was not copied: Windows did not put it on the clipboard.");
+        throw Error("The text was not copied: Windows could not put it on the clipboard.");
     }
 }
 
