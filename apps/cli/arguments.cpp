@@ -35,7 +35,7 @@ Usage:
                            relation's weight: a relation above STRONG is
                            strong, one up to WEAK is weak
   pelk links CONTACT CONTACT
-                           print the best chain of relations between two contacts
+                           print the best chain between two contacts
   pelk domain-links DOMAIN DOMAIN
                            print the best chains between the contacts of two
                            mail domains or addresses; Ctrl-C stops the search
