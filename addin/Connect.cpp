@@ -12,23 +12,23 @@ constexpr int kReminderDays = 7;
 
 }  // namespace
 
-Connect::Connect(Toolkit& toolkit, const Platform& platform, Loading loading)
-    : platform_(platform), storage_(platform), forms_(toolkit, platform, storage_) {
+Connect::Connect(const UserInterface& ui, const Platform& platform, Loading loading)
+    : ui_(ui), platform_(platform), storage_(platform), forms_(ui, platform, storage_) {
     if (loading == Loading::AtOnce)
         load();
 }
 
 void Connect::load() {
     loadingTried_ = true;
-    platform_.dialogs.setBusyPointer(true);
+    ui_.display.setBusyPointer(true);
     try {
         database_ = storage_.loadDatabase();
     } catch (const Error& error) {
-        platform_.dialogs.message(error.what(), Buttons::Ok);
+        ui_.dialogs.message(error.what(), Buttons::Ok);
     } catch (const std::bad_alloc&) {
-        platform_.dialogs.message(kNotEnoughMemory, Buttons::Ok);
+        ui_.dialogs.message(kNotEnoughMemory, Buttons::Ok);
     }
-    platform_.dialogs.setBusyPointer(false);
+    ui_.display.setBusyPointer(false);
 }
 
 void Connect::OnConnection(MailClient& mailClient) {
@@ -79,9 +79,9 @@ void Connect::PelkButtonView_Click() {
         return;
     }
     if (ageInDays(date, platform_.clock.now()) > kReminderDays &&
-        platform_.dialogs.message("There are more than 7 days since you last scanned your emails. "
-                                  "Do you want to scan them now?",
-                                  Buttons::YesNo) == Answer::Yes) {
+        ui_.dialogs.message("There are more than 7 days since you last scanned your emails. "
+                            "Do you want to scan them now?",
+                            Buttons::YesNo) == Answer::Yes) {
         openScanForm();
         return;
     }

@@ -9,9 +9,9 @@
 
 #include "addin/forms.h"
 #include "db/storage.h"
-#include "platform/controls.h"
 #include "platform/mail_client.h"
 #include "platform/platform.h"
+#include "platform/user_interface.h"
 
 namespace pelk {
 
@@ -35,7 +35,7 @@ class Connect {
 
     /// If loading fails, shows a message. Commands that need the database then throw `Error`, and
     /// the unreadable file is never overwritten.
-    Connect(Toolkit& toolkit, const Platform& platform, Loading loading = Loading::AtOnce);
+    Connect(const UserInterface& ui, const Platform& platform, Loading loading = Loading::AtOnce);
 
     /// Stores the mail client, which must outlive the connection, and builds the menu. When the
     /// client refuses the menu, throws `Error` but stays connected.
@@ -65,6 +65,7 @@ class Connect {
     void load();
     Database& requireDatabase();
 
+    UserInterface ui_;
     Platform platform_;
     Storage storage_;
     bool loadingTried_ = false;

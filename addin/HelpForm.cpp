@@ -10,11 +10,11 @@ constexpr Rect kLabelBounds{kWideMargin, kWideMargin, kInnerSize.width - 2 * kWi
 
 }  // namespace
 
-HelpForm::HelpForm(Toolkit& toolkit, const Platform& platform)
+HelpForm::HelpForm(Toolkit& toolkit, Shell& shell)
     : window(toolkit.createWindow()),
       helpLabel(window->addLabel(kLabelBounds, "The help opens in its own window.")),
       OK(window->addButton(centeredButton(kInnerSize), "OK")),
-      platform_(platform) {
+      shell_(shell) {
     window->setCaption("Help");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
@@ -22,7 +22,7 @@ HelpForm::HelpForm(Toolkit& toolkit, const Platform& platform)
 }
 
 void HelpForm::doHelp() {
-    platform_.shell.openHelp();
+    shell_.openHelp();
 }
 
 }  // namespace pelk

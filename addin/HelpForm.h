@@ -5,13 +5,13 @@
 #include <memory>
 
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/shell.h"
 
 namespace pelk {
 
 class HelpForm {
  public:
-    HelpForm(Toolkit& toolkit, const Platform& platform);
+    HelpForm(Toolkit& toolkit, Shell& shell);
 
     /// Opens the help at its table of contents. Throws `Error` when it cannot be opened.
     void doHelp();
@@ -21,7 +21,7 @@ class HelpForm {
     Button& OK;
 
  private:
-    Platform platform_;
+    Shell& shell_;
 };
 
 }  // namespace pelk

@@ -29,7 +29,7 @@ constexpr Rect unitAt(int top) {
 
 }  // namespace
 
-configForm::configForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+configForm::configForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     : window(toolkit.createWindow()),
       Label1(window->addLabel(textAt(kStrongTop), "Strong relation (more than):")),
       maxSlider(window->addSlider(sliderAt(kStrongTop))),
@@ -41,7 +41,7 @@ configForm::configForm(Toolkit& toolkit, const Platform& platform, Storage& stor
       Label2(window->addLabel(unitAt(kWeakTop), "(% of strongest relation)")),
       okButton(window->addButton(bottomButton(kInnerSize, 2), "OK")),
       cancelButton(window->addButton(bottomButton(kInnerSize, 1), "Cancel")),
-      platform_(platform),
+      dialogs_(dialogs),
       storage_(storage) {
     window->setCaption("Configure the representation of your links");
     window->setInnerSize(kInnerSize);
@@ -71,7 +71,7 @@ void configForm::okButtonClick() {
     const int strong = maxSlider.value();
     const int weak = minSlider.value();
     if (!areAcceptable(strong, weak)) {
-        platform_.dialogs.message(kUnacceptableThresholds, Buttons::Ok);
+        dialogs_.message(kUnacceptableThresholds, Buttons::Ok);
         return;
     }
     database->setThresholds(strong, weak);

@@ -6,13 +6,13 @@
 #include "db/database.h"
 #include "db/storage.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/dialogs.h"
 
 namespace pelk {
 
 class configForm {
  public:
-    configForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+    configForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage);
 
     /// Set before `showModal`; outlives the form's use of it.
     Database* database = nullptr;
@@ -37,7 +37,7 @@ class configForm {
     void showValues();
     void okButtonClick();
 
-    Platform platform_;
+    Dialogs& dialogs_;
     Storage& storage_;
 };
 

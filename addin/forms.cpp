@@ -19,7 +19,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
     const std::string first = database.date() == kNeverScanned
                                   ? "You must first scan your mailbox."
                                   : "Only newer e-mails will be scanned.";
-    ParseForm& form = created(scan, toolkit_, platform_, storage_);
+    ParseForm& form = created(scan, ui_, platform_, storage_);
     form.database = &database;
     form.mailClient = &mailClient;
     form.openView = [this, &database] {
@@ -33,7 +33,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
 }
 
 void Forms::openView(Database& database) {
-    ShowForm& form = created(view, toolkit_, platform_);
+    ShowForm& form = created(view, ui_, platform_.language);
     form.database = &database;
     form.mergeContact = [this, &database](int id, const std::string& text) {
         openMerge(database, id, text);
@@ -60,7 +60,7 @@ void Forms::openView(Database& database) {
 }
 
 void Forms::openMerge(Database& database, int contactId, const std::string& text) {
-    mergeForm& form = created(merge, toolkit_, platform_, storage_);
+    mergeForm& form = created(merge, ui_.toolkit, ui_.dialogs, storage_);
     form.database = &database;
     form.databaseChanged = [this] {
         refreshIfOpen(view);
@@ -70,14 +70,14 @@ void Forms::openMerge(Database& database, int contactId, const std::string& text
 }
 
 void Forms::openDetails(const Database& database, int contactId, int relatedId) {
-    DetailsForm& form = created(details, toolkit_);
+    DetailsForm& form = created(details, ui_.toolkit);
     form.database = &database;
     form.fillInfo(contactId, relatedId);
     form.show();
 }
 
 void Forms::openContact(const Database& database, const std::string& address) {
-    ShowFormSingle& form = created(contact, toolkit_, platform_);
+    ShowFormSingle& form = created(contact, ui_.toolkit, ui_.display);
     form.database = &database;
     form.openDetails = [this, &database](int id, int relatedId) {
         openDetails(database, id, relatedId);
@@ -87,11 +87,11 @@ void Forms::openContact(const Database& database, const std::string& address) {
 }
 
 void Forms::openFind(const Database& database, int sourceId) {
-    findForm& form = created(find, toolkit_, platform_);
+    findForm& form = created(find, ui_.toolkit, ui_.dialogs);
     form.db = &database;
     form.sourceId = sourceId;
     form.showResult = [this, &database](const std::vector<int>& path) {
-        ShowFindFormSimple& result = created(links, toolkit_);
+        ShowFindFormSimple& result = created(links, ui_.toolkit);
         result.db = &database;
         result.path = path;
         result.fill();
@@ -104,12 +104,12 @@ void Forms::openFind(const Database& database, int sourceId) {
 /// During a search, brings the form to the front unchanged, and tells the user why another search
 /// does not start.
 void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
-    findFormDomain& form = created(findDomain, toolkit_, platform_);
+    findFormDomain& form = created(findDomain, ui_, platform_.language);
     if (!form.isSearching()) {
         form.db = &database;
         form.sourceDomain = sourceDomain;
         form.showResult = [this, &database](const DomainLinks& found) {
-            ShowFindFormDomains& result = created(domainLinks, toolkit_);
+            ShowFindFormDomains& result = created(domainLinks, ui_.toolkit);
             result.db = &database;
             result.sourceDomain = found.source;
             result.targetDomain = found.target;
@@ -120,15 +120,15 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
     }
     form.show();
     if (form.sourceDomain != sourceDomain)
-        platform_.dialogs.message("A search for the links of " + form.sourceDomain +
-                                      " is still running. Stop it or wait until it ends before "
-                                      "you search for those of " +
-                                      sourceDomain + ".",
-                                  Buttons::Ok);
+        ui_.dialogs.message("A search for the links of " + form.sourceDomain +
+                                " is still running. Stop it or wait for its end before you "
+                                "look for those of " +
+                                sourceDomain + ".",
+                            Buttons::Ok);
 }
 
 void Forms::openOthers(Database& database) {
-    OthersForm& form = created(others, toolkit_, platform_, storage_);
+    OthersForm& form = created(others, ui_, storage_);
     form.database = &database;
     form.configure = [this, &database] { openConfiguration(database); };
     form.databaseChanged = [this] {
@@ -139,13 +139,13 @@ void Forms::openOthers(Database& database) {
 }
 
 void Forms::openConfiguration(Database& database) {
-    configForm& form = created(configuration, toolkit_, platform_, storage_);
+    configForm& form = created(configuration, ui_.toolkit, ui_.dialogs, storage_);
     form.database = &database;
     form.showModal();
 }
 
 void Forms::openAbout() {
-    created(about, toolkit_).show();
+    created(about, ui_.toolkit).show();
 }
 
 /// Updates all forms but the relations view, which updates itself after its own commands.

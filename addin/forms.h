@@ -18,9 +18,9 @@
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
-#include "platform/controls.h"
 #include "platform/mail_client.h"
 #include "platform/platform.h"
+#include "platform/user_interface.h"
 #include "scan/ParseForm.h"
 #include "views/ShowForm.h"
 
@@ -29,8 +29,8 @@ namespace pelk {
 class Forms {
  public:
     /// All references outlive the forms.
-    Forms(Toolkit& toolkit, const Platform& platform, Storage& storage)
-        : toolkit_(toolkit), platform_(platform), storage_(storage) {}
+    Forms(const UserInterface& ui, const Platform& platform, Storage& storage)
+        : ui_(ui), platform_(platform), storage_(storage) {}
 
     /// Each function fills a form from the database, which outlives it, and shows it.
     void openScan(Database& database, MailClient& mailClient);
@@ -74,7 +74,7 @@ class Forms {
     void openConfiguration(Database& database);
     void refreshBesideView();
 
-    Toolkit& toolkit_;
+    UserInterface ui_;
     Platform platform_;
     Storage& storage_;
 };

@@ -20,9 +20,6 @@ class SilentDialogs : public Dialogs {
     }
     std::string openFile(const std::string&, const std::string&) override { return {}; }
     std::string saveFile(const std::string&, const std::string&) override { return {}; }
-    void copyToClipboard(const std::string&) override {}
-    void setBusyPointer(bool) override {}
-    void processPendingEvents() override {}
 };
 
 /// A data folder with the largest database.

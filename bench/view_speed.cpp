@@ -10,6 +10,7 @@
 #include "bench/measure.h"
 #include "bench/opening.h"
 #include "bench/plain_view.h"
+#include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "views/ShowForm.h"
 
@@ -86,7 +87,8 @@ class ViewSpeed {
     }
     void openView() {
         database_ = store_.storage.loadDatabase();
-        form_ = std::make_unique<ShowForm>(toolkit_, store_.platform);
+        form_ = std::make_unique<ShowForm>(UserInterface{toolkit_, store_.dialogs, display_},
+                                           store_.platform.language);
         form_->database = database_.get();
         form_->startShowing();
         form_->show();
@@ -186,6 +188,7 @@ class ViewSpeed {
 
     LargeStore store_;
     QtToolkit toolkit_;
+    QtDisplay display_;
     std::unique_ptr<Database> database_;
     std::unique_ptr<ShowForm> form_;
     std::vector<std::string> texts_;

@@ -17,14 +17,14 @@ constexpr Rect kListBounds{kFormMargin, kListTop, kWidth, kButtonTop - kFormMarg
 
 }  // namespace
 
-findForm::findForm(Toolkit& toolkit, const Platform& platform)
+findForm::findForm(Toolkit& toolkit, Dialogs& dialogs)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({}, "Select the contact to which you want to find the best link(s)")),
       listTree(window->addTreeView({})),
       okButton(window->addButton({}, "OK")),
       cancelButton(window->addButton({}, "Cancel")),
       layout_(*window, kInnerSize),
-      platform_(platform) {
+      dialogs_(dialogs) {
     window->setCaption("Find a contact");
     layout_.add(Label1, kLabelBounds, kAnchorTop);
     layout_.add(listTree, kListBounds, kAnchorFill);
@@ -54,13 +54,13 @@ void findForm::okButtonClick() {
         return;
     const int targetId = std::get<int>(selected->tag());
     if (targetId == sourceId) {
-        platform_.dialogs.message(kSameContactMessage, Buttons::Ok);
+        dialogs_.message(kSameContactMessage, Buttons::Ok);
         return;
     }
     if (const std::optional<LinkChain> chain = LinkSearch(*db).find(sourceId, targetId))
         showResult(chain->ids);
     else
-        platform_.dialogs.message(kNoChainMessage, Buttons::Ok);
+        dialogs_.message(kNoChainMessage, Buttons::Ok);
 }
 
 }  // namespace pelk

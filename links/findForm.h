@@ -7,14 +7,14 @@
 
 #include "db/database.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/dialogs.h"
 #include "views/form_layout.h"
 
 namespace pelk {
 
 class findForm {
  public:
-    findForm(Toolkit& toolkit, const Platform& platform);
+    findForm(Toolkit& toolkit, Dialogs& dialogs);
 
     /// Set before `fillList`; the database outlives the form's use of it.
     const Database* db = nullptr;
@@ -39,7 +39,7 @@ class findForm {
     void okButtonClick();
 
     FormLayout layout_;
-    Platform platform_;
+    Dialogs& dialogs_;
 };
 
 }  // namespace pelk

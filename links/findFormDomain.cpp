@@ -23,8 +23,8 @@ struct SearchAbandoned {};
 
 }  // namespace
 
-findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
-    : window(toolkit.createWindow()),
+findFormDomain::findFormDomain(const UserInterface& ui, const Language& language)
+    : window(ui.toolkit.createWindow()),
       Label1(window->addLabel({}, "Select the domain to which you want to find the best link(s).")),
       presTree(window->addTreeView({})),
       ProgressBar1(window->addProgressBar({})),
@@ -32,8 +32,8 @@ findFormDomain::findFormDomain(Toolkit& toolkit, const Platform& platform)
       stopButton(window->addButton({}, "Stop!")),
       cancelButton(window->addButton({}, "Cancel")),
       layout_(*window, kInnerSize),
-      platform_(platform),
-      domains_(presTree, platform_.language) {
+      ui_(ui),
+      domains_(presTree, language) {
     window->setCaption("Best link(s)");
     layout_.add(Label1, kLabelBounds, kAnchorTop);
     layout_.add(presTree, kTreeBounds, kAnchorFill);
@@ -78,7 +78,7 @@ void findFormDomain::okButtonClick() {
         return;
     const std::string targetDomain = domainOf(*selected);
     if (const std::optional<std::string> refusal = domainRefusal(sourceDomain, targetDomain))
-        platform_.dialogs.message(*refusal, Buttons::Ok);
+        ui_.dialogs.message(*refusal, Buttons::Ok);
     else
         search(targetDomain);
 }
@@ -97,8 +97,8 @@ void findFormDomain::search(const std::string& targetDomain) {
     }
     setSearching(false);
     if (links && links->chains.empty()) {
-        // The busy pointer stays over the form, on purpose; the next result removes it.
-        platform_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
+        // The hourglass stays over the form, on purpose: it is taken away with the next result.
+        ui_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
         return;
     }
     if (links)
@@ -136,8 +136,8 @@ bool findFormDomain::stopsAfterChain() {
     return stopRequested_;
 }
 
-void findFormDomain::processEvents() {
-    platform_.dialogs.processPendingEvents();
+void findFormDomain::letUserAct() {
+    ui_.display.processPendingEvents();
     if (abandoned_)
         throw SearchAbandoned();
 }

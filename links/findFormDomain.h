@@ -9,8 +9,8 @@
 
 #include "db/database.h"
 #include "links/domain_search.h"
-#include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/language.h"
+#include "platform/user_interface.h"
 #include "views/domains_tree.h"
 #include "views/form_layout.h"
 
@@ -18,7 +18,7 @@ namespace pelk {
 
 class findFormDomain : private DomainSearchProgress {
  public:
-    findFormDomain(Toolkit& toolkit, const Platform& platform);
+    findFormDomain(const UserInterface& ui, const Language& language);
 
     /// Set before `fillTreeDomains`, and not during a search. The database outlives the form's use
     /// of it.
@@ -59,7 +59,7 @@ class findFormDomain : private DomainSearchProgress {
     bool stopsAfterChain() override;
 
     FormLayout layout_;
-    Platform platform_;
+    UserInterface ui_;
     DomainsTree domains_;
     /// The revision of the document that the tree shows.
     std::uint64_t revision_ = 0;

@@ -23,14 +23,14 @@ constexpr const char* kFileFilter = "Pelk Data Base files (*.db)|*.db|All files 
 
 }  // namespace
 
-OthersForm::OthersForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
-    : window(toolkit.createWindow()),
+OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
+    : window(ui.toolkit.createWindow()),
       configButton(window->addButton(buttonAt(0), "Configure")),
       exportButton(window->addButton(buttonAt(1), "Export database")),
       importButton(window->addButton(buttonAt(2), "Import a database")),
       delButton(window->addButton(buttonAt(3), "Delete database")),
       closeButton(window->addButton(buttonAt(4), "Close")),
-      platform_(platform),
+      ui_(ui),
       storage_(storage) {
     window->setCaption("Other options");
     window->setInnerSize(kInnerSize);
@@ -45,13 +45,13 @@ OthersForm::OthersForm(Toolkit& toolkit, const Platform& platform, Storage& stor
 }
 
 void OthersForm::exportButtonClick() {
-    const std::string path = platform_.dialogs.saveFile("Exporting the database", kFileFilter);
+    const std::string path = ui_.dialogs.saveFile("Exporting the database", kFileFilter);
     if (!path.empty())
         storage_.exportDatabase(*database, path);
 }
 
 void OthersForm::importButtonClick() {
-    const std::string path = platform_.dialogs.openFile("Importing a database", kFileFilter);
+    const std::string path = ui_.dialogs.openFile("Importing a database", kFileFilter);
     if (path.empty())
         return;
     setImporting(true);
@@ -71,13 +71,13 @@ void OthersForm::importFile(const std::string& path) {
         case ImportOutcome::Imported:
             databaseChanged();
             if (!result.fault.empty())
-                platform_.dialogs.message(result.fault, Buttons::Ok);
+                ui_.dialogs.message(result.fault, Buttons::Ok);
             break;
         case ImportOutcome::Unreadable:
-            platform_.dialogs.message(failed, Buttons::Ok);
+            ui_.dialogs.message(failed, Buttons::Ok);
             break;
         case ImportOutcome::Unsound:
-            platform_.dialogs.message(failed + "\n" + result.fault, Buttons::Ok);
+            ui_.dialogs.message(failed + "\n" + result.fault, Buttons::Ok);
             break;
         case ImportOutcome::Ended:
             break;
@@ -86,23 +86,23 @@ void OthersForm::importFile(const std::string& path) {
 
 void OthersForm::setImporting(bool importing) {
     importing_ = importing;
-    platform_.dialogs.setBusyPointer(importing);
+    ui_.display.setBusyPointer(importing);
     for (Button* const button :
          {&configButton, &exportButton, &importButton, &delButton, &closeButton})
         button->setEnabled(!importing);
 }
 
 bool OthersForm::confirmsMerge(const std::string& question) {
-    return platform_.dialogs.message(question, Buttons::OkCancel) == Answer::Ok;
+    return ui_.dialogs.message(question, Buttons::OkCancel) == Answer::Ok;
 }
 
 void OthersForm::itemStarted() {
-    platform_.dialogs.processPendingEvents();
+    ui_.display.processPendingEvents();
 }
 
 void OthersForm::delButtonClick() {
-    if (platform_.dialogs.message("Do you really want to delete the contacts database?",
-                                  Buttons::OkCancel) != Answer::Ok)
+    if (ui_.dialogs.message("Do you really want to delete the contacts database?",
+                            Buttons::OkCancel) != Answer::Ok)
         return;
     deleteDatabase(*database, storage_);
     databaseChanged();

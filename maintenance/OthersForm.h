@@ -8,14 +8,13 @@
 #include "db/database.h"
 #include "db/storage.h"
 #include "maintenance/import_merge.h"
-#include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/user_interface.h"
 
 namespace pelk {
 
 class OthersForm : private ImportGuide {
  public:
-    OthersForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+    OthersForm(const UserInterface& ui, Storage& storage);
 
     /// Set before the form is shown; outlives the form's use of it.
     Database* database = nullptr;
@@ -43,7 +42,7 @@ class OthersForm : private ImportGuide {
     bool confirmsMerge(const std::string& question) override;
     void itemStarted() override;
 
-    Platform platform_;
+    UserInterface ui_;
     Storage& storage_;
     bool importing_ = false;
 };

@@ -12,11 +12,11 @@ constexpr Size kInnerSize{4800, 4200};
 
 }  // namespace
 
-ShowFormSingle::ShowFormSingle(Toolkit& toolkit, const Platform& platform)
+ShowFormSingle::ShowFormSingle(Toolkit& toolkit, Display& display)
     : window(toolkit.createWindow()),
       presTree(window->addTreeView({})),
       layout_(*window, kInnerSize),
-      platform_(platform),
+      display_(display),
       showmenu_(window->addPopupMenu()),
       detailsMenuItem_(showmenu_.addItem("More details")),
       copyMenuItem_(showmenu_.addItem("Copy to clipboard")) {
@@ -65,7 +65,7 @@ void ShowFormSingle::detailsMenuItemClick() {
 
 void ShowFormSingle::copyMenuItemClick() {
     if (const TreeNode* const node = presTree.selected())
-        platform_.dialogs.copyToClipboard(node->text());
+        display_.copyToClipboard(node->text());
 }
 
 }  // namespace pelk

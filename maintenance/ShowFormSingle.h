@@ -8,14 +8,14 @@
 
 #include "db/database.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/display.h"
 #include "views/form_layout.h"
 
 namespace pelk {
 
 class ShowFormSingle {
  public:
-    ShowFormSingle(Toolkit& toolkit, const Platform& platform);
+    ShowFormSingle(Toolkit& toolkit, Display& display);
 
     /// Set before `startShowing`; outlives the form's use of it.
     const Database* database = nullptr;
@@ -41,7 +41,7 @@ class ShowFormSingle {
     void copyMenuItemClick();
 
     FormLayout layout_;
-    Platform platform_;
+    Display& display_;
     PopupMenu& showmenu_;
     MenuItem& detailsMenuItem_;
     MenuItem& copyMenuItem_;

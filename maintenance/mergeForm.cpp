@@ -23,8 +23,8 @@ constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
 
 }  // namespace
 
-/// The repeated word "to" in the first label is kept on purpose: users and the help know the text.
-mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
+/// The doubled word in the first label is kept: users and the help know the text as it is.
+mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({},
                               "Select the contacts that belong to to the same person from the "
@@ -39,7 +39,7 @@ mergeForm::mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storag
       MergeName(window->addTextBox({})),
       mergeButton(window->addButton({}, "&Merge")),
       layout_(*window, kInnerSize),
-      platform_(platform),
+      dialogs_(dialogs),
       storage_(storage) {
     window->setCaption("Merge contacts");
     layout_.add(Label1, kTopLabelBounds, kAnchorTop);
@@ -90,7 +90,7 @@ void mergeForm::mergeButtonClick() {
     for (const ListRow& row : listView.rows())
         ids.push_back(readContactId(row.tag));
     if (ids.size() < 2) {
-        platform_.dialogs.message("At least two contacts must be added to the list!", Buttons::Ok);
+        dialogs_.message("At least two contacts must be added to the list!", Buttons::Ok);
         return;
     }
     mergeContacts(*database, storage_, ids, MergeName.text());

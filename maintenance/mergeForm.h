@@ -8,14 +8,14 @@
 #include "db/database.h"
 #include "db/storage.h"
 #include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/dialogs.h"
 #include "views/form_layout.h"
 
 namespace pelk {
 
 class mergeForm {
  public:
-    mergeForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+    mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage);
 
     /// Set before `addContact`; outlives the form's use of it.
     Database* database = nullptr;
@@ -43,7 +43,7 @@ class mergeForm {
     void mergeButtonClick();
 
     FormLayout layout_;
-    Platform platform_;
+    Dialogs& dialogs_;
     Storage& storage_;
 };
 

@@ -1,6 +1,5 @@
 #pragma once
-// Modal boxes, files to choose, the clipboard, the pointer, and the pending events of the
-// user interface.
+// Modal boxes: messages, a line of text, files to choose.
 
 #include <string>
 
@@ -25,15 +24,6 @@ class Dialogs {
     /// "Texts (*.txt)|*.txt|All files (*.*)|*.*". Returns the path, empty when the user cancels.
     virtual std::string openFile(const std::string& title, const std::string& filter) = 0;
     virtual std::string saveFile(const std::string& title, const std::string& filter) = 0;
-
-    /// Replaces what is on the clipboard by plain text. Throws `Error` when another program keeps
-    /// the clipboard to itself.
-    virtual void copyToClipboard(const std::string& text) = 0;
-
-    /// Shows the hourglass pointer over all windows, or the normal one again. Not counted.
-    virtual void setBusyPointer(bool busy) = 0;
-    /// Lets the user interface handle what is waiting, and returns.
-    virtual void processPendingEvents() = 0;
 };
 
 }  // namespace pelk

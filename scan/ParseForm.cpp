@@ -14,8 +14,8 @@ constexpr Rect kProgressBounds{kFormMargin, 1050, kWidth, 260};
 
 }  // namespace
 
-ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage)
-    : window(toolkit.createWindow()),
+ParseForm::ParseForm(const UserInterface& ui, const Platform& platform, Storage& storage)
+    : window(ui.toolkit.createWindow()),
       staticLabel(window->addLabel(kStaticBounds,
                                    "Only newer e-mails will be scanned. This process may take a "
                                    "while. The deleted and outbox folders will NOT be scanned.")),
@@ -23,6 +23,7 @@ ParseForm::ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storag
       parsingProgress(window->addProgressBar(kProgressBounds)),
       startButton(window->addButton(bottomButton(kInnerSize, 2), "Start")),
       cancelButton(window->addButton(bottomButton(kInnerSize, 1), "Cancel")),
+      ui_(ui),
       platform_(platform),
       storage_(storage) {
     window->setCaption("Check for new e-mails");
@@ -68,12 +69,12 @@ void ParseForm::scan() {
     setScanning(false);
     window->hide();
     if (const std::string message = scanMessage(outcome); !message.empty())
-        platform_.dialogs.message(message, Buttons::Ok);
+        ui_.dialogs.message(message, Buttons::Ok);
 }
 
 void ParseForm::setScanning(bool scanning) {
     scanning_ = scanning;
-    platform_.dialogs.setBusyPointer(scanning);
+    ui_.display.setBusyPointer(scanning);
     startButton.setEnabled(!scanning);
     cancelButton.setEnabled(!scanning);
     if (!scanning)
@@ -90,7 +91,7 @@ void ParseForm::itemsCounted(int count) {
 }
 
 void ParseForm::itemStarted(int index) {
-    platform_.dialogs.processPendingEvents();
+    ui_.display.processPendingEvents();
     parsingProgress.setValue(index);
 }
 

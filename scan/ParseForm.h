@@ -6,16 +6,16 @@
 #include <string>
 
 #include "db/storage.h"
-#include "platform/controls.h"
 #include "platform/mail_client.h"
 #include "platform/platform.h"
+#include "platform/user_interface.h"
 #include "scan/scanner.h"
 
 namespace pelk {
 
 class ParseForm : private ScanProgress {
  public:
-    ParseForm(Toolkit& toolkit, const Platform& platform, Storage& storage);
+    ParseForm(const UserInterface& ui, const Platform& platform, Storage& storage);
 
     /// Set before the form is shown.
     Database* database = nullptr;
@@ -43,6 +43,7 @@ class ParseForm : private ScanProgress {
     void itemsCounted(int count) override;
     void itemStarted(int index) override;
 
+    UserInterface ui_;
     Platform platform_;
     Storage& storage_;
     bool scanning_ = false;

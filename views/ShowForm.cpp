@@ -38,8 +38,8 @@ constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButt
 
 }  // namespace
 
-ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform)
-    : window(toolkit.createWindow()),
+ShowForm::ShowForm(const UserInterface& ui, const Language& language)
+    : window(ui.toolkit.createWindow()),
       presTree(window->addTreeView({})),
       dLabel1(window->addLabel(labelIn(0), "")),
       dLabel2(window->addLabel(labelIn(1), "")),
@@ -49,8 +49,9 @@ ShowForm::ShowForm(Toolkit& toolkit, const Platform& platform)
       Picture2(window->addPicture(pictureIn(1), TreeImage::Many)),
       domainsRadio(window->addOptionButton(radioIn(1), "Group by domains")),
       gotoButton(window->addButton(kButtonBounds, "GoTo")),
-      platform_(platform),
-      domains_(presTree, platform_.language),
+      ui_(ui),
+      language_(language),
+      domains_(presTree, language_),
       showmenu_(window->addPopupMenu()),
       mergeMenuItem_(addMenuItem("Merge contacts", &ShowForm::mergeMenuItemClick)),
       renameMenuItem_(addMenuItem("Rename", &ShowForm::renameMenuItemClick)),
@@ -138,12 +139,12 @@ void ShowForm::formResize() {
 /// Searches all nodes, children included, in the order in which they were added.
 void ShowForm::gotoButtonClick() {
     const std::string answer =
-        platform_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");
+        ui_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");
     if (answer.empty())
         return;
     TreeModel& tree = presTree.model();
     for (TreeNode* node = tree.firstByIndex(); node != nullptr; node = tree.nextByIndex(*node)) {
-        if (isPlaceholder(*node) || !platform_.language.startsWith(node->text(), answer))
+        if (isPlaceholder(*node) || !language_.startsWith(node->text(), answer))
             continue;
         presTree.select(node);
         return;

@@ -10,15 +10,15 @@
 #include <vector>
 
 #include "db/database.h"
-#include "platform/controls.h"
-#include "platform/platform.h"
+#include "platform/language.h"
+#include "platform/user_interface.h"
 #include "views/domains_tree.h"
 
 namespace pelk {
 
 class ShowForm {
  public:
-    ShowForm(Toolkit& toolkit, const Platform& platform);
+    ShowForm(const UserInterface& ui, const Language& language);
 
     /// Set before `startShowing`; outlives the form's use of it.
     const Database* database = nullptr;
@@ -81,7 +81,8 @@ class ShowForm {
     void deleteContact(int id);
     void deleteDomain(const TreeNode& node);
 
-    Platform platform_;
+    UserInterface ui_;
+    const Language& language_;
     DomainsTree domains_;
     PopupMenu& showmenu_;
     MenuItem& mergeMenuItem_;

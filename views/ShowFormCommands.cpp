@@ -63,7 +63,7 @@ void ShowForm::mergeMenuItemClick(TreeNode& node) {
 /// purpose: it marks the contact that was just renamed.
 void ShowForm::renameMenuItemClick(TreeNode& node) {
     const std::string answer =
-        platform_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
+        ui_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
     if (answer.empty())
         return;
     const int id = contactOf(node);
@@ -89,13 +89,13 @@ void ShowForm::deleteMenuItemClick(TreeNode& node) {
 bool ShowForm::isGone(int contactId) {
     if (database->contact(contactId))
         return false;
-    platform_.dialogs.message("This contact is no longer in the database.", Buttons::Ok);
+    ui_.dialogs.message("This contact is no longer in the database.", Buttons::Ok);
     refresh();
     return true;
 }
 
 void ShowForm::deleteContact(int id) {
-    if (platform_.dialogs.message("Do you want to delete this contact ?", Buttons::OkCancel) !=
+    if (ui_.dialogs.message("Do you want to delete this contact ?", Buttons::OkCancel) !=
             Answer::Ok ||
         isGone(id))
         return;
@@ -112,9 +112,9 @@ void ShowForm::deleteContact(int id) {
 void ShowForm::deleteDomain(const TreeNode& node) {
     const std::string domain = domainOf(node);
     requireDeletableDomain(domain);
-    if (platform_.dialogs.message(isAddressLeaf(node) ? "Do you want to delete this contact?"
-                                                      : "Do you want to delete this domain?",
-                                  Buttons::OkCancel) != Answer::Ok)
+    if (ui_.dialogs.message(isAddressLeaf(node) ? "Do you want to delete this contact?"
+                                                : "Do you want to delete this domain?",
+                            Buttons::OkCancel) != Answer::Ok)
         return;
     deleteContacts(contactsToDelete(*database, domain));
     databaseChanged();
@@ -135,7 +135,7 @@ void ShowForm::findAllMenuItemClick(TreeNode& node) {
 }
 
 void ShowForm::copyMenuItemClick(TreeNode& node) {
-    platform_.dialogs.copyToClipboard(node.text());
+    ui_.display.copyToClipboard(node.text());
 }
 
 void ShowForm::viewMenuItemClick(TreeNode& node) {

@@ -43,7 +43,8 @@ ConnectMode modeIn(const VARIANT& value) {
 
 ConnectObject::ConnectObject() {
     guarded(dialogs_, [this] {
-        connect_.emplace(toolkit_, platform_.with(dialogs_), Connect::Loading::OnFirstUse);
+        connect_.emplace(UserInterface{toolkit_, dialogs_, display_}, platform_.with(dialogs_),
+                         Connect::Loading::OnFirstUse);
     });
 }
 

@@ -14,6 +14,7 @@
 #include "apps/addin/addin_interfaces.h"
 #include "platform/windows/com_object.h"
 #include "platform/windows/controls/dialogs.h"
+#include "platform/windows/controls/display.h"
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/mail/automation_client.h"
 #include "platform/windows/windows_platform.h"
@@ -57,6 +58,7 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
 
     WindowsPlatform platform_;
     Win32Dialogs dialogs_;
+    Win32Display display_;
     Win32Toolkit toolkit_{dialogs_, platform_.language()};
     std::unique_ptr<AutomationClient> client_;
     /// Empty when the constructor could not create it.

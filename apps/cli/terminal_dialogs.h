@@ -14,9 +14,6 @@ class TerminalDialogs : public Dialogs {
     }
     std::string openFile(const std::string&, const std::string&) override { return {}; }
     std::string saveFile(const std::string&, const std::string&) override { return {}; }
-    void copyToClipboard(const std::string&) override {}
-    void setBusyPointer(bool) override {}
-    void processPendingEvents() override {}
 };
 
 }  // namespace pelk

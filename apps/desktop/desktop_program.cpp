@@ -11,6 +11,7 @@
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
 #include "platform/desktop/qt/dialogs.h"
+#include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/toolkit.h"
 
@@ -40,7 +41,8 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     MainWindow window(arguments.operands, arguments.mail, dialogs);
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
-    Connect connect(toolkit, platform);
+    QtDisplay display;
+    Connect connect({toolkit, dialogs, display}, platform);
     connect.OnConnection(window);
     QApplication::exec();
     connect.OnDisconnection();

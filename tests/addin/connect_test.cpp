@@ -35,7 +35,7 @@ class ConnectTest : public ::testing::Test {
 };
 
 TEST_F(ConnectTest, putsItsMenuOnTheStandardBarOnceForEachConnection) {
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     const std::vector<std::string> menu{"View your community", "Check for new e-mails",
                                         "Other options", "Help", "About"};
     for (int connection = 0; connection < 2; ++connection) {
@@ -73,7 +73,7 @@ class ViewTest : public ConnectTest {
 };
 
 TEST_F(ViewTest, scansFirstWhenTheDatabaseWasNeverScanned) {
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     clickView(connect, "");
     clickView(connect, "Start");
     EXPECT_EQ(totalMails(), "1");
@@ -81,13 +81,13 @@ TEST_F(ViewTest, scansFirstWhenTheDatabaseWasNeverScanned) {
 
 TEST_F(ViewTest, opensImmediatelyWhenTheLastScanIsSevenDaysOld) {
     saveDatabaseScannedAt("2026-11-15T10:30:00");
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     clickView(connect, nullptr);
 }
 
 TEST_F(ViewTest, asksWhetherToScanWhenTheLastScanIsOlder) {
     saveDatabaseScannedAt("2026-11-15T10:29:00");
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     core.dialogs.expectMessage(kReminder, Buttons::YesNo, Answer::No);
     clickView(connect, nullptr);
     EXPECT_EQ(totalMails(), "0");
@@ -100,7 +100,7 @@ TEST_F(ViewTest, asksWhetherToScanWhenTheLastScanIsOlder) {
 TEST_F(ConnectTest, distinguishesFirstAndLaterScans) {
     for (const bool first : {true, false}) {
         saveDatabaseScannedAt(first ? "1970-01-01T00:00:00" : "2020-01-01T00:00:00");
-        Connect connect(core.toolkit(), core.platform());
+        Connect connect(core.ui(), core.platform());
         connect.OnConnection(client);
         driver.later([&] {
             const std::string label =
@@ -118,7 +118,7 @@ TEST_F(ConnectTest, distinguishesFirstAndLaterScans) {
 }
 
 TEST_F(ConnectTest, opensTheOtherOptionsAndTheHelp) {
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     connect.OnConnection(client);
     client.button("Help")->clicked();
     EXPECT_EQ(core.shell.helpOpened, 1);
@@ -130,7 +130,7 @@ TEST_F(ConnectTest, opensTheOtherOptionsAndTheHelp) {
 }
 
 TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     connect.OnConnection(client);
     client.button("About")->clicked();
     driver.settle();
@@ -142,8 +142,8 @@ TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
     connect.OnDisconnection();
 }
 
-TEST_F(ConnectTest, loadsTheDatabaseOnFirstUseForAQuickStart) {
-    Connect connect(core.toolkit(), core.platform(), Connect::Loading::OnFirstUse);
+TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick) {
+    Connect connect(core.ui(), core.platform(), Connect::Loading::OnFirstUse);
     connect.OnConnection(client);
     client.button("About")->clicked();
     EXPECT_TRUE(core.files.files.empty());
@@ -160,7 +160,7 @@ TEST_F(ConnectTest, continuesWithoutAnUnreadableDatabase) {
     const std::string before = core.files.files["/data/pelk/pelk.db"];
     core.files.readsFail = true;
     core.dialogs.expectMessage("/data/pelk/pelk.db cannot be read.");
-    Connect connect(core.toolkit(), core.platform());
+    Connect connect(core.ui(), core.platform());
     connect.OnConnection(client);
     EXPECT_THROW(client.button("View your community")->clicked(), Error);
     EXPECT_THROW(client.button("Check for new e-mails")->clicked(), Error);

@@ -32,7 +32,7 @@ class FormsTest : public ::testing::Test {
     CorePlatform core;
     Driver& driver = core.driver();
     std::unique_ptr<Database> database = loadDocument(kCommunity);
-    Forms forms{core.toolkit(), core.platform(), core.storage()};
+    Forms forms{core.ui(), core.platform(), core.storage()};
 
     void SetUp() override {
         core.files.folders.insert("/data/pelk");
@@ -157,7 +157,7 @@ TEST_F(FormsTest, showsAContactAlone) {
     EXPECT_EQ(driver.menuAt(form.presTree, {0}), (Rows{"Copy to clipboard"}));
     EXPECT_EQ(driver.menuAt(form.presTree, {0, 1}), (Rows{"More details", "Copy to clipboard"}));
     driver.chooseAt(form.presTree, {0}, "Copy to clipboard");
-    EXPECT_EQ(core.dialogs.clipboard, "Ann (ann@b.a)");
+    EXPECT_EQ(core.display.clipboard, "Ann (ann@b.a)");
     driver.chooseAt(form.presTree, {0, 1}, "More details");
     driver.settle();
     EXPECT_EQ(driver.textOf(forms.details->part1Label), "Ann");
@@ -260,14 +260,14 @@ TEST_F(FormsTest, exportsImportsAndDeletesTheDatabase) {
     EXPECT_EQ(shownRows(driver, tree()), "");
     EXPECT_EQ(driver.textOf(forms.view->dLabel2), "Total contacts: 0");
 
-    core.dialogs.onPendingEvents = [&] { EXPECT_FALSE(driver.isEnabled(form.importButton)); };
+    core.display.onPendingEvents = [&] { EXPECT_FALSE(driver.isEnabled(form.importButton)); };
     for (const char* path : {"", "/nowhere.db", "/copy.db"}) {
         expectFile("Importing a database", path);
         if (path == std::string("/nowhere.db"))
             core.dialogs.expectMessage("Error while loading file /nowhere.db");
         driver.click(form.importButton);
     }
-    EXPECT_EQ(core.dialogs.busyPointers().back(), false);
+    EXPECT_EQ(core.display.busyPointers.back(), false);
     EXPECT_EQ(shownRows(driver, tree()),
               "Ann (ann@b.a), Bob (bob@b.a), Cy (cy@c), Dee (dee@c), Eve (eve@e)");
     EXPECT_EQ(saved()->relationCount(), 4U);
@@ -355,8 +355,8 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
         << "the strongest relation is gone, but once seen it stays the measure";
 }
 
-TEST_F(FormsTest, helpHasItsOwnForm) {
-    HelpForm form(core.toolkit(), core.platform());
+TEST_F(FormsTest, helpHasAFormOfItsOwn) {
+    HelpForm form(core.toolkit(), core.shell);
     form.window->show();
     driver.settle();
     EXPECT_EQ(driver.captionOf(*form.window), "Help");
@@ -372,8 +372,8 @@ class DomainLinksTest : public FormsTest {
     void openFor(const TreePath& row) {
         groupByDomains();
         choose(row, "Find all possible links");
-        // During the search, the test's own actions take the place of pending events.
-        core.dialogs.onPendingEvents = [this] {
+        // Until the search is over, pending events are the acts of the test.
+        core.display.onPendingEvents = [this] {
             if (act)
                 act(++events);
         };

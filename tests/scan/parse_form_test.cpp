@@ -13,7 +13,7 @@ class ParseFormTest : public ::testing::Test {
     Driver& driver = core.driver();
     MemoryMailClient client;
     std::unique_ptr<Database> database = core.storage().loadDatabase();
-    ParseForm form{core.toolkit(), core.platform(), core.storage()};
+    ParseForm form{core.ui(), core.platform(), core.storage()};
     int viewsOpened = 0;
 
     void SetUp() override {
@@ -51,7 +51,7 @@ TEST_F(ParseFormTest, showsItsTextsInFullAndChangesNothingUnlessStarted) {
 
 TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
     std::vector<std::string> seen;
-    core.dialogs.onPendingEvents = [&] {
+    core.display.onPendingEvents = [&] {
         EXPECT_FALSE(driver.isEnabled(form.startButton));
         EXPECT_FALSE(driver.isEnabled(form.cancelButton));
         driver.close(*form.window);
@@ -63,7 +63,7 @@ TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
     EXPECT_EQ(seen, (std::vector<std::string>{"Reading Post", "Reading Sent"}));
     EXPECT_FALSE(driver.isVisible(*form.window));
     EXPECT_EQ(viewsOpened, 1);
-    EXPECT_EQ(core.dialogs.busyPointers(), (std::vector<bool>{true, false}));
+    EXPECT_EQ(core.display.busyPointers, (std::vector<bool>{true, false}));
     EXPECT_EQ(savedDate(), "2026-11-22T10:30:00");
     EXPECT_EQ(database->strongestWeight(), 2);
     EXPECT_TRUE(driver.isEnabled(form.startButton));
@@ -72,7 +72,7 @@ TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
 
 TEST_F(ParseFormTest, savesOnceAndTakesTheStampWhenTheWalkIsOver) {
     core.files.steps = 0;
-    core.dialogs.onPendingEvents = [this] {
+    core.display.onPendingEvents = [this] {
         ++core.clock.time.minute;
         EXPECT_EQ(core.files.steps, 0);
         EXPECT_EQ(database->date(), "1970-01-01T00:00:00");
@@ -103,7 +103,7 @@ TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
     showAndDo([this] {
         driver.click(form.startButton);
         EXPECT_TRUE(driver.isVisible(*form.window));
-        EXPECT_EQ(core.dialogs.busyPointers().back(), false);
+        EXPECT_EQ(core.display.busyPointers.back(), false);
         EXPECT_EQ(savedDate(), "1970-01-01T00:00:00");
         driver.click(form.startButton);
     });

@@ -5,7 +5,9 @@
 #include "db/default_documents.h"
 #include "db/storage.h"
 #include "platform/platform.h"
+#include "platform/user_interface.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/recorded_display.h"
 #include "tests/support/test_platform.h"
 
 namespace pelk {
@@ -38,11 +40,13 @@ inline std::unique_ptr<Database> emptyDatabase() {
 
 class CorePlatform : public TestPlatform {
  public:
+    RecordedDisplay display;
     MemoryFiles files;
     FixedShell shell;
     FixedClock clock;
     const std::unique_ptr<Crypto> crypto = makeCrypto();
 
+    UserInterface ui() { return {toolkit(), dialogs, display}; }
     const Platform& platform() const { return platform_; }
     Storage& storage() { return storage_; }
 

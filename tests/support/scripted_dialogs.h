@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "platform/dialogs.h"
 
@@ -37,13 +35,6 @@ class ScriptedDialogs : public Dialogs {
         script_.clear();
     }
 
-    /// Runs when the program lets pending events be handled.
-    std::function<void()> onPendingEvents;
-    /// What the program asked for the pointer, in order.
-    const std::vector<bool>& busyPointers() const { return busyPointers_; }
-    /// What the program copied last.
-    std::string clipboard;
-
     Answer message(const std::string& text, Buttons buttons) override {
         return next("message \"" + text + "\" " + nameOf(buttons), closing(buttons)).answer;
     }
@@ -56,12 +47,6 @@ class ScriptedDialogs : public Dialogs {
     }
     std::string saveFile(const std::string& title, const std::string& filter) override {
         return openFile(title, filter);
-    }
-    void copyToClipboard(const std::string& text) override { clipboard = text; }
-    void setBusyPointer(bool busy) override { busyPointers_.push_back(busy); }
-    void processPendingEvents() override {
-        if (onPendingEvents)
-            onPendingEvents();
     }
 
  private:
@@ -97,7 +82,6 @@ class ScriptedDialogs : public Dialogs {
     }
 
     std::deque<Step> script_;
-    std::vector<bool> busyPointers_;
 };
 
 }  // namespace pelk

@@ -92,7 +92,7 @@ TEST_F(CommandsTest, passesTheSelectionOn) {
     driver.chooseAt(form.presTree, {0, 2}, "More details");
     EXPECT_EQ(handed, "1-2");
     driver.chooseAt(form.presTree, {0, 2}, "Copy to clipboard");
-    EXPECT_EQ(core.dialogs.clipboard, "Zoe");
+    EXPECT_EQ(core.display.clipboard, "Zoe");
     groupByDomains();
     openDomain({1});
     driver.chooseAt(form.presTree, {1, 0}, "View contacts");

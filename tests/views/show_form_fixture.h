@@ -32,7 +32,7 @@ class ShowFormTest : public ::testing::Test {
     Driver& driver = core.driver();
     std::unique_ptr<Database> database = loadDocument(kCommunity);
     int changes = 0;
-    ShowForm form{core.toolkit(), core.platform()};
+    ShowForm form{core.ui(), core.language()};
 
     void SetUp() override {
         open();

@@ -1,14 +1,13 @@
 #include "platform/desktop/qt/dialogs.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 
+#include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/file_dialog.h"
 #include "platform/desktop/qt/images.h"
-#include "platform/error.h"
 
 namespace pelk {
 
@@ -27,16 +26,13 @@ QWidget* owner() {
 /// Shows the normal pointer while a box waits for the user.
 class PointerForBox {
  public:
-    PointerForBox(QtDialogs& dialogs, bool busy) : dialogs_(dialogs), busy_(busy) {
-        dialogs_.setBusyPointer(false);
-    }
-    ~PointerForBox() { dialogs_.setBusyPointer(busy_); }
+    PointerForBox() { QtDisplay().setBusyPointer(false); }
+    ~PointerForBox() { QtDisplay().setBusyPointer(busy_); }
     PointerForBox(const PointerForBox&) = delete;
     PointerForBox& operator=(const PointerForBox&) = delete;
 
  private:
-    QtDialogs& dialogs_;
-    bool busy_;
+    const bool busy_ = QtDisplay::isPointerBusy();
 };
 
 QMessageBox::StandardButtons standardButtons(Buttons buttons) {
@@ -79,7 +75,7 @@ Answer answerOf(int button) {
 }  // namespace
 
 Answer QtDialogs::message(const std::string& text, Buttons buttons) {
-    const PointerForBox pointer(*this, busy_);
+    const PointerForBox pointer;
     QMessageBox box(QMessageBox::NoIcon, kProgramName, QString::fromStdString(text),
                     standardButtons(buttons), owner());
     box.setTextFormat(Qt::PlainText);
@@ -90,7 +86,7 @@ Answer QtDialogs::message(const std::string& text, Buttons buttons) {
 
 std::string QtDialogs::input(const std::string& title, const std::string& prompt,
                              const std::string& initial) {
-    const PointerForBox pointer(*this, busy_);
+    const PointerForBox pointer;
     QInputDialog box(owner());
     box.setWindowTitle(title.empty() ? kProgramName : QString::fromStdString(title));
     box.setLabelText(QString::fromStdString(prompt));
@@ -103,36 +99,13 @@ std::string QtDialogs::input(const std::string& title, const std::string& prompt
 }
 
 std::string QtDialogs::openFile(const std::string& title, const std::string& filter) {
-    const PointerForBox pointer(*this, busy_);
+    const PointerForBox pointer;
     return chooseFile(owner(), QFileDialog::AcceptOpen, title, filter);
 }
 
 std::string QtDialogs::saveFile(const std::string& title, const std::string& filter) {
-    const PointerForBox pointer(*this, busy_);
+    const PointerForBox pointer;
     return chooseFile(owner(), QFileDialog::AcceptSave, title, filter);
-}
-
-void QtDialogs::copyToClipboard(const std::string& text) {
-    const QString copied = QString::fromStdString(text);
-    QClipboard& clipboard = *QGuiApplication::clipboard();
-    clipboard.setText(copied);
-    // Qt itself does not tell whether the clipboard was to be had.
-    if (clipboard.text() != copied)
-        throw Error("The text could not be copied: another program keeps the clipboard.");
-}
-
-void QtDialogs::setBusyPointer(bool busy) {
-    if (busy == busy_)
-        return;
-    busy_ = busy;
-    if (busy)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    else
-        QGuiApplication::restoreOverrideCursor();
-}
-
-void QtDialogs::processPendingEvents() {
-    QCoreApplication::processEvents();
 }
 
 }  // namespace pelk

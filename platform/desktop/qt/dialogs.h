@@ -1,5 +1,5 @@
 #pragma once
-// Message, input and file boxes of Qt, the clipboard, the pointer, and the pending events.
+// Message, input and file boxes of Qt.
 
 #include "platform/dialogs.h"
 
@@ -13,12 +13,6 @@ class QtDialogs : public Dialogs {
                       const std::string& initial) override;
     std::string openFile(const std::string& title, const std::string& filter) override;
     std::string saveFile(const std::string& title, const std::string& filter) override;
-    void copyToClipboard(const std::string& text) override;
-    void setBusyPointer(bool busy) override;
-    void processPendingEvents() override;
-
- private:
-    bool busy_ = false;
 };
 
 }  // namespace pelk

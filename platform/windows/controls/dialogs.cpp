@@ -1,7 +1,6 @@
 #include "platform/windows/controls/dialogs.h"
 
 #include "platform/windows/controls/box.h"
-#include "platform/windows/controls/clipboard.h"
 #include "platform/windows/controls/file_dialog.h"
 #include "platform/windows/controls/pointer.h"
 #include "platform/windows/wide_text.h"
@@ -77,28 +76,6 @@ std::string Win32Dialogs::openFile(const std::string& title, const std::string& 
 std::string Win32Dialogs::saveFile(const std::string& title, const std::string& filter) {
     const PointerForBox pointer;
     return toUtf8(chooseFile(FilePurpose::Save, toWide(title), toWide(filter)));
-}
-
-void Win32Dialogs::copyToClipboard(const std::string& text) {
-    putOnClipboard(toWide(text));
-}
-
-void Win32Dialogs::setBusyPointer(bool busy) {
-    if (busy != isPointerBusy())
-        setPointerBusy(busy);
-}
-
-/// A request to quit is the host's; it is left for the host's own loop.
-void Win32Dialogs::processPendingEvents() {
-    MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (message.message == WM_QUIT) {
-            PostQuitMessage(static_cast<int>(message.wParam));
-            return;
-        }
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
 }
 
 }  // namespace pelk

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include "platform/desktop/qt/dialogs.h"
+#include "platform/desktop/qt/display.h"
 #include "tests/support/temporary_folder.h"
 
 namespace pelk {
@@ -83,18 +84,18 @@ TEST(QtDialogs, InputReturnsTheLineOrNothing) {
     EXPECT_EQ(dialogs.input("", "?", "as"), "");
 }
 
-TEST(QtDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
-    QtDialogs dialogs;
-    dialogs.setBusyPointer(true);
-    dialogs.setBusyPointer(true);
+TEST(QtDisplay, BusyPointerIsNotCountedAndRestsDuringBoxes) {
+    QtDisplay display;
+    display.setBusyPointer(true);
+    display.setBusyPointer(true);
     whenShown<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
         box.close();
     });
-    dialogs.message("?", Buttons::Ok);
+    QtDialogs().message("?", Buttons::Ok);
     ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    dialogs.setBusyPointer(false);
+    display.setBusyPointer(false);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
@@ -127,8 +128,8 @@ TEST(QtDialogs, FilesAreChosenByTheKindsThatAreNamed) {
     EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), "");
 }
 
-TEST(QtDialogs, CopiesTextAsItIs) {
-    QtDialogs().copyToClipboard("<b>Åsa</b>\n& co");
+TEST(QtDisplay, CopiesTextAsItIs) {
+    QtDisplay().copyToClipboard("<b>Åsa</b>\n& co");
     const QMimeData& copied = *QGuiApplication::clipboard()->mimeData();
     EXPECT_EQ(copied.text(), "<b>Åsa</b>\n& co");
     EXPECT_FALSE(copied.hasHtml());

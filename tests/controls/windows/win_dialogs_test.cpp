@@ -7,6 +7,7 @@
 
 #include "platform/error.h"
 #include "platform/windows/controls/dialogs.h"
+#include "platform/windows/controls/display.h"
 #include "platform/windows/controls/pointer.h"
 #include "platform/windows/controls/window_text.h"
 #include "platform/windows/wide_text.h"
@@ -125,19 +126,19 @@ TEST(WinDialogs, BoxesKeepTheUserFromAllWindowsAndFreeThemAgain) {
     EXPECT_EQ(asked, 2);
 }
 
-TEST(WinDialogs, BusyPointerIsNotCountedAndRestsDuringBoxes) {
-    Win32Dialogs dialogs;
+TEST(WinDisplay, BusyPointerIsNotCountedAndRestsDuringBoxes) {
+    Win32Display display;
     const HCURSOR wait = LoadCursorW(nullptr, IDC_WAIT);
-    dialogs.setBusyPointer(true);
-    dialogs.setBusyPointer(true);
+    display.setBusyPointer(true);
+    display.setBusyPointer(true);
     EXPECT_EQ(GetCursor(), wait);
     whenShown([&](HWND box) {
         EXPECT_NE(GetCursor(), wait);
         PostMessageW(box, WM_CLOSE, 0, 0);
     });
-    dialogs.message("?", Buttons::Ok);
+    Win32Dialogs().message("?", Buttons::Ok);
     EXPECT_EQ(GetCursor(), wait);
-    dialogs.setBusyPointer(false);
+    display.setBusyPointer(false);
     EXPECT_NE(GetCursor(), wait);
     EXPECT_FALSE(isPointerBusy());
 }
@@ -180,25 +181,25 @@ std::wstring clipboardText() {
     return copy;
 }
 
-TEST(WinDialogs, CopiesUnlessSomeoneHoldsTheClipboard) {
-    Win32Dialogs dialogs;
-    dialogs.copyToClipboard("gone");
-    dialogs.copyToClipboard("\xC3\x85sa\nBob\r\n\xF0\x9F\x98\x80");
+TEST(WinDisplay, CopiesUnlessSomeoneHoldsTheClipboard) {
+    Win32Display display;
+    display.copyToClipboard("gone");
+    display.copyToClipboard("\xC3\x85sa\nBob\r\n\xF0\x9F\x98\x80");
     EXPECT_EQ(clipboardText(), L"\u00C5sa\r\nBob\r\n\xD83D\xDE00");
 
     const HWND other =
         CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     ASSERT_TRUE(OpenClipboard(other));
-    EXPECT_THROW(dialogs.copyToClipboard("lost"), Error);
+    EXPECT_THROW(display.copyToClipboard("lost"), Error);
     CloseClipboard();
     DestroyWindow(other);
     EXPECT_EQ(clipboardText().substr(0, 3), L"\u00C5sa");
 }
 
-TEST(WinDialogs, PendingEventsLeaveTheRequestToQuitToTheHost) {
-    Win32Dialogs dialogs;
+TEST(WinDisplay, PendingEventsLeaveTheRequestToQuitToTheHost) {
+    Win32Display display;
     PostQuitMessage(7);
-    dialogs.processPendingEvents();
+    display.processPendingEvents();
     MSG message = {};
     EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
     EXPECT_EQ(message.message, UINT{WM_QUIT});
