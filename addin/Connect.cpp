@@ -2,6 +2,7 @@
 
 #include <new>
 #include <string>
+#include <utility>
 
 #include "db/date_stamp.h"
 
@@ -22,7 +23,10 @@ void Connect::load() {
     loadingTried_ = true;
     ui_.display.setBusyPointer(true);
     try {
-        database_ = storage_.loadDatabase();
+        OpenedDatabase opened = storage_.loadDatabase();
+        database_ = std::move(opened.database);
+        if (opened.notice)
+            ui_.dialogs.message(*opened.notice, Buttons::Ok);
     } catch (const Error& error) {
         ui_.dialogs.message(error.what(), Buttons::Ok);
     } catch (const std::bad_alloc&) {

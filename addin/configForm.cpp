@@ -4,6 +4,7 @@
 #include <string>
 
 #include "db/thresholds.h"
+#include "maintenance/saved_change.h"
 #include "platform/form_sizes.h"
 
 namespace pelk {
@@ -75,7 +76,7 @@ void configForm::okButtonClick() {
         return;
     }
     database->setThresholds(strong, weak);
-    storage_.saveChange(*database);
+    tellIfUnsaved(dialogs_, [this] { saveChange(*database, storage_); });
     window->hide();
 }
 

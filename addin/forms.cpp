@@ -2,6 +2,7 @@
 
 #include "db/date_stamp.h"
 #include "maintenance/contact_edits.h"
+#include "maintenance/saved_change.h"
 
 namespace pelk {
 namespace {
@@ -49,10 +50,10 @@ void Forms::openView(Database& database) {
         openFindDomain(database, sourceDomain);
     };
     form.renameContact = [this, &database](int id, const std::string& name) {
-        renameContact(database, storage_, id, name);
+        tellIfUnsaved(ui_.dialogs, [&] { renameContact(database, storage_, id, name); });
     };
     form.deleteContacts = [this, &database](const std::vector<int>& ids) {
-        deleteContacts(database, storage_, ids);
+        tellIfUnsaved(ui_.dialogs, [&] { deleteContacts(database, storage_, ids); });
     };
     form.databaseChanged = [this] { refreshBesideView(); };
     form.startShowing();
@@ -121,8 +122,8 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
     form.show();
     if (form.sourceDomain != sourceDomain)
         ui_.dialogs.message("A search for the links of " + form.sourceDomain +
-                                " is still running. Stop it or wait for its end before you "
-                                "look for those of " +
+                                " is still running. Stop it or wait until it ends before you "
+                                "search for those of " +
                                 sourceDomain + ".",
                             Buttons::Ok);
 }

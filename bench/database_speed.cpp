@@ -30,9 +30,9 @@ void settle() {
 }
 
 void compareOpening(LargeStore& store) {
-    std::unique_ptr<Database> database = store.storage.loadDatabase();
+    std::unique_ptr<Database> database = store.storage.loadDatabase().database;
     const BareOpening bare(database->xml());
-    const auto times = medians(9, {{[&] { database = store.storage.loadDatabase(); },
+    const auto times = medians(9, {{[&] { database = store.storage.loadDatabase().database; },
                                     [&] {
                                         database.reset();
                                         giveMemoryBack();
@@ -43,7 +43,7 @@ void compareOpening(LargeStore& store) {
 }
 
 void compareSaving(LargeStore& store) {
-    const auto database = store.storage.loadDatabase();
+    const auto database = store.storage.loadDatabase().database;
     const std::string content = store.platform.files.readWholeFile(store.path);
     const std::string copy = store.path + ".copy";
     const auto times = medians(9, {{[&] { store.storage.saveDatabase(*database); },

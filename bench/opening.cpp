@@ -3,8 +3,6 @@
 #include <malloc.h>
 #include <openssl/evp.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <pugixml.hpp>
 
@@ -26,15 +24,10 @@ const unsigned char* bytesOf(const std::string& text) {
 
 }  // namespace
 
-Answer SilentDialogs::message(const std::string& text, Buttons) {
-    std::fprintf(stderr, "%s\n", text.c_str());
-    std::exit(1);
-}
-
 LargeStore::LargeStore(const std::string& folder)
-    : desktop(folder), platform(desktop.with(dialogs)), storage(platform) {
+    : desktop(folder), platform(desktop.services()), storage(platform) {
     storage.saveDatabase(*storage.parse(makeLargeDocument(kMostContacts, kManyRelations)));
-    path = platform.files.join(*storage.databaseFolder(), "pelk.db");
+    path = platform.files.join(storage.databaseFolder(), "pelk.db");
 }
 
 void giveMemoryBack() {

@@ -8,26 +8,11 @@
 
 namespace pelk {
 
-/// Gives the scripted answer and shows nothing.
-class SilentDialogs : public Dialogs {
- public:
-    /// The text that the user types next.
-    std::string answer;
-
-    Answer message(const std::string& text, Buttons buttons) override;
-    std::string input(const std::string&, const std::string&, const std::string&) override {
-        return answer;
-    }
-    std::string openFile(const std::string&, const std::string&) override { return {}; }
-    std::string saveFile(const std::string&, const std::string&) override { return {}; }
-};
-
 /// A data folder with the largest database.
 class LargeStore {
  public:
     explicit LargeStore(const std::string& folder);
 
-    SilentDialogs dialogs;
     DesktopPlatform desktop;
     Platform platform;
     Storage storage;

@@ -13,6 +13,7 @@ namespace {
 
 class NoProgress : public ScanProgress {
  public:
+    void noticed(const std::string&) override {}
     void folderStarted(const std::string&) override {}
     void itemsCounted(int) override {}
     void itemStarted(int) override {}

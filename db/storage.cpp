@@ -4,6 +4,7 @@
 
 #include "db/damaged_data.h"
 #include "db/default_documents.h"
+#include "db/no_data_folder.h"
 #include "platform/utf8.h"
 
 namespace pelk {
@@ -30,58 +31,47 @@ auto naming(const std::string& path, const Judge& judge) {
     }
 }
 
+/// Corrects the count of contacts.
+OpenedDatabase withRightCount(std::unique_ptr<Database> database) {
+    std::optional<std::string> putRight = database->putCountRight();
+    return {std::move(database), std::move(putRight)};
+}
+
 }  // namespace
 
-std::unique_ptr<Database> Storage::loadDatabase() {
-    const std::optional<std::string> path = placeFile();
-    if (!path)
-        return nullptr;
-    std::unique_ptr<Database> database = openOrSetAside(*path);
-    return database ? std::move(database) : createFirstDatabase(*path);
+OpenedDatabase Storage::loadDatabase() {
+    const std::string path = placeFile();
+    OpenedDatabase opened = openOrSetAside(path);
+    if (!opened.database)
+        opened.database = createFirstDatabase(path);
+    return opened;
 }
 
-std::unique_ptr<Database> Storage::openDatabase() {
-    const std::optional<std::string> path = nameFile();
-    if (!path)
-        return nullptr;
-    std::unique_ptr<Database> database = openOrSetAside(*path);
-    return database ? std::move(database) : emptyDatabase();
+OpenedDatabase Storage::openDatabase() {
+    OpenedDatabase opened = openOrSetAside(nameFile());
+    if (!opened.database)
+        opened.database = emptyDatabase();
+    return opened;
 }
 
-std::unique_ptr<Database> Storage::readDatabase() {
-    const std::optional<std::string> path = nameFile();
-    if (!path)
-        return nullptr;
-    return platform_.files.fileExists(*path) ? withRightCount(importDatabase(*path))
-                                             : emptyDatabase();
+OpenedDatabase Storage::readDatabase() {
+    const std::string path = nameFile();
+    return platform_.files.fileExists(path) ? withRightCount(importDatabase(path))
+                                            : OpenedDatabase{emptyDatabase(), std::nullopt};
 }
 
 void Storage::saveDatabase(const Database& database) {
     writeHeld();
-    if (const std::optional<std::string> path = placeFile())
-        writeEncrypted(database.xml(), *path);
-}
-
-void Storage::saveChange(const Database& database) {
-    try {
-        saveDatabase(database);
-    } catch (const Error& error) {
-        if (saveFaults_ == SaveFaults::Thrown)
-            throw;
-        platform_.dialogs.message(std::string(error.what()) +
-                                      " The change stands in memory only, and will be saved with "
-                                      "the next change.",
-                                  Buttons::Ok);
-    }
+    writeEncrypted(database.xml(), placeFile());
 }
 
 void Storage::keepBackup() {
     if (backupKept_)
         return;
-    const std::optional<std::string> path = nameFile();
-    if (!path || !platform_.files.fileExists(*path))
+    const std::string path = nameFile();
+    if (!platform_.files.fileExists(path))
         return;
-    keepCopy(platform_.files.readWholeFile(*path), *path + ".bak", 1);
+    keepCopy(platform_.files.readWholeFile(path), path + ".bak", 1);
     backupKept_ = true;
 }
 
@@ -106,12 +96,9 @@ void Storage::exportDatabase(const Database& database, const std::string& path) 
 
 /// In the encoding that the document's declaration names.
 void Storage::writePlainCopy(const Database& database) {
-    std::optional<std::string> folder = platform_.shell.ownFolder();
-    if (!folder)
-        folder = makeFolder();
-    if (folder)
-        writeWholeFile(utf16FileBytes(database.xml()),
-                       platform_.files.join(*folder, kPlainCopyName));
+    const std::optional<std::string> own = platform_.shell.ownFolder();
+    const std::string folder = own ? *own : makeFolder();
+    writeWholeFile(utf16FileBytes(database.xml()), platform_.files.join(folder, kPlainCopyName));
 }
 
 std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
@@ -120,33 +107,29 @@ std::unique_ptr<Database> Storage::importDatabase(const std::string& path) {
 }
 
 std::string Storage::replaceDatabase(const Database& database) {
-    const std::optional<std::string> path = placeFile();
-    if (!path)
-        return {};
+    const std::string path = placeFile();
     std::string kept;
-    if (platform_.files.fileExists(*path)) {
-        kept = freeName(*path, "old");
-        writeWholeFile(platform_.files.readWholeFile(*path), kept);
+    if (platform_.files.fileExists(path)) {
+        kept = freeName(path, "old");
+        writeWholeFile(platform_.files.readWholeFile(path), kept);
     }
-    writeEncrypted(database.xml(), *path);
+    writeEncrypted(database.xml(), path);
     return kept;
 }
 
 std::optional<std::string> Storage::readBeside(const std::string& name) {
     if (const auto held = held_.find(name); held != held_.end())
         return held->second;
-    const std::optional<std::string> path = nameBeside(name);
-    if (!path || !platform_.files.fileExists(*path))
+    const std::string path = nameBeside(name);
+    if (!platform_.files.fileExists(path))
         return std::nullopt;
-    const std::string content = platform_.files.readWholeFile(*path);
-    return naming(*path, [&] { return decrypt(content); });
+    const std::string content = platform_.files.readWholeFile(path);
+    return naming(path, [&] { return decrypt(content); });
 }
 
 void Storage::writeBeside(const std::string& name, std::string text) {
-    const std::optional<std::string> folder = makeFolder();
-    if (!folder)
-        throw Error("There is no folder for the file " + name + ".");
-    writeEncrypted(std::move(text), platform_.files.join(*folder, name));
+    const std::string path = platform_.files.join(makeFolder(), name);
+    writeEncrypted(std::move(text), path);
 }
 
 void Storage::holdBeside(const std::string& name, std::string text) {
@@ -162,9 +145,9 @@ void Storage::writeHeld() {
 }
 
 void Storage::removeBeside(const std::string& name) {
-    const std::optional<std::string> path = nameBeside(name);
-    if (path && platform_.files.fileExists(*path))
-        platform_.files.removeFile(*path);
+    const std::string path = nameBeside(name);
+    if (platform_.files.fileExists(path))
+        platform_.files.removeFile(path);
 }
 
 std::unique_ptr<Database> Storage::parse(std::string xml) {
@@ -174,69 +157,58 @@ std::unique_ptr<Database> Storage::parse(std::string xml) {
     return std::make_unique<Database>(std::move(document));
 }
 
-std::optional<std::string> Storage::databaseFolder() {
+std::string Storage::databaseFolder() {
     return folderIn(platform_.shell.applicationDataFolderName());
 }
 
 /// Creates the folder of the user's file when it is missing.
-std::optional<std::string> Storage::makeFolder() {
-    std::optional<std::string> folder = folderIn(platform_.shell.applicationDataFolder());
-    if (folder && !platform_.files.folderExists(*folder))
-        platform_.files.createFolder(*folder);
+std::string Storage::makeFolder() {
+    std::string folder = folderIn(platform_.shell.applicationDataFolder());
+    if (!platform_.files.folderExists(folder))
+        platform_.files.createFolder(folder);
     return folder;
 }
 
-/// The folder of the user's file within the data folder; nothing, after a message, without one.
-std::optional<std::string> Storage::folderIn(const std::optional<std::string>& data) {
-    if (data)
-        return platform_.files.join(*data, kFolderName);
-    platform_.dialogs.message("Serious error, cannot access the application data directory !",
-                              Buttons::Ok);
-    return std::nullopt;
+/// The folder of the user's file within the data folder.
+std::string Storage::folderIn(const std::optional<std::string>& data) {
+    if (!data)
+        throw NoDataFolder();
+    return platform_.files.join(*data, kFolderName);
 }
 
-/// The path of a file beside the user's; nothing, after a message, without a data folder.
-std::optional<std::string> Storage::nameBeside(const std::string& name) {
-    const std::optional<std::string> folder = databaseFolder();
-    return folder ? std::optional(platform_.files.join(*folder, name)) : std::nullopt;
+/// The path of a file beside the user's.
+std::string Storage::nameBeside(const std::string& name) {
+    return platform_.files.join(databaseFolder(), name);
 }
 
-std::optional<std::string> Storage::nameFile() {
+std::string Storage::nameFile() {
     return nameBeside(kFileName);
 }
 
 /// The path of the user's file in its folder, which is created when it is missing.
-std::optional<std::string> Storage::placeFile() {
-    const std::optional<std::string> folder = makeFolder();
-    return folder ? std::optional(platform_.files.join(*folder, kFileName)) : std::nullopt;
+std::string Storage::placeFile() {
+    return platform_.files.join(makeFolder(), kFileName);
 }
 
-/// The database in the file; null when there is no file, or it was damaged and has been set aside.
-/// Whoever comes here keeps other programs from writing, so what temporary files there are nobody
-/// uses.
-std::unique_ptr<Database> Storage::openOrSetAside(const std::string& path) {
-    platform_.files.removeLeftovers(*databaseFolder());
+/// The database in the file, or an empty one when the file was damaged and has been set aside; no
+/// database when there is no file. Whoever comes here keeps other programs from writing, so what
+/// temporary files there are nobody uses.
+OpenedDatabase Storage::openOrSetAside(const std::string& path) {
+    platform_.files.removeLeftovers(databaseFolder());
     if (!platform_.files.fileExists(path))
-        return nullptr;
+        return {};
     const std::string content = platform_.files.readWholeFile(path);
     try {
         return withRightCount(parse(decrypt(content)));
     } catch (const DamagedData& error) {
         const std::string kept = freeName(path, "damaged");
+        // Made first: nothing may fail between setting the file aside and the notice.
+        OpenedDatabase empty{emptyDatabase(), "The database file " + path + " cannot be used. " +
+                                                  error.what() + " It has been kept as " + kept +
+                                                  ", and Pelk goes on with an empty database."};
         platform_.files.replaceFile(path, kept);
-        platform_.dialogs.message("The database file " + path + " cannot be used. " + error.what() +
-                                      " It has been kept as " + kept +
-                                      ", and Pelk goes on with an empty database.",
-                                  Buttons::Ok);
-        return nullptr;
+        return empty;
     }
-}
-
-/// The database with its count of contacts put right, which the user is told.
-std::unique_ptr<Database> Storage::withRightCount(std::unique_ptr<Database> database) {
-    if (const std::optional<std::string> putRight = database->putCountRight())
-        platform_.dialogs.message(*putRight, Buttons::Ok);
-    return database;
 }
 
 std::unique_ptr<Database> Storage::emptyDatabase() {

@@ -14,38 +14,37 @@
 
 namespace pelk {
 
-/// What `Storage::saveChange` makes of a save that fails: a program that goes on keeps the change
-/// in memory, a command ends with the fault.
-enum class SaveFaults { Told, Thrown };
+/// A database that is not null.
+struct OpenedDatabase {
+    std::unique_ptr<Database> database;
+    /// What the user is to be told of it: what had to be put right, or that a damaged file has been
+    /// set aside and this database is an empty one.
+    std::optional<std::string> notice;
+};
 
+/// Whatever needs the folder of the user's file throws `NoDataFolder` when the system names none.
 class Storage {
  public:
-    explicit Storage(const Platform& platform, SaveFaults saveFaults = SaveFaults::Told)
-        : platform_(platform), saveFaults_(saveFaults) {}
+    explicit Storage(const Platform& platform) : platform_(platform) {}
 
     /// The user's database; an empty one at the first start, when folder and file are created. A
-    /// file that is damaged or not a database is kept under another name beside it, the user is
-    /// told, and the database is an empty one. Null, after a message, when the system names no
-    /// data folder. Throws `Error` when the file cannot be read or written, or a library fails: the
-    /// file is then left as it is. No other program may be saving meanwhile.
-    std::unique_ptr<Database> loadDatabase();
+    /// file that is damaged or not a database is kept under another name beside it, and the
+    /// database is an empty one, in memory only. Throws `Error` when the file cannot be read or
+    /// written, or a library fails: the file is then left as it is. No other program may be saving
+    /// meanwhile.
+    OpenedDatabase loadDatabase();
 
-    /// The same for whoever may have nothing to save: an empty database stands in memory only.
-    std::unique_ptr<Database> openDatabase();
+    /// The same for whoever may have nothing to save: at the first start, too, the empty database
+    /// stands in memory only.
+    OpenedDatabase openDatabase();
 
     /// The same for whoever only reads: nothing is created, renamed or written. Throws
     /// `DamagedData` when the file is not a database.
-    std::unique_ptr<Database> readDatabase();
+    OpenedDatabase readDatabase();
 
     /// Writes the database to the user's file. Whatever goes wrong, the file holds either what it
-    /// held or the new content, whole. Throws `Error`, or shows a message and writes nothing when
-    /// the system names no data folder.
+    /// held or the new content, whole. Throws `Error`.
     void saveDatabase(const Database& database);
-
-    /// Saves after a change that a command of the user made. When that fails the user is told that
-    /// the change stands in memory only, until a later save; or it throws `Error`, see
-    /// `SaveFaults`.
-    void saveChange(const Database& database);
 
     /// Keeps the user's file, as it stands, beside it as "pelk.db.bak"; an earlier copy becomes
     /// "pelk.db.bak-2" and then "pelk.db.bak-3", unless it is the same. To be called before a
@@ -68,9 +67,8 @@ class Storage {
     /// Returns the path under which it is kept, empty when there was none. Throws `Error`.
     std::string replaceDatabase(const Database& database);
 
-    /// The path of the folder of the user's file, which may be missing; nothing, after a message,
-    /// when the system names no data folder.
-    std::optional<std::string> databaseFolder();
+    /// The path of the folder of the user's file, which may be missing.
+    std::string databaseFolder();
 
     /// The text of a sealed document that lies beside the database under that file name; nothing
     /// when there is none. Throws `DamagedData`, or `Error` when it cannot be read.
@@ -90,13 +88,12 @@ class Storage {
     std::unique_ptr<Database> parse(std::string xml);
 
  private:
-    std::optional<std::string> makeFolder();
-    std::optional<std::string> folderIn(const std::optional<std::string>& data);
-    std::optional<std::string> nameBeside(const std::string& name);
-    std::optional<std::string> nameFile();
-    std::optional<std::string> placeFile();
-    std::unique_ptr<Database> openOrSetAside(const std::string& path);
-    std::unique_ptr<Database> withRightCount(std::unique_ptr<Database> database);
+    std::string makeFolder();
+    std::string folderIn(const std::optional<std::string>& data);
+    std::string nameBeside(const std::string& name);
+    std::string nameFile();
+    std::string placeFile();
+    OpenedDatabase openOrSetAside(const std::string& path);
     std::unique_ptr<Database> emptyDatabase();
     std::unique_ptr<Database> createFirstDatabase(const std::string& path);
     void keepCopy(const std::string& content, const std::string& newest, int age);
@@ -109,7 +106,6 @@ class Storage {
     void writeHeld();
 
     Platform platform_;
-    SaveFaults saveFaults_;
     /// Texts by the names under which they are to be written.
     std::map<std::string, std::string> held_;
     bool backupKept_ = false;

@@ -97,11 +97,11 @@ void writeStore(const XmlElement& state, const StoreDate& store) {
 
 }  // namespace
 
-StoreDates StoreDatesFile::load(const Database& database) {
-    read(database.date());
+LoadedStoreDates StoreDatesFile::load(const Database& database) {
+    std::optional<std::string> notice = readOrNotice(database.date());
     if (!takeMatching(database))
         states_.push_back(stateOf(database, assume(database.date())));
-    return states_.back().dates;
+    return {states_.back().dates, std::move(notice)};
 }
 
 void StoreDatesFile::hold(const StoreDates& dates, const Database& database) {
@@ -118,31 +118,35 @@ StoreDatesFile::State StoreDatesFile::stateOf(const Database& database, StoreDat
     return {database.date(), database.totalMails(), std::move(dates)};
 }
 
-void StoreDatesFile::read(const std::string& date) {
+/// Reads the file. Returns what the user is to be told of a damaged one.
+std::optional<std::string> StoreDatesFile::readOrNotice(const std::string& date) {
     try {
-        std::optional<std::string> content = storage_.readBeside(kName);
-        if (!content)
-            return;
-        const std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
-        if (!document->loadXml(std::move(*content)) || document->root().name() != "pelkStores")
-            throw DamagedData("The file " + std::string(kName) +
-                              " does not hold the dates of mail stores.");
-        for (XmlElement element = document->root().firstChild(); element;
-             element = element.nextSibling()) {
-            State state{element.text("date"), element.text("mails"), {}};
-            state.dates.unknownSince = element.text("unknownSince");
-            for (XmlElement store = element.firstChild(); store; store = store.nextSibling())
-                state.dates.add(readStore(store));
-            states_.push_back(std::move(state));
-        }
-        fileIsUsable_ = true;
+        read();
+        return std::nullopt;
     } catch (const DamagedData& error) {
-        platform_.dialogs.message(std::string(error.what()) +
-                                      " It will be replaced; this scan counts the e-mails that "
-                                      "came after the last one, " +
-                                      date + ".",
-                                  Buttons::Ok);
+        return std::string(error.what()) +
+               " It will be replaced; this scan counts the e-mails that came after the last one, " +
+               date + ".";
     }
+}
+
+void StoreDatesFile::read() {
+    std::optional<std::string> content = storage_.readBeside(kName);
+    if (!content)
+        return;
+    const std::unique_ptr<XmlDocument> document = platform_.createXmlDocument();
+    if (!document->loadXml(std::move(*content)) || document->root().name() != "pelkStores")
+        throw DamagedData("The file " + std::string(kName) +
+                          " does not hold the dates of mail stores.");
+    for (XmlElement element = document->root().firstChild(); element;
+         element = element.nextSibling()) {
+        State state{element.text("date"), element.text("mails"), {}};
+        state.dates.unknownSince = element.text("unknownSince");
+        for (XmlElement store = element.firstChild(); store; store = store.nextSibling())
+            state.dates.add(readStore(store));
+        states_.push_back(std::move(state));
+    }
+    fileIsUsable_ = true;
 }
 
 /// Makes the dates of that state of the database the latest ones. False when there are none. The

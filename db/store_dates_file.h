@@ -5,6 +5,7 @@
 // before the database, and a crash may come between: so it holds the dates for several states of
 // the database, and those of the state that is found are taken.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,15 +14,22 @@
 
 namespace pelk {
 
+/// The dates that belong to a database.
+struct LoadedStoreDates {
+    StoreDates dates;
+    /// What the user is to be told: that the file is damaged, and what a scan counts now.
+    std::optional<std::string> notice;
+};
+
 class StoreDatesFile {
  public:
     StoreDatesFile(Storage& storage, const Platform& platform)
         : storage_(storage), platform_(platform) {}
 
     /// The dates that belong to the database as it stands. Where none are remembered (the first
-    /// scan since there are such dates; a damaged file, which the user is told), all stores have
-    /// been counted until the database's date. Throws `Error` when the file cannot be read.
-    StoreDates load(const Database& database);
+    /// scan since there are such dates; a damaged file), all stores have been counted until the
+    /// database's date. Throws `Error` when the file cannot be read.
+    LoadedStoreDates load(const Database& database);
 
     /// Has these dates, which belong to the database as it stands now, written just before the
     /// database is next saved. To be called after `load`.
@@ -36,7 +44,8 @@ class StoreDatesFile {
     };
 
     static State stateOf(const Database& database, StoreDates dates);
-    void read(const std::string& date);
+    std::optional<std::string> readOrNotice(const std::string& date);
+    void read();
     bool takeMatching(const Database& database);
     StoreDates assume(const std::string& date) const;
     std::string text() const;

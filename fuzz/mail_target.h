@@ -12,6 +12,7 @@
 namespace pelk {
 
 class NoProgress : public ScanProgress {
+    void noticed(const std::string&) override {}
     void folderStarted(const std::string&) override {}
     void itemsCounted(int) override {}
     void itemStarted(int) override {}

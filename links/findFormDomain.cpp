@@ -97,7 +97,7 @@ void findFormDomain::search(const std::string& targetDomain) {
     }
     setSearching(false);
     if (links && links->chains.empty()) {
-        // The hourglass stays over the form, on purpose: it is taken away with the next result.
+        // The busy pointer stays over the form, on purpose; the next result removes it.
         ui_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
         return;
     }
@@ -136,7 +136,7 @@ bool findFormDomain::stopsAfterChain() {
     return stopRequested_;
 }
 
-void findFormDomain::letUserAct() {
+void findFormDomain::processEvents() {
     ui_.display.processPendingEvents();
     if (abandoned_)
         throw SearchAbandoned();

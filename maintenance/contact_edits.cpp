@@ -2,6 +2,7 @@
 
 #include "maintenance/contact_merge.h"
 #include "maintenance/lossy_change.h"
+#include "maintenance/saved_change.h"
 #include "platform/utf8.h"
 
 namespace pelk {
@@ -18,7 +19,7 @@ std::string requireName(const std::string& text) {
 
 void renameContact(Database& database, Storage& storage, int id, const std::string& name) {
     if (database.renameContact(id, requireName(name)))
-        storage.saveChange(database);
+        saveChange(database, storage);
 }
 
 void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids) {

@@ -68,9 +68,9 @@ void deleteDatabase(Database& current, Storage& storage) {
     replaceWithBackup(current, storage, std::move(*storage.parse(std::string(kEmptiedDocument))));
 }
 
-LoadedDocument readDocument(std::string xml, Storage& storage) {
-    LoadedDocument document{storage.parse(std::move(xml)), std::nullopt};
-    document.putRight = document.database->putCountRight();
+OpenedDatabase readDocument(std::string xml, Storage& storage) {
+    OpenedDatabase document{storage.parse(std::move(xml)), std::nullopt};
+    document.notice = document.database->putCountRight();
     requireSoundDocument(document.database->root());
     return document;
 }

@@ -3,7 +3,6 @@
 // plain document. After a failure, both the memory and the disk hold the old content.
 
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "db/database.h"
@@ -39,16 +38,9 @@ ImportResult importDatabaseFile(Database& current, const std::string& path, Stor
 /// step fails.
 void deleteDatabase(Database& current, Storage& storage);
 
-/// The result of reading a plain document.
-struct LoadedDocument {
-    std::unique_ptr<Database> database;
-    /// The message for the user when the document needed a repair.
-    std::optional<std::string> putRight;
-};
-
 /// Reads a plain document. Throws `Error`, which names the fault, when the text is not a sound
 /// document of a contact database.
-LoadedDocument readDocument(std::string xml, Storage& storage);
+OpenedDatabase readDocument(std::string xml, Storage& storage);
 
 /// Replaces the user's file with the database and keeps the old file beside it. Returns the path of
 /// the old file; empty when there was none. Throws `Error`, with nothing changed.

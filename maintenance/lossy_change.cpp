@@ -2,13 +2,15 @@
 
 #include <utility>
 
+#include "maintenance/saved_change.h"
+
 namespace pelk {
 
 void changeWithBackup(Database& database, Storage& storage,
                       const std::function<void(Database&)>& change) {
     storage.keepBackup();
     change(database);
-    storage.saveChange(database);
+    saveChange(database, storage);
 }
 
 void replaceWithBackup(Database& database, Storage& storage, Database&& content) {

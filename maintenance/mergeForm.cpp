@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "maintenance/contact_edits.h"
+#include "maintenance/saved_change.h"
 
 namespace pelk {
 namespace {
@@ -23,7 +24,7 @@ constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
 
 }  // namespace
 
-/// The doubled word in the first label is kept: users and the help know the text as it is.
+/// The repeated word "to" in the first label is kept on purpose: users and the help know the text.
 mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({},
@@ -93,7 +94,7 @@ void mergeForm::mergeButtonClick() {
         dialogs_.message("At least two contacts must be added to the list!", Buttons::Ok);
         return;
     }
-    mergeContacts(*database, storage_, ids, MergeName.text());
+    tellIfUnsaved(dialogs_, [&] { mergeContacts(*database, storage_, ids, MergeName.text()); });
     window->hide();
     databaseChanged();
 }

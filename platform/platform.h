@@ -1,12 +1,11 @@
 #pragma once
-// The services that the platform gives the core, except the toolkit.
+// The services that the platform gives the core. `UserInterface` has those of programs with windows.
 
 #include <functional>
 #include <memory>
 
 #include "platform/clock.h"
 #include "platform/crypto.h"
-#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/language.h"
 #include "platform/shell.h"
@@ -21,7 +20,6 @@ struct Platform {
     Clock& clock;
     const Language& language;
     const Crypto& crypto;
-    Dialogs& dialogs;
     /// Creates an empty document.
     std::function<std::unique_ptr<XmlDocument>()> createXmlDocument;
 };

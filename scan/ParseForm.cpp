@@ -1,5 +1,6 @@
 #include "scan/ParseForm.h"
 
+#include "db/no_data_folder.h"
 #include "platform/form_sizes.h"
 #include "scan/scan_notes.h"
 
@@ -59,6 +60,9 @@ void ParseForm::scan() {
     setScanning(true);
     try {
         outcome = scanAndSave(*database, storage_, platform_, *session, *this);
+    } catch (const NoDataFolder&) {
+        setScanning(false);
+        throw;
     } catch (const Error& error) {
         setScanning(false);
         DynamicLabel.setText("The result is not saved yet.");
@@ -79,6 +83,10 @@ void ParseForm::setScanning(bool scanning) {
     cancelButton.setEnabled(!scanning);
     if (!scanning)
         parsingProgress.setValue(1);
+}
+
+void ParseForm::noticed(const std::string& notice) {
+    ui_.dialogs.message(notice, Buttons::Ok);
 }
 
 void ParseForm::folderStarted(const std::string& name) {

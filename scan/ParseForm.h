@@ -39,6 +39,7 @@ class ParseForm : private ScanProgress {
     void scan();
     void setScanning(bool scanning);
 
+    void noticed(const std::string& notice) override;
     void folderStarted(const std::string& name) override;
     void itemsCounted(int count) override;
     void itemStarted(int index) override;

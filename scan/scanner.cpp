@@ -174,7 +174,10 @@ void Scanner::noteLeftOut(MailFolder& folder) {
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress, const ScanOptions& options) {
     StoreDatesFile file(storage, platform);
-    StoreLedger ledger(file.load(database), database.date(), options.since, platform.clock);
+    LoadedStoreDates loaded = file.load(database);
+    if (loaded.notice)
+        progress.noticed(*loaded.notice);
+    StoreLedger ledger(std::move(loaded.dates), database.date(), options.since, platform.clock);
     Scanner scanner(database, platform.language, progress, std::move(ledger), options);
     ScanOutcome outcome = scanner.scan(session);
     database.setDate(formatStamp(platform.clock.now()));

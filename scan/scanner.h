@@ -25,6 +25,8 @@ namespace pelk {
 class ScanProgress {
  public:
     virtual ~ScanProgress() = default;
+    /// Before the scan, with what the user is to be told of it, if anything.
+    virtual void noticed(const std::string& notice) = 0;
     virtual void folderStarted(const std::string& name) = 0;
     /// Called before the first item of a folder, with the number of its items.
     virtual void itemsCounted(int count) = 0;

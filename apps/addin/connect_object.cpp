@@ -43,7 +43,7 @@ ConnectMode modeIn(const VARIANT& value) {
 
 ConnectObject::ConnectObject() {
     guarded(dialogs_, [this] {
-        connect_.emplace(UserInterface{toolkit_, dialogs_, display_}, platform_.with(dialogs_),
+        connect_.emplace(UserInterface{toolkit_, dialogs_, display_}, platform_.services(),
                          Connect::Loading::OnFirstUse);
     });
 }

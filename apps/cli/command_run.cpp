@@ -1,17 +1,22 @@
 #include "apps/cli/command_run.h"
 
+#include <utility>
+
+#include "apps/cli/terminal_text.h"
+
 namespace pelk {
 
 void CommandRun::lock() {
-    if (const std::optional<std::string> folder = storage_.databaseFolder())
-        lock_.emplace(*folder);
+    lock_.emplace(storage_.databaseFolder());
 }
 
 Database& CommandRun::database() {
-    if (!database_)
-        database_ = lock_ ? storage_.openDatabase() : storage_.readDatabase();
-    if (!database_)
-        throw Error("There is no folder for the database.");
+    if (!database_) {
+        OpenedDatabase opened = lock_ ? storage_.openDatabase() : storage_.readDatabase();
+        database_ = std::move(opened.database);
+        if (opened.notice)
+            tell(*opened.notice);
+    }
     return *database_;
 }
 

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "apps/cli/arguments.h"
-#include "apps/cli/terminal_dialogs.h"
 #include "db/storage.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
@@ -19,8 +18,8 @@ class CommandRun {
     explicit CommandRun(const Arguments& arguments)
         : arguments_(arguments),
           desktop_(arguments.dataFolder),
-          platform_(desktop_.with(dialogs_)),
-          storage_(platform_, SaveFaults::Thrown) {}
+          platform_(desktop_.services()),
+          storage_(platform_) {}
 
     const Arguments& arguments() const { return arguments_; }
     const Platform& platform() const { return platform_; }
@@ -41,7 +40,6 @@ class CommandRun {
 
  private:
     const Arguments& arguments_;
-    TerminalDialogs dialogs_;
     DesktopPlatform desktop_;
     Platform platform_;
     Storage storage_;

@@ -65,7 +65,7 @@ void loadCommand(CommandRun& run) {
     const std::string& path = run.arguments().operands[0];
     const std::string text = path == "-" ? std::string(std::istreambuf_iterator<char>(std::cin), {})
                                          : run.platform().files.readWholeFile(path);
-    LoadedDocument document;
+    OpenedDatabase document;
     try {
         document = readDocument(toUtf8(text), run.storage());
     } catch (const Error& error) {
@@ -74,8 +74,8 @@ void loadCommand(CommandRun& run) {
     run.lock();
     const std::string kept = replaceDatabase(*document.database, run.storage());
     printSize(*document.database);
-    if (document.putRight)
-        tell(*document.putRight);
+    if (document.notice)
+        tell(*document.notice);
     if (!kept.empty())
         Line(std::cout) << "previous database: " << kept;
 }

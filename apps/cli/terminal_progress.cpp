@@ -1,6 +1,12 @@
 #include "apps/cli/terminal_progress.h"
 
+#include "apps/cli/terminal_text.h"
+
 namespace pelk {
+
+void TerminalProgress::noticed(const std::string& notice) {
+    tell(notice);
+}
 
 void TerminalProgress::folderStarted(const std::string& name) {
     folder_ = name;

@@ -10,6 +10,7 @@ namespace pelk {
 
 class TerminalProgress : public ScanProgress {
  public:
+    void noticed(const std::string& notice) override;
     void folderStarted(const std::string& name) override;
     void itemsCounted(int count) override;
     void itemStarted(int index) override;

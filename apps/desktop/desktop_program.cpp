@@ -8,6 +8,7 @@
 #include "addin/Connect.h"
 #include "addin/product.h"
 #include "apps/desktop/main_window.h"
+#include "db/no_data_folder.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
 #include "platform/desktop/qt/dialogs.h"
@@ -18,10 +19,14 @@
 namespace pelk {
 namespace {
 
-/// Locks the database's folder while the window is open.
+/// Locks the database's folder while the window is open; nothing when there is no folder, which
+/// `Connect` reports.
 std::optional<FolderLock> lockDatabase(const Platform& platform) {
-    const std::optional<std::string> folder = Storage(platform).databaseFolder();
-    return folder ? std::make_optional<FolderLock>(*folder) : std::nullopt;
+    try {
+        return std::make_optional<FolderLock>(Storage(platform).databaseFolder());
+    } catch (const NoDataFolder&) {
+        return std::nullopt;
+    }
 }
 
 /// Asks where the mail is, because the desktop's menu starts the program without arguments. Empty
@@ -36,7 +41,7 @@ std::vector<std::string> askForMail() {
 
 void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
-    const Platform platform = desktop.with(dialogs);
+    const Platform platform = desktop.services();
     QtToolkit toolkit(dialogs, desktop.language());
     MainWindow window(arguments.operands, arguments.mail, dialogs);
     const std::optional<FolderLock> lock = lockDatabase(platform);

@@ -18,11 +18,8 @@ class DesktopPlatform {
     explicit DesktopPlatform(std::string dataFolder) : shell_(std::move(dataFolder)) {}
 
     const Language& language() const { return language_; }
-    /// Returns the services that the core needs. They are valid while this object and `dialogs`
-    /// live.
-    Platform with(Dialogs& dialogs) {
-        return {files_, shell_, clock_, language_, crypto_, dialogs, createPugiDocument};
-    }
+    /// Returns the services that the core needs. They are valid while this object lives.
+    Platform services() { return {files_, shell_, clock_, language_, crypto_, createPugiDocument}; }
 
  private:
     PosixFiles files_;

@@ -13,10 +13,9 @@ namespace pelk {
 class WindowsPlatform {
  public:
     const Language& language() const { return language_; }
-    /// Returns the services that the core needs. They are valid while this object and `dialogs`
-    /// live.
-    Platform with(Dialogs& dialogs) {
-        return {files_, shell_, clock_, language_, crypto_, dialogs, createMsxmlDocument};
+    /// Returns the services that the core needs. They are valid while this object lives.
+    Platform services() {
+        return {files_, shell_, clock_, language_, crypto_, createMsxmlDocument};
     }
 
  private:

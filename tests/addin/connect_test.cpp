@@ -69,7 +69,7 @@ class ViewTest : public ConnectTest {
         connect.OnDisconnection();
         EXPECT_FALSE(driver.isWindowShown("Relations Tree"));
     }
-    std::string totalMails() { return core.storage().loadDatabase()->totalMails(); }
+    std::string totalMails() { return core.storage().loadDatabase().database->totalMails(); }
 };
 
 TEST_F(ViewTest, scansFirstWhenTheDatabaseWasNeverScanned) {
@@ -142,7 +142,7 @@ TEST_F(ConnectTest, showsTheProductInTheAboutBox) {
     connect.OnDisconnection();
 }
 
-TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick) {
+TEST_F(ConnectTest, loadsTheDatabaseOnFirstUseForAQuickStart) {
     Connect connect(core.ui(), core.platform(), Connect::Loading::OnFirstUse);
     connect.OnConnection(client);
     client.button("About")->clicked();
@@ -155,7 +155,20 @@ TEST_F(ConnectTest, loadsTheDatabaseWithTheFirstCommandWhereTheStartMustBeQuick)
     connect.OnDisconnection();
 }
 
-TEST_F(ConnectTest, continuesWithoutAnUnreadableDatabase) {
+TEST_F(ConnectTest, reportsHowLoadingEnded) {
+    core.files.files["/data/pelk/pelk.db"] = "no database";
+    core.dialogs.expectMessage(
+        "The database file /data/pelk/pelk.db cannot be used. It does not begin as a database file "
+        "does. It has been kept as /data/pelk/pelk.db.damaged, and Pelk goes on with an empty "
+        "database.");
+    const Connect empty(core.ui(), core.platform());
+    core.shell.folder.reset();
+    core.dialogs.expectAllShown();
+    core.dialogs.expectMessage("Serious error, cannot access the application data directory !");
+    const Connect none(core.ui(), core.platform());
+}
+
+TEST_F(ConnectTest, goesOnWithoutAnUnreadableDatabase) {
     saveDatabaseScannedAt("2020-01-01T00:00:00");
     const std::string before = core.files.files["/data/pelk/pelk.db"];
     core.files.readsFail = true;

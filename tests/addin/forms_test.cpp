@@ -80,7 +80,7 @@ class FormsTest : public ::testing::Test {
         core.dialogs.expectFile(title, "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*",
                                 path);
     }
-    std::unique_ptr<Database> saved() { return core.storage().loadDatabase(); }
+    std::unique_ptr<Database> saved() { return core.storage().loadDatabase().database; }
 };
 
 TEST_F(FormsTest, mergesTheContactsThatWereCollected) {
@@ -355,7 +355,7 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
         << "the strongest relation is gone, but once seen it stays the measure";
 }
 
-TEST_F(FormsTest, helpHasAFormOfItsOwn) {
+TEST_F(FormsTest, helpHasItsOwnForm) {
     HelpForm form(core.toolkit(), core.shell);
     form.window->show();
     driver.settle();
@@ -372,7 +372,7 @@ class DomainLinksTest : public FormsTest {
     void openFor(const TreePath& row) {
         groupByDomains();
         choose(row, "Find all possible links");
-        // Until the search is over, pending events are the acts of the test.
+        // During the search, the test's own actions take the place of pending events.
         core.display.onPendingEvents = [this] {
             if (act)
                 act(++events);

@@ -15,12 +15,11 @@ class StorageTest : public ::testing::Test {
  protected:
     CorePlatform core;
     MemoryFiles& files = core.files;
-    ScriptedDialogs& dialogs = core.dialogs;
     Storage& storage = core.storage();
 
     /// A saved database of one contact, whose file holds `saved`.
     std::unique_ptr<Database> saveOne() {
-        std::unique_ptr<Database> database = storage.loadDatabase();
+        std::unique_ptr<Database> database = storage.loadDatabase().database;
         database->addContact("Ann", "ann@a.example");
         storage.saveDatabase(*database);
         saved = files.files[kFile];
@@ -47,7 +46,7 @@ class StorageTest : public ::testing::Test {
 };
 
 TEST_F(StorageTest, createsFolderAndFileAtTheFirstStart) {
-    const std::unique_ptr<Database> database = storage.loadDatabase();
+    const std::unique_ptr<Database> database = storage.loadDatabase().database;
     ASSERT_TRUE(database);
     EXPECT_EQ(database->date(), "1970-01-01T00:00:00");
     EXPECT_TRUE(files.folderExists("/data/pelk"));
@@ -59,7 +58,7 @@ TEST_F(StorageTest, createsFolderAndFileAtTheFirstStart) {
 
 TEST_F(StorageTest, savesLoadsAndSavesTheSameBytes) {
     const std::unique_ptr<Database> database = saveOne();
-    const std::unique_ptr<Database> loaded = storage.loadDatabase();
+    const std::unique_ptr<Database> loaded = storage.loadDatabase().database;
     EXPECT_EQ(loaded->xml(), database->xml());
     storage.saveDatabase(*loaded);
     EXPECT_EQ(files.files[kFile], saved);
@@ -86,7 +85,7 @@ constexpr const char* kForeignFile =
 TEST_F(StorageTest, opensAFileOfAnotherPlatformAndWritesTheSameBytes) {
     files.folders.insert("/data/pelk");
     files.files[kFile] = kForeignFile;
-    const std::unique_ptr<Database> database = storage.loadDatabase();
+    const std::unique_ptr<Database> database = storage.loadDatabase().database;
     EXPECT_EQ(database->contact(1)->name, "Zoë \"Ω\" 李 & <Co>");
     storage.saveDatabase(*database);
     EXPECT_EQ(files.files[kFile], kForeignFile);
@@ -98,7 +97,7 @@ TEST_F(StorageTest, aFailureOfAnyStepOfASaveLeavesAFileThatLoads) {
     const int failures = failAtEachStep(
         {{kFile, saved}}, [&] { storage.saveDatabase(*database); },
         [&](bool failed) {
-            ASSERT_EQ(storage.loadDatabase()->contactCount(), failed ? 1U : 2U);
+            ASSERT_EQ(storage.loadDatabase().database->contactCount(), failed ? 1U : 2U);
             EXPECT_EQ(files.files.size(), 1U) << "a file is left behind";
         });
     EXPECT_EQ(failures, 7) << "create, write thrice, flush, close, replace";
@@ -108,11 +107,12 @@ TEST_F(StorageTest, setsADamagedFileAside) {
     saveOne();
     const std::string damaged = "cut short" + saved;
     files.files = {{kFile, damaged}, {std::string(kFile) + ".damaged", "an earlier one"}};
-    dialogs.expectMessage(
-        "The database file /data/pelk/pelk.db cannot be used. It does not begin "
-        "as a database file does. It has been kept as "
-        "/data/pelk/pelk.db.damaged-2, and Pelk goes on with an empty database.");
-    EXPECT_EQ(storage.loadDatabase()->contactCount(), 0U);
+    const OpenedDatabase opened = storage.loadDatabase();
+    EXPECT_EQ(opened.notice,
+              "The database file /data/pelk/pelk.db cannot be used. It does not begin "
+              "as a database file does. It has been kept as "
+              "/data/pelk/pelk.db.damaged-2, and Pelk goes on with an empty database.");
+    EXPECT_EQ(opened.database->contactCount(), 0U);
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged-2"], damaged);
     EXPECT_EQ(files.files[std::string(kFile) + ".damaged"], "an earlier one");
 }
@@ -153,20 +153,20 @@ TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
     const Platform& platform = core.platform();
     const auto expectFailureOfXml = [&](auto fault) {
         expectFailure({platform.files, platform.shell, platform.clock, platform.language,
-                       platform.crypto, platform.dialogs,
+                       platform.crypto,
                        [fault]() -> std::unique_ptr<XmlDocument> { throw fault; }});
     };
     expectFailureOfXml(Error("The system has no XML library."));
     expectFailureOfXml(std::bad_alloc());
     const FailingCrypto crypto;
     expectFailure({platform.files, platform.shell, platform.clock, platform.language, crypto,
-                   platform.dialogs, makeXmlDocument});
+                   makeXmlDocument});
     files.lookUpsFail = true;
     expectFailure(platform);
     EXPECT_THROW(storage.keepBackup(), Error);
     files.lookUpsFail = false;
     files.memoryFails = true;
-    const std::unique_ptr<Database> database = storage.readDatabase();
+    const std::unique_ptr<Database> database = storage.readDatabase().database;
     for (int step = 1; step <= 7; ++step) {
         files.failAt = files.steps + step;
         EXPECT_THROW(storage.saveDatabase(*database), std::bad_alloc) << step;
@@ -186,8 +186,8 @@ TEST_F(StorageTest, tidiesUpAfterAProgramThatWasEndedInASave) {
 }
 
 TEST_F(StorageTest, createsAndRenamesNothingForWhoeverReads) {
-    EXPECT_EQ(storage.readDatabase()->contactCount(), 0U);
-    EXPECT_EQ(storage.openDatabase()->date(), "1970-01-01T00:00:00");
+    EXPECT_EQ(storage.readDatabase().database->contactCount(), 0U);
+    EXPECT_EQ(storage.openDatabase().database->date(), "1970-01-01T00:00:00");
     EXPECT_TRUE(files.folders.empty() && files.files.empty());
     files.files[kFile] = "no database";
     EXPECT_EQ(messageOf([&] { storage.readDatabase(); }),
@@ -200,11 +200,9 @@ TEST_F(StorageTest, tellsWhenThereIsNoDataFolder) {
     const std::unique_ptr<Database> database = saveOne();
     core.shell.folder.reset();
     const std::string message = "Serious error, cannot access the application data directory !";
-    dialogs.expectMessage(message);
-    EXPECT_FALSE(storage.loadDatabase());
-    dialogs.expectMessage(message);
     files.steps = 0;
-    storage.saveDatabase(*database);
+    EXPECT_EQ(messageOf([&] { storage.loadDatabase(); }), message);
+    EXPECT_EQ(messageOf([&] { storage.saveDatabase(*database); }), message);
     EXPECT_EQ(files.steps, 0);
 }
 
@@ -214,7 +212,7 @@ TEST_F(StorageTest, keepsACopyFromBeforeTheFirstLoss) {
     const std::unique_ptr<Database> database = saveOne();
     storage.keepBackup();
     database->removeContacts({1});
-    storage.saveChange(*database);
+    storage.saveDatabase(*database);
     storage.keepBackup();
     EXPECT_EQ(files.files[kBackup], saved);
     EXPECT_NE(files.files[kFile], saved);
@@ -242,21 +240,11 @@ TEST_F(StorageTest, keepsThreeCopiesAndLosesNoneToAFailure) {
     EXPECT_EQ(failures, 15);
 }
 
-TEST_F(StorageTest, savesChangesOrTellsThatTheyStandInMemoryOnly) {
+TEST_F(StorageTest, keepsTheFileThatAnotherDatabaseReplaces) {
     const std::unique_ptr<Database> database = saveOne();
-    database->renameContact(1, "Ann Jones");
-    files.failAt = files.steps + 2;
-    dialogs.expectMessage(
-        "/data/pelk/pelk.db cannot be written. The change stands in memory only, and will be "
-        "saved with the next change.");
-    storage.saveChange(*database);
-    EXPECT_EQ(files.files[kFile], saved);
-    storage.saveChange(*database);
-    EXPECT_EQ(storage.loadDatabase()->contact(1)->name, "Ann Jones");
-    saved = files.files[kFile];
     database->addContact("Bob", "bob@b.example");
     EXPECT_EQ(files.files[storage.replaceDatabase(*database)], saved) << "the old file is kept";
-    EXPECT_EQ(storage.loadDatabase()->contactCount(), 2U);
+    EXPECT_EQ(storage.loadDatabase().database->contactCount(), 2U);
 }
 
 TEST_F(StorageTest, keepsSealedDocumentsBesideTheDatabase) {

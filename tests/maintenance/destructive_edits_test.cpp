@@ -8,6 +8,7 @@
 
 #include "maintenance/contact_edits.h"
 #include "maintenance/database_import.h"
+#include "maintenance/saved_change.h"
 #include "platform/utf8.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/message_of.h"
@@ -53,7 +54,7 @@ constexpr Edit kEdits[] = {
      [](Database& database, Storage& storage) { deleteDatabase(database, storage); }},
     {"load",
      [](Database& database, Storage& storage) {
-         LoadedDocument loaded = readDocument(std::string(kEmptiedDocument), storage);
+         OpenedDatabase loaded = readDocument(std::string(kEmptiedDocument), storage);
          replaceDatabase(*loaded.database, storage);
          database.replaceContent(std::move(*loaded.database));
      }},
@@ -74,7 +75,7 @@ class DestructiveEdit : public ::testing::TestWithParam<Edit> {
         database = loadDocument(kThree);
         core.storage().saveDatabase(*database);
         core.storage().exportDatabase(*database, "/in.db");
-        return Storage(core.platform(), SaveFaults::Thrown);
+        return Storage(core.platform());
     }
     std::string file() { return core.files.files["/data/pelk/pelk.db"]; }
     /// Whether a file beside the database has that content.
@@ -92,7 +93,7 @@ TEST_P(DestructiveEdit, keepsABackupFirst) {
     GetParam().run(*database, storage);
     EXPECT_NE(file(), before);
     EXPECT_TRUE(isKept(before));
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), database->xml());
 }
 
 TEST_P(DestructiveEdit, changesNothingWhenAnyStepFails) {
@@ -122,15 +123,31 @@ TEST(ContactEdits, cleanNamesAndRefuseEmptyOnes) {
     EXPECT_EQ(database->nameOf(2), "B C");
     EXPECT_THROW(renameContact(*database, core.storage(), 1, ""), Error);
     EXPECT_THROW(mergeContacts(*database, core.storage(), {1, 2}, ""), Error);
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), database->xml());
-    // A refused merge does not overwrite an earlier backup.
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), database->xml());
+    // A refused edit overwrites no earlier copy.
     Storage next(core.platform());
     core.files.files["/data/pelk/pelk.db.bak"] = "earlier";
     EXPECT_FALSE(mergeContacts(*database, next, {1, 1}, "Nobody"));
     EXPECT_EQ(core.files.files["/data/pelk/pelk.db.bak"], "earlier");
 }
 
-/// Returns a random text of characters that names and addresses may contain.
+TEST(ContactEdits, stayInMemoryUntilASaveSucceeds) {
+    CorePlatform core;
+    core.files.folders.insert("/data/pelk");
+    const std::unique_ptr<Database> database = loadDocument(kThree);
+    const auto rename = [&] { renameContact(*database, core.storage(), 1, "Ann Jones"); };
+    core.files.failAt = core.files.steps + 2;
+    EXPECT_EQ(messageOf(rename), "/data/pelk/pelk.db cannot be written.");
+    core.shell.folder.reset();
+    core.dialogs.expectMessage("Serious error, cannot access the application data directory !");
+    tellIfUnsaved(core.dialogs, rename);
+    EXPECT_EQ(database->nameOf(1), "Ann Jones");
+    core.shell.folder = "/data";
+    EXPECT_EQ(messageOf(rename), "");
+    EXPECT_EQ(core.storage().loadDatabase().database->nameOf(1), "Ann Jones");
+}
+
+/// A random text of what names and addresses may contain.
 std::string oddText(std::mt19937& random) {
     constexpr const char* pieces[] = {"a",    "'",    "\"", "<b>",      "&",
                                       "]]>",  "\t\n", "\r", "\xC2\x85", "\xE2\x80\xAE",
@@ -182,9 +199,9 @@ TEST(ContactEdits, leaveADocumentThatLoadsUnchanged) {
                     addRandomRelation(*database, random);
                     addRandomRelation(*other, random);
             }
-        const LoadedDocument loaded = readDocument(database->xml(), storage);
+        const OpenedDatabase loaded = readDocument(database->xml(), storage);
         ASSERT_EQ(loaded.database->xml(), database->xml());
-        ASSERT_FALSE(loaded.putRight);
+        ASSERT_FALSE(loaded.notice);
     }
 }
 

@@ -66,8 +66,8 @@ TEST_F(ImportTest, intoAnEmptyDatabaseAssignsNewIds) {
     EXPECT_EQ(current->totalContacts(), 3);
     EXPECT_EQ(weight(1, 2), 3);
     EXPECT_EQ(weight(1, 3), 0);
-    EXPECT_EQ(current->relationCount(), 2U) << "keeps a relation of no e-mails";
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
+    EXPECT_EQ(current->relationCount(), 2U) << "one that counts no e-mail is kept";
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), current->xml());
     const std::string plain = core.files.files["/addin/pelkdb.xml"];
     EXPECT_EQ(plain.substr(0, 6), std::string("\xFF\xFE<\0?\0", 6));
     EXPECT_EQ(plain.size(), 2 * current->xml().size() + 2);
@@ -119,7 +119,7 @@ TEST_F(ImportTest, endsQuietlyOnOkAndChangesNothing) {
     answer = true;
     EXPECT_EQ(import(kImported), ImportOutcome::Ended);
     EXPECT_EQ(current->xml(), before);
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), before);
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), before);
 }
 
 TEST_F(ImportTest, dropsRelationsWithOneselfAndUnknownContacts) {
@@ -179,7 +179,7 @@ TEST_F(ImportTest, succeedsWithoutItsPlainCopy) {
     EXPECT_NE(result.fault.find("/addin/pelkdb.xml"), std::string::npos) << result.fault;
     EXPECT_FALSE(core.files.fileExists("/addin/pelkdb.xml"));
     EXPECT_EQ(weight(1, 2), 12);
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), current->xml());
 }
 
 TEST_F(ImportTest, changesNothingWhenTheDatabaseIsFull) {
@@ -203,7 +203,7 @@ TEST_F(ImportTest, deletionEmptiesTheDatabase) {
     EXPECT_EQ(current->contactCount(), 0U);
     EXPECT_EQ(current->thresholds().strong, 50);
     EXPECT_EQ(current->date(), "1970-01-01T00:00:00");
-    EXPECT_EQ(core.storage().loadDatabase()->xml(), current->xml());
+    EXPECT_EQ(core.storage().loadDatabase().database->xml(), current->xml());
 }
 
 }  // namespace

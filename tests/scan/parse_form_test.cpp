@@ -12,7 +12,7 @@ class ParseFormTest : public ::testing::Test {
     CorePlatform core;
     Driver& driver = core.driver();
     MemoryMailClient client;
-    std::unique_ptr<Database> database = core.storage().loadDatabase();
+    std::unique_ptr<Database> database = core.storage().loadDatabase().database;
     ParseForm form{core.ui(), core.platform(), core.storage()};
     int viewsOpened = 0;
 
@@ -26,7 +26,7 @@ class ParseFormTest : public ::testing::Test {
         driver.later(std::move(act));
         form.showModal("What a scan does.", "Please click the start button!");
     }
-    std::string savedDate() { return core.storage().loadDatabase()->date(); }
+    std::string savedDate() { return core.storage().loadDatabase().database->date(); }
 };
 
 TEST_F(ParseFormTest, showsItsTextsInFullAndChangesNothingUnlessStarted) {
@@ -47,6 +47,16 @@ TEST_F(ParseFormTest, showsItsTextsInFullAndChangesNothingUnlessStarted) {
     EXPECT_FALSE(driver.isVisible(*form.window));
     EXPECT_EQ(database->totalMails(), "0");
     EXPECT_EQ(savedDate(), "1970-01-01T00:00:00");
+}
+
+TEST_F(ParseFormTest, tellsOfLostDatesBeforeItScans) {
+    core.files.files["/data/pelk/pelk-stores.db"] = "no dates";
+    core.dialogs.expectMessage(
+        "The file /data/pelk/pelk-stores.db cannot be used. It does not begin as a database file "
+        "does. It will be replaced; this scan counts the e-mails that came after the last one, "
+        "1970-01-01T00:00:00.");
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_EQ(viewsOpened, 1);
 }
 
 TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
@@ -108,7 +118,8 @@ TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {
         driver.click(form.startButton);
     });
     EXPECT_EQ(viewsOpened, 1);
-    EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2") << "nothing is counted twice";
+    EXPECT_EQ(core.storage().loadDatabase().database->totalMails(), "2")
+        << "nothing is counted twice";
 }
 
 TEST_F(ParseFormTest, reportsOnceThatTheDatabaseIsFull) {
@@ -119,7 +130,7 @@ TEST_F(ParseFormTest, reportsOnceThatTheDatabaseIsFull) {
     core.dialogs.expectMessage(databaseFullMessage());
     showAndDo([this] { driver.click(form.startButton); });
     EXPECT_EQ(viewsOpened, 1);
-    EXPECT_EQ(core.storage().loadDatabase()->totalMails(), "2");
+    EXPECT_EQ(core.storage().loadDatabase().database->totalMails(), "2");
 }
 
 TEST_F(ParseFormTest, aRefusingMailClientLeavesTheDateUnchanged) {

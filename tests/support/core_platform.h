@@ -51,7 +51,7 @@ class CorePlatform : public TestPlatform {
     Storage& storage() { return storage_; }
 
  private:
-    Platform platform_{files, shell, clock, language(), *crypto, dialogs, makeXmlDocument};
+    Platform platform_{files, shell, clock, language(), *crypto, makeXmlDocument};
     Storage storage_{platform_};
 };
 

@@ -84,10 +84,12 @@ inline MemoryItem mail(const std::string& from, const std::vector<std::string>& 
     return item;
 }
 
-/// Records which folders a scan reads.
+/// Records which folders a scan reads, and what it reports.
 class FolderLog : public ScanProgress {
  public:
     std::vector<std::string> folders;
+    std::vector<std::string> notices;
+    void noticed(const std::string& notice) override { notices.push_back(notice); }
     void folderStarted(const std::string& name) override { folders.push_back(name); }
     void itemsCounted(int) override {}
     void itemStarted(int) override {}

@@ -8,7 +8,7 @@ using Captions = std::vector<std::string>;
 class CommandsTest : public ShowFormTest {
  protected:
     /// The database in the file.
-    std::unique_ptr<Database> saved() { return core.storage().loadDatabase(); }
+    std::unique_ptr<Database> saved() { return core.storage().loadDatabase().database; }
 
     /// Scripts the answer to the question before a deletion.
     void expectQuestion(const std::string& question, Answer answer) {

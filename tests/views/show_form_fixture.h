@@ -7,6 +7,7 @@
 #include <string>
 
 #include "maintenance/contact_edits.h"
+#include "maintenance/saved_change.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/tree_text.h"
 #include "views/ShowForm.h"
@@ -42,7 +43,8 @@ class ShowFormTest : public ::testing::Test {
     void open() {
         form.database = database.get();
         form.renameContact = [this](int id, const std::string& name) {
-            renameContact(*database, core.storage(), id, name);
+            tellIfUnsaved(core.dialogs,
+                          [&] { renameContact(*database, core.storage(), id, name); });
         };
         form.deleteContacts = [this](const std::vector<int>& ids) {
             deleteContacts(*database, core.storage(), ids);

@@ -125,8 +125,7 @@ TEST_F(AddinTest, scansTheMailOfTheClientAndShowsIt) {
     EXPECT_FALSE(driver->isWindowShown("Relations Tree"));
 
     WindowsPlatform platform;
-    ScriptedDialogs dialogs;
-    const auto saved = Storage(platform.with(dialogs)).loadDatabase();
+    const auto saved = Storage(platform.services()).loadDatabase().database;
     EXPECT_EQ(saved->totalMails(), "2");
     EXPECT_NE(saved->contactIdByAddress("c@x"), 0);
 }
