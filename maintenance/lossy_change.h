@@ -12,7 +12,7 @@ namespace pelk {
 /// Backs up, changes the database and saves it. Throws `Error`, with nothing changed, when the
 /// backup fails, and `UnsavedChange` when the change cannot be saved.
 void changeWithBackup(Database& database, Storage& storage,
-                        const std::function<void(Database&)>& change);
+                      const std::function<void(Database&)>& change);
 
 /// Backs up, saves `content` in place of the database's content, and then moves it into `database`.
 /// Throws `Error`, with nothing changed in memory or on disk, when a step fails.

@@ -1,5 +1,6 @@
 #pragma once
-// The services that the platform gives the core. `UserInterface` has those of programs with windows.
+// The services that the platform gives the core. `UserInterface` has those of programs with
+// windows.
 
 #include <functional>
 #include <memory>
