@@ -1,6 +1,7 @@
 #pragma once
 // Files and folders, in steps small enough that a test can make each one fail.
 
+#include <array>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -31,6 +32,16 @@ struct TemporaryFile {
 /// A temporary file is named after its target, followed by this mark and as many random digits.
 inline constexpr std::string_view kTemporaryMark = ".new-";
 inline constexpr std::size_t kTemporaryDigits = 16;
+using TemporaryNumber = std::array<unsigned char, kTemporaryDigits / 2>;
+
+/// Returns the path of a temporary file beside `target` that holds a random number in its name.
+inline std::string temporaryName(const std::string& target, const TemporaryNumber& random) {
+    std::string name = target + std::string(kTemporaryMark);
+    for (const unsigned byte : random)
+        for (const unsigned digit : {byte >> 4U, byte & 15U})
+            name += "0123456789abcdef"[digit];
+    return name;
+}
 
 /// Whether the name is that of a temporary file.
 inline bool isTemporaryName(std::string_view name) {

@@ -120,16 +120,12 @@ std::string behindLink(const std::string& path) {
     return real.get();
 }
 
-std::string randomDigits(const std::string& path) {
-    std::array<unsigned char, kTemporaryDigits / 2> bytes{};
+TemporaryNumber randomNumber(const std::string& path) {
+    TemporaryNumber bytes{};
     if (uninterrupted([&] { return ::getrandom(bytes.data(), bytes.size(), 0); }) !=
         static_cast<ssize_t>(bytes.size()))
         failToBe(path, "written");
-    std::string digits;
-    for (const unsigned byte : bytes)
-        for (const unsigned digit : {byte >> 4U, byte & 15U})
-            digits += "0123456789abcdef"[digit];
-    return digits;
+    return bytes;
 }
 
 }  // namespace
@@ -180,7 +176,7 @@ TemporaryFile PosixFiles::createTemporary(const std::string& target) {
     // Throws for a device or a pipe, which must not be replaced by a file.
     exists(target, S_IFREG);
     const std::string real = behindLink(target);
-    TemporaryFile temporary{real + std::string(kTemporaryMark) + randomDigits(target), nullptr};
+    TemporaryFile temporary{temporaryName(real, randomNumber(target)), nullptr};
     Descriptor descriptor =
         openFile(temporary.path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     if (descriptor.get() < 0)

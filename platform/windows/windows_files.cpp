@@ -116,15 +116,11 @@ bool exists(const std::string& path, bool folderWanted) {
     return true;
 }
 
-std::string randomDigits(const std::string& path) {
-    UCHAR bytes[kTemporaryDigits / 2] = {};
-    if (BCryptGenRandom(nullptr, bytes, sizeof bytes, BCRYPT_USE_SYSTEM_PREFERRED_RNG) < 0)
+TemporaryNumber randomNumber(const std::string& path) {
+    TemporaryNumber bytes{};
+    if (BCryptGenRandom(nullptr, bytes.data(), bytes.size(), BCRYPT_USE_SYSTEM_PREFERRED_RNG) < 0)
         throw Error(path + " cannot be written: Windows gives no random number for its name.");
-    std::string digits;
-    for (const unsigned byte : bytes)
-        for (const unsigned digit : {byte >> 4U, byte & 15U})
-            digits += "0123456789abcdef"[digit];
-    return digits;
+    return bytes;
 }
 
 }  // namespace
@@ -170,7 +166,7 @@ std::string WindowsFiles::readWholeFile(const std::string& path) {
 
 TemporaryFile WindowsFiles::createTemporary(const std::string& target) {
     exists(target, false);
-    TemporaryFile temporary{target + std::string(kTemporaryMark) + randomDigits(target), nullptr};
+    TemporaryFile temporary{temporaryName(target, randomNumber(target)), nullptr};
     const std::wstring path = systemPath(temporary.path);
     FileHandle handle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
