@@ -312,7 +312,7 @@ TEST_F(CliTest, saysWhatALoadedDocumentHadWrong) {
     const std::string before = contentOf(database);
     document.replace(document.find("2026-01-01"), 10, "2026-02-30");
     folder.write("in.xml", document);
-    expectSays("load in.xml", "date is \"2026-02-30T");
+    expectSays("load in.xml", "date \"2026-02-30T");
     EXPECT_EQ(contentOf(database), before);
 
     run("export copy.db");

@@ -43,6 +43,7 @@ struct Act {
     bool reads = false;
 
     bool scans() const { return arguments.starts_with("scan"); }
+    friend std::ostream& operator<<(std::ostream& out, const Act& act) { return out << act.name; }
 };
 
 const std::vector<Act> kActs{{"firstScan", "scan Inbox Letters", false},
