@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::string_view kMailto = "mailto:";
 
-/// `text` without quotes and the backslashes inside them.
+/// Returns `text` without quotes and without the backslashes inside them.
 std::string unquoted(std::string_view text) {
     std::string result;
     bool quoted = false;
@@ -27,8 +27,8 @@ std::string unquoted(std::string_view text) {
     return result;
 }
 
-/// The words of `text`, parted by blanks outside of quotes. Blanks around `@` and before `.` part
-/// nothing: "jane @ example . org" is one word.
+/// Splits `text` at blanks outside of quotes, but not around `@` and before `.`: "jane @ example .
+/// org" is one word.
 std::vector<std::string> splitWords(std::string_view text) {
     std::vector<std::string> words;
     bool quoted = false;
@@ -54,12 +54,12 @@ std::vector<std::string> splitWords(std::string_view text) {
     return words;
 }
 
-/// Whether `word` is an address of the usual kind, with text on both sides of an `@`.
+/// Returns whether `word` has text on both sides of an `@`.
 bool isAddress(std::string_view word) {
     return word.size() > 2 && word.front() != '@' && word.back() != '@' && hasAtSign(word);
 }
 
-/// Whether `word`, standing alone, can be the address of someone in the reader's own domain.
+/// Returns whether a single `word` can be an address in the reader's own domain.
 bool isLocalAddress(std::string_view word) {
     return word.find_first_of("\"@") == std::string_view::npos && !word.starts_with("=?");
 }
@@ -78,11 +78,11 @@ std::string join(const std::vector<std::string>& words) {
     return text;
 }
 
-/// The address in angle brackets, or nothing when they hold none.
+/// Returns the address in the text between angle brackets, or empty text.
 std::string bracketedAddress(std::string_view content) {
     if (equalsIgnoringCase(content.substr(0, kMailto.size()), kMailto))
         content.remove_prefix(kMailto.size());
-    // Nearly all are plain addresses, of one word.
+    // Nearly all contents are one plain address.
     if (content.find(' ') == std::string_view::npos &&
         content.find('"') == std::string_view::npos && isAddress(content))
         return withoutFinalDots(content);
@@ -98,7 +98,7 @@ class AddressListParser {
  public:
     std::vector<MailPerson> people;
 
-    /// `nested` tells that the field is the decoded text of an entry, which is not decoded again.
+    /// `nested` means that `field` is decoded text of an entry, which must not be decoded again.
     void parse(std::string_view field, bool nested) {
         AddressScanner scanner(field);
         while (const std::optional<AddressEntry> entry = scanner.next()) {
@@ -142,7 +142,7 @@ class AddressListParser {
             addHidden(entry.words);
     }
 
-    /// An address that stands inside of quotes or encoded words.
+    /// Adds addresses that are inside of quotes or encoded words.
     void addHidden(std::string_view words) {
         const std::string text = decodeText(unquoted(words));
         if (text.find('@') != std::string::npos)

@@ -1,5 +1,5 @@
 #pragma once
-// The people named by an address field (From, To, ...) of an e-mail.
+// Parses address fields (From, To, ...) of an e-mail: RFC 5322, 3.4, and what occurs beside it.
 
 #include <string_view>
 #include <vector>
@@ -8,10 +8,10 @@
 
 namespace pelk {
 
-/// The people in `field`, in order; its line folding is already undone. Takes whatever mail
-/// programs write: a missing comma or quote, `;` between addresses, a name without brackets around
-/// the address. Members of a group count, its name does not. Text without an address names nobody.
-/// Needs time in proportion to the length of the field and never fails.
+/// Returns the people in `field`, which must be unfolded, in order. Accepts the mistakes of mail
+/// programs: a missing comma or quote, `;` between addresses, a name without angle brackets around
+/// the address. Returns the members of a group without the group's name, and leaves out text
+/// without an address. Never fails. Takes linear time. Any thread may call it.
 std::vector<MailPerson> parseAddressList(std::string_view field);
 
 }  // namespace pelk

@@ -5,14 +5,14 @@
 namespace pelk {
 namespace {
 
-// How far to look for the end of a construct that may have none.
+// The distance, in bytes, within which a construct must end.
 constexpr std::size_t kLookAhead = 400;
 
-// Every character that means anything somewhere in a field.
+// Every character with a meaning in some context.
 constexpr std::string_view kSpecial = ",;:<>(\"[=";
 
-/// The length of the quoted text that `text` begins with, its quotes included; 0 when it never
-/// ends.
+/// Returns the length of the quoted string at the start of `text`, quotes included, or 0 if it is
+/// not closed.
 std::size_t quotedLength(std::string_view text) {
     for (std::size_t i = 1; i < text.size(); ++i)
         if (text[i] == '\\')
@@ -22,7 +22,8 @@ std::size_t quotedLength(std::string_view text) {
     return 0;
 }
 
-/// The same for a comment, in which comments may nest.
+/// Returns the length of the comment at the start of `text`, parentheses included, or 0 if it is
+/// not closed. Comments nest.
 std::size_t commentLength(std::string_view text) {
     std::size_t depth = 0;
     for (std::size_t i = 0; i < text.size(); ++i)
@@ -35,8 +36,9 @@ std::size_t commentLength(std::string_view text) {
     return 0;
 }
 
-/// The length of the encoded word "=?charset?Q?text?=" that `text` begins with, or 0. Its text may
-/// hold characters that would end an entry elsewhere: many a program forgets to encode them.
+/// Returns the length of the encoded word "=?charset?Q?text?=" at the start of `text`, or 0. Its
+/// text may hold characters that end an entry elsewhere, because many programs forget to encode
+/// them.
 std::size_t encodedWordLength(std::string_view text) {
     text = text.substr(0, kLookAhead);
     if (!text.starts_with("=?"))
@@ -80,7 +82,7 @@ bool AddressScanner::step(AddressEntry& entry) {
             ++at_;
             return true;
         case ':':
-            // The end of a group's name, or of "mailto".
+            // A colon ends the name of a group, or "mailto".
             ++at_;
             if (entry.bracketed || hasAtSign(entry.words))
                 return true;

@@ -1,5 +1,5 @@
 #pragma once
-// Cuts an address field into its entries.
+// Splits an address field into its entries.
 
 #include <optional>
 #include <string>
@@ -7,37 +7,37 @@
 
 namespace pelk {
 
-/// One entry of an address field, as it was written.
+/// One entry of an address field, not decoded.
 struct AddressEntry {
-    /// Everything outside of angle brackets and comments, quotes kept.
+    /// The text outside of angle brackets and comments, with its quotes.
     std::string words;
     /// The last comment, without its parentheses.
     std::string comment;
-    /// What stands in angle brackets.
+    /// The text in angle brackets, if the entry has any.
     std::optional<std::string> bracketed;
 };
 
-/// Walks once over a field. Quotes and parentheses that are never closed are taken as ordinary
-/// characters from then on, so that no text is looked through more than twice.
+/// Reads a field in one pass. After an unclosed quote or parenthesis, the scanner treats all quotes
+/// or parentheses as plain characters, so it reads no text more than twice.
 class AddressScanner {
  public:
     /// `field` must outlive the scanner.
     explicit AddressScanner(std::string_view field) : field_(field) {}
 
-    /// The next entry, which may be empty; nothing at the end.
+    /// Returns the next entry, which may be empty, or nothing at the end of the field.
     std::optional<AddressEntry> next();
 
  private:
-    /// Takes the character or construct at the current place. True when it ended the entry.
+    /// Takes the character or construct at the current position. Returns true if it ends the entry.
     bool step(AddressEntry& entry);
     std::string takeBracketed();
-    /// Takes a quoted text with its quotes.
+    /// Takes a quoted string with its quotes.
     std::string_view takeQuoted();
     std::string_view takeComment();
     std::string_view takeLiteral(const std::string& before);
     std::string_view takeEncodedWord();
     void passRoute();
-    /// Takes a character and all plain ones behind it.
+    /// Takes one character and the plain ones that follow.
     std::string_view takePlain();
     std::string_view take(std::size_t length);
 
@@ -47,7 +47,7 @@ class AddressScanner {
     bool commentsClose_ = true;
 };
 
-/// Whether `text` holds an `@` outside of quotes.
+/// Returns whether `text` holds an `@` outside of quotes.
 bool hasAtSign(std::string_view text);
 
 }  // namespace pelk

@@ -1,5 +1,6 @@
 #pragma once
-// What a message, or a part of one, says about its content. For source files only.
+// The Content-Type of a message or body part, with parameters decoded as in RFC 2231. Only source
+// files include this header.
 
 #include <memory>
 #include <string>
@@ -11,11 +12,12 @@ namespace pelk {
 
 class ContentType {
  public:
+    /// A header without the field means text/plain.
     explicit ContentType(const MessageHeader& header);
 
-    /// `subtype` may be "*" for any.
+    /// Ignores letter case. `subtype` may be "*" for any.
     bool is(const char* type, const char* subtype) const;
-    /// Empty when there is none of that name.
+    /// Returns the value of the parameter, or empty text if it is missing.
     std::string parameter(const char* name) const;
 
  private:
@@ -25,7 +27,8 @@ class ContentType {
     std::unique_ptr<GMimeContentType, Unref> type_;
 };
 
-/// `content` without its transfer encoding, which is named as in `Content-Transfer-Encoding`.
+/// Decodes `content`. `encoding` is a value of `Content-Transfer-Encoding`; an unknown one leaves
+/// the content as it is.
 std::string decodeContent(const std::string& encoding, const std::string& content);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// What a directory with mail holds.
+// Reads directories that hold mail.
 
 #include <sys/types.h>
 
@@ -10,31 +10,32 @@
 
 namespace pelk {
 
-/// The same for every path that leads to a directory.
+/// Identifies a file or directory, whichever path leads to it.
 using DirectoryId = std::pair<dev_t, ino_t>;
 
 struct DirectoryEntry {
     std::string name;
-    /// Otherwise it is a regular file.
+    /// False for a regular file.
     bool isDirectory = false;
-    /// Of a directory.
+    /// Set for directories only.
     DirectoryId id{};
 };
 
-/// The files and directories in `path`, symbolic links followed, in the byte order of their names.
-/// What is neither, or leads nowhere, is left out. Fails with an `Error`.
+/// Returns the files and directories in `path`, sorted by the bytes of their names. Follows
+/// symbolic links; leaves out broken links and other kinds of files. Throws an `Error` if `path`
+/// cannot be read.
 std::vector<DirectoryEntry> readDirectory(const std::string& path);
 
-/// Whether `entry` is a file with the ending `.eml`.
+/// Returns whether `entry` is a visible file with the ending `.eml`.
 bool isMessageFile(const DirectoryEntry& entry);
 
-/// Whether `entry` is the `cur` or `new` of a Maildir.
+/// Returns whether `entry` is the `cur` or `new` of a Maildir.
 bool isMaildirPart(const DirectoryEntry& entry);
 
-/// Whether the directory `path` has a `cur` or `new`, or hides it.
+/// Returns whether the directory `path` has a `cur` or `new`, or the user may not look into it.
 bool isMaildir(const std::string& path);
 
-/// Whether `name` ends with `ending` in any letter case.
+/// Returns whether `name` ends with `ending`, in any letter case, and has text before it.
 bool hasEnding(std::string_view name, std::string_view ending);
 
 }  // namespace pelk

@@ -17,7 +17,7 @@ constexpr const char* kRead = "cur/";
 
 struct MessageFile {
     std::string name;
-    /// Where it lies below the folder's directory: "", "cur/" or "new/".
+    /// The subdirectory of the folder: "", "cur/" or "new/".
     const char* place = "";
 };
 
@@ -38,7 +38,7 @@ class FileMessages : public StoredMessages {
             received.seconds = maildirNameTime(entry.name).value_or(kNoTime);
         ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
         listed.kind = itemKind(place, listed.message->header());
-        // The header is all that anybody asks for from here on, and many messages may be held.
+        // Callers need only the header from here on, and a process may have few files open.
         file->close();
         return listed;
     }
@@ -54,14 +54,13 @@ bool startsExpunged(const std::string& path) {
         const std::size_t length = MailFile::open(path)->read(0, start.data(), start.size());
         return isExpunged({start.data(), length});
     } catch (const Error&) {
-        // Told to the user when the message is taken.
+        // Reading the message reports the fault to the user.
         return false;
     }
 }
 
-/// Whether the mail program has deleted the message and not yet removed the file. Thunderbird,
-/// which writes this into the header, keeps no flags in the name, and nothing in `new`; the files
-/// of other programs need not be read.
+/// Returns whether the mail program marked the message as deleted. Thunderbird marks it in the
+/// header, writes no flags into the name and leaves `new` empty, so only such files are opened.
 bool isDeleted(const std::string& prefix, std::string_view place, const std::string& name) {
     if (const std::optional<std::string_view> flags = maildirFlags(name))
         return flags->find('T') != std::string_view::npos;

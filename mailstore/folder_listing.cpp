@@ -18,7 +18,7 @@ bool isCompanion(const DirectoryEntry& entry) {
     return entry.isDirectory && withoutCompanionEnding(entry.name) != entry.name;
 }
 
-/// Whether a directory belongs to the machinery of a mail store.
+/// Returns whether a directory is part of a Maildir or an index, and not a folder.
 bool isInternal(const std::string& name) {
     return name == "cur" || name == "new" || name == "tmp" || name.starts_with("courierimap");
 }
@@ -51,7 +51,7 @@ class Listing {
         for (Found& found : found_) {
             found.place.atTop = top;
             found.place.canonical = parent_.canonical + "/" + found.canonicalName;
-            // A folder may stand here twice: beside the directory X there may be X.sbd.
+            // Two folders may have one name: the directory X and, beside it, X.sbd.
             while (!taken.insert(found.place.canonical).second)
                 found.place.canonical += "+";
             places.push_back(std::move(found.place));
@@ -66,15 +66,15 @@ class Listing {
         std::string canonicalName = fileName;
     };
 
-    /// Whether mail programs put the folders that they have for purposes of their own here: at the
-    /// top of what the user named, and of an account in that.
+    /// Returns whether mail programs put default folders here: at the top of a store and of an
+    /// account in it.
     bool holdsTop() const {
         return parent_.isStore || (parent_.atTop && isContainerName(parent_.name)) ||
                (parent_.kind == FolderPlace::Kind::Directory && isAccount_);
     }
 
-    /// Whether something of that name is found in the directory of an account and nowhere else: the
-    /// inbox, the outbox of Thunderbird, or the summary of either, which may be all there is.
+    /// Returns whether the name occurs only in the directory of an account: the inbox, the outbox
+    /// of Thunderbird, or the summary file of either, which may be there alone.
     static bool marksAccount(std::string_view name) {
         if (name.ends_with(kSummary))
             name.remove_suffix(kSummary.size());
@@ -109,7 +109,7 @@ class Listing {
         } else if (!entry.name.starts_with('.')) {
             found_.push_back({entry.name, directoryPlace(decodeText(entry.name), path, entry.id)});
         } else if (isMaildir(path)) {
-            // So an account names its folders, and stands above them itself.
+            // Only an account has folders in Maildir++ layout.
             isAccount_ = true;
             nested_.push_back({splitMaildirName(entry.name), path, entry.id});
         }
@@ -128,13 +128,13 @@ class Listing {
             return start == FileStart::Mbox ||
                    (start == FileStart::Nothing && (has(kCompanionEnding) || has(kSummary)));
         } catch (const Error&) {
-            // Told to the user when it is opened.
+            // Opening the folder reports the fault to the user.
             return true;
         }
     }
 
-    /// Gives a companion directory to the folder it stands beside, one of those from `begin` to
-    /// `end`. Without that it is a folder itself.
+    /// Assigns a companion directory to the folder of that name in [`begin`, `end`). Without such a
+    /// folder, the directory becomes a folder itself.
     void addCompanion(const DirectoryEntry& entry, const std::string& path, std::size_t begin,
                       std::size_t end) {
         const std::string name = withoutCompanionEnding(entry.name);
@@ -203,7 +203,7 @@ bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlac
                     seen.insert(inner.trail.back()).second)
                     open.push_back(std::move(inner));
         } catch (const Error&) {
-            // What cannot be read holds nothing as far as can be told.
+            // An unreadable folder is skipped; reading it later reports the fault.
         }
     }
     return false;

@@ -8,7 +8,7 @@
 namespace pelk {
 namespace {
 
-/// UTF-8 of a run of base 64, or nothing when it is none.
+/// Decodes a run of modified base64 to UTF-8. Returns nothing if it is invalid.
 std::optional<std::string> decodeRun(std::string run) {
     std::replace(run.begin(), run.end(), ',', '/');
     run.append((4 - run.size() % 4) % 4, '=');

@@ -1,5 +1,5 @@
 #pragma once
-// The names that Maildir folders and their messages have on disk.
+// The names of folders and messages on disk: Maildir++ and the `.sbd` directories of Thunderbird.
 
 #include <optional>
 #include <string>
@@ -8,22 +8,22 @@
 
 namespace pelk {
 
-/// The ending of the directory that holds the subfolders of the mbox beside it.
+/// The ending of the directory with the subfolders of the mbox beside it.
 inline constexpr std::string_view kCompanionEnding = ".sbd";
 
-/// `name` without that ending, if it has it.
+/// Returns `name` without that ending, if it has it.
 std::string withoutCompanionEnding(std::string_view name);
 
-/// The folder names that ".Lists.Kernel" leads through. At least one; a name that does not follow
-/// that form is one name as a whole.
+/// Splits the name of a Maildir++ folder: ".Lists.Kernel" is Lists, Kernel. A name with an empty
+/// part is not split. Returns at least one name.
 std::vector<std::string> splitMaildirName(std::string_view fileName);
 
-/// The flags behind ":2," in the name of a message; nothing when it has no such part. Where a colon
-/// is not allowed in a name, programs write a semicolon or a mark of exclamation.
+/// Returns the flags after ":2," in the name of a message, or nothing without that part. Programs
+/// write a semicolon or an exclamation mark where file names may not hold a colon.
 std::optional<std::string_view> maildirFlags(std::string_view fileName);
 
-/// The text that a name in the encoding of IMAP stands for: "Entw&APw-rfe" is "Entwürfe". A name
-/// that is not in that encoding stays as it is.
+/// Decodes modified UTF-7 (RFC 3501, 5.1.3): "Entw&APw-rfe" is "Entwürfe". Returns a name that is
+/// not valid in that encoding unchanged.
 std::string decodeModifiedUtf7(std::string_view name);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// Where the mail and the subfolders of a folder lie on disk.
+// Where the messages and the subfolders of a folder are on disk.
 
 #include <functional>
 #include <string>
@@ -9,9 +9,9 @@
 
 namespace pelk {
 
-/// A Maildir whose name leads through folders above it: `.Lists.Kernel` is Kernel in Lists.
+/// A Maildir++ folder whose name holds those of its parents: `.Lists.Kernel` is Kernel in Lists.
 struct NestedMaildir {
-    /// What is left of its name below the folder that holds this.
+    /// The rest of its name, relative to the folder that holds this.
     std::vector<std::string> names;
     std::string path;
     DirectoryId id{};
@@ -19,44 +19,44 @@ struct NestedMaildir {
 
 struct FolderPlace {
     enum class Kind {
-        /// Only there for the folders in it.
+        /// Has subfolders and no messages.
         Empty,
         Mbox,
         SingleMessage,
-        /// Of message files, or a Maildir.
+        /// A directory of message files, or a Maildir.
         Directory,
     };
 
     std::string name;
     Kind kind = Kind::Empty;
-    /// File or directory, unless empty.
+    /// A file or directory; empty for `Kind::Empty`.
     std::string path;
-    /// The directory `<name>.sbd` with further subfolders, or empty text.
+    /// The directory `<name>.sbd` with further subfolders; empty if there is none.
     std::string companion;
     std::vector<NestedMaildir> nested;
-    /// The directories on the way to this folder, its own included. None is entered a second time,
-    /// or a symbolic link that leads upwards would never end.
+    /// The directories from the store down to this folder, its own included. None is entered twice,
+    /// so a symbolic link that leads upwards causes no endless walk.
     std::vector<DirectoryId> trail;
-    /// What `MailFolder::place` tells: the path on disk with what only the layout adds taken out,
-    /// so that it is the same whether a folder is named or found in a larger store. Work in
-    /// "Inbox.sbd" is "Inbox/Work", the Maildir ".Lists.Kernel" is ".Lists/.Kernel".
+    /// The result of `MailFolder::place`: the path on disk without what only the layout adds. It
+    /// does not depend on whether the user named the folder or a larger store. Work in "Inbox.sbd"
+    /// is "Inbox/Work", the Maildir ".Lists.Kernel" is ".Lists/.Kernel".
     std::string canonical;
     /// Whether the user named this folder.
     bool isStore = false;
-    /// Whether the folder stands where mail programs put those they have for purposes of their own.
+    /// Whether the folder is where mail programs put their default folders.
     bool atTop = false;
 };
 
-/// The folders in `place`, in order. Fails with an `Error` when a directory of `place` cannot be
-/// read. Subfolders that cannot be read are listed all the same and fail when they are opened.
+/// Returns the subfolders of `place`, in order. Throws an `Error` if a directory of `place` cannot
+/// be read. Subfolders that cannot be read are listed, and fail when they are opened.
 std::vector<FolderPlace> listSubfolders(const FolderPlace& place);
 
-/// Calls `visit` for `top` and the folders below until it returns true, and returns whether it did.
-/// No directory is entered twice; what cannot be read is passed over.
+/// Calls `visit` for `top` and all folders below it until it returns true. Returns whether it did.
+/// Enters no directory twice and skips what cannot be read.
 bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit);
 
-/// The folder that the user named by `path`. Fails with an `Error` that names the path when it does
-/// not exist, cannot be read or holds no mail of a known kind.
+/// Returns the folder that the user named by `path`. Throws an `Error` that names the path if it
+/// does not exist, cannot be read or holds no mail of a known kind.
 FolderPlace findStore(const std::string& path);
 
 }  // namespace pelk

@@ -10,12 +10,12 @@ namespace pelk {
 namespace {
 
 constexpr std::int64_t kSecondsPerDay = 86400;
-// In days since 1970. Moment 0 lies before this one in every zone.
+// In days since 1970. Second 0 is before this day in every zone.
 constexpr std::int64_t kFirstDay = 1;
 constexpr std::size_t kMaxWords = 64;
 constexpr std::string_view kSeparators = " \t\r\n,";
 
-/// The words of a line. Asked for one that is not there, it answers with an empty word.
+/// The words of a line. A word beyond the last is empty.
 class Words {
  public:
     explicit Words(std::string_view line) {
@@ -45,7 +45,7 @@ constexpr NamedNumber kMonths[] = {{"Jan", 1}, {"Feb", 2},  {"Mar", 3},  {"Apr",
                                    {"May", 5}, {"Jun", 6},  {"Jul", 7},  {"Aug", 8},
                                    {"Sep", 9}, {"Oct", 10}, {"Nov", 11}, {"Dec", 12}};
 
-// Hours east of Greenwich. A word not among them tells of no zone.
+// In hours east of Greenwich. Any other word is not a zone.
 constexpr NamedNumber kZones[] = {
     {"GMT", 0},  {"UTC", 0},  {"UT", 0},   {"EST", -5}, {"EDT", -4}, {"CST", -6}, {"CDT", -5},
     {"MST", -7}, {"MDT", -6}, {"PST", -8}, {"PDT", -7}, {"BST", 1},  {"WEST", 1}, {"CET", 1},
@@ -59,7 +59,7 @@ std::optional<int> named(const NamedNumber (&table)[size], std::string_view name
     return std::nullopt;
 }
 
-/// The value of a text of `least` to `most` digits and nothing else.
+/// Returns the value of a text that is `least` to `most` digits long.
 std::optional<int> number(std::string_view text, std::size_t least, std::size_t most) {
     if (text.size() < least || text.size() > most ||
         text.find_first_not_of("0123456789") != std::string_view::npos)
@@ -69,7 +69,7 @@ std::optional<int> number(std::string_view text, std::size_t least, std::size_t 
     return value;
 }
 
-/// Seconds since midnight of "3:04" or "03:04:05".
+/// Parses "3:04" or "03:04:05" to seconds since midnight.
 std::optional<int> timeOfDay(std::string_view text) {
     const std::size_t colon = text.find(':');
     if (colon == std::string_view::npos)
@@ -86,7 +86,7 @@ std::optional<int> timeOfDay(std::string_view text) {
     return *hours * 3600 + *minutes * 60 + *seconds;
 }
 
-/// Seconds east of Greenwich of "+0130".
+/// Parses "+0130" to seconds east of Greenwich.
 std::optional<int> zoneOffset(std::string_view text) {
     const auto digits = number(text.substr(1), 4, 4);
     if (!digits || *digits % 100 > 59 || *digits > 1400)
@@ -101,14 +101,14 @@ std::optional<int> yearOf(std::string_view text) {
     return number(text, 4, 4);
 }
 
-/// A date as far as it is known.
+/// A date whose parts may be unknown.
 struct Date {
     std::optional<int> day;
     std::optional<int> month;
     std::optional<int> year;
 };
 
-/// The date that ends right before word `at`: "Jan 2", "2 Jan" or "2 Jan 2021".
+/// Parses the date that ends before word `at`: "Jan 2", "2 Jan" or "2 Jan 2021".
 Date dateBefore(const Words& words, std::size_t at) {
     if (const auto month = named(kMonths, words[at - 2])) {
         if (const auto day = at >= 3 ? number(words[at - 3], 1, 2) : std::nullopt;
@@ -119,7 +119,7 @@ Date dateBefore(const Words& words, std::size_t at) {
     return {number(words[at - 2], 1, 2), named(kMonths, words[at - 1]), std::nullopt};
 }
 
-/// The time that `date` and the words from `at` on, its year and zone, make of a time of day.
+/// Combines `date` and `secondOfDay` with the year and zone in the words from `at` on.
 NotedTime timeWith(Date date, const Words& words, std::size_t at, int secondOfDay) {
     std::optional<int> offset;
     for (; at < words.count(); ++at) {
@@ -151,7 +151,7 @@ NotedTime timeWith(Date date, const Words& words, std::size_t at, int secondOfDa
 
 NotedTime fromLineTime(std::string_view line) {
     const Words words(line);
-    // The sender may hold anything, so the date is where a time of day follows a day and a month.
+    // The sender may be any text, so the search is for a time of day after a day and a month.
     for (std::size_t i = 2; i < words.count(); ++i) {
         if (const auto secondOfDay = timeOfDay(words[i])) {
             const Date date = dateBefore(words, i);

@@ -1,5 +1,5 @@
 #pragma once
-// Includes GMime and sets it up. For source files only: nothing outside this folder sees GMime.
+// Includes GMime and initialises it. Only source files of this folder include this header.
 
 #include <gmime/gmime.h>
 
@@ -7,7 +7,8 @@
 
 namespace pelk {
 
-/// To be called before any other function of GMime. Cheap after the first time.
+/// Initialises GMime on the first call. Call it before any other function of GMime. Any thread may
+/// call it.
 inline void readyGMime() {
     [[maybe_unused]] static const bool ready = (g_mime_init(), true);
 }
@@ -16,7 +17,7 @@ struct GFree {
     void operator()(void* memory) const { g_free(memory); }
 };
 
-/// Text that GLib or GMime handed over.
+/// Owns text that GLib or GMime allocated.
 using GText = std::unique_ptr<char, GFree>;
 
 }  // namespace pelk

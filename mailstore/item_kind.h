@@ -1,5 +1,5 @@
 #pragma once
-// What an item of a mail folder is: an e-mail, or something that only travels like one.
+// Tells e-mails from meeting requests and reports.
 
 #include "mailstore/mail_file.h"
 #include "mailstore/message_header.h"
@@ -10,11 +10,12 @@ enum class ItemKind {
     Mail,
     /// A meeting request, or an answer to one.
     Meeting,
-    /// A delivery report or a receipt.
+    /// A delivery report or a receipt (RFC 3464, RFC 8098).
     Report,
 };
 
-/// Reads on in the message only when its header leaves the matter open. Fails with an `Error`.
+/// Returns the kind of a message. Reads the body only if the header does not decide. Throws an
+/// `Error` if the file cannot be read.
 ItemKind itemKind(const MessagePlace& place, const MessageHeader& header);
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// The lines of a message, read from its file a block at a time.
+// Reads the lines of a message from its file, one block at a time.
 
 #include <cstdint>
 #include <optional>
@@ -12,15 +12,16 @@ namespace pelk {
 
 class LineReader {
  public:
-    /// Begins `from` bytes after the beginning of the message.
+    /// Starts `from` bytes after the beginning of the message.
     LineReader(MessagePlace place, std::uint64_t from);
 
-    /// The next line without its end, valid until the next call; nothing after the last. A line
-    /// longer than a block comes in pieces. Fails with an `Error`.
+    /// Returns the next line without its line end, valid until the next call, or nothing after the
+    /// last. Splits lines that are longer than a block. Throws an `Error` if the file cannot be
+    /// read or has become shorter.
     std::optional<std::string_view> next();
 
  private:
-    /// Reads on behind what is left of the block. False when nothing was added.
+    /// Appends to what is left of the block. Returns false at the end of the message.
     bool fill();
 
     const MessagePlace place_;

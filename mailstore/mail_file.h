@@ -1,5 +1,5 @@
 #pragma once
-// A file that holds mail, and the place of one message in it.
+// A file that holds mail, and the position of one message in it.
 
 #include <cstdint>
 #include <memory>
@@ -11,35 +11,36 @@
 
 namespace pelk {
 
-/// Fails with the message "Cannot read <path>: <the system's reason>", the reason being `errno`.
+/// Throws the `Error` "<path> cannot be read: <reason>." with the reason that `errno` gives.
 [[noreturn]] void failReading(const std::string& path);
 
-/// A regular file open for reading. Shared by the folder and its messages, so that a message can
-/// be read after its folder is gone.
+/// A regular file open for reading. The folder and its messages share it, so a message can be read
+/// after its folder object is destroyed. Several threads may read at once; `close` needs exclusive
+/// access.
 class MailFile {
  public:
-    /// Fails with an `Error` when `path` cannot be opened or is no regular file.
+    /// Throws an `Error` if `path` cannot be opened or is not a regular file.
     static std::shared_ptr<MailFile> open(const std::string& path);
 
     MailFile(const MailFile&) = delete;
     MailFile& operator=(const MailFile&) = delete;
     ~MailFile() { close(); }
 
-    /// Nothing more can be read then; what is known about the file stays known.
+    /// Closes the file. `read` must not be called afterwards; the other functions may.
     void close() noexcept;
 
     const std::string& path() const { return path_; }
-    /// In bytes, as it was when the file was opened.
+    /// The size in bytes at the time the file was opened.
     std::uint64_t size() const { return size_; }
-    /// When the file was changed last, or the present if that is told to lie in the future.
-    /// Nothing when the system does not know.
+    /// The time of the last change, or the present if that time is in the future. Nothing if the
+    /// file system does not store one.
     const std::optional<LocalTime>& changed() const { return changed_; }
-    /// Whether the file is told to have been changed in the future.
+    /// Whether the time of the last change is in the future.
     bool isAhead() const { return ahead_; }
-    /// Reads up to `length` bytes and returns their number, which is smaller at the end of the
-    /// file only. Fails with an `Error`.
+    /// Reads up to `length` bytes and returns their number, which is smaller only at the end of the
+    /// file. Throws an `Error` if the system cannot read.
     std::size_t read(std::uint64_t offset, char* bytes, std::size_t length) const;
-    /// Fails with an `Error` that tells that somebody changed the file meanwhile.
+    /// Throws an `Error` that says that another program changed the file.
     [[noreturn]] void failChanged() const;
 
  private:
@@ -52,20 +53,21 @@ class MailFile {
     bool ahead_ = false;
 };
 
-/// How each message of an mbox begins.
+/// The start of the separator line before each message of an mbox (RFC 4155).
 inline constexpr std::string_view kFromLine = "From ";
 
 enum class FileStart { Mbox, Nothing, Other };
 
-/// What a file begins with, which tells whether it is an mbox. Fails with an `Error`.
+/// Returns what the first bytes of a file say about its format. Throws an `Error` if it cannot be
+/// read.
 FileStart startOf(const std::string& path);
 
-/// Where a message lies.
+/// The position of a message, in bytes.
 struct MessagePlace {
     std::shared_ptr<const MailFile> file;
     std::uint64_t offset = 0;
     std::uint64_t length = 0;
-    /// Whether the message must begin with `kFromLine`. Others may.
+    /// Whether the message must begin with `kFromLine`. Messages outside of an mbox may.
     bool inMbox = false;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// Mail on disk as the mail of the mail client: mbox files, Maildir trees and folders of `.eml`
-// files. It is only ever read.
+// Opens mail on disk as a `MailSession`: mbox files, Maildir trees and folders of `.eml` files.
+// Nothing here creates, changes or locks a file of a mail program.
 
 #include <memory>
 #include <string>
@@ -11,43 +11,45 @@
 
 namespace pelk {
 
-/// One line of a list of messages.
+/// What a list of messages shows of one message.
 struct MessageSummary {
-    /// Name of the sender, or the address of one without a name. Empty when there is no sender.
+    /// The name of the sender, or the address if there is no name; empty without a sender.
     std::string from;
     std::string subject;
     LocalTime created;
     ItemKind kind = ItemKind::Mail;
 };
 
-/// Every folder of the session, as its walks hand it out, is one of these.
+/// Every folder of a session of `openMailSession` is of this class.
 class StoredFolder : public MailFolder {
  public:
-    /// About item `index`, counted from 1, whether it is an e-mail or not. Fails with an `Error`.
+    /// Describes item `index`, counted from 1, whatever its kind. Throws an `Error` if the item
+    /// does not exist or cannot be read.
     virtual MessageSummary summary(int index) = 0;
 };
 
 struct MailStoreOptions {
-    /// The names, in any letter case, that make a folder an outbox or one for deleted items.
-    /// Where empty, the names that mail programs commonly give them.
+    /// The names, in any letter case, of folders that are an outbox or hold deleted items. If
+    /// empty, the names that mail programs commonly use.
     std::vector<std::string> outboxNames;
     std::vector<std::string> deletedNames;
-    /// Whether the items of these folders are counted.
+    /// Whether items in folders for drafts and for junk are counted.
     bool countDrafts = false;
     bool countJunk = false;
 };
 
-/// Each path is one top-level folder, named by the last part of the path. One that is named twice,
-/// or that another one holds, is there once. Fails with an `Error` that names the path when one
-/// does not exist, cannot be read or holds no mail of a known kind.
+/// Opens `paths`. Each is one top-level folder with the last part of the path as its name. A path
+/// that is given twice, or is inside another one, is listed once. Throws an `Error` that names the
+/// path if one does not exist, cannot be read or holds no mail of a known kind.
 ///
-/// Default folders are those of a usual name at the top of a store: right below what the user
-/// named, or below an account in that; also in a folder such as INBOX or [Gmail] there. What the
-/// user named is none.
+/// Default folders go by their names. They are directly below a path that the user gave, below an
+/// account in it, or below a folder such as INBOX or [Gmail] there. A path that the user gave is
+/// never a default folder itself.
 ///
-/// A folder is looked at when it is first asked for its items, and shows these from then on,
-/// whatever happens to it on disk. Items outlive their folder. A folder or message that cannot be
-/// read, or is gone, fails with an `Error` when it is read, and leaves the others as they are.
+/// A folder lists its items when it is first asked for them, and keeps this list. Items may outlive
+/// their folder. Reading a folder or message that is unreadable or gone throws an `Error` and does
+/// not affect the others. A session and its folders belong to one thread; several sessions may run
+/// on several threads.
 std::unique_ptr<MailSession> openMailSession(const std::vector<std::string>& paths,
                                              MailStoreOptions options);
 

@@ -4,15 +4,16 @@
 #include <array>
 
 #include "mailstore/gmime_ready.h"
+#include "platform/utf8.h"
 
 namespace pelk {
 namespace {
 
-// Far beyond any real name or subject; hostile ones would keep the decoder busy for long.
+// In bytes, far beyond any real name or subject. Longer text takes the decoder too long.
 constexpr std::size_t kMaxText = 4096;
 
-// Windows-1252, bytes 0x80 to 0x9F. The five undefined ones become control characters, which are
-// then removed like any other.
+// Windows-1252, bytes 0x80 to 0x9F. The five undefined bytes become control characters, which the
+// callers remove.
 constexpr std::array<gunichar, 32> kWindows1252 = {
     0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -22,8 +23,9 @@ bool isPrintableAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c < 0x7F; });
 }
 
-bool isForbidden(gunichar c) {
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0xFFFE || c == 0xFFFF;
+/// Returns whether `c` may appear in a result: no control character, and allowed in XML.
+bool isAllowed(gunichar c) {
+    return c >= 0x20 && (c < 0x7F || (c >= 0xA0 && isXmlCharacter(c)));
 }
 
 void append(std::string& text, gunichar c) {
@@ -45,7 +47,7 @@ std::string withSingleBlanks(const std::string& text) {
     result.reserve(text.size());
     bool blank = false;
     forEachCharacter(text, [&](gunichar c) {
-        if (c == ' ' || isForbidden(c)) {
+        if (c == ' ' || !isAllowed(c)) {
             blank = true;
             return;
         }
@@ -67,7 +69,7 @@ std::string_view cut(std::string_view text) {
     if (text.size() <= kMaxText)
         return text;
     std::size_t length = kMaxText;
-    // Not within a character.
+    // Do not cut inside a character.
     while (length > kMaxText - 4 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
         --length;
     return text.substr(0, length);
@@ -76,7 +78,7 @@ std::string_view cut(std::string_view text) {
 }  // namespace
 
 std::string toUtf8(std::string_view raw) {
-    // A NUL ends the text for the validating function, so such text takes the slow way.
+    // The validation fails at a NUL; the loop below handles such text.
     if (isPrintableAscii(raw) || g_utf8_validate_len(raw.data(), raw.size(), nullptr) != FALSE)
         return std::string(raw);
     std::string result;
@@ -100,7 +102,7 @@ std::string cleanAddress(std::string_view raw) {
         return text;
     std::string result;
     forEachCharacter(text, [&](gunichar c) {
-        if (!isForbidden(c))
+        if (isAllowed(c))
             append(result, c);
     });
     return result;

@@ -1,27 +1,28 @@
 #pragma once
-// Text as mail carries it, turned into text that can be shown and stored.
+// Turns text of messages into text that can be shown and stored.
 //
-// What these functions return is valid UTF-8 and free of characters that XML 1.0 forbids.
+// `decodeText` and `cleanAddress` return valid UTF-8 without characters that XML 1.0 forbids. All
+// functions are thread-safe and never fail.
 
 #include <string>
 #include <string_view>
 
 namespace pelk {
 
-/// `raw` itself when it is valid UTF-8, else read as Windows-1252.
+/// Returns `raw` if it is valid UTF-8, otherwise converts it from Windows-1252.
 std::string toUtf8(std::string_view raw);
 
-/// Readable text of a name, a subject or a file name: encoded words decoded, control characters
-/// turned into blanks, runs of blanks into one, none at the ends. Overlong text is cut.
+/// Returns the readable text of a name, a subject or a file name: decodes encoded words (RFC 2047),
+/// turns control characters into blanks, collapses and trims blanks, cuts overlong text.
 std::string decodeText(std::string_view raw);
 
-/// `raw` without control characters; otherwise kept as it stands.
+/// Returns `raw` as UTF-8 without control characters.
 std::string cleanAddress(std::string_view raw);
 
-/// Letters other than those of ASCII must be equal.
+/// Compares two texts. Ignores the case of ASCII letters only.
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 
-/// The same for texts that differ in nothing but letter case.
+/// Returns a key that is equal for texts that differ only in letter case (Unicode case folding).
 std::string foldCase(std::string_view text);
 
 }  // namespace pelk

@@ -13,14 +13,14 @@
 namespace pelk {
 namespace {
 
-// The file is gone through in parts. What is looked for begins within a part and ends at most this
-// far behind it.
+// The file is searched in parts. A match begins inside a part and ends at most `kLookAhead` bytes
+// after it.
 constexpr std::uint64_t kPartSize = 1UL << 20;
 constexpr std::size_t kLookAhead = kMozillaStatusReach;
-// The empty line before a message, and the end of the line before that.
+// An empty line precedes a message, and the end of another line precedes that.
 constexpr std::size_t kLookBehind = 3;
 
-/// Whether `text`, which follows a slash, can make the type of a calendar or a report of it.
+/// Returns whether `text` after a slash can be the subtype of a calendar or a report.
 bool isDoubtful(std::string_view text) {
     const std::size_t begin = text.find_first_not_of(" \t\r\n");
     if (begin == std::string_view::npos)
@@ -28,24 +28,24 @@ bool isDoubtful(std::string_view text) {
     text.remove_prefix(begin);
     constexpr std::string_view kCalendar = "calendar";
     constexpr std::string_view kReport = "report";
-    // A comment may stand in between.
+    // A comment may precede the subtype.
     return text.front() == '(' || equalsIgnoringCase(text.substr(0, kCalendar.size()), kCalendar) ||
            equalsIgnoringCase(text.substr(0, kReport.size()), kReport);
 }
 
-/// The same, quickly told for nearly every slash.
+/// A quick test of the character after a slash. Returns false for nearly every slash.
 bool mayBeDoubtful(char following) {
     return std::string_view("cCrR( \t\r\n").find(following) != std::string_view::npos;
 }
 
-/// What begins in one part of the file.
+/// The messages that begin in one part of the file.
 struct Part {
     std::vector<MboxEntry> entries;
-    /// Whether the text before the first of them makes the message doubtful that it belongs to.
+    /// Whether the text before the first of them makes the preceding message doubtful.
     bool doubtfulBefore = false;
 };
 
-/// Finds what begins in one part after another, each read into the same buffer.
+/// Searches one part after another. All parts use one buffer.
 class PartScan {
  public:
     explicit PartScan(const MailFile& file)
@@ -63,7 +63,7 @@ class PartScan {
             markDoubtful(begin, next);
             if (next < end)
                 addEntry(next);
-            // Past the beginning of this message, to find the next.
+            // Skip the start of this message, to find the next.
             begin = next + 1;
         }
         return std::move(part_);
@@ -79,7 +79,7 @@ class PartScan {
             file_.failChanged();
     }
 
-    /// Where the next message begins; `end` when there is none before.
+    /// Returns where the next message begins, or `end` if none begins before that.
     std::size_t findMessage(std::size_t begin, std::size_t end) const {
         constexpr std::string_view kPattern = "\nFrom ";
         std::size_t from = begin == 0 ? 0 : begin - 1;
@@ -124,12 +124,12 @@ class PartScan {
     const MailFile& file_;
     std::vector<char> buffer_;
     std::size_t length_ = 0;
-    /// Of the buffer in the file.
+    /// The offset of the buffer in the file.
     std::uint64_t offset_ = 0;
     Part part_;
 };
 
-/// Goes through all parts on two threads, side by side, so that the disk reads in order.
+/// Searches all parts on two threads. They take the parts in order, so the disk reads in order.
 std::vector<Part> scanParts(const MailFile& file) {
     std::vector<Part> parts((file.size() + kPartSize - 1) / kPartSize);
     std::atomic<std::size_t> next = 0;

@@ -10,9 +10,9 @@
 namespace pelk {
 namespace {
 
-// Enough for the header of any part and for the beginning of a calendar, where its method stands.
+// In bytes: enough for the header of a part and for the start of a calendar, which has the method.
 constexpr std::size_t kMaxText = 64UL << 10;
-// What is nested deeper is not looked into.
+// Parts nested deeper are ignored.
 constexpr std::size_t kMaxDepth = 100;
 
 std::string_view trimmed(std::string_view text) {
@@ -25,12 +25,12 @@ bool isAttachment(const MessageHeader& header) {
     return equalsIgnoringCase(trimmed(value.substr(0, value.find(';'))), "attachment");
 }
 
-/// A calendar that is sent to be answered, or as an answer, and not to be read.
+/// Returns whether a calendar with this method asks for an answer or is one.
 bool isMeetingMethod(std::string_view method) {
     return !method.empty() && !equalsIgnoringCase(method, "PUBLISH");
 }
 
-/// The value of the METHOD property, or empty text.
+/// Returns the value of the METHOD property (RFC 5545, 3.7.2), or empty text.
 std::string_view methodOf(std::string_view calendar) {
     while (!calendar.empty()) {
         const std::string_view line = calendar.substr(0, calendar.find('\n'));
@@ -43,8 +43,8 @@ std::string_view methodOf(std::string_view calendar) {
     return {};
 }
 
-/// Walks over the parts of a message. Only the boundaries of the parts around the current line are
-/// held, and the text of one part's header or calendar.
+/// Reads the parts of a message in one pass. Keeps only the boundaries of the enclosing parts and
+/// the text of one header or calendar.
 class MeetingSearch {
  public:
     bool run(const MessagePlace& place, const MessageHeader& header, const ContentType& type) {
@@ -52,7 +52,7 @@ class MeetingSearch {
         if (part_ == Part::Other && boundaries_.empty())
             return found_;
         LineReader lines(place, header.length());
-        // The empty line behind the header.
+        // Skip the empty line after the header.
         lines.next();
         for (auto line = lines.next(); line && !found_; line = lines.next())
             take(*line);
@@ -72,7 +72,7 @@ class MeetingSearch {
             text_.append(line).push_back('\n');
     }
 
-    /// The innermost of the boundaries that match counts.
+    /// Handles `line` if it is a boundary. The innermost matching boundary counts.
     bool takeBoundary(std::string_view line) {
         line = trimmed(line);
         for (std::size_t i = boundaries_.size(); i-- > 0;) {
@@ -90,7 +90,7 @@ class MeetingSearch {
         return false;
     }
 
-    /// Begins the body of a part.
+    /// Starts the body of a part with this header.
     void enter(const MessageHeader& header, const ContentType& type) {
         part_ = Part::Other;
         text_.clear();
@@ -106,13 +106,13 @@ class MeetingSearch {
         }
     }
 
-    /// The same for a part whose header has been read.
+    /// Starts the body of a part whose header is in `text_`.
     void enterPart() {
         const MessageHeader header(std::move(text_));
         enter(header, ContentType(header));
     }
 
-    /// Ends the body of a part, or the header of one that has no body.
+    /// Ends the body of a part, or the header of a part without a body.
     void leave() {
         if (part_ == Part::Calendar)
             found_ = isMeetingMethod(methodOf(decodeContent(encoding_, text_)));

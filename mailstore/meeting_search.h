@@ -1,5 +1,5 @@
 #pragma once
-// Whether a message is a meeting request, or an answer to one, rather than an e-mail.
+// Recognises meeting requests and answers to them (RFC 5545 calendars in MIME parts, RFC 6047).
 
 #include "mailstore/content_type.h"
 #include "mailstore/mail_file.h"
@@ -7,9 +7,10 @@
 
 namespace pelk {
 
-/// Whether the message, or a part of it that is no attachment, is a calendar with a method other
-/// than PUBLISH. What an attached message holds does not count. Reads the body, a block at a time,
-/// only if it can hold a calendar. `type` is what the header says. Fails with an `Error`.
+/// Returns whether the message, or a part of it that is not an attachment, is a calendar with a
+/// method other than PUBLISH. Ignores calendars in attached messages. Reads the body, one block at
+/// a time, only if it can hold a calendar. `type` is the content type in `header`. Throws an
+/// `Error` if the file cannot be read.
 bool isMeeting(const MessagePlace& place, const MessageHeader& header, const ContentType& type);
 
 }  // namespace pelk

@@ -9,7 +9,7 @@
 namespace pelk {
 namespace {
 
-// Most headers fit the first read; the longest that is looked at has the size of the last.
+// In bytes. Most headers fit the first read. A header longer than the last is cut.
 constexpr std::array<std::size_t, 4> kReadSizes = {8UL << 10, 64UL << 10, 256UL << 10, 1UL << 20};
 
 bool isBlank(char c) {
@@ -20,7 +20,7 @@ bool isControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == 0x7F;
 }
 
-/// Where the first empty line at or after the line that begins at `from` begins.
+/// Returns the offset of the first empty line. The search starts at the line that begins at `from`.
 std::optional<std::size_t> findEmptyLine(std::string_view text, std::size_t from) {
     while (from < text.size()) {
         if (text[from] == '\n' || text.substr(from, 2) == "\r\n")
@@ -75,7 +75,7 @@ void MessageHeader::addLine(std::string_view line) {
     }
     const std::size_t colon = line.find(':');
     if (colon == std::string_view::npos) {
-        // Without a name, so that what is folded to this line goes nowhere else.
+        // A field without a name takes the continuation lines that follow.
         fields_.push_back({{}, line});
         return;
     }
@@ -108,7 +108,7 @@ MessageHeader readHeader(const MessagePlace& place) {
         if (place.file->read(place.offset + had, text.data() + had, text.size() - had) <
             text.size() - had)
             place.file->failChanged();
-        // A line may have been cut by the end of the previous read.
+        // The previous read may have ended inside a line.
         const std::size_t lineEnd = had == 0 ? std::string::npos : text.rfind('\n', had - 1);
         end = findEmptyLine(text, lineEnd + 1);
         if (end || text.size() == place.length)
@@ -119,7 +119,7 @@ MessageHeader readHeader(const MessagePlace& place) {
     if (end) {
         text.resize(*end);
     } else if (text.size() < place.length) {
-        // Rather lose a line than show half of it.
+        // Drop the last line, which is incomplete.
         text.resize(text.rfind('\n') + 1);
     }
     return MessageHeader(std::move(text));

@@ -1,5 +1,5 @@
 #pragma once
-// The header of a message: its fields.
+// The header fields of a message (RFC 5322, 2.2).
 
 #include <cstdint>
 #include <string>
@@ -11,21 +11,21 @@
 
 namespace pelk {
 
-/// Ends before the first empty line. Lines that are no field are passed over. Names of fields are
-/// found in any letter case.
+/// The header without the empty line that ends it. Lines that are not a field are ignored. Field
+/// names match in any letter case.
 class MessageHeader {
  public:
-    /// `text` may begin with the line that parts messages in an mbox.
+    /// `text` may begin with the separator line of an mbox.
     explicit MessageHeader(std::string text);
     MessageHeader(const MessageHeader&) = delete;
     MessageHeader& operator=(const MessageHeader&) = delete;
 
-    /// The values of every field of that name, in order, with folding undone and control characters
-    /// removed or, where they part words, turned into blanks.
+    /// Returns the values of all fields of that name, in order. They are unfolded; tabs become
+    /// blanks and other control characters are removed.
     std::vector<std::string> all(std::string_view name) const;
-    /// The first of them, or empty text.
+    /// Returns the first of these values, or empty text.
     std::string first(std::string_view name) const;
-    /// Length of the header in bytes, without the empty line.
+    /// The length of the header in bytes, without the empty line.
     std::size_t length() const { return text_.size(); }
 
  private:
@@ -40,9 +40,8 @@ class MessageHeader {
     std::vector<Field> fields_;
 };
 
-/// Reads the header of a message from its file, and no more than that but for part of a block. Of
-/// an absurdly long header only the beginning. Fails with an `Error`, also when the file no longer
-/// holds a message at that place.
+/// Reads the header of a message, at most one block more than the header and at most 1 MB. Throws
+/// an `Error` if the file cannot be read or no longer holds a message at that position.
 MessageHeader readHeader(const MessagePlace& place);
 
 }  // namespace pelk

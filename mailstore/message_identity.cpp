@@ -6,9 +6,9 @@
 namespace pelk {
 namespace {
 
-constexpr std::size_t kMaxId = 998;  // no line of a message is longer
+constexpr std::size_t kMaxId = 998;  // the longest line that RFC 5322, 2.1.1 allows
 
-/// FNV-1a of 64 bits, see draft-eastlake-fnv.
+/// FNV-1a with 64 bits, see draft-eastlake-fnv.
 class Hash {
  public:
     void add(std::string_view text) {

@@ -1,5 +1,5 @@
 #pragma once
-// What tells that two messages are copies of one e-mail.
+// Recognises copies of one e-mail.
 
 #include <cstdint>
 #include <string>
@@ -8,13 +8,13 @@
 
 namespace pelk {
 
-/// The Message-ID (RFC 5322, 3.6.4) without brackets and blanks around it, cut when it is absurdly
-/// long; empty when there is none.
+/// Returns the Message-ID (RFC 5322, 3.6.4) without brackets and blanks around it, cut to 998
+/// bytes. Empty if there is none.
 std::string messageId(const MessageHeader& header);
 
-/// A hash of the Message-ID or, where that is missing, of what else was written on the way to the
-/// reader: mail programs change other fields later. Never 0. It is kept on disk, so it must stay
-/// the same for ever.
+/// Returns a hash of the Message-ID. Without one, hashes the fields that are written before
+/// delivery, because mail programs change others later. Never returns 0. The value is stored on
+/// disk, so it must not change between versions.
 std::uint64_t fingerprint(const MessageHeader& header);
 
 }  // namespace pelk

@@ -1,11 +1,11 @@
 #pragma once
-// When a message came into its store, read from what mail programs left behind.
+// Parses the times at which messages arrived.
 //
-// A time is given in seconds since 1970; a negative one stands for none that is of use.
+// Times are in seconds since 1970. A negative time means that none is known.
 //
-// What is told without a zone stays the wall clock's reading that it is: whoever wrote it lives in
-// the user's time zone, and readings of that clock are all that times are compared by. So no hour
-// that the clock shows twice, or never, needs a decision.
+// A time without a zone is kept as local wall-clock time. The program that wrote it ran in the
+// user's time zone, and times are compared as local times only. So an hour that the clock shows
+// twice, or never, needs no special rule. All functions are thread-safe.
 
 #include <cstdint>
 #include <optional>
@@ -18,32 +18,31 @@ namespace pelk {
 
 inline constexpr std::int64_t kNoTime = -1;
 
-/// When a store noted that a message came.
+/// The arrival time that a store recorded for a message.
 struct NotedTime {
     std::int64_t seconds = kNoTime;
-    /// Whether these seconds passed on the wall clock of the user's time zone, rather than in UTC.
+    /// Whether `seconds` count in the user's local time instead of UTC.
     bool onWallClock = false;
 
     friend bool operator==(const NotedTime&, const NotedTime&) = default;
 };
 
-/// The time in the line that parts messages in an mbox: "From jane@example.org Tue Jan  2 03:04:05
-/// 2021", with or without seconds and zone, the year before or behind the zone. Without a zone it
-/// is on the wall clock. The first day of 1970 is no time: programs that do not know one
-/// write 0.
+/// Parses the separator line of an mbox (RFC 4155): "From jane@example.org Tue Jan  2 03:04:05
+/// 2021". Seconds and zone are optional; the year comes before or after the zone. Without a zone
+/// the time is local. Ignores the first day of 1970, which programs write for an unknown time.
 NotedTime fromLineTime(std::string_view line);
 
-/// The time of a `Date` field, or `kNoTime`.
+/// Parses the value of a `Date` field (RFC 5322, 3.3). Returns `kNoTime` if it is not a date.
 std::int64_t dateFieldTime(const std::string& value);
 
-/// The time that stands behind the last semicolon of a `Received` field (RFC 5321, 4.4), or
-/// `kNoTime`.
+/// Parses the time after the last semicolon of a `Received` field (RFC 5321, 4.4). Returns
+/// `kNoTime` if there is none.
 std::int64_t receivedFieldTime(const std::string& value);
 
-/// The number that the name of a Maildir file begins with; nothing when it begins with none.
+/// Returns the number at the start of the name of a Maildir file, or nothing without a number.
 std::optional<std::int64_t> maildirNameTime(std::string_view fileName);
 
-/// In the user's time zone. Nothing outside of the years 1970 to 9999.
+/// Converts to the user's time zone. Returns nothing outside of the years 1970 to 9999.
 std::optional<LocalTime> localTime(NotedTime time);
 
 }  // namespace pelk

@@ -1,16 +1,16 @@
 #pragma once
-// What Thunderbird and its kin write into the header of a message about its state.
+// The state that Thunderbird stores in the header of a message.
 
 #include <string_view>
 
 namespace pelk {
 
-/// Whether the message that begins with `start` has been deleted and only waits for its folder to
-/// be compacted: bit 3 of `X-Mozilla-Status`. The field stands among the first of the header; of
-/// one that `start` cuts off nothing is known, and the answer is no.
+/// Returns whether the message that begins with `start` is deleted and remains only until its
+/// folder is compacted: bit 3 of `X-Mozilla-Status`. The field is among the first of the header.
+/// Returns false if `start` ends before the field does.
 bool isExpunged(std::string_view start);
 
-/// As much of a message as `isExpunged` can use, in bytes.
+/// How many bytes of a message are enough for `isExpunged`.
 inline constexpr std::size_t kMozillaStatusReach = 512;
 
 }  // namespace pelk

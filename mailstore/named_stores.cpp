@@ -10,7 +10,7 @@
 namespace pelk {
 namespace {
 
-/// Nothing for a folder that is not on disk, or gone.
+/// Returns nothing if `path` is empty or does not exist.
 std::optional<DirectoryId> idOf(const std::string& path) {
     struct stat status {};
     if (path.empty() || ::stat(path.c_str(), &status) != 0)
@@ -18,7 +18,7 @@ std::optional<DirectoryId> idOf(const std::string& path) {
     return DirectoryId(status.st_dev, status.st_ino);
 }
 
-/// Of these one has to be among the contents of another store for `store` to be read there.
+/// Returns the ids that `store` has in the contents of an enclosing store. One match is enough.
 std::set<DirectoryId> idsOfStore(const FolderPlace& store) {
     std::error_code error;
     std::filesystem::path folder = std::filesystem::canonical(store.path, error);
@@ -34,7 +34,7 @@ std::set<DirectoryId> idsOfStore(const FolderPlace& store) {
     return ids;
 }
 
-/// The directories of `store`, and the files that are folders.
+/// Returns the directories of `store` and the files that are folders.
 std::set<DirectoryId> contentsOf(const FolderPlace& store) {
     std::set<DirectoryId> contents;
     anyFolder(store, [&](const FolderPlace& place) {
@@ -52,7 +52,7 @@ std::set<DirectoryId> contentsOf(const FolderPlace& store) {
 NamedStores::NamedStores(const std::vector<std::string>& paths) {
     for (const std::string& path : paths)
         stores_.push_back(findStore(path));
-    // To look through all folders takes its time, and one store has nobody to share with.
+    // The search through all folders takes time, and a single store overlaps with none.
     if (stores_.size() > 1)
         for (FolderPlace& store : std::exchange(stores_, {}))
             add(std::move(store));
@@ -72,7 +72,7 @@ void NamedStores::add(FolderPlace store) {
     const std::set<DirectoryId> contents = contentsOf(store);
     std::erase_if(stores_, [&](const FolderPlace& other) { return isIn(contents, other); });
     stores_.push_back(std::move(store));
-    // Of stores that have been left to this one it holds what they hold.
+    // This includes the contents of the stores that were just dropped.
     contents_.push_back(contents);
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// What the user named, each mail in it once.
+// The stores that the user named, without overlaps.
 
 #include <set>
 #include <string>
@@ -11,20 +11,20 @@ namespace pelk {
 
 class NamedStores {
  public:
-    /// A store that is named twice, or that another one holds, by whatever path, is left to the
-    /// first, or to the other. Fails with an `Error` that names the path when one of `paths` does
-    /// not exist, cannot be read or holds no mail of a known kind.
+    /// Drops a store that was named before, or that is inside another one, by whatever path. Throws
+    /// an `Error` that names the path if one of `paths` does not exist, cannot be read or holds no
+    /// mail of a known kind.
     explicit NamedStores(const std::vector<std::string>& paths);
 
     const std::vector<FolderPlace>& stores() const { return stores_; }
-    /// Whether the user named this folder, be it a store or a folder in one.
+    /// Returns whether the user named this folder, as a store or inside another store.
     bool isNamed(const FolderPlace& place) const;
 
  private:
     void add(FolderPlace store);
 
     std::vector<FolderPlace> stores_;
-    /// What the folders of each store that was looked through are on disk.
+    /// The files and directories of each store that was searched.
     std::vector<std::set<DirectoryId>> contents_;
     std::set<DirectoryId> named_;
 };

@@ -7,11 +7,11 @@
 namespace pelk {
 namespace {
 
-// Enough to make little of the cost of a thread.
+// In messages; large enough that starting a thread costs little.
 constexpr std::size_t kBatchSize = 128;
-// Of headers in a batch: far more than they have, unless somebody means harm.
+// The most bytes of headers in a batch. Only hostile mail reaches it.
 constexpr std::size_t kMostBytes = 4UL << 20;
-// Reading takes about as long as counting; a third thread would have to wait.
+// Reading takes about as long as counting, so a third thread would wait.
 constexpr std::size_t kBatchesAhead = 2;
 
 }  // namespace
@@ -50,14 +50,14 @@ void ReadAhead::takeBatch() {
     startReading(std::move(done));
 }
 
-/// The messages of `done` go on the thread that reads the next: to free here what was allocated
-/// there would keep both waiting for each other. Mail that an earlier scan has counted is not asked
-/// for its people, who take most of the time.
+/// The thread that reads the next batch frees the messages of `done`. Freeing them on the caller's
+/// thread would make both threads wait for the allocator. People are parsed only if the caller asks
+/// for them, because that takes most of the time and a scan does not need those of old mail.
 void ReadAhead::startReading(Batch done) {
     const bool withPeople = !last_ || last_->peopleWanted();
     while (coming_.size() < kBatchesAhead && unread_ < messages_.count()) {
         const std::size_t end = std::min(unread_ + kBatchSize, messages_.count());
-        // Where the system has no thread left, the batch is read when it is taken.
+        // If the system has no thread left, the batch is read when it is needed.
         coming_.push_back(std::async(std::launch::async | std::launch::deferred, read,
                                      std::cref(messages_), unread_, end, withPeople,
                                      std::exchange(done, {})));
@@ -79,7 +79,7 @@ ReadAhead::Batch ReadAhead::read(const StoredMessages& messages, std::size_t beg
             bytes += listed.message->heldBytes();
             batch[index - begin] = std::move(listed);
         } catch (const std::exception&) {
-            // Whoever takes the message reads it, and meets the fault.
+            // The caller reads the message again and receives the error.
         }
     }
     return batch;

@@ -1,5 +1,5 @@
 #pragma once
-// Reads the messages of a folder while those before them are being looked at.
+// Reads the next messages of a folder while the caller handles the earlier ones.
 
 #include <deque>
 #include <future>
@@ -11,18 +11,18 @@
 
 namespace pelk {
 
-/// Hands out messages. As long as they are taken one after the other, the next few are read on
-/// other threads meanwhile, however large the folder is.
+/// Returns messages. While they are requested in order, other threads read the next few, however
+/// large the folder is. One thread at a time may call `message`.
 class ReadAhead {
  public:
     /// `messages` must outlive this.
     explicit ReadAhead(const StoredMessages& messages) : messages_(messages) {}
 
-    /// As `StoredMessages::message`.
+    /// Returns message `index`, as `StoredMessages::message` does.
     ListedMessage message(std::size_t index);
 
  private:
-    /// Nothing in the place of a message that has not been read.
+    /// An empty entry is a message that has not been read.
     using Batch = std::vector<std::optional<ListedMessage>>;
 
     void startBehind(std::size_t index);
@@ -34,12 +34,12 @@ class ReadAhead {
 
     const StoredMessages& messages_;
     Batch batch_;
-    /// How many messages of the batch have been handed out.
+    /// The number of messages of the batch that have been returned.
     std::size_t taken_ = 0;
     std::deque<std::future<Batch>> coming_;
-    /// The message that is expected to be taken next.
+    /// The message that is expected to be requested next.
     std::size_t next_ = 0;
-    /// The first message behind all batches.
+    /// The first message after all batches.
     std::size_t unread_ = 0;
     std::shared_ptr<const StoredMessage> last_;
 };

@@ -20,9 +20,9 @@ constexpr auto kDeleted = DefaultFolder::DeletedItems;
 constexpr auto kDrafts = DefaultFolder::Drafts;
 constexpr auto kJunk = DefaultFolder::Junk;
 
-// First what Thunderbird, Apple Mail, Outlook and the usual servers call them in English, then what
-// Gmail calls its labels and IMAP folders in each language of its users, as its own pages show
-// them; more than one where the wording has changed over the years, or differs by country.
+// The English names that Thunderbird, Apple Mail, Outlook and common servers use, then the names of
+// Gmail's labels and IMAP folders in each of its languages, as its own pages show them. A language
+// has several names where the wording has changed or differs by country.
 constexpr Purpose kPurposes[] = {
     {kOutbox, "Outbox"},
     {kOutbox, "Unsent"},
@@ -157,7 +157,7 @@ constexpr Purpose kPurposes[] = {
     {kJunk, "Thư rác"},
 };
 
-/// Takes the first label off `labels`. One with a comma in its name stands in quotes.
+/// Removes the first label from `labels` and returns it. A label with a comma is in quotes.
 std::string takeLabel(std::string_view& labels) {
     std::string label;
     bool quoted = false;
@@ -194,7 +194,7 @@ std::optional<DefaultFolder> folderOfLabels(std::string_view labels) {
     std::optional<DefaultFolder> folder;
     for (std::string_view rest = text; !rest.empty();) {
         const std::optional<DefaultFolder> found = folderCalled(decodeText(takeLabel(rest)));
-        // What lies in the trash is gone, whatever it was before.
+        // A message in the trash is deleted, whatever its other labels.
         if (found == DefaultFolder::DeletedItems)
             return found;
         if (found && found != DefaultFolder::Outbox)

@@ -1,5 +1,5 @@
 #pragma once
-// The folders that mail programs have for purposes of their own, by the names they give them.
+// Recognises default folders by the names that mail programs give them. Thread-safe.
 
 #include <optional>
 #include <string_view>
@@ -8,16 +8,16 @@
 
 namespace pelk {
 
-/// What a folder of that name, in any letter case, is for when it stands at the top of a store.
-/// Nothing for any other name.
+/// Returns the purpose of a folder of that name, in any letter case, at the top of a store. Returns
+/// nothing for any other name.
 std::optional<DefaultFolder> folderCalled(std::string_view name);
 
-/// The folder that a value of `X-Gmail-Labels` puts its message in, as it stands in the header.
-/// Nothing when it is none of these folders.
+/// Returns the default folder that the labels of a message name. `labels` is the undecoded value of
+/// `X-Gmail-Labels`. Returns nothing if no label names one.
 std::optional<DefaultFolder> folderOfLabels(std::string_view labels);
 
-/// Whether a folder of that name at the top of a store is one in which mail services keep the
-/// others: "INBOX", "[Gmail]".
+/// Returns whether mail services put their default folders into a folder of that name at the top of
+/// a store: "INBOX", "[Gmail]".
 bool isContainerName(std::string_view name);
 
 }  // namespace pelk

@@ -19,12 +19,12 @@ namespace {
                 "files.");
 }
 
-/// The last part of `path`, also for "." and the like.
+/// Returns the last part of the absolute path, so "." has a name, too.
 std::string nameOf(const std::string& path) {
     std::error_code error;
     std::filesystem::path whole = std::filesystem::absolute(path, error);
     whole = (whole / "").lexically_normal();
-    // It ends with a slash now, and the name stands before that.
+    // The path ends with a slash, so its parent path ends with the name.
     const std::string name = whole.parent_path().filename().string();
     return name.empty() ? path : name;
 }
@@ -42,7 +42,7 @@ bool isMailDirectory(const FolderPlace& place) {
     return false;
 }
 
-/// Whether there is mail in the directory `top` or anywhere below.
+/// Returns whether there is mail in the directory `top` or anywhere below it.
 bool holdsMail(const FolderPlace& top) {
     return anyFolder(top, [](const FolderPlace& place) {
         return place.kind != FolderPlace::Kind::Directory || isMailDirectory(place);
@@ -53,7 +53,7 @@ struct Free {
     void operator()(char* text) const { std::free(text); }
 };
 
-/// See `FolderPlace::canonical`.
+/// Returns the path for `FolderPlace::canonical`.
 std::string canonicalPlace(const std::string& path) {
     const std::unique_ptr<char, Free> real(::realpath(path.c_str(), nullptr));
     if (!real)

@@ -22,8 +22,8 @@ LocalTime StoredMessage::creationTime() {
     return own ? *own : changed.value_or(LocalTime{});
 }
 
-/// A file that holds this message alone is not written to again, an mbox is. A change in the future
-/// is read as the present, which moves on.
+/// A mail program writes an mbox again, but not a file with a single message. A change in the
+/// future counts as the present, which is later at the next scan.
 bool StoredMessage::isDatedAhead() {
     const std::optional<LocalTime>& changed = place_.file->changed();
     const std::optional<LocalTime>& own = ownTime();

@@ -1,5 +1,5 @@
 #pragma once
-// One message of a folder.
+// One message of a folder on disk.
 
 #include <cstdint>
 #include <memory>
@@ -14,15 +14,15 @@
 
 namespace pelk {
 
-/// Reads from its file only what it is asked for. Every function may fail with an `Error`.
+/// Reads from its file only what a caller asks for. Every function may throw an `Error` if the file
+/// cannot be read. One thread at a time may use an object.
 class StoredMessage : public MailItem {
  public:
-    /// `received` is the time when the message came into its store, as it is noted outside of its
-    /// header, if it is.
+    /// `received` is the arrival time that the store recorded outside of the header, if any.
     StoredMessage(MessagePlace place, NotedTime received);
 
-    /// Where no time is noted, the topmost `Received` field tells, then `Date`; but the message was
-    /// there when its file was changed last.
+    /// Returns the recorded time, else that of the topmost `Received` field, else that of `Date`.
+    /// Never later than the last change of the file, because the message was there by then.
     LocalTime creationTime() override;
     bool isDatedAhead() override;
     std::string messageId() override;
@@ -32,20 +32,20 @@ class StoredMessage : public MailItem {
     int recipientCount() override;
     MailPerson recipient(int index) override;
 
-    /// Reads now whom the functions above will name.
+    /// Parses sender and recipients now, so that the functions above are quick later.
     void readPeople();
-    /// Whether somebody has asked for a person.
+    /// Whether a caller has asked for a person.
     bool peopleWanted() const { return peopleWanted_; }
 
     const MessageHeader& header();
-    /// Bytes of the header that have been read and are kept.
+    /// The number of bytes of the header in memory.
     std::size_t heldBytes() const { return header_ ? header_->length() : 0; }
-    /// The one whom the message says it is from, as text, or empty text.
+    /// The name of the author (`From`, else `Sender`), or empty text.
     std::string author();
     std::string subject();
 
  private:
-    /// The time that the message itself tells.
+    /// The arrival time without regard to the file's last change.
     const std::optional<LocalTime>& ownTime();
     std::optional<LocalTime> findOwnTime();
     std::vector<MailPerson> people(std::string_view field);

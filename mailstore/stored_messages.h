@@ -19,18 +19,20 @@ class StoredMessages {
  public:
     virtual ~StoredMessages() = default;
     virtual std::size_t count() const = 0;
-    /// Message `index`, counted from 0. Requires: index < count(). Fails with an `Error`.
+    /// Returns message `index`, counted from 0. Requires: index < count(). Throws an `Error` if the
+    /// message cannot be read. Several threads may call it at once.
     virtual ListedMessage message(std::size_t index) const = 0;
 };
 
-/// Finds the messages of an mbox. Fails with an `Error`.
+/// Finds the messages of an mbox. Throws an `Error` if the file cannot be read.
 std::unique_ptr<StoredMessages> openMbox(const std::string& path);
 
-/// The message that a file holds all by itself. Looks at the file only when the message is taken.
+/// Returns the one message of an `.eml` file. Opens the file only when the message is requested.
 std::unique_ptr<StoredMessages> openSingleMessage(const std::string& path);
 
-/// The messages of a directory: its `.eml` files by name, then those of a Maildir, in `cur` and
-/// `new` together, by name. What the mail program has deleted is left out. Fails with an `Error`.
+/// Lists the messages of a directory: its `.eml` files by name, then the messages in `cur` and
+/// `new` together, by name. Leaves out messages marked as deleted. Throws an `Error` if a directory
+/// cannot be read.
 std::unique_ptr<StoredMessages> openDirectory(const std::string& path);
 
 }  // namespace pelk

@@ -1,4 +1,4 @@
-// Folders as they lie on disk.
+// Reads the folder layouts of mail programs.
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,7 +15,7 @@ std::string nothing(const std::string&) {
 
 class FoldersTest : public MailTest {
  protected:
-    /// Writes files with mail whose subject is the name of the file.
+    /// Writes files with mail. The subject is the name of the file.
     void write(std::string (*content)(const std::string&),
                const std::vector<std::string>& names) const {
         for (const std::string& name : names)
@@ -35,7 +35,7 @@ class FoldersTest : public MailTest {
             text += (text.empty() ? "" : " ") + folder->name();
         return text;
     }
-    /// The places of all folders, without their first `skip` characters.
+    /// Returns the places of all folders without their first `skip` characters.
     static std::string placesOf(MailFolders& folders, std::size_t skip) {
         std::string text;
         while (const auto folder = folders.next()) {
@@ -103,7 +103,7 @@ TEST_F(FoldersTest, passesOverLoopsPipesAndLockedFiles) {
     makePipe("top/pipe");
     makePipe("top/a/pipe.eml");
     std::filesystem::permissions(pathOf("top/box"), std::filesystem::perms::none);
-    const std::string box = ::geteuid() == 0 ? "box[box]" : "box[!]";  // root opens everything
+    const std::string box = ::geteuid() == 0 ? "box[box]" : "box[!]";  // root may read everything
     EXPECT_EQ(treeOf("top"), "top[](a[1.eml] b[b] " + box + " same[1.eml])");
 }
 
@@ -207,7 +207,7 @@ TEST_F(FoldersTest, refusesWhatIsNoStore) {
     EXPECT_EQ(treeOf("dir"), "dir[](sub[](deep[](box[box])))");
 }
 
-// Told by their names: o for the outbox, d for deleted items, e for drafts and j for junk.
+// The letters are o for outbox, d for deleted items, e for drafts and j for junk.
 TEST_F(FoldersTest, knowsDefaultFoldersAtTheTopOfAStore) {
     write(mbox, {"top/Outbox", "top/Trash", "top/Trash.sbd/Trash", "top/JUNK e-mail", "top/Drafts",
                  "top/Bozze", "top/Work", "top/Work.sbd/Trash", "top/[Gmail].sbd/Papierkorb"});

@@ -1,5 +1,5 @@
 #pragma once
-// Mail in a temporary folder, and a session over it as one line of text.
+// Writes mail to a temporary folder and describes a session over it in one line.
 
 #include <gtest/gtest.h>
 
@@ -19,8 +19,8 @@ inline std::string mbox(const std::string& subject) {
     return "From jane@x.org Tue Jan  2 03:04:05 2001\n" + message(subject) + "\n";
 }
 
-/// Folders as "name[subjects](subfolders)". A star marks an item that is no e-mail, a mark of
-/// exclamation a folder that cannot be read.
+/// Describes folders as "name[subjects](subfolders)". A star marks an item that is not an e-mail,
+/// an exclamation mark a folder that cannot be read.
 inline std::string describe(MailFolders& folders) {
     std::string text;
     while (const auto folder = folders.next()) {
@@ -48,7 +48,7 @@ class MailTest : public testing::Test {
         ::tzset();
     }
 
-    /// Opens a file or directory of the temporary folder.
+    /// Opens a file or directory in the temporary folder.
     std::unique_ptr<MailSession> open(const std::string& name) const {
         return openMailSession({files.path() + "/" + name}, {});
     }

@@ -19,8 +19,8 @@ TEST_F(MboxTest, beginsAMessageBehindAnEmptyLine) {
     EXPECT_EQ(treeOf("c"), "c[]");
 }
 
-// The file is gone through a megabyte at a time; what parts messages, and what makes one doubtful,
-// may lie across the seam.
+// The index reads one megabyte at a time. A separator, or the type of a meeting, may cross the
+// border of two parts.
 TEST_F(MboxTest, findsEveryMessageOfALargeFile) {
     const std::string request =
         "\r\n\r\nFrom x\r\nSubject: m\r\nContent-Type: text/calendar; method=REPLY\r\n\r\n";
@@ -52,8 +52,8 @@ TEST_F(MboxTest, handsOutItemsThatOutliveTheFolderButNotTheMessage) {
     EXPECT_EQ(other->recipient(1).address, "bob@x.org");
 }
 
-// A message may be expunged at either side of a seam. Those around it keep their own text: the
-// first part of what is gone would make a meeting of the message before it.
+// An expunged message may be on either side of the border of two parts. Its text must not count for
+// its neighbours: its first part would make a meeting of the message before it.
 TEST_F(MboxTest, leavesOutWhatIsExpunged) {
     const auto withStatus = [](const std::string& status, const std::string& rest) {
         return "From - Tue Jan  2 03:04:05 2001\nX-Account-Key: a\nX-Mozilla-Status: " + status +

@@ -1,4 +1,4 @@
-// E-mails as the scan sees them.
+// Reads single messages as a scan does.
 
 #include <chrono>
 #include <vector>
@@ -25,7 +25,8 @@ class StoredMessageTest : public MailTest {
         return text;
     }
 
-    /// When the message in a file came that was changed as `year` began; sets `isAhead_`.
+    /// Returns the creation time of the message in a file that was last changed at the start of
+    /// `year`. Sets `isAhead_`.
     LocalTime timeOf(const std::string& path, const std::string& content, int year) {
         const std::string file = files.write(path, content);
         const std::chrono::sys_seconds fileTime =
@@ -39,7 +40,7 @@ class StoredMessageTest : public MailTest {
 
     bool isAhead_ = false;
 
-    /// As a file, and in an mbox, where most messages are told to be e-mails at first sight.
+    /// Asks for a message file and for an mbox, which decide in different ways.
     bool isMail(const std::string& content) {
         files.write("one.eml", content);
         files.write("box", "From a Tue Jan  2 03:04:05 2001\n" + content);
@@ -63,7 +64,7 @@ TEST_F(StoredMessageTest, namesSenderAndRecipients) {
 }
 
 TEST_F(StoredMessageTest, readsLongHeadersUpToALimit) {
-    // Some of them end right where the first read does.
+    // Some headers end exactly where the first read ends.
     std::vector<std::size_t> sizes = {60'000, 900'000, 3'000'000};
     for (std::size_t size = 8'130; size < 8'185; ++size)
         sizes.push_back(size);
@@ -212,7 +213,8 @@ TEST_F(StoredMessageTest, tellsReportsAndMeetingsFromMail) {
     EXPECT_FALSE(isMail(mixed + "--o o\n" + inner + "--o\n" + begin + "METHOD:CANCEL\n--o--\n"));
     EXPECT_FALSE(isMail(mixed + "--o o\n" + inner + "--o\n\ntext\n--o o\n" + request));
     EXPECT_FALSE(isMail(mixed + "--o o\n" + calendar + "; method=REQUEST\n--o o--\n"));
-    // In a preamble or epilogue, behind a boundary that is none, or in an attached message.
+    // The request is in a preamble or epilogue, after an invalid boundary, or in an attached
+    // message.
     EXPECT_TRUE(isMail(mixed + request + "--o o\n\ntext\n--o o--\n" + request));
     EXPECT_TRUE(isMail(text + "--o ox\n" + request));
     EXPECT_TRUE(isMail(mixed + "--o o\n" + inner + "--o--\n--o\n" + request));
@@ -222,7 +224,7 @@ TEST_F(StoredMessageTest, tellsReportsAndMeetingsFromMail) {
     EXPECT_TRUE(isMail("Content-Type: multipart/mixed\n\n--\n" + request));
 }
 
-// Without a limit to nesting the last would take hours.
+// Without a limit to nesting, the last message takes hours.
 TEST_F(StoredMessageTest, looksForMeetingsInLargeAndDeepMessages) {
     const std::string mixed = "Content-Type: multipart/mixed; boundary=";
     const std::string request = "\nContent-Type: text/calendar; method=REQUEST\n\n";
