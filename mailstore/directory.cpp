@@ -55,10 +55,6 @@ std::vector<DirectoryEntry> readDirectory(const std::string& path) {
     return entries;
 }
 
-bool isMessageFile(const DirectoryEntry& entry) {
-    return !entry.isDirectory && !entry.name.starts_with('.') && hasEnding(entry.name, ".eml");
-}
-
 bool isMaildirPart(const DirectoryEntry& entry) {
     return entry.isDirectory && (entry.name == "cur" || entry.name == "new");
 }

@@ -26,9 +26,6 @@ struct DirectoryEntry {
 /// cannot be read.
 std::vector<DirectoryEntry> readDirectory(const std::string& path);
 
-/// Returns whether `entry` is a visible file with the ending `.eml`.
-bool isMessageFile(const DirectoryEntry& entry);
-
 /// Returns whether `entry` is the `cur` or `new` of a Maildir.
 bool isMaildirPart(const DirectoryEntry& entry);
 

@@ -1,11 +1,12 @@
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 
 #include "mailstore/folder_name.h"
 #include "mailstore/folder_place.h"
-#include "mailstore/mail_file.h"
 #include "mailstore/mail_text.h"
+#include "mailstore/message_files.h"
 #include "mailstore/special_folder.h"
 #include "platform/error.h"
 
@@ -15,30 +16,85 @@ namespace {
 constexpr std::string_view kSummary = ".msf";
 
 bool isCompanion(const DirectoryEntry& entry) {
-    return entry.isDirectory && withoutCompanionEnding(entry.name) != entry.name;
+    return entry.isDirectory && companionOwner(entry.name);
 }
 
-/// Returns whether a directory is part of a Maildir or an index, and not a folder.
-bool isInternal(const std::string& name) {
-    return name == "cur" || name == "new" || name == "tmp" || name.starts_with("courierimap");
+/// Returns whether the directory `name` in the directory `parent` is part of a Maildir, of a
+/// mailbox of Apple Mail or of an index, and not a folder.
+bool isInternal(const std::string& name, const std::string& parent) {
+    return name == "cur" || name == "new" || name == "tmp" || name.starts_with("courierimap") ||
+           (hasEnding(parent, kAppleMailboxEnding) &&
+            (name == "Attachments" || isAppleMailPart(name)));
 }
+
+/// Returns nothing if the file cannot be read.
+std::optional<FileStart> startIfReadable(const std::string& path) {
+    try {
+        return startOf(path);
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+}
+
+bool has(const std::vector<DirectoryEntry>& entries, const std::string& name) {
+    const auto found = std::lower_bound(entries.begin(), entries.end(), name,
+                                        [](const auto& a, const auto& b) { return a.name < b; });
+    return found != entries.end() && found->name == name;
+}
+
+/// The files of one directory with messages that nobody here can read.
+class UnknownFiles {
+ public:
+    void add(const std::string& name) {
+        if (count_++ == 0)
+            first_ = name;
+    }
+    bool empty() const { return count_ == 0; }
+    const std::string& first() const { return first_; }
+    std::string description() const {
+        return first_ + (count_ > 1 ? " and " + std::to_string(count_ - 1) + " more" : "");
+    }
+
+ private:
+    std::string first_;
+    std::size_t count_ = 0;
+};
 
 class Listing {
  public:
-    explicit Listing(const FolderPlace& parent) : parent_(parent), nested_(parent.nested) {}
+    explicit Listing(const FolderPlace& parent)
+        : parent_(parent), trail_(parent.trail), nested_(parent.nested) {}
 
     void addContentOf(const std::string& path) {
         const std::vector<DirectoryEntry> entries = readDirectory(path);
         const std::size_t begin = found_.size();
         for (const DirectoryEntry& entry : entries) {
             isAccount_ = isAccount_ || marksAccount(entry.name);
-            if (!isCompanion(entry))
-                add(entry, path + "/" + entry.name, entries);
+            if (entry.isDirectory && !isCompanion(entry))
+                addDirectory(entry, path, entries);
+            else if (!entry.isDirectory)
+                addFile(entry, path, entries);
         }
         const std::size_t end = found_.size();
         for (const DirectoryEntry& entry : entries)
-            if (isCompanion(entry) && !entry.name.starts_with('.') && isNew(entry.id))
+            if (isCompanion(entry) && isNew(entry.id))
                 addCompanion(entry, path + "/" + entry.name, begin, end);
+        addUnknown(path);
+        for (const DirectoryEntry& entry : entries)
+            if (entry.isDirectory && entry.name == kCacheSubfolders && isNew(entry.id)) {
+                trail_.push_back(entry.id);
+                addContentOf(path + "/" + entry.name);
+            }
+    }
+
+    void addGearyFolders(const std::string& path, const std::shared_ptr<GearyStore>& store,
+                         GearyStore::FolderId parent) {
+        for (const GearyStore::Folder& folder : store->folders(parent)) {
+            FolderPlace inner = place(decodeText(folder.name), FolderPlace::Kind::Geary, path);
+            inner.geary = store;
+            inner.gearyId = folder.id;
+            found_.push_back({folder.name, std::move(inner)});
+        }
     }
 
     std::vector<FolderPlace> result() {
@@ -76,17 +132,23 @@ class Listing {
     /// Returns whether the name occurs only in the directory of an account: the inbox, the outbox
     /// of Thunderbird, or the summary file of either, which may be there alone.
     static bool marksAccount(std::string_view name) {
-        if (name.ends_with(kSummary))
-            name.remove_suffix(kSummary.size());
+        for (const std::string_view ending : {kSummary, kAppleMailboxEnding})
+            if (name.ends_with(ending))
+                name.remove_suffix(ending.size());
         return equalsIgnoringCase(name, "INBOX") || name == "Unsent Messages";
     }
 
     bool isNew(const DirectoryId& id) const {
-        return std::find(parent_.trail.begin(), parent_.trail.end(), id) == parent_.trail.end();
+        return std::find(trail_.begin(), trail_.end(), id) == trail_.end();
     }
 
     FolderPlace place(std::string name, FolderPlace::Kind kind, const std::string& path) const {
-        return {std::move(name), kind, path, {}, {}, parent_.trail, {}};
+        FolderPlace result;
+        result.name = std::move(name);
+        result.kind = kind;
+        result.path = path;
+        result.trail = trail_;
+        return result;
     }
 
     FolderPlace directoryPlace(std::string name, const std::string& path,
@@ -96,53 +158,90 @@ class Listing {
         return result;
     }
 
-    void add(const DirectoryEntry& entry, const std::string& path,
-             const std::vector<DirectoryEntry>& siblings) {
-        if (!entry.isDirectory) {
-            if (!entry.name.starts_with('.') && !entry.name.ends_with(kSummary) &&
-                !isMessageFile(entry) && isMboxAmong(siblings, entry.name, path)) {
-                found_.push_back(
-                    {entry.name, place(decodeText(entry.name), FolderPlace::Kind::Mbox, path)});
-            }
-        } else if (!isNew(entry.id) || isInternal(entry.name)) {
+    void addFile(const DirectoryEntry& entry, const std::string& directory,
+                 const std::vector<DirectoryEntry>& siblings) {
+        if (entry.name.starts_with('.') || entry.name.ends_with(kSummary))
             return;
-        } else if (!entry.name.starts_with('.')) {
-            found_.push_back({entry.name, directoryPlace(decodeText(entry.name), path, entry.id)});
-        } else if (isMaildir(path)) {
-            // Only an account has folders in Maildir++ layout.
-            isAccount_ = true;
-            nested_.push_back({splitMaildirName(entry.name), path, entry.id});
+        const std::string path = directory + "/" + entry.name;
+        if (entry.name == kGearyFile)
+            return addGearyFile(path);
+        if (isMessageFile(entry, [&] { return startOf(path); })) {
+            hasMail_ = true;
+            return;
+        }
+        const std::optional<FileStart> start = startIfReadable(path);
+        // Opening a folder that cannot be read reports the fault to the user.
+        if (!start || *start == FileStart::Mbox ||
+            (*start == FileStart::Nothing && isFolderOfEmptyFile(entry.name, siblings))) {
+            hasMail_ = true;
+            found_.push_back(
+                {entry.name, place(decodeText(entry.name), FolderPlace::Kind::Mbox, path)});
+        } else if (*start == FileStart::Foreign) {
+            foreign_.add(entry.name);
+        } else if (*start == FileStart::Message) {
+            unknownMessages_.add(entry.name);
         }
     }
 
-    static bool isMboxAmong(const std::vector<DirectoryEntry>& siblings, const std::string& name,
-                            const std::string& path) {
-        const auto has = [&](std::string_view ending) {
-            const auto found =
-                std::lower_bound(siblings.begin(), siblings.end(), name + std::string(ending),
-                                 [](const auto& a, const auto& b) { return a.name < b; });
-            return found != siblings.end() && found->name == name + std::string(ending);
-        };
+    /// Adds the folders of the account, which the directory of the file stands for.
+    void addGearyFile(const std::string& path) {
         try {
-            const FileStart start = startOf(path);
-            return start == FileStart::Mbox ||
-                   (start == FileStart::Nothing && (has(kCompanionEnding) || has(kSummary)));
+            addGearyFolders(path, GearyStore::open(path), GearyStore::kTop);
         } catch (const Error&) {
             // Opening the folder reports the fault to the user.
-            return true;
+            found_.push_back({std::string(kGearyFile),
+                              place(std::string(kGearyFile), FolderPlace::Kind::Geary, path)});
         }
+    }
+
+    static bool isFolderOfEmptyFile(const std::string& name,
+                                    const std::vector<DirectoryEntry>& siblings) {
+        std::vector<std::string> signs = companionNames(name);
+        signs.push_back(name + std::string(kSummary));
+        return std::any_of(signs.begin(), signs.end(),
+                           [&](const std::string& sign) { return has(siblings, sign); });
+    }
+
+    void addDirectory(const DirectoryEntry& entry, const std::string& directory,
+                      const std::vector<DirectoryEntry>& siblings) {
+        const std::string path = directory + "/" + entry.name;
+        if (isMaildirPart(entry))
+            hasMail_ = true;
+        if (!isNew(entry.id) || isInternal(entry.name, directory) || entry.name == kCacheSubfolders)
+            return;
+        if (!entry.name.starts_with('.')) {
+            found_.push_back(
+                {entry.name, directoryPlace(directoryTitle(entry.name), path, entry.id)});
+        } else if (isMaildir(path)) {
+            // Only an account has folders in Maildir++ layout.
+            isAccount_ = true;
+            nested_.push_back({splitMaildirName(entry.name), path, entry.id,
+                               has(siblings, std::string(kEscapedNamesMark))});
+        }
+    }
+
+    /// Text files may begin like messages. They mean mail in an unknown layout only in a directory
+    /// without any mail that can be read.
+    void addUnknown(const std::string& path) {
+        for (const UnknownFiles* const files : {&foreign_, &unknownMessages_})
+            if (!files->empty() && (files == &foreign_ || !hasMail_))
+                found_.push_back(
+                    {files->first(), place(decodeText(files->first()), FolderPlace::Kind::Unknown,
+                                           path + "/" + files->description())});
+        foreign_ = unknownMessages_ = {};
+        hasMail_ = false;
     }
 
     /// Assigns a companion directory to the folder of that name in [`begin`, `end`). Without such a
     /// folder, the directory becomes a folder itself.
     void addCompanion(const DirectoryEntry& entry, const std::string& path, std::size_t begin,
                       std::size_t end) {
-        const std::string name = withoutCompanionEnding(entry.name);
+        const std::string name = *companionOwner(entry.name);
         const auto first = found_.begin() + static_cast<std::ptrdiff_t>(begin);
         const auto last = found_.begin() + static_cast<std::ptrdiff_t>(end);
         const auto owner = std::lower_bound(
             first, last, name, [](const auto& a, const auto& b) { return a.fileName < b; });
-        if (owner != last && owner->fileName == name) {
+        if (owner != last && owner->fileName == name && owner->place.companion.empty()) {
             owner->place.companion = path;
             owner->place.trail.push_back(entry.id);
         } else {
@@ -154,7 +253,8 @@ class Listing {
         std::map<std::string, FolderPlace> groups;
         for (NestedMaildir& maildir : nested_) {
             const std::string first = maildir.names.front();
-            const std::string shown = decodeText(decodeModifiedUtf7(first));
+            const std::string shown =
+                decodeText(maildir.escaped ? decodeEscapedName(first) : decodeModifiedUtf7(first));
             FolderPlace& group =
                 groups.try_emplace(first, place(shown, FolderPlace::Kind::Empty, {})).first->second;
             maildir.names.erase(maildir.names.begin());
@@ -173,17 +273,31 @@ class Listing {
     }
 
     const FolderPlace& parent_;
+    std::vector<DirectoryId> trail_;
     std::vector<NestedMaildir> nested_;
     std::vector<Found> found_;
     bool isAccount_ = false;
+    /// What the directory holds whose content is being added.
+    UnknownFiles foreign_;
+    UnknownFiles unknownMessages_;
+    bool hasMail_ = false;
 };
 
 }  // namespace
+
+std::string directoryTitle(const std::string& name) {
+    const std::optional<std::string> owner = companionOwner(name);
+    if (!owner && hasEnding(name, kAppleMailboxEnding))
+        return decodeText(name.substr(0, name.size() - kAppleMailboxEnding.size()));
+    return decodeText(owner.value_or(name));
+}
 
 std::vector<FolderPlace> listSubfolders(const FolderPlace& place) {
     Listing listing(place);
     if (place.kind == FolderPlace::Kind::Directory)
         listing.addContentOf(place.path);
+    if (place.kind == FolderPlace::Kind::Geary && place.geary)
+        listing.addGearyFolders(place.path, place.geary, place.gearyId);
     if (!place.companion.empty())
         listing.addContentOf(place.companion);
     return listing.result();

@@ -1,6 +1,7 @@
 #include "mailstore/folder_name.h"
 
 #include <algorithm>
+#include <charconv>
 #include <optional>
 
 #include "mailstore/gmime_ready.h"
@@ -21,16 +22,31 @@ std::optional<std::string> decodeRun(std::string run) {
 
 }  // namespace
 
-std::string withoutCompanionEnding(std::string_view name) {
-    if (name.size() > kCompanionEnding.size() && name.ends_with(kCompanionEnding))
-        name.remove_suffix(kCompanionEnding.size());
+std::optional<std::string> companionOwner(std::string_view name) {
+    constexpr std::string_view kThunderbirdEnding = ".sbd";
+    constexpr std::string_view kKMailEnding = ".directory";
+    const bool hidden = name.starts_with('.');
+    const std::string_view ending = hidden ? kKMailEnding : kThunderbirdEnding;
+    if (hidden)
+        name.remove_prefix(1);
+    if (name.size() <= ending.size() || !name.ends_with(ending))
+        return std::nullopt;
+    name.remove_suffix(ending.size());
     return std::string(name);
+}
+
+std::vector<std::string> companionNames(const std::string& owner) {
+    return {owner + ".sbd", "." + owner + ".directory"};
 }
 
 std::vector<std::string> splitMaildirName(std::string_view fileName) {
     const std::string_view whole = fileName.substr(1);
     std::vector<std::string> names;
     std::size_t begin = 0;
+    if (whole.starts_with('.')) {
+        names.emplace_back("Inbox");
+        begin = 1;
+    }
     while (begin <= whole.size()) {
         const std::size_t end = std::min(whole.find('.', begin), whole.size());
         names.emplace_back(whole.substr(begin, end - begin));
@@ -39,6 +55,19 @@ std::vector<std::string> splitMaildirName(std::string_view fileName) {
         begin = end + 1;
     }
     return names;
+}
+
+std::string decodeEscapedName(std::string_view name) {
+    std::string result;
+    while (!name.empty()) {
+        unsigned char code = 0;
+        const char* const digits = name.data() + 1;
+        const bool escaped = name.size() > 2 && name.front() == '_' &&
+                             std::from_chars(digits, digits + 2, code, 16).ptr == digits + 2;
+        result += escaped ? static_cast<char>(code) : name.front();
+        name.remove_prefix(escaped ? 3 : 1);
+    }
+    return result;
 }
 
 std::optional<std::string_view> maildirFlags(std::string_view fileName) {

@@ -2,10 +2,12 @@
 // Where the messages and the subfolders of a folder are on disk.
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "mailstore/directory.h"
+#include "mailstore/geary_store.h"
 
 namespace pelk {
 
@@ -15,6 +17,8 @@ struct NestedMaildir {
     std::vector<std::string> names;
     std::string path;
     DirectoryId id{};
+    /// Whether the names are escaped as `decodeEscapedName` describes.
+    bool escaped = false;
 };
 
 struct FolderPlace {
@@ -23,15 +27,19 @@ struct FolderPlace {
         Empty,
         Mbox,
         SingleMessage,
-        /// A directory of message files, or a Maildir.
+        /// A directory as `listMessageFiles` reads it.
         Directory,
+        /// A folder of a Geary account.
+        Geary,
+        /// Messages in a format that nobody here can read.
+        Unknown,
     };
 
     std::string name;
     Kind kind = Kind::Empty;
-    /// A file or directory; empty for `Kind::Empty`.
+    /// A file or directory; empty for `Kind::Empty`, a description for `Kind::Unknown`.
     std::string path;
-    /// The directory `<name>.sbd` with further subfolders; empty if there is none.
+    /// A directory with further subfolders, see `companionOwner`; empty if there is none.
     std::string companion;
     std::vector<NestedMaildir> nested;
     /// The directories from the store down to this folder, its own included. None is entered twice,
@@ -41,6 +49,9 @@ struct FolderPlace {
     /// does not depend on whether the user named the folder or a larger store. Work in "Inbox.sbd"
     /// is "Inbox/Work", the Maildir ".Lists.Kernel" is ".Lists/.Kernel".
     std::string canonical;
+    /// The account of a Geary folder, and the folder in it. Null if the account cannot be read.
+    std::shared_ptr<GearyStore> geary;
+    GearyStore::FolderId gearyId = GearyStore::kTop;
     /// Whether the user named this folder.
     bool isStore = false;
     /// Whether the folder is where mail programs put their default folders.
@@ -54,6 +65,9 @@ std::vector<FolderPlace> listSubfolders(const FolderPlace& place);
 /// Calls `visit` for `top` and all folders below it until it returns true. Returns whether it did.
 /// Enters no directory twice and skips what cannot be read.
 bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit);
+
+/// Returns the name under which a directory is shown, given its name on disk.
+std::string directoryTitle(const std::string& name);
 
 /// Returns the folder that the user named by `path`. Throws an `Error` that names the path if it
 /// does not exist, cannot be read or holds no mail of a known kind.

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <ctime>
 #include <system_error>
@@ -33,21 +32,48 @@ std::shared_ptr<MailFile> MailFile::open(const std::string& path) {
     if (!S_ISREG(status.st_mode))
         throw Error(path + " cannot be read: it is not a file.");
     file->size_ = static_cast<std::uint64_t>(status.st_size);
-    const std::int64_t modified = status.st_mtim.tv_sec;
-    const std::int64_t present = std::time(nullptr);
-    file->ahead_ = modified > present;
-    // 0 is what files have that were packed without a time.
-    if (modified > 0)
-        file->changed_ = localTime(NotedTime{std::min(modified, present)});
+    file->setChanged(status.st_mtim.tv_sec);
     return file;
+}
+
+std::shared_ptr<MailFile> MailFile::inMemory(std::string content, std::string path,
+                                             std::int64_t changed) {
+    std::shared_ptr<MailFile> file(new MailFile(-1, std::move(path)));
+    file->size_ = content.size();
+    file->content_ = std::move(content);
+    file->setChanged(changed);
+    file->ahead_ = true;
+    return file;
+}
+
+std::shared_ptr<MailFile> MailFile::unpacked(const MailFile& original, int descriptor) {
+    std::shared_ptr<MailFile> file(new MailFile(descriptor, original.path_));
+    struct stat status {};
+    if (::fstat(descriptor, &status) != 0)
+        failReading(original.path_);
+    file->size_ = static_cast<std::uint64_t>(status.st_size);
+    file->changed_ = original.changed_;
+    file->ahead_ = original.ahead_;
+    return file;
+}
+
+void MailFile::setChanged(std::int64_t seconds) {
+    const std::int64_t present = std::time(nullptr);
+    ahead_ = seconds > present;
+    // Archives without times give files the time 0.
+    if (seconds > 0)
+        changed_ = localTime(NotedTime{std::min(seconds, present)});
 }
 
 void MailFile::close() noexcept {
     if (const int descriptor = std::exchange(descriptor_, -1); descriptor >= 0)
         ::close(descriptor);
+    content_ = {};
 }
 
 std::size_t MailFile::read(std::uint64_t offset, char* bytes, std::size_t length) const {
+    if (descriptor_ < 0)
+        return content_.copy(bytes, length, std::min<std::uint64_t>(offset, content_.size()));
     std::size_t done = 0;
     while (done < length) {
         const ssize_t count =
@@ -63,14 +89,6 @@ std::size_t MailFile::read(std::uint64_t offset, char* bytes, std::size_t length
 
 void MailFile::failChanged() const {
     throw Error(path_ + " cannot be read: it was changed by another program.");
-}
-
-FileStart startOf(const std::string& path) {
-    std::array<char, kFromLine.size()> bytes{};
-    const std::size_t length = MailFile::open(path)->read(0, bytes.data(), bytes.size());
-    if (length == 0)
-        return FileStart::Nothing;
-    return std::string_view(bytes.data(), length) == kFromLine ? FileStart::Mbox : FileStart::Other;
 }
 
 }  // namespace pelk

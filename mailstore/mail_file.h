@@ -22,6 +22,16 @@ class MailFile {
     /// Throws an `Error` if `path` cannot be opened or is not a regular file.
     static std::shared_ptr<MailFile> open(const std::string& path);
 
+    /// Returns a file whose `content` is in memory, such as a message of a database. `path` tells
+    /// users where it comes from, and `changed` is the time when that was changed last, in seconds
+    /// since 1970. It counts as a file that will be changed again.
+    static std::shared_ptr<MailFile> inMemory(std::string content, std::string path,
+                                              std::int64_t changed);
+
+    /// Returns the path and the times of `original` with the content of the file `descriptor`,
+    /// which the result closes. Throws an `Error` if the system cannot tell its size.
+    static std::shared_ptr<MailFile> unpacked(const MailFile& original, int descriptor);
+
     MailFile(const MailFile&) = delete;
     MailFile& operator=(const MailFile&) = delete;
     ~MailFile() { close(); }
@@ -30,12 +40,12 @@ class MailFile {
     void close() noexcept;
 
     const std::string& path() const { return path_; }
-    /// The size in bytes at the time the file was opened.
+    /// The size of the content in bytes at the time the file was opened.
     std::uint64_t size() const { return size_; }
     /// The time of the last change, or the present if that time is in the future. Nothing if the
     /// file system does not store one.
     const std::optional<LocalTime>& changed() const { return changed_; }
-    /// Whether the time of the last change is in the future.
+    /// Whether the time of the last change is in the future or will be a later one soon.
     bool isAhead() const { return ahead_; }
     /// Reads up to `length` bytes and returns their number, which is smaller only at the end of the
     /// file. Throws an `Error` if the system cannot read.
@@ -46,8 +56,12 @@ class MailFile {
  private:
     MailFile(int descriptor, std::string path) : descriptor_(descriptor), path_(std::move(path)) {}
 
+    void setChanged(std::int64_t seconds);
+
+    /// Negative for a file in memory.
     int descriptor_;
     std::string path_;
+    std::string content_;
     std::uint64_t size_ = 0;
     std::optional<LocalTime> changed_;
     bool ahead_ = false;
@@ -55,12 +69,6 @@ class MailFile {
 
 /// The start of the separator line before each message of an mbox (RFC 4155).
 inline constexpr std::string_view kFromLine = "From ";
-
-enum class FileStart { Mbox, Nothing, Other };
-
-/// Returns what the first bytes of a file say about its format. Throws an `Error` if it cannot be
-/// read.
-FileStart startOf(const std::string& path);
 
 /// The position of a message, in bytes.
 struct MessagePlace {

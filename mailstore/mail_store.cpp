@@ -75,9 +75,19 @@ class DiskFolder : public StoredFolder {
                 case FolderPlace::Kind::Directory:
                     messages_ = openDirectory(place_.path);
                     break;
+                case FolderPlace::Kind::Geary:
+                    messages_ = openGeary();
+                    break;
+                case FolderPlace::Kind::Unknown:
+                    throw UnknownMailFormat(place_.path);
             }
         }
         return messages_.get();
+    }
+
+    std::unique_ptr<StoredMessages> openGeary() const {
+        const auto store = place_.geary ? place_.geary : GearyStore::open(place_.path);
+        return store->messages(place_.gearyId);
     }
 
     void requireItem(int index) {

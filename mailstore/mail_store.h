@@ -1,6 +1,6 @@
 #pragma once
-// Opens mail on disk as a `MailSession`: mbox files, Maildir trees and folders of `.eml` files.
-// Nothing here creates, changes or locks a file of a mail program.
+// Opens mail on disk as a `MailSession`: mbox files and folders of message files, in the layouts of
+// common mail programs. Nothing here creates, changes or locks a file of a mail program.
 
 #include <memory>
 #include <string>
@@ -38,7 +38,7 @@ struct MailStoreOptions {
     bool countJunk = false;
 };
 
-/// Opens `paths`. Each is one top-level folder with the last part of the path as its name. A path
+/// Opens `paths`. Each is one top-level folder, named by the last part of the path. A path
 /// that is given twice, or is inside another one, is listed once. Throws an `Error` that names the
 /// path if one does not exist, cannot be read or holds no mail of a known kind.
 ///

@@ -22,7 +22,7 @@ std::optional<DirectoryId> idOf(const std::string& path) {
 std::set<DirectoryId> idsOfStore(const FolderPlace& store) {
     std::error_code error;
     std::filesystem::path folder = std::filesystem::canonical(store.path, error);
-    if (store.kind == FolderPlace::Kind::SingleMessage)
+    if (store.kind == FolderPlace::Kind::SingleMessage || store.kind == FolderPlace::Kind::Geary)
         folder = folder.parent_path();
     std::vector<std::string> paths = {store.path, folder.string()};
     if (folder.filename() == "cur" || folder.filename() == "new")
@@ -77,7 +77,9 @@ void NamedStores::add(FolderPlace store) {
 }
 
 bool NamedStores::isNamed(const FolderPlace& place) const {
-    const std::optional<DirectoryId> id = place.isStore ? std::nullopt : idOf(place.path);
+    // All folders of a Geary account have the path of the account.
+    const bool hasOwnPath = !place.isStore && place.kind != FolderPlace::Kind::Geary;
+    const std::optional<DirectoryId> id = hasOwnPath ? idOf(place.path) : std::nullopt;
     return place.isStore || (id && named_.contains(*id));
 }
 

@@ -3,19 +3,21 @@
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "mailstore/folder_name.h"
 #include "mailstore/folder_place.h"
 #include "mailstore/mail_file.h"
 #include "mailstore/mail_text.h"
-#include "platform/error.h"
+#include "mailstore/message_files.h"
+#include "platform/mail_client.h"
 
 namespace pelk {
 namespace {
 
-[[noreturn]] void failUnknown(const std::string& path) {
+[[noreturn]] void failWithoutMail(const std::string& path) {
     throw Error(path +
-                " holds no mail that can be read: neither an mbox, nor a Maildir, nor .eml "
+                " holds no mail that can be read: neither an mbox, nor a Maildir, nor message "
                 "files.");
 }
 
@@ -35,18 +37,34 @@ std::string withoutFinalSlashes(std::string path) {
     return path;
 }
 
-bool isMailDirectory(const FolderPlace& place) {
-    for (const DirectoryEntry& entry : readDirectory(place.path))
-        if (isMessageFile(entry) || isMaildirPart(entry))
-            return true;
-    return false;
+/// Throws an `Error` unless there is mail in the directory `top` or anywhere below it.
+void requireMail(const FolderPlace& top) {
+    std::optional<std::string> unknown;
+    const bool found = anyFolder(top, [&](const FolderPlace& place) {
+        if (place.kind == FolderPlace::Kind::Unknown && !unknown)
+            unknown = place.path;
+        if (place.kind == FolderPlace::Kind::Directory)
+            return hasMessageFiles(place.path);
+        return place.kind != FolderPlace::Kind::Unknown;
+    });
+    if (found)
+        return;
+    if (unknown)
+        throw UnknownMailFormat(*unknown);
+    failWithoutMail(top.path);
 }
 
-/// Returns whether there is mail in the directory `top` or anywhere below it.
-bool holdsMail(const FolderPlace& top) {
-    return anyFolder(top, [](const FolderPlace& place) {
-        return place.kind != FolderPlace::Kind::Directory || isMailDirectory(place);
-    });
+void findCompanion(FolderPlace& place) {
+    const std::size_t begin = place.path.rfind('/') + 1;
+    for (const std::string& name : companionNames(place.path.substr(begin))) {
+        const std::string path = place.path.substr(0, begin) + name;
+        struct stat status {};
+        if (place.companion.empty() && ::stat(path.c_str(), &status) == 0 &&
+            S_ISDIR(status.st_mode)) {
+            place.companion = path;
+            place.trail.push_back({status.st_dev, status.st_ino});
+        }
+    }
 }
 
 struct Free {
@@ -70,7 +88,8 @@ std::string canonicalPlace(const std::string& path) {
         } else {
             std::error_code error;
             const bool isDirectory = std::filesystem::is_directory(onDisk, error);
-            place += "/" + (isDirectory ? withoutCompanionEnding(name) : name);
+            if (name != (isDirectory ? kCacheSubfolders : kGearyFile))
+                place += "/" + (isDirectory ? companionOwner(name).value_or(name) : name);
         }
     }
     return place.empty() ? "/" : place;
@@ -81,25 +100,28 @@ FolderPlace directoryStore(FolderPlace place, const struct stat& status) {
     place.trail.push_back({status.st_dev, status.st_ino});
     // Fails if the directory cannot be read.
     readDirectory(place.path);
-    if (!holdsMail(place))
-        failUnknown(place.path);
+    findCompanion(place);
+    requireMail(place);
     return place;
 }
 
 FolderPlace fileStore(FolderPlace place) {
-    if (startOf(place.path) != FileStart::Other) {
-        place.kind = FolderPlace::Kind::Mbox;
-        struct stat status {};
-        const std::string companion = place.path + std::string(kCompanionEnding);
-        if (::stat(companion.c_str(), &status) == 0 && S_ISDIR(status.st_mode)) {
-            place.companion = companion;
-            place.trail.push_back({status.st_dev, status.st_ino});
-        }
+    if (nameOf(place.path) == kGearyFile) {
+        place.kind = FolderPlace::Kind::Geary;
+        place.geary = GearyStore::open(place.path);
         return place;
     }
-    if (!hasEnding(place.path, ".eml"))
-        failUnknown(place.path);
-    place.kind = FolderPlace::Kind::SingleMessage;
+    const FileStart start = startOf(place.path);
+    if (start == FileStart::Mbox || start == FileStart::Nothing) {
+        place.kind = FolderPlace::Kind::Mbox;
+        findCompanion(place);
+    } else if (isMessageFile({nameOf(place.path)}, [start] { return start; })) {
+        place.kind = FolderPlace::Kind::SingleMessage;
+    } else if (start == FileStart::Other) {
+        failWithoutMail(place.path);
+    } else {
+        throw UnknownMailFormat(place.path);
+    }
     return place;
 }
 
@@ -108,12 +130,13 @@ FolderPlace fileStore(FolderPlace place) {
 FolderPlace findStore(const std::string& path) {
     FolderPlace place;
     place.path = withoutFinalSlashes(path);
-    place.name = decodeText(nameOf(place.path));
+    const std::string name = nameOf(place.path);
     place.isStore = true;
     struct stat status {};
     if (::stat(place.path.c_str(), &status) != 0)
         failReading(place.path);
     place.canonical = canonicalPlace(place.path);
+    place.name = S_ISDIR(status.st_mode) ? directoryTitle(name) : decodeText(name);
     return S_ISDIR(status.st_mode) ? directoryStore(std::move(place), status)
                                    : fileStore(std::move(place));
 }

@@ -29,6 +29,14 @@ class NotAMailItem : public Error {
     NotAMailItem() : Error("The item is not an e-mail.") {}
 };
 
+/// The folder contains mail in a format that nothing here can read. No later scan can read it, so
+/// this is not a read error.
+class UnknownMailFormat : public Error {
+ public:
+    explicit UnknownMailFormat(const std::string& path)
+        : Error(path + ": mail of a kind that Pelk cannot read.") {}
+};
+
 /// The e-mail has this person, but the mail client does not reveal the address.
 class AddressRefused : public Error {
  public:

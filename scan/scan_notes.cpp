@@ -19,6 +19,8 @@ std::vector<std::string> notesWithoutCopies(const ScanOutcome& outcome) {
         notes.push_back(store.name + (store.since.empty()
                                           ? ": counted for the first time"
                                           : ": recognised, counted since " + store.since));
+    for (const std::string& sentence : outcome.unknownFormats)
+        notes.push_back("left out: " + sentence.substr(0, sentence.rfind('.')));
     for (const LeftOutFolder& folder : outcome.leftOut)
         notes.push_back("left out: " + folder.name +
                         (folder.mails ? " (" + eMails(*folder.mails) + ")" : ""));

@@ -39,6 +39,8 @@ struct ScanOutcome {
     /// Some e-mails could not be read, and a later scan counts them when it can read them.
     bool unreadCountsLater = false;
 
+    /// One sentence for each folder whose mail is in an unknown format.
+    std::vector<std::string> unknownFormats;
     /// Empty when no store has been counted before this scan.
     std::vector<NewStore> newStores;
     /// The default folders left out, except those known to be empty.

@@ -20,6 +20,9 @@ class Steps {
             step();
         } catch (const NotAMailItem&) {
             // Mail folders may contain such items. The scan skips them.
+        } catch (const UnknownMailFormat& error) {
+            // No later scan can read it, so it is no fault that one has to make up for.
+            outcome_.unknownFormats.emplace_back(error.what());
         } catch (const Error& error) {
             noteFault(error);
             return false;

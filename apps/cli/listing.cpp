@@ -79,6 +79,11 @@ QJsonObject leftOutToJson(const ScanOutcome& outcome) {
         object.insert("apostrophes", static_cast<qint64>(outcome.apostrophes.size()));
     if (outcome.copies > 0)
         object.insert("copies", outcome.copies);
+    QJsonArray unknown;
+    for (const std::string& sentence : outcome.unknownFormats)
+        unknown.append(text(sentence));
+    if (!unknown.isEmpty())
+        object.insert("unknown", unknown);
     return object;
 }
 

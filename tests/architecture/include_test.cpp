@@ -44,6 +44,7 @@ const std::set<std::string> kMailstoreIncludes{
     "platform/error.h",
     "platform/mail_client.h",
     "platform/side_by_side.h",
+    "sqlite3.h",
     "platform/utf8.h",
     "sys/stat.h",
     "sys/types.h",

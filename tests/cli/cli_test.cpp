@@ -35,7 +35,9 @@ TEST_F(CliTest, scansSinceADateAndSaysWhoWasLeftOut) {
     folder.write("Post/Trash", std::string(kMail) + kMail);
     folder.write("Post/More",
                  "From x Tue Mar  4 09:12:00 2025\nFrom: O'Hara <o'h@x>\nTo: bob@b.example\n\n\n");
+    folder.write("Post/old.pst", "!BDN");
     const std::string said =
+        "left out: Post/old.pst: mail of a kind that Pelk cannot read\n"
         "left out: Trash (4 e-mails)\nleft out: 1 person with an apostrophe in the address\n";
     EXPECT_TRUE(run("scan Post").output.ends_with("\nrelations: 2 (2 new)\n" + said));
     expectSays("scan Post --since 2025-03-04", "counted: 3\n");

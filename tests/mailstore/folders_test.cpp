@@ -204,7 +204,7 @@ TEST_F(FoldersTest, refusesWhatIsNoStore) {
         EXPECT_NE(messageOf([&] { open(name); }).find(pathOf(name)), std::string::npos) << name;
     EXPECT_THROW(openMailSession({""}, {}), Error);
     write(mbox, {"dir/sub/deep/box"});
-    EXPECT_EQ(treeOf("dir"), "dir[](sub[](deep[](box[box])))");
+    EXPECT_EQ(treeOf("dir"), "dir[](sub[](deep[](box[box]) text.txt[!]))");
 }
 
 // The letters are o for outbox, d for deleted items, e for drafts and j for junk.

@@ -1,0 +1,31 @@
+#pragma once
+// Files that exist only while the program uses them.
+
+#include <string>
+
+namespace pelk {
+
+/// Returns the directory for temporary files: $TMPDIR, else /var/tmp, because /tmp is often kept in
+/// memory and mail may be larger than that.
+std::string temporaryDirectory();
+
+/// Creates a file without a name in that directory, so that nothing remains when the program ends
+/// in any way. Returns its descriptor, or -1 with the reason in `errno`.
+int openTemporaryFile();
+
+/// A new directory that only the user may enter. Its destructor removes it with its content.
+class TemporaryDirectory {
+ public:
+    /// Throws an `Error` if it cannot be created.
+    TemporaryDirectory();
+    TemporaryDirectory(const TemporaryDirectory&) = delete;
+    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
+    ~TemporaryDirectory();
+
+    const std::string& path() const { return path_; }
+
+ private:
+    std::string path_;
+};
+
+}  // namespace pelk
