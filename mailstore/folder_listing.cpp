@@ -207,7 +207,11 @@ class Listing {
         const std::string path = directory + "/" + entry.name;
         if (isMaildirPart(entry))
             hasMail_ = true;
-        if (!isNew(entry.id) || isInternal(entry.name, directory) || entry.name == kCacheSubfolders)
+        // Attachments may be messages, which somebody forwarded and nobody received.
+        const bool isAttachments =
+            entry.name == "attachments" && has(siblings, std::string(kGearyFile));
+        if (!isNew(entry.id) || isInternal(entry.name, directory) || isAttachments ||
+            entry.name == kCacheSubfolders)
             return;
         if (!entry.name.starts_with('.')) {
             found_.push_back(

@@ -1,8 +1,8 @@
 // Reads the stores of mail programs other than Thunderbird. Each test builds the tree that the
 // source or the documentation of the program describes.
 
+#include <sqlite3.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <map>
 
@@ -138,6 +138,108 @@ TEST_F(LayoutsTest, tellsOfDamagedEmlxFiles) {
             << bad;
         EXPECT_EQ(folder->mailItem(2)->recipientCount(), 1);
     }
+}
+
+/// Writes to the database of a Geary account, as Geary does while it runs.
+class GearyAccount {
+ public:
+    explicit GearyAccount(const std::string& path) {
+        EXPECT_EQ(sqlite3_open(path.c_str(), &database_), SQLITE_OK);
+        // The columns of sql/version-*.sql that matter here.
+        run("PRAGMA journal_mode=WAL;"
+            "CREATE TABLE FolderTable (id INTEGER PRIMARY KEY, name TEXT, parent_id INTEGER);"
+            "CREATE TABLE MessageTable (id INTEGER PRIMARY KEY, fields INTEGER, date_field TEXT,"
+            " from_field TEXT, sender TEXT, reply_to TEXT, to_field TEXT, cc TEXT, bcc TEXT,"
+            " message_id TEXT, subject TEXT, header TEXT, body TEXT, flags TEXT,"
+            " internaldate_time_t INTEGER);"
+            "CREATE TABLE MessageLocationTable (id INTEGER PRIMARY KEY, message_id INTEGER,"
+            " folder_id INTEGER, ordering INTEGER, remove_marker INTEGER DEFAULT 0);"
+            "INSERT INTO FolderTable VALUES (1, 'INBOX', NULL), (2, '[Gmail]', NULL),"
+            " (3, 'Trash', 2), (4, 'x', 4);");
+    }
+    ~GearyAccount() { sqlite3_close(database_); }
+
+    void run(const std::string& sql) const {
+        EXPECT_EQ(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(database_);
+    }
+    /// Files a message with this header and body. `columns` are those of MessageTable.
+    void add(int id, int folder, const std::string& columns, const std::string& values,
+             bool removed = false) const {
+        const std::string number = std::to_string(id);
+        run("INSERT INTO MessageTable (id, " + columns + ") VALUES (" + number + ", " + values +
+            ")");
+        run("INSERT INTO MessageLocationTable VALUES (" + number + ", " + number + ", " +
+            std::to_string(folder) + ", " + std::to_string(100 - id) + ", " +
+            std::to_string(static_cast<int>(removed)) + ")");
+    }
+
+ private:
+    sqlite3* database_ = nullptr;
+};
+
+TEST_F(LayoutsTest, readsGeary) {
+    files.write("account/attachments/1/a.eml", message("attached"));
+    const std::string path = pathOf("account/geary.db");
+    const char* const whole = "header, body, internaldate_time_t";
+    {
+        const GearyAccount account(path);
+        account.add(1, 1, whole, "'From: j@x\r\nTo: b@x\r\nSubject: 1\r\n\r\n', 'x', 1000000000");
+        account.add(2, 1, "from_field, to_field, subject, message_id",
+                    "'J <j@x>', 'b@x, c@x', '=?utf-8?q?=C3=A4?=', '<i@d>'");
+        account.add(3, 1, "fields", "0");
+        account.add(4, 1, whole, "'Subject: gone', '', 0", true);
+        account.add(5, 1, "header, flags", "'Subject: gone', '\\Seen \\Deleted'");
+        account.add(6, 1, whole,
+                    "'Subject: m\nContent-Type: multipart/mixed; boundary=o\n', '--o\n"
+                    "Content-Type: text/calendar; method=REPLY\n\n', 0");
+        account.run("PRAGMA wal_checkpoint(TRUNCATE)");
+        account.add(7, 3, whole, "'Subject: late', '', 0");
+        ASSERT_GT(fs::file_size(path + "-wal"), 0U);
+        EXPECT_EQ(readOnlyTreeOf("account"), "account[](INBOX[m* ä 1] [Gmail][](Trash[late]))");
+    }
+    ASSERT_FALSE(fs::exists(path + "-wal"));
+    fs::permissions(pathOf("account"), fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(readOnlyTreeOf("account/geary.db"),
+              "geary.db[](INBOX[m* ä 1] [Gmail][](Trash[late]))");
+    fs::permissions(pathOf("account"), fs::perms::owner_all);
+    const auto session = open("account");
+    const auto inbox = session->folders()->next()->folders()->next();
+    EXPECT_EQ(inbox->place(), fs::canonical(pathOf("account")).string() + "/INBOX");
+    EXPECT_EQ(inbox->mailItem(2)->recipient(2).address, "c@x");
+    EXPECT_EQ(inbox->mailItem(2)->messageId(), "i@d");
+    EXPECT_EQ(inbox->mailItem(3)->creationTime(), (LocalTime{2001, 9, 9, 3, 46, 40}));
+    EXPECT_EQ(openFolder("account/geary.db")->place() + "/INBOX", inbox->place());
+    EXPECT_EQ(describe(*openMailSession({path, pathOf("account")}, {})->folders()),
+              treeOf("account"));
+    const auto folders = session->folders()->next()->folders();
+    folders->next();
+    const auto trash = folders->next()->folders()->next();
+    EXPECT_TRUE(session->isDefaultFolder(*trash, DefaultFolder::DeletedItems));
+}
+
+TEST_F(LayoutsTest, tellsOfDamagedAndChangedGearyFiles) {
+    const std::string path = pathOf("account/geary.db");
+    for (const char* const content : {"garbage that is not a database", ""}) {
+        files.write("account/geary.db", content);
+        EXPECT_NE(messageOf([&] {
+                      open("account/geary.db")->folders()->next()->folders()->next();
+                  }).find(path),
+                  std::string::npos);
+        EXPECT_EQ(treeOf("account"), "account[](geary.db[!])");
+    }
+    fs::remove(path);
+    const GearyAccount account(path);
+    account.add(1, 1, "header", "'Subject: 1'");
+    account.run("PRAGMA wal_checkpoint(TRUNCATE)");
+    const auto inbox = openFolder("account")->folders()->next();
+    ASSERT_EQ(inbox->itemCount(), 1);
+    account.add(2, 1, "header", "'Subject: 2'");
+    EXPECT_NO_THROW(inbox->mailItem(1)) << "the change is pending";
+    account.run("PRAGMA wal_checkpoint(TRUNCATE)");
+    EXPECT_NE(messageOf([&] { inbox->mailItem(1); }).find("changed by another program"),
+              std::string::npos);
+    EXPECT_EQ(openFolder("account")->folders()->next()->itemCount(), 2);
 }
 
 TEST_F(LayoutsTest, readsFoldersOfNumberedMessages) {
