@@ -1,9 +1,9 @@
 #include "mailstore/file_start.h"
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
+#include "mailstore/compressed_file.h"
 #include "mailstore/directory.h"
 #include "mailstore/mail_file.h"
 #include "mailstore/mail_text.h"
@@ -66,9 +66,7 @@ bool isMessage(std::string_view start) {
 }  // namespace
 
 FileStart startOf(const std::string& path) {
-    std::array<char, kStartSize> bytes{};
-    const std::size_t length = MailFile::open(path)->read(0, bytes.data(), bytes.size());
-    const std::string_view start(bytes.data(), length);
+    const std::string start = startOfContent(path, kStartSize);
     if (start.empty())
         return FileStart::Nothing;
     if (start.starts_with(kFromLine))

@@ -16,8 +16,8 @@ enum class FileStart {
     Other
 };
 
-/// Returns what the first bytes of the file `path` say about its format. Throws an `Error` if it
-/// cannot be read. Any thread may call it.
+/// Returns what the first bytes of the content of the file `path` say about its format, see
+/// `startOfContent`. Throws an `Error` if it cannot be read. Any thread may call it.
 FileStart startOf(const std::string& path);
 
 }  // namespace pelk

@@ -46,8 +46,10 @@ std::shared_ptr<MailFile> MailFile::inMemory(std::string content, std::string pa
     return file;
 }
 
-std::shared_ptr<MailFile> MailFile::unpacked(const MailFile& original, int descriptor) {
+std::shared_ptr<MailFile> MailFile::unpacked(const MailFile& original, int descriptor,
+                                             const std::function<void()>& fill) {
     std::shared_ptr<MailFile> file(new MailFile(descriptor, original.path_));
+    fill();
     struct stat status {};
     if (::fstat(descriptor, &status) != 0)
         failReading(original.path_);

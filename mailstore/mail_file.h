@@ -2,6 +2,7 @@
 // A file that holds mail, and the position of one message in it.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,9 +29,11 @@ class MailFile {
     static std::shared_ptr<MailFile> inMemory(std::string content, std::string path,
                                               std::int64_t changed);
 
-    /// Returns the path and the times of `original` with the content of the file `descriptor`,
-    /// which the result closes. Throws an `Error` if the system cannot tell its size.
-    static std::shared_ptr<MailFile> unpacked(const MailFile& original, int descriptor);
+    /// Returns the path and the times of `original` with the content that `fill` writes to the file
+    /// `descriptor`, which the result closes. Throws what `fill` throws, and an `Error` if the
+    /// system cannot tell the size.
+    static std::shared_ptr<MailFile> unpacked(const MailFile& original, int descriptor,
+                                              const std::function<void()>& fill);
 
     MailFile(const MailFile&) = delete;
     MailFile& operator=(const MailFile&) = delete;

@@ -1,3 +1,4 @@
+#include "mailstore/compressed_file.h"
 #include "mailstore/mbox_index.h"
 #include "mailstore/stored_messages.h"
 
@@ -7,7 +8,7 @@ namespace {
 class MboxMessages : public StoredMessages {
  public:
     explicit MboxMessages(const std::string& path)
-        : file_(MailFile::open(path)), entries_(indexMbox(*file_)) {}
+        : file_(openContent(path)), entries_(indexMbox(*file_)) {}
 
     std::size_t count() const override { return entries_.size(); }
 

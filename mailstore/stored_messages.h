@@ -24,7 +24,7 @@ class StoredMessages {
     virtual ListedMessage message(std::size_t index) const = 0;
 };
 
-/// Finds the messages of an mbox. Throws an `Error` if the file cannot be read.
+/// Finds the messages of an mbox, which may be compressed. Throws an `Error` as `openContent` does.
 std::unique_ptr<StoredMessages> openMbox(const std::string& path);
 
 /// Returns the one message of an `.eml` file. Opens the file only when the message is requested.

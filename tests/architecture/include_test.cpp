@@ -40,6 +40,7 @@ const std::set<std::string> kMailstoreIncludes{
     "dirent.h",
     "fcntl.h",
     "gmime/gmime.h",
+    "lzma.h",
     "platform/clock.h",
     "platform/error.h",
     "platform/mail_client.h",
@@ -49,6 +50,8 @@ const std::set<std::string> kMailstoreIncludes{
     "sys/stat.h",
     "sys/types.h",
     "unistd.h",
+    "zlib.h",
+    "zstd.h",
 };
 
 struct Include {

@@ -1,8 +1,11 @@
 // Reads the stores of mail programs other than Thunderbird. Each test builds the tree that the
 // source or the documentation of the program describes.
 
+#include <lzma.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <zlib.h>
+#include <zstd.h>
 
 #include <map>
 
@@ -240,6 +243,87 @@ TEST_F(LayoutsTest, tellsOfDamagedAndChangedGearyFiles) {
     EXPECT_NE(messageOf([&] { inbox->mailItem(1); }).find("changed by another program"),
               std::string::npos);
     EXPECT_EQ(openFolder("account")->folders()->next()->itemCount(), 2);
+}
+
+std::string gzip(const std::string& text) {
+    z_stream stream{};
+    deflateInit2(&stream, 6, Z_DEFLATED, MAX_WBITS + 16, 8, Z_DEFAULT_STRATEGY);
+    std::string packed(deflateBound(&stream, text.size()), '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    stream.avail_in = static_cast<uInt>(text.size());
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    EXPECT_EQ(deflate(&stream, Z_FINISH), Z_STREAM_END);
+    packed.resize(stream.total_out);
+    deflateEnd(&stream);
+    return packed;
+}
+
+std::string xz(const std::string& text) {
+    std::string packed(lzma_stream_buffer_bound(text.size()), '\0');
+    std::size_t length = 0;
+    EXPECT_EQ(lzma_easy_buffer_encode(6, LZMA_CHECK_CRC64, nullptr,
+                                      reinterpret_cast<const std::uint8_t*>(text.data()),
+                                      text.size(), reinterpret_cast<std::uint8_t*>(packed.data()),
+                                      &length, packed.size()),
+              LZMA_OK);
+    packed.resize(length);
+    return packed;
+}
+
+std::string zstd(const std::string& text) {
+    ZSTD_CCtx* const context = ZSTD_createCCtx();
+    ZSTD_CCtx_setParameter(context, ZSTD_c_checksumFlag, 1);
+    std::string packed(ZSTD_compressBound(text.size()), '\0');
+    packed.resize(ZSTD_compress2(context, packed.data(), packed.size(), text.data(), text.size()));
+    ZSTD_freeCCtx(context);
+    return packed;
+}
+
+/// Mail that does not compress well, so that its packed form fills several blocks.
+std::string largeMbox() {
+    std::string text = mbox("1");
+    std::uint32_t random = 1;
+    for (int i = 0; i < 600'000; ++i) {
+        random = random * 1664525 + 1013904223;
+        text += static_cast<char>('!' + (random >> 16) % 94);
+    }
+    return text + "\n\n" + mbox("2");
+}
+
+TEST_F(LayoutsTest, readsCompressedMboxes) {
+    for (const auto pack : {gzip, xz, zstd}) {
+        files.write("top/all.mbox.gz", pack(largeMbox()));
+        files.write("top/parts", pack(mbox("1")) + pack(mbox("2")) + pack(mbox("3")));
+        files.write("top/text.tar.gz", pack("no mail"));
+        files.write("top/one.eml", message("x"));
+        EXPECT_EQ(readOnlyTreeOf("top"), "top[x](all.mbox.gz[1 2] parts[1 2 3])");
+        EXPECT_EQ(openFolder("top/parts")->mailItem(2)->creationTime(),
+                  (LocalTime{2001, 1, 2, 3, 4, 5}));
+        EXPECT_THROW(open("top/text.tar.gz"), Error);
+    }
+}
+
+TEST_F(LayoutsTest, tellsOfDamagedCompressedMboxes) {
+    for (const auto pack : {gzip, xz, zstd}) {
+        const std::string good = pack(largeMbox());
+        std::string flipped = good;
+        flipped[good.size() / 2] = static_cast<char>(flipped[good.size() / 2] ^ 0x10);
+        std::vector<std::string> bad = {flipped, good + "rest"};
+        for (const std::size_t length : {good.size() - 1, good.size() / 2, std::size_t{12}})
+            bad.push_back(good.substr(0, length));
+        for (const std::string& content : bad) {
+            files.write("top/box", mbox("1"));
+            files.write("top/mail.gz", content);
+            EXPECT_EQ(treeOf("top"), "top[](box[1] mail.gz[!])") << content.size();
+        }
+    }
+    ::setenv("TMPDIR", pathOf("missing").c_str(), 1);
+    files.write("top/mail.gz", gzip(mbox("1")));
+    EXPECT_NE(
+        messageOf([&] { openFolder("top/mail.gz")->itemCount(); }).find("to " + pathOf("missing")),
+        std::string::npos);
+    ::unsetenv("TMPDIR");
 }
 
 TEST_F(LayoutsTest, readsFoldersOfNumberedMessages) {
