@@ -130,7 +130,7 @@ class Collector {
         if (path.ends_with("/Messages/"))
             addMessages(path, entries);
         for (const DirectoryEntry& entry : entries)
-            if (entry.isDirectory && isAppleMailPart(entry.name))
+            if (entry.isDirectory && (isAppleMailPart(entry.name) || isNumber(entry.name)))
                 addAppleMailPart(path + entry.name + "/", entry.id);
     }
 
@@ -143,7 +143,7 @@ class Collector {
 }  // namespace
 
 bool isAppleMailPart(const std::string& name) {
-    return name == "Data" || name == "Messages" || isNumber(name) || isUuid(name);
+    return name == "Data" || name == "Messages" || isUuid(name);
 }
 
 bool isMessageFile(const DirectoryEntry& entry, const std::function<FileStart()>& start) {

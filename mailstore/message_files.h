@@ -30,13 +30,11 @@ struct MessageFiles {
 /// Lists the messages of the folder in the directory `path`: its own message files by name, then
 /// those in its subdirectories by name. Leaves out messages marked as deleted. The layouts are:
 ///
-/// - files that end with `.eml` or `.emlx`, and files named by a number (MH);
-/// - `cur` and `new` of a Maildir, also with the directories `00` to `3f` in `cur` in which the
-/// IMAP
-///   cache of Evolution spreads its files;
-/// - in a directory `NAME.mbox` of Apple Mail, the directories `Messages` at any depth of `Data`
-/// and
-///   of directories named by a number or a UUID.
+/// 1. Files that end with `.eml` or `.emlx`, and files named by a number (MH).
+/// 2. `cur` and `new` of a Maildir, and the directories `00` to `3f` in `cur`, over which the IMAP
+///    cache of Evolution spreads its files.
+/// 3. In a directory `NAME.mbox` of Apple Mail, the directories `Messages` at any depth of `Data`,
+///    of directories named by a UUID, and of directories named by a number in these.
 ///
 /// Throws an `Error` if a directory cannot be read.
 MessageFiles listMessageFiles(const std::string& path);
@@ -49,7 +47,7 @@ bool hasMessageFiles(const std::string& path);
 /// is one message. `start` is asked only for a name that leaves the matter open.
 bool isMessageFile(const DirectoryEntry& entry, const std::function<FileStart()>& start);
 
-/// Returns whether Apple Mail spreads the messages of a mailbox over directories of that name.
+/// Returns whether a directory of that name in `NAME.mbox` holds messages of Apple Mail.
 bool isAppleMailPart(const std::string& name);
 
 }  // namespace pelk

@@ -14,7 +14,9 @@ namespace pelk {
 
 std::string temporaryDirectory() {
     const char* const named = std::getenv("TMPDIR");
-    return named != nullptr && *named != '\0' ? named : "/var/tmp";
+    if (named != nullptr && *named != '\0')
+        return named;
+    return ::access("/var/tmp", W_OK | X_OK) == 0 ? "/var/tmp" : "/tmp";
 }
 
 int openTemporaryFile() {

@@ -6,7 +6,7 @@
 namespace pelk {
 
 /// Returns the directory for temporary files: $TMPDIR, else /var/tmp, because /tmp is often kept in
-/// memory and mail may be larger than that.
+/// memory and mail may be larger than that. Without a usable /var/tmp it is /tmp.
 std::string temporaryDirectory();
 
 /// Creates a file without a name in that directory, so that nothing remains when the program ends

@@ -76,7 +76,8 @@ shows your contacts as a tree in which every relation has the colour of its
 strength. It finds over whom two people are linked, lists contacts by their
 domains, and merges the several addresses of one person.
 .
-It reads mbox files, Maildir folders, folders of .eml files and .sbd trees.
+It reads mbox files, Maildir folders, message files and the mail of
+Thunderbird, Evolution, KMail, Geary and Apple Mail.
 Mail is only ever read, and everything that is counted stays on this machine.")
 set(CPACK_DEBIAN_PACKAGE_NAME pelk)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
