@@ -23,7 +23,8 @@ constexpr std::int64_t kDeletedFlag = 1 << 1;
 }
 
 std::string readText(const MailFile& file, std::uint64_t offset, std::size_t most) {
-    std::string text(most, '\0');
+    const std::uint64_t left = file.size() - std::min(offset, file.size());
+    std::string text(std::min<std::uint64_t>(most, left), '\0');
     text.resize(file.read(offset, text.data(), text.size()));
     return text;
 }

@@ -85,10 +85,13 @@ std::unique_ptr<StoredMessages> GearyStore::messages(FolderId folder) {
 /// Returns the text of a message, without a body that does not matter.
 std::string GearyStore::read(std::int64_t id, NotedTime& received) {
     const std::lock_guard lock(mutex_);
-    SqliteQuery row = database_.query(
-        "SELECT header, body, internaldate_time_t, from_field, sender, reply_to, to_field, cc, bcc,"
-        " subject, message_id, date_field FROM MessageTable WHERE id = ?1",
-        {id});
+    if (!message_)
+        message_.emplace(database_.query(
+            "SELECT header, body, internaldate_time_t, from_field, sender, reply_to, to_field, cc,"
+            " bcc, subject, message_id, date_field FROM MessageTable WHERE id = ?1",
+            {id}));
+    SqliteQuery& row = *message_;
+    row.restart({id});
     if (!row.next())
         database_.fail();
     received.seconds = row.number(2).value_or(kNoTime);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -47,6 +48,8 @@ class GearyStore : public std::enable_shared_from_this<GearyStore> {
 
     const SqliteDatabase database_;
     std::mutex mutex_;
+    /// Finds one message; kept because preparing it takes longer than running it.
+    std::optional<SqliteQuery> message_;
 };
 
 }  // namespace pelk

@@ -35,9 +35,15 @@ std::string uriOf(const std::string& path) {
 
 }  // namespace
 
+void SqliteQuery::restart(const std::vector<std::int64_t>& parameters) {
+    sqlite3_reset(statement_.get());
+    for (std::size_t i = 0; i < parameters.size(); ++i)
+        sqlite3_bind_int64(statement_.get(), static_cast<int>(i) + 1, parameters[i]);
+}
+
 bool SqliteQuery::next() {
     const int result = sqlite3_step(statement_.get());
-    if (result != SQLITE_ROW && result != SQLITE_DONE)
+    if ((result != SQLITE_ROW && result != SQLITE_DONE) || database_.isOverwritten())
         database_.fail();
     return result == SQLITE_ROW;
 }
@@ -66,20 +72,26 @@ SqliteDatabase::SqliteDatabase(std::string path)
     query("SELECT count(*) FROM sqlite_master", {}).next();
 }
 
+/// Returns zeros for a file that does not exist.
+SqliteDatabase::FileState SqliteDatabase::stateOfFile(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        if (errno != ENOENT)
+            failReading(path);
+        return {};
+    }
+    return {static_cast<std::int64_t>(status.st_ino), status.st_size, status.st_mtim.tv_sec,
+            status.st_mtim.tv_nsec};
+}
+
 SqliteDatabase::State SqliteDatabase::stateOf(const std::string& path) {
     State state;
     for (std::size_t i = 0; i < kEndings.size(); ++i) {
-        const std::string file = path + kEndings[i];
-        struct stat status {};
-        if (::stat(file.c_str(), &status) != 0) {
-            if (i == 0 || errno != ENOENT)
-                failReading(file);
-            status = {};
-        }
-        state.files[i] = {static_cast<std::int64_t>(status.st_ino), status.st_size,
-                          status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
-        state.changed = std::max<std::int64_t>(state.changed, status.st_mtim.tv_sec);
-        state.pending = state.pending || (i > 0 && status.st_size > 0);
+        const FileState file = stateOfFile(path + kEndings[i]);
+        const auto [identity, size, seconds, nanoseconds] = file;
+        state.files[i] = file;
+        state.changed = std::max(state.changed, seconds);
+        state.pending = state.pending || (i > 0 && size > 0);
     }
     return state;
 }
@@ -87,7 +99,7 @@ SqliteDatabase::State SqliteDatabase::stateOf(const std::string& path) {
 /// Returns whether the file that is open has been changed. Changes that are still pending are not
 /// in it, and a copy never changes.
 bool SqliteDatabase::isOverwritten() const {
-    return !state_.pending && stateOf(path_).files[0] != state_.files[0];
+    return !state_.pending && stateOfFile(path_) != state_.files[0];
 }
 
 void SqliteDatabase::open(const std::string& uri, int flags) {
@@ -132,12 +144,10 @@ SqliteQuery SqliteDatabase::query(const std::string& sql,
                                   const std::vector<std::int64_t>& parameters) const {
     SqliteQuery query(*this);
     sqlite3_stmt* statement = nullptr;
-    if (isOverwritten() ||
-        sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
+    if (sqlite3_prepare_v2(database_.get(), sql.c_str(), -1, &statement, nullptr) != SQLITE_OK)
         fail();
     query.statement_.reset(statement);
-    for (std::size_t i = 0; i < parameters.size(); ++i)
-        sqlite3_bind_int64(statement, static_cast<int>(i) + 1, parameters[i]);
+    query.restart(parameters);
     return query;
 }
 

@@ -17,7 +17,11 @@ class SqliteDatabase;
 /// A query in progress.
 class SqliteQuery {
  public:
-    /// Moves to the next row, first to the first. Returns false after the last. Throws an `Error`.
+    /// Starts again with other parameters.
+    void restart(const std::vector<std::int64_t>& parameters);
+
+    /// Moves to the next row, first to the first. Returns false after the last. Throws an `Error`
+    /// that names the path if the database is damaged or has been changed since it was opened.
     bool next();
 
     /// The values of the current row; columns are counted from 0. Nothing for NULL.
@@ -49,9 +53,8 @@ class SqliteDatabase {
     /// if another program writes to it all the time.
     explicit SqliteDatabase(std::string path);
 
-    /// Starts a query whose parameters ?1, ?2, ... are `parameters`. Throws an `Error` that names
-    /// the path if the database is damaged, has other tables, or has been changed since it was
-    /// opened.
+    /// Starts a query whose parameters ?1, ?2, ... are `parameters`. The database must outlive it.
+    /// Throws an `Error` that names the path if the database is damaged or has other tables.
     SqliteQuery query(const std::string& sql, const std::vector<std::int64_t>& parameters) const;
 
     /// The time of the last change in seconds since 1970.
@@ -75,6 +78,8 @@ class SqliteDatabase {
         void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
     };
 
+    friend class SqliteQuery;
+    static FileState stateOfFile(const std::string& path);
     static State stateOf(const std::string& path);
     bool isOverwritten() const;
     void open(const std::string& uri, int flags);
