@@ -187,10 +187,11 @@ class Listing {
     void addGearyFile(const std::string& path) {
         try {
             addGearyFolders(path, GearyStore::open(path), GearyStore::kTop);
-        } catch (const Error&) {
+        } catch (const Error& error) {
             // Opening the folder reports the fault to the user.
-            found_.push_back({std::string(kGearyFile),
-                              place(std::string(kGearyFile), FolderPlace::Kind::Geary, path)});
+            const std::string name(kGearyFile);
+            found_.push_back({name, place(name, FolderPlace::Kind::Geary, path)});
+            found_.back().place.fault = error.what();
         }
     }
 

@@ -49,8 +49,10 @@ struct FolderPlace {
     /// does not depend on whether the user named the folder or a larger store. Work in "Inbox.sbd"
     /// is "Inbox/Work", the Maildir ".Lists.Kernel" is ".Lists/.Kernel".
     std::string canonical;
-    /// The account of a Geary folder, and the folder in it. Null if the account cannot be read.
+    /// The account of a Geary folder, and the folder in it. Null if the account cannot be read;
+    /// `fault` is the reason then.
     std::shared_ptr<GearyStore> geary;
+    std::string fault;
     GearyStore::FolderId gearyId = GearyStore::kTop;
     /// Whether the user named this folder.
     bool isStore = false;

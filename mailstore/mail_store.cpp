@@ -86,8 +86,10 @@ class DiskFolder : public StoredFolder {
     }
 
     std::unique_ptr<StoredMessages> openGeary() const {
-        const auto store = place_.geary ? place_.geary : GearyStore::open(place_.path);
-        return store->messages(place_.gearyId);
+        // Its folders are not listed, so the account must not pass as an empty folder later.
+        if (!place_.geary)
+            throw Error(place_.fault);
+        return place_.geary->messages(place_.gearyId);
     }
 
     void requireItem(int index) {

@@ -3,20 +3,17 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <filesystem>
-#include <system_error>
 
 #include "mailstore/mail_file.h"
+#include "mailstore/sqlite_copy.h"
 #include "mailstore/temporary_file.h"
 #include "platform/error.h"
 
 namespace pelk {
 namespace {
 
-// The files of one database; all but the first hold pending changes.
-constexpr std::array<const char*, 3> kEndings = {"", "-wal", "-journal"};
-constexpr int kCopyAttempts = 5;
+constexpr const char* kImmutable = "?immutable=1";
 
 std::string uriOf(const std::string& path) {
     std::string uri = "file:";
@@ -31,6 +28,17 @@ std::string uriOf(const std::string& path) {
             uri += c;
     }
     return uri;
+}
+
+/// Returns when the database or its pending changes were written last.
+std::int64_t lastChange(const std::string& path) {
+    std::int64_t last = 0;
+    for (const char* const ending : {"", "-wal", "-journal"}) {
+        struct stat status {};
+        if (::stat((path + ending).c_str(), &status) == 0)
+            last = std::max<std::int64_t>(last, status.st_mtim.tv_sec);
+    }
+    return last;
 }
 
 }  // namespace
@@ -63,43 +71,30 @@ std::optional<std::int64_t> SqliteQuery::number(int column) const {
 }
 
 SqliteDatabase::SqliteDatabase(std::string path)
-    : path_(std::filesystem::absolute(path).string()), state_(stateOf(path_)) {
-    if (state_.pending)
+    : path_(std::filesystem::absolute(path).string()),
+      state_(stateOf(path_)),
+      changed_(lastChange(path_)) {
+    isCopy_ = hasPendingChanges(path_);
+    if (isCopy_)
         openCopy();
     else
-        open(uriOf(path_) + "?immutable=1", SQLITE_OPEN_READONLY);
+        open(uriOf(path_) + kImmutable, SQLITE_OPEN_READONLY);
     // SQLite reads the file only now.
     query("SELECT count(*) FROM sqlite_master", {}).next();
 }
 
-/// Returns zeros for a file that does not exist.
-SqliteDatabase::FileState SqliteDatabase::stateOfFile(const std::string& path) {
+SqliteDatabase::FileState SqliteDatabase::stateOf(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) {
-        if (errno != ENOENT)
-            failReading(path);
-        return {};
-    }
+    if (::stat(path.c_str(), &status) != 0)
+        failReading(path);
     return {static_cast<std::int64_t>(status.st_ino), status.st_size, status.st_mtim.tv_sec,
             status.st_mtim.tv_nsec};
-}
-
-SqliteDatabase::State SqliteDatabase::stateOf(const std::string& path) {
-    State state;
-    for (std::size_t i = 0; i < kEndings.size(); ++i) {
-        const FileState file = stateOfFile(path + kEndings[i]);
-        const auto [identity, size, seconds, nanoseconds] = file;
-        state.files[i] = file;
-        state.changed = std::max(state.changed, seconds);
-        state.pending = state.pending || (i > 0 && size > 0);
-    }
-    return state;
 }
 
 /// Returns whether the file that is open has been changed. Changes that are still pending are not
 /// in it, and a copy never changes.
 bool SqliteDatabase::isOverwritten() const {
-    return !state_.pending && stateOfFile(path_) != state_.files[0];
+    return !isCopy_ && stateOf(path_) != state_;
 }
 
 void SqliteDatabase::open(const std::string& uri, int flags) {
@@ -113,31 +108,12 @@ void SqliteDatabase::open(const std::string& uri, int flags) {
 void SqliteDatabase::openCopy() {
     const TemporaryDirectory directory;
     const std::string copy = directory.path() + "/copy.db";
-    for (int attempt = 1; !copyTo(copy); ++attempt)
-        if (attempt == kCopyAttempts)
-            throw Error(path_ +
-                        " cannot be read: a program is writing to it. Close that program and try "
-                        "again.");
+    copySqlite(path_, copy);
     open(uriOf(copy), SQLITE_OPEN_READWRITE);
-    // Without a WAL the open file is complete, and it stays readable when its name is gone.
+    // Applies the pending changes. The file is complete then, and readable without a name.
     query("PRAGMA journal_mode=DELETE", {}).next();
-}
-
-/// Returns false if a file was changed meanwhile, so that the copies may not fit each other.
-bool SqliteDatabase::copyTo(const std::string& copy) {
-    state_ = stateOf(path_);
-    for (const char* const ending : kEndings) {
-        std::error_code error;
-        if (std::filesystem::exists(path_ + ending, error))
-            std::filesystem::copy_file(path_ + ending, copy + ending,
-                                       std::filesystem::copy_options::overwrite_existing, error);
-        else
-            std::filesystem::remove(copy + ending, error);
-        if (error)
-            throw Error(path_ + ending + " cannot be copied to " + temporaryDirectory() + ": " +
-                        error.message() + ".");
-    }
-    return stateOf(path_) == state_;
+    open(uriOf(copy) + kImmutable, SQLITE_OPEN_READONLY);
+    query("SELECT count(*) FROM sqlite_master", {}).next();
 }
 
 SqliteQuery SqliteDatabase::query(const std::string& sql,

@@ -58,7 +58,7 @@ class SqliteDatabase {
     SqliteQuery query(const std::string& sql, const std::vector<std::int64_t>& parameters) const;
 
     /// The time of the last change in seconds since 1970.
-    std::int64_t changed() const { return state_.changed; }
+    std::int64_t changed() const { return changed_; }
     const std::string& path() const { return path_; }
     /// Throws an `Error` with the reason of the last fault.
     [[noreturn]] void fail() const;
@@ -66,28 +66,21 @@ class SqliteDatabase {
  private:
     /// Identity, size and time of a file; they differ after every change.
     using FileState = std::array<std::int64_t, 4>;
-    struct State {
-        /// Of the database, of its `-wal` and of its `-journal`.
-        std::array<FileState, 3> files;
-        std::int64_t changed = 0;
-        /// Whether there are changes that are not in the database yet.
-        bool pending = false;
-        friend bool operator==(const State&, const State&) = default;
-    };
     struct Close {
         void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
     };
 
     friend class SqliteQuery;
-    static FileState stateOfFile(const std::string& path);
-    static State stateOf(const std::string& path);
+    static FileState stateOf(const std::string& path);
     bool isOverwritten() const;
     void open(const std::string& uri, int flags);
     void openCopy();
-    bool copyTo(const std::string& copy);
 
     const std::string path_;
-    State state_;
+    /// Of the file at `path_`, before it was opened.
+    const FileState state_;
+    const std::int64_t changed_;
+    bool isCopy_ = false;
     std::unique_ptr<sqlite3, Close> database_;
 };
 
