@@ -1,8 +1,5 @@
 #include "mailstore/compressed_file.h"
 
-#include <unistd.h>
-
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <functional>
@@ -65,15 +62,6 @@ void decode(const MailFile& file, StreamDecoder& decoder,
     }
 }
 
-void writeAll(int descriptor, std::string_view content, const std::string& path) {
-    while (!content.empty()) {
-        const ssize_t count = ::write(descriptor, content.data(), content.size());
-        if (count < 0 && errno != EINTR)
-            failUnpacking(path);
-        content.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-    }
-}
-
 }  // namespace
 
 std::shared_ptr<MailFile> openContent(const std::string& path) {
@@ -86,7 +74,8 @@ std::shared_ptr<MailFile> openContent(const std::string& path) {
         failUnpacking(path);
     return MailFile::unpacked(*file, descriptor, [&] {
         decode(*file, *decoder, [&](std::string_view block) {
-            writeAll(descriptor, block, path);
+            if (!writeAll(descriptor, block))
+                failUnpacking(path);
             return true;
         });
     });

@@ -1,11 +1,14 @@
 #include "mailstore/sqlite_copy.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
-#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include "mailstore/mail_file.h"
 #include "mailstore/temporary_file.h"
@@ -15,6 +18,7 @@ namespace pelk {
 namespace {
 
 constexpr int kAttempts = 5;
+constexpr std::size_t kBlockSize = 256UL << 10;
 // In bytes. The header of a journal has 28, of which 8 count its pages and may change.
 constexpr std::size_t kWalHeader = 32;
 constexpr std::size_t kJournalNonce = 12;
@@ -48,27 +52,37 @@ struct Generation {
     friend bool operator==(const Generation&, const Generation&) = default;
 };
 
-/// Returns false if the file is gone.
-bool copyFile(const std::string& from, const std::string& to) {
-    std::error_code error;
-    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, error);
-    if (error && error != std::errc::no_such_file_or_directory)
-        throw Error(from + " cannot be copied to " + temporaryDirectory() + ": " + error.message() +
-                    ".");
-    return !error;
+struct CloseDescriptor {
+    const int descriptor;
+    ~CloseDescriptor() { ::close(descriptor); }
+};
+
+void copyFile(const std::string& from, const std::string& to) {
+    const std::shared_ptr<MailFile> source = MailFile::open(from);
+    const CloseDescriptor target{
+        ::open(to.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600)};
+    bool written = target.descriptor >= 0;
+    std::vector<char> block(kBlockSize);
+    for (std::uint64_t offset = 0, count = 1; written && count > 0; offset += count) {
+        count = source->read(offset, block.data(), block.size());
+        written = writeAll(target.descriptor, {block.data(), count});
+    }
+    if (!written)
+        throw Error(from + " cannot be copied to " + temporaryDirectory() + ": " +
+                    std::generic_category().message(errno) + ".");
 }
 
 bool tryCopy(const std::string& path, const std::string& copy) {
     const Generation before(path);
-    bool complete = copyFile(path, copy);
+    copyFile(path, copy);
     for (const auto& [ending, header] :
          {std::pair("-wal", &before.wal), std::pair("-journal", &before.journal)}) {
         std::error_code error;
         std::filesystem::remove(copy + ending, error);
         if (!header->empty())
-            complete = copyFile(path + ending, copy + ending) && complete;
+            copyFile(path + ending, copy + ending);
     }
-    return complete && Generation(path) == before;
+    return Generation(path) == before;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -30,6 +31,16 @@ int openTemporaryFile() {
     if (descriptor >= 0)
         ::unlink(name.c_str());
     return descriptor;
+}
+
+bool writeAll(int descriptor, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t count = ::write(descriptor, content.data(), content.size());
+        if (count < 0 && errno != EINTR)
+            return false;
+        content.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+    }
+    return true;
 }
 
 TemporaryDirectory::TemporaryDirectory() : path_(temporaryDirectory() + "/pelk-XXXXXX") {

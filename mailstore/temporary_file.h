@@ -2,6 +2,7 @@
 // Files that exist only while the program uses them.
 
 #include <string>
+#include <string_view>
 
 namespace pelk {
 
@@ -12,6 +13,10 @@ std::string temporaryDirectory();
 /// Creates a file without a name in that directory, so that nothing remains when the program ends
 /// in any way. Returns its descriptor, or -1 with the reason in `errno`.
 int openTemporaryFile();
+
+/// Writes all of `content` to the file `descriptor`. Returns false if that fails, with the reason
+/// in `errno`.
+bool writeAll(int descriptor, std::string_view content);
 
 /// A new directory that only the user may enter. Its destructor removes it with its content.
 class TemporaryDirectory {
