@@ -130,12 +130,12 @@ class Listing {
     }
 
     /// Returns whether the name occurs only in the directory of an account: the inbox, the outbox
-    /// of Thunderbird, or the summary file of either, which may be there alone.
+    /// of Thunderbird, the summary file of either, which may be there alone, or the file of Geary.
     static bool marksAccount(std::string_view name) {
         for (const std::string_view ending : {kSummary, kAppleMailboxEnding})
             if (name.ends_with(ending))
                 name.remove_suffix(ending.size());
-        return equalsIgnoringCase(name, "INBOX") || name == "Unsent Messages";
+        return equalsIgnoringCase(name, "INBOX") || name == "Unsent Messages" || name == kGearyFile;
     }
 
     bool isNew(const DirectoryId& id) const {
