@@ -3,6 +3,8 @@
 //
 // fuzz_seeds MAIL FOLDER
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -30,12 +32,38 @@ class Seeds {
             return;
         const std::string start = text.substr(0, kLongest);
         write(text.starts_with("From ") ? "mbox" : "message", start);
+        write("stores", std::string(1, '\0') + std::to_string(start.size()) + "\n" + start +
+                            "<plist><dict><key>flags</key><integer>1</integer></dict></plist>");
         const std::string header = start.substr(0, start.find("\n\n"));
         write("header", header);
         const std::size_t from = header.find("\nFrom: ");
         if (from != std::string::npos)
             write("addresses", header.substr(from + 7, 300));
         addScanOf(path.string());
+    }
+
+    /// Writes the database of a Geary account with one message.
+    void addGearyFile() {
+        sqlite3* database = nullptr;
+        sqlite3_open(":memory:", &database);
+        sqlite3_exec(database,
+                     "PRAGMA page_size=512;"
+                     "CREATE TABLE FolderTable (id INTEGER PRIMARY KEY, name, parent_id);"
+                     "CREATE TABLE MessageLocationTable (message_id, folder_id, ordering,"
+                     " remove_marker);"
+                     "CREATE TABLE MessageTable (id INTEGER PRIMARY KEY, header, body, flags,"
+                     " internaldate_time_t, from_field, sender, reply_to, to_field, cc, bcc,"
+                     " subject, message_id, date_field);"
+                     "INSERT INTO FolderTable VALUES (1, 'INBOX', NULL);"
+                     "INSERT INTO MessageLocationTable VALUES (1, 1, 1, 0);"
+                     "INSERT INTO MessageTable (id, header) VALUES (1, 'From: a@x');",
+                     nullptr, nullptr, nullptr);
+        sqlite3_int64 size = 0;
+        unsigned char* const bytes = sqlite3_serialize(database, "main", &size, 0);
+        write("stores", "\1" + std::string(reinterpret_cast<const char*>(bytes),
+                                           static_cast<std::size_t>(size)));
+        sqlite3_free(bytes);
+        sqlite3_close(database);
     }
 
     /// Writes random bytes, for targets that accept any bytes.
@@ -91,6 +119,7 @@ int main(int argc, char** argv) {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[1]))
         if (entry.is_regular_file())
             seeds.addMailFile(entry.path());
+    seeds.addGearyFile();
     seeds.addRandomBytes("edits");
     return 0;
 }

@@ -1,6 +1,6 @@
 #include "mailstore/compressed_file.h"
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <system_error>
@@ -26,10 +26,10 @@ constexpr std::size_t kSignatureSize = 6;
                    std::generic_category().message(errno));
 }
 
-std::unique_ptr<StreamDecoder> decoderFor(const MailFile& file) {
-    std::array<char, kSignatureSize> start{};
-    const std::size_t length = file.read(0, start.data(), start.size());
-    return StreamDecoder::forData({start.data(), length});
+std::string readStart(const MailFile& file, std::size_t size) {
+    std::string start(size, '\0');
+    start.resize(file.read(0, start.data(), start.size()));
+    return start;
 }
 
 /// Calls `take` with the content, block by block, until it returns false.
@@ -66,7 +66,8 @@ void decode(const MailFile& file, StreamDecoder& decoder,
 
 std::shared_ptr<MailFile> openContent(const std::string& path) {
     std::shared_ptr<MailFile> file = MailFile::open(path);
-    const std::unique_ptr<StreamDecoder> decoder = decoderFor(*file);
+    const std::unique_ptr<StreamDecoder> decoder =
+        StreamDecoder::forData(readStart(*file, kSignatureSize));
     if (!decoder)
         return file;
     const int descriptor = openTemporaryFile();
@@ -83,17 +84,15 @@ std::shared_ptr<MailFile> openContent(const std::string& path) {
 
 std::string startOfContent(const std::string& path, std::size_t size) {
     const std::shared_ptr<MailFile> file = MailFile::open(path);
-    std::string start;
-    if (const std::unique_ptr<StreamDecoder> decoder = decoderFor(*file)) {
+    std::string start = readStart(*file, std::max(size, kSignatureSize));
+    if (const std::unique_ptr<StreamDecoder> decoder = StreamDecoder::forData(start)) {
+        start.clear();
         decode(*file, *decoder, [&](std::string_view block) {
             start += block.substr(0, size - start.size());
             return start.size() < size;
         });
-        return start;
     }
-    start.resize(size);
-    start.resize(file->read(0, start.data(), start.size()));
-    return start;
+    return start.substr(0, size);
 }
 
 }  // namespace pelk

@@ -5,6 +5,7 @@
 #include <zstd.h>
 
 #include <cstdint>
+#include <new>
 
 namespace pelk {
 namespace {
@@ -19,7 +20,7 @@ class GzipDecoder : public StreamDecoder {
     GzipDecoder() {
         constexpr int kGzipOnly = 16;
         if (inflateInit2(&stream_, MAX_WBITS + kGzipOnly) != Z_OK)
-            throw DamagedStream(kNoMemory);
+            throw std::bad_alloc();
     }
     GzipDecoder(const GzipDecoder&) = delete;
     GzipDecoder& operator=(const GzipDecoder&) = delete;
@@ -75,7 +76,7 @@ class XzDecoder : public StreamDecoder {
         // The largest preset of xz takes 65 MB.
         constexpr std::uint64_t kMostMemory = 512ULL << 20;
         if (lzma_stream_decoder(&stream_, kMostMemory, 0) != LZMA_OK)
-            throw DamagedStream(kNoMemory);
+            throw std::bad_alloc();
         complete_ = false;
     }
 
@@ -86,7 +87,7 @@ class ZstdDecoder : public StreamDecoder {
  public:
     ZstdDecoder() : stream_(ZSTD_createDStream()) {
         if (!stream_)
-            throw DamagedStream(kNoMemory);
+            throw std::bad_alloc();
     }
 
     std::size_t decode(std::string_view& input, char* output, std::size_t size) override {

@@ -12,7 +12,7 @@ namespace pelk {
 class StreamDecoder {
  public:
     /// Returns the decoder for data that begins with `start`, by its signature: gzip (RFC 1952), xz
-    /// or Zstandard (RFC 8878). Null for other data. Throws `DamagedStream` if memory is short.
+    /// or Zstandard (RFC 8878). Null for other data. Throws `std::bad_alloc` if memory is short.
     static std::unique_ptr<StreamDecoder> forData(std::string_view start);
 
     virtual ~StreamDecoder() = default;
