@@ -8,7 +8,6 @@
 #include "mailstore/mail_text.h"
 #include "mailstore/message_files.h"
 #include "mailstore/special_folder.h"
-#include "platform/error.h"
 
 namespace pelk {
 namespace {
@@ -308,7 +307,8 @@ std::vector<FolderPlace> listSubfolders(const FolderPlace& place) {
     return listing.result();
 }
 
-bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit) {
+bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit,
+               const std::function<void(const Error&)>& unreadable) {
     std::vector<FolderPlace> open = {top};
     std::set<DirectoryId> seen;
     while (!open.empty()) {
@@ -321,8 +321,8 @@ bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlac
                 if (inner.kind != FolderPlace::Kind::Directory ||
                     seen.insert(inner.trail.back()).second)
                     open.push_back(std::move(inner));
-        } catch (const Error&) {
-            // An unreadable folder is skipped; reading it later reports the fault.
+        } catch (const Error& error) {
+            unreadable(error);
         }
     }
     return false;

@@ -8,6 +8,7 @@
 
 #include "mailstore/directory.h"
 #include "mailstore/geary_store.h"
+#include "platform/error.h"
 
 namespace pelk {
 
@@ -65,14 +66,23 @@ struct FolderPlace {
 std::vector<FolderPlace> listSubfolders(const FolderPlace& place);
 
 /// Calls `visit` for `top` and all folders below it until it returns true. Returns whether it did.
-/// Enters no directory twice and skips what cannot be read.
-bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit);
+/// Enters no directory twice. Skips what cannot be read, or makes `visit` throw an `Error`, and
+/// calls `unreadable` with the fault.
+bool anyFolder(
+    const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit,
+    const std::function<void(const Error&)>& unreadable = [](const Error&) {});
 
 /// Returns the name under which a directory is shown, given its name on disk.
 std::string directoryTitle(const std::string& name);
 
+/// What `findStore` throws where nothing at all looks like mail.
+class NoMailFound : public Error {
+ public:
+    using Error::Error;
+};
+
 /// Returns the folder that the user named by `path`. Throws an `Error` that names the path if it
-/// does not exist, cannot be read or holds no mail of a known kind.
+/// does not exist or cannot be read, a `NoMailFound` if it holds no mail of a known kind.
 FolderPlace findStore(const std::string& path);
 
 }  // namespace pelk

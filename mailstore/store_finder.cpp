@@ -16,9 +16,10 @@ namespace pelk {
 namespace {
 
 [[noreturn]] void failWithoutMail(const std::string& path) {
-    throw Error(path +
-                " holds no mail that can be read: neither an mbox, nor a Maildir, nor message "
-                "files.");
+    throw NoMailFound(
+        path +
+        " holds no mail that can be read: neither an mbox, nor a Maildir, nor message "
+        "files.");
 }
 
 /// Returns the last part of the absolute path, so "." has a name, too.
@@ -37,20 +38,27 @@ std::string withoutFinalSlashes(std::string path) {
     return path;
 }
 
-/// Throws an `Error` unless there is mail in the directory `top` or anywhere below it.
+/// Throws an `Error` unless there is mail in the directory `top` or anywhere below it: the fault of
+/// what could not be read there, as that may be mail.
 void requireMail(const FolderPlace& top) {
     std::optional<std::string> unknown;
-    const bool found = anyFolder(top, [&](const FolderPlace& place) {
-        if (place.kind == FolderPlace::Kind::Unknown && !unknown)
-            unknown = place.path;
-        if (place.kind == FolderPlace::Kind::Directory)
-            return hasMessageFiles(place.path);
-        return place.kind != FolderPlace::Kind::Unknown;
-    });
+    std::optional<Error> fault;
+    const bool found = anyFolder(
+        top,
+        [&](const FolderPlace& place) {
+            if (place.kind == FolderPlace::Kind::Unknown && !unknown)
+                unknown = place.path;
+            if (place.kind == FolderPlace::Kind::Directory)
+                return hasMessageFiles(place.path);
+            return place.kind != FolderPlace::Kind::Unknown;
+        },
+        [&fault](const Error& error) { fault = fault ? fault : error; });
     if (found)
         return;
     if (unknown)
         throw UnknownMailFormat(*unknown);
+    if (fault)
+        throw Error(*fault);
     failWithoutMail(top.path);
 }
 
@@ -98,8 +106,6 @@ std::string canonicalPlace(const std::string& path) {
 FolderPlace directoryStore(FolderPlace place, const struct stat& status) {
     place.kind = FolderPlace::Kind::Directory;
     place.trail.push_back({status.st_dev, status.st_ino});
-    // Fails if the directory cannot be read.
-    readDirectory(place.path);
     findCompanion(place);
     requireMail(place);
     return place;

@@ -78,7 +78,7 @@ std::vector<Include> includesOf(const fs::path& root, const fs::path& file) {
 
 /// The includes of the files that stand directly in the folders of the core and in mailstore/.
 std::vector<Include> allIncludes(const fs::path& root) {
-    std::vector<std::string> folders{"mailstore"};
+    std::vector<std::string> folders{"mailstore", "mailstore/discovery"};
     for (const auto& [folder, arrows] : kArrows)
         folders.push_back(folder);
     std::vector<Include> includes;
@@ -102,7 +102,8 @@ bool mayInclude(const Include& include) {
     if (isStandard(include))
         return true;
     if (from == "mailstore")
-        return to == from || kMailstoreIncludes.contains(include.target);
+        return to == from || to == "mailstore/discovery" ||
+               kMailstoreIncludes.contains(include.target);
     const bool tellsNobody = from == "db" || include.from == "platform/platform.h";
     if (!include.quoted || (tellsNobody && kUserInterface.contains(include.target)))
         return false;

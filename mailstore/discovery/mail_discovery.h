@@ -1,0 +1,39 @@
+#pragma once
+// The mail of all mail programs on this computer, and how much of it there is. Nothing is changed,
+// created or locked.
+
+#include <cstdint>
+#include <functional>
+
+#include "mailstore/discovery/found_mail.h"
+#include "mailstore/discovery/user_places.h"
+
+namespace pelk {
+
+/// Returns the mail of all mail programs of a user, program after program. Paths that lead to the
+/// same place occur once; absent ones do not occur. Fast, as it reads no mail. Does not throw an
+/// `Error`. Any thread may call it.
+MailList findMail(const UserPlaces& places);
+
+struct MailExtent {
+    /// Why none of it can be read; empty when it can.
+    std::string fault;
+    /// Only those that can hold messages.
+    std::size_t folders = 0;
+    std::uint64_t bytes = 0;
+    /// When the newest file was changed last, in seconds since 1970; 0 if unknown. As a rule this
+    /// is when the newest message came.
+    std::int64_t changed = 0;
+    /// How many folders could not be read, and what was wrong with the first.
+    std::size_t unreadable = 0;
+    std::string firstUnreadable;
+    /// Whether it is not to be shown: a guess without mail.
+    bool isNothing = false;
+};
+
+/// Walks through all folders of `mail` and returns their extent. May take long for large ones;
+/// stops early, with what has been counted by then, once `isCancelled` returns true. Does not throw
+/// an `Error`. Any thread may call it.
+MailExtent measureMail(const FoundMail& mail, const std::function<bool()>& isCancelled);
+
+}  // namespace pelk
