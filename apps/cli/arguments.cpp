@@ -12,7 +12,11 @@ const char* const kHelp =
 
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
-                           folders of .eml files, or folders with any of these
+                           folders of .eml files, or folders with any of these;
+                           without MAIL on what was chosen last, or on a list of
+                           the mail on this computer
+  pelk stores              list the mail of the mail programs on this computer:
+                           program, account, folders, size, last change, path
   pelk scan MAIL...        count the e-mails that are newer than the last scan
   pelk contacts            list all contacts
   pelk relations CONTACT   list a contact's relations, strongest first: class,

@@ -12,6 +12,7 @@
 #include "apps/cli/exchange_commands.h"
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
+#include "apps/cli/stores_command.h"
 #include "apps/cli/terminal_progress.h"
 #include "apps/cli/terminal_text.h"
 #include "db/date_stamp.h"
@@ -86,6 +87,7 @@ void domainLinks(CommandRun& run) {
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 constexpr std::array kCommands{
+    Command{"stores", 0, 0, "nothing more", storesCommand},
     Command{"scan", 1, kAnyNumber, "at least one operand", scan},
     Command{"contacts", 0, 0, "no operands", listContacts},
     Command{"relations", 1, 1, "one contact", listRelations},

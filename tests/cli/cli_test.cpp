@@ -129,6 +129,32 @@ TEST_F(CliTest, createsNothingBeforeThereIsSomethingToSave) {
     EXPECT_EQ(run("thresholds").output, "strong: 60\nweak: 7\n");
 }
 
+TEST_F(CliTest, listsTheMailOfMailPrograms) {
+    environment =
+        "-u XDG_CONFIG_HOME -u XDG_DATA_HOME -u XDG_CACHE_HOME -u MAIL USER=nobody-here "
+        "HOME=" +
+        folder.path() + "/home";
+    EXPECT_EQ(run("stores").output, "No mail was found on this computer.\n");
+    EXPECT_EQ(run("stores --json").output, "[\n]\n");
+    folder.write("home/.thunderbird/profiles.ini", "[Profile0]\nIsRelative=1\nPath=p\n");
+    folder.write("home/.thunderbird/p/Mail/M\x1b[31m\u00e4/Inbox", kMail);
+    folder.write("home/.thunderbird/p/ImapMail/empty/notes", "none");
+    const Outcome table = run("stores");
+    EXPECT_EQ(table.status, 0);
+    EXPECT_EQ(table.errors, "");
+    const std::string home = folder.path() + "/home/.thunderbird/p/";
+    EXPECT_EQ(std::regex_replace(table.output, std::regex("  20..-..-..  "), "  DAY  "),
+              "PROGRAM      ACCOUNT  FOLDERS   SIZE  CHANGED     PATH\n"
+              "Thunderbird  M [31m\u00e4        1  250 B  DAY  " +
+                  home + "Mail/M [31m\u00e4\n" +
+                  "Thunderbird  empty          -      -  -           " + home +
+                  "ImapMail/empty\n    " + home +
+                  "ImapMail/empty holds no mail that can be read: neither an mbox, nor a Maildir, "
+                  "nor message files.\n");
+    expectSays("stores --json", "\"fault\": \"" + home + "ImapMail/empty holds no mail");
+    expectSays("stores --json", "\"readable\": true");
+}
+
 TEST_F(CliTest, refusesInOneLine) {
     run("scan Inbox");
     expectRefused("relations nobody@x", 1, "There is no contact nobody@x.");
