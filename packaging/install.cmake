@@ -47,6 +47,9 @@ pelk_compressed(changelog ${log})
 include(GNUInstallDirs)
 install(TARGETS pelk)
 install(FILES ${made}/pelk.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+# The mail that the first page offers to look at.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/examples/mail
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/pelk/examples PATTERN .gitkeep EXCLUDE)
 install(FILES ${sources}/pelk.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${made}/pelk.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES ${sources}/pelk.bash-completion RENAME pelk

@@ -1,12 +1,13 @@
 #include "apps/desktop/desktop_program.h"
 
 #include <QApplication>
-#include <QFileDialog>
 #include <new>
 #include <optional>
+#include <string>
 
 #include "addin/Connect.h"
 #include "addin/product.h"
+#include "apps/desktop/example_mail.h"
 #include "apps/desktop/main_window.h"
 #include "db/no_data_folder.h"
 #include "platform/desktop/desktop_platform.h"
@@ -15,6 +16,7 @@
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/toolkit.h"
+#include "platform/guard.h"
 
 namespace pelk {
 namespace {
@@ -29,26 +31,35 @@ std::optional<FolderLock> lockDatabase(const Platform& platform) {
     }
 }
 
-/// Asks where the mail is, because the desktop's menu starts the program without arguments. Empty
-/// if the user cancels.
-std::vector<std::string> askForMail() {
-    const QString folder = QFileDialog::getExistingDirectory(
-        nullptr, "Pelk: choose the folder that holds your mail", QDir::homePath());
-    if (folder.isEmpty())
-        return {};
-    return {QFile::encodeName(folder).toStdString()};
+/// Beside the database when that is elsewhere than usual, so that it belongs to that database.
+std::string choicesFile(const Arguments& arguments, const UserPlaces& places) {
+    const std::string& folder = arguments.dataFolder.empty() ? places.config : arguments.dataFolder;
+    return folder.empty() ? folder : folder + "/pelk/window.ini";
+}
+
+MainWindowOffers offersFor(const Arguments& arguments) {
+    MainWindowOffers offers;
+    offers.places = currentUserPlaces();
+    offers.choices = MailChoices(choicesFile(arguments, offers.places));
+    if (const std::string example = exampleMail(); !example.empty() && !offers.places.cache.empty())
+        offers.showExample = [example, data = offers.places.cache + "/pelk-example"] {
+            showExampleMail(example, data);
+        };
+    return offers;
 }
 
 void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
     const Platform platform = desktop.services();
     QtToolkit toolkit(dialogs, desktop.language());
-    MainWindow window(arguments.operands, arguments.mail, dialogs);
+    MainWindow window(arguments.operands, arguments.mail, dialogs, offersFor(arguments));
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     QtDisplay display;
     Connect connect({toolkit, dialogs, display}, platform);
     connect.OnConnection(window);
+    if (arguments.operands.empty())
+        guarded(dialogs, [&window] { window.openLastChoice(); });
     QApplication::exec();
     connect.OnDisconnection();
 }
@@ -62,11 +73,7 @@ void runDesktopProgram(const Arguments& arguments, int argc, char** argv) {
     QApplication::setApplicationVersion(QString::fromUtf8(kProductVersion));
     QtDialogs dialogs;
     try {
-        Arguments opened = arguments;
-        if (opened.operands.empty())
-            opened.operands = askForMail();
-        if (!opened.operands.empty())
-            openMailWindow(opened, dialogs);
+        openMailWindow(arguments, dialogs);
     } catch (const Error& error) {
         dialogs.message(error.what(), Buttons::Ok);
         throw;

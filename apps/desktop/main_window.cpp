@@ -1,56 +1,92 @@
 #include "apps/desktop/main_window.h"
 
 #include <QApplication>
-#include <QHeaderView>
-#include <QLabel>
-#include <QSplitter>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QTreeView>
+#include <QUrl>
+#include <utility>
 
 #include "apps/desktop/command_bar.h"
+#include "apps/desktop/first_page.h"
+#include "apps/desktop/mail_view.h"
 #include "platform/guard.h"
 
 namespace pelk {
 namespace {
 
 constexpr QSize kWindowSize{960, 600};
-constexpr int kFolderWidth = 220;
-constexpr int kFromWidth = 220;
+constexpr int kLongestEntry = 80;
 
-/// Returns the width of a date column in the format of the user's locale.
-int dateWidth() {
-    const QString widest = MessageList::dateText({2028, 12, 28, 20, 48, 58});
-    return QFontMetrics(QApplication::font()).horizontalAdvance(widest) + 24;
+std::string toPath(const QString& name) {
+    return QFile::encodeName(name).toStdString();
+}
+
+QString toName(const std::string& path) {
+    return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+/// A choice as an entry of a menu, in which an "&" alone would mark a key.
+QString entryText(const MailChoice& choice) {
+    QString text = toName(choice.front()).simplified();
+    if (text.size() > kLongestEntry)
+        text = "..." + text.right(kLongestEntry);
+    if (choice.size() > 1)
+        text += QStringLiteral(" and %1 more").arg(choice.size() - 1);
+    return text.replace('&', QStringLiteral("&&"));
+}
+
+std::vector<std::string> localPaths(const QMimeData& data) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : data.urls())
+        if (url.isLocalFile())
+            paths.push_back(toPath(url.toLocalFile()));
+    return paths;
 }
 
 }  // namespace
 
-MainWindow::MainWindow(std::vector<std::string> paths, MailStoreOptions options, Dialogs& dialogs)
-    : paths_(std::move(paths)),
-      options_(std::move(options)),
+MainWindow::MainWindow(const std::vector<std::string>& paths, MailStoreOptions options,
+                       Dialogs& dialogs, MainWindowOffers offers)
+    : options_(std::move(options)),
       dialogs_(dialogs),
-      folders_(*openMailSession(paths_, options_)),
-      folderView_(new QTreeView),
-      messageView_(new QTableView),
+      offers_(std::move(offers)),
       status_(new QLabel) {
     setWindowTitle(QStringLiteral("Pelk mail"));
     status_->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(status_);
+    buildMenu();
     auto* const bar = addToolBar(QStringLiteral("Standard"));
     bar->setObjectName(QStringLiteral("Standard"));
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    buildViews();
     resize(kWindowSize);
-    connect(folderView_->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [this](const QModelIndex& index) {
-                guarded(dialogs_, [this, &index] { showFolder(index); });
-            });
-    statusBar()->addWidget(status_);
-    folderView_->setCurrentIndex(folders_.startIndex());
+    setAcceptDrops(true);
+    if (paths.empty())
+        showFirstPage();
+    else
+        showMail(paths);
+}
+
+void MainWindow::open(const std::vector<std::string>& paths) {
+    showMail(paths);
+    offers_.choices.remember(paths);
+}
+
+void MainWindow::openLastChoice() {
+    if (const std::vector<MailChoice> recent = offers_.choices.recent(); !recent.empty())
+        showMail(recent.front());
 }
 
 std::unique_ptr<MailSession> MainWindow::session() {
-    return openMailSession(paths_, options_);
+    if (paths_.empty())
+        throw Error("No mail is open yet. Choose the mail in the mail window first.");
+    return openSession(paths_);
 }
 
 std::unique_ptr<CommandPopup> MainWindow::addPopup(std::string_view bar, std::string_view caption,
@@ -63,45 +99,100 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     QApplication::quit();
 }
 
-void MainWindow::buildViews() {
-    folderView_->setModel(&folders_.model());
-    folderView_->setHeaderHidden(true);
-    folderView_->expandAll();
-    messageView_->setModel(&messages_);
-    messageView_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    messageView_->setShowGrid(false);
-    messageView_->setWordWrap(false);
-    messageView_->verticalHeader()->hide();
-    messageView_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    messageView_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    messageView_->horizontalHeader()->setSectionResizeMode(MessageList::kSubject,
-                                                           QHeaderView::Stretch);
-    messageView_->horizontalHeader()->setHighlightSections(false);
-    messageView_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    messageView_->setColumnWidth(MessageList::kFrom, kFromWidth);
-    messageView_->setColumnWidth(MessageList::kDate, dateWidth());
-    auto* const splitter = new QSplitter;
-    splitter->addWidget(folderView_);
-    splitter->addWidget(messageView_);
-    splitter->setSizes({kFolderWidth, kWindowSize.width() - kFolderWidth});
-    splitter->setStretchFactor(1, 1);
-    setCentralWidget(splitter);
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localPaths(*event->mimeData()).empty())
+        event->acceptProposedAction();
 }
 
-void MainWindow::showFolder(const QModelIndex& index) {
-    if (!index.isValid())
-        return;
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    try {
-        messages_.showFolder(folders_.folderOf(index));
-    } catch (...) {
-        QApplication::restoreOverrideCursor();
-        throw;
+/// The program from which the mail was dragged waits until this ends, a box with a fault included.
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this,
+        [this, paths = localPaths(*event->mimeData())] {
+            guarded(dialogs_, [this, &paths] { open(paths); });
+        },
+        Qt::QueuedConnection);
+}
+
+void MainWindow::buildMenu() {
+    QMenu& menu = *menuBar()->addMenu(QStringLiteral("&File"));
+    addToMenu(menu, QStringLiteral("&Mail on this computer"), {}, [this] { showFirstPage(); });
+    addToMenu(menu, QStringLiteral("&Open..."), QKeySequence::Open, [this] { openFolder(); });
+    addToMenu(menu, QStringLiteral("Open a f&ile..."), {}, [this] { openFile(); });
+    if (offers_.addServer)
+        addToMenu(menu, QStringLiteral("Add a mail &server..."), {}, [this] { addServer(); });
+    QMenu& recent = *menu.addMenu(QStringLiteral("&Recent"));
+    connect(&menu, &QMenu::aboutToShow, this, [this, &recent] { fillRecent(recent); });
+    menu.addSeparator();
+    addToMenu(menu, QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
+}
+
+void MainWindow::addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                           const std::function<void()>& act) {
+    QAction* const action = menu.addAction(caption);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, [this, act] { guarded(dialogs_, act); });
+}
+
+void MainWindow::fillRecent(QMenu& menu) {
+    menu.clear();
+    for (const MailChoice& choice : offers_.choices.recent())
+        addToMenu(menu, entryText(choice), {}, [this, choice] { open(choice); });
+    menu.setEnabled(!menu.isEmpty());
+}
+
+void MainWindow::showMail(const std::vector<std::string>& paths) {
+    setCentral(new MailView(*openSession(paths), *status_, dialogs_));
+    paths_ = paths;
+}
+
+std::unique_ptr<MailSession> MainWindow::openSession(const std::vector<std::string>& paths) const {
+    return openMailSession(paths, options_);
+}
+
+void MainWindow::showFirstPage() {
+    FirstPageActs acts;
+    acts.open = [this](const std::vector<std::string>& paths) { open(paths); };
+    acts.openFolder = [this] { openFolder(); };
+    acts.openFile = [this] { openFile(); };
+    if (offers_.addServer)
+        acts.addServer = [this] { addServer(); };
+    acts.showExample = offers_.showExample;
+    setCentral(new FirstPage(offers_.places, std::move(acts), dialogs_));
+    paths_.clear();
+    status_->clear();
+}
+
+void MainWindow::openFolder() {
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, QStringLiteral("Pelk: choose the folder that holds your mail"), QDir::homePath());
+    if (!folder.isEmpty())
+        open({toPath(folder)});
+}
+
+void MainWindow::openFile() {
+    const QString file = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Pelk: choose the file that holds your mail"), QDir::homePath());
+    if (!file.isEmpty())
+        open({toPath(file)});
+}
+
+void MainWindow::addServer() {
+    if (const std::optional<std::string> store = offers_.addServer())
+        open({*store});
+}
+
+/// What stood there goes later: one of its buttons may have led here.
+void MainWindow::setCentral(QWidget* widget) {
+    if (QWidget* const old = takeCentralWidget()) {
+        old->hide();
+        old->deleteLater();
     }
-    QApplication::restoreOverrideCursor();
-    const int count = messages_.rowCount();
-    status_->setText(count == 1 ? QStringLiteral("1 message")
-                                : QStringLiteral("%1 messages").arg(count));
+    setCentralWidget(widget);
+    // The focus goes to what is shown only. Both pages begin with a tree.
+    widget->show();
+    widget->findChild<QTreeView*>()->setFocus();
 }
 
 }  // namespace pelk

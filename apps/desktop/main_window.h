@@ -3,23 +3,49 @@
 
 #include <QLabel>
 #include <QMainWindow>
-#include <QTableView>
-#include <QTreeView>
+#include <QMenu>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "apps/desktop/folder_list.h"
-#include "apps/desktop/message_list.h"
+#include "apps/desktop/mail_choices.h"
+#include "mailstore/discovery/user_places.h"
+#include "mailstore/mail_store.h"
 #include "platform/dialogs.h"
 #include "platform/mail_client.h"
 
 namespace pelk {
 
+/// What the window offers besides the mail that is open.
+struct MainWindowOffers {
+    /// Where the mail of mail programs is looked for.
+    UserPlaces places;
+    /// Where it is kept which mail was chosen.
+    MailChoices choices{{}};
+    /// Asks for an account on a mail server, and returns the store to open; nothing when the user
+    /// cancels. Where it is empty, no such account is offered. May throw `Error`.
+    std::function<std::optional<std::string>()> addServer;
+    /// Shows the example mail; empty where there is none. May throw `Error`.
+    std::function<void()> showExample;
+};
+
 class MainWindow : public QMainWindow, public MailClient {
  public:
-    /// Shows the mail at these paths. Throws `Error` when one holds no mail.
-    MainWindow(std::vector<std::string> paths, MailStoreOptions options, Dialogs& dialogs);
+    /// Shows the mail under these paths. Throws `Error` when one holds no mail. Where there is no
+    /// path, the window shows the mail that it finds, to choose from.
+    MainWindow(const std::vector<std::string>& paths, MailStoreOptions options, Dialogs& dialogs,
+               MainWindowOffers offers = {});
 
+    /// Shows this mail in the place of what is open, and remembers it. Throws `Error`, with the
+    /// window as it was, when a path holds no mail, and, with the mail shown, when it cannot be
+    /// remembered.
+    void open(const std::vector<std::string>& paths);
+    /// Shows the mail that was chosen last, if any was.
+    void openLastChoice();
+
+    /// Fails with an `Error` when no mail is open.
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                            std::string_view tag) override;
@@ -27,18 +53,26 @@ class MainWindow : public QMainWindow, public MailClient {
  protected:
     /// Closing the mail window ends the program, whatever other windows are open.
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
  private:
-    void buildViews();
-    void showFolder(const QModelIndex& index);
+    void buildMenu();
+    void addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                   const std::function<void()>& act);
+    void fillRecent(QMenu& menu);
+    std::unique_ptr<MailSession> openSession(const std::vector<std::string>& paths) const;
+    void showMail(const std::vector<std::string>& paths);
+    void showFirstPage();
+    void openFolder();
+    void openFile();
+    void addServer();
+    void setCentral(QWidget* widget);
 
-    const std::vector<std::string> paths_;
+    std::vector<std::string> paths_;
     const MailStoreOptions options_;
     Dialogs& dialogs_;
-    FolderList folders_;
-    MessageList messages_;
-    QTreeView* folderView_;
-    QTableView* messageView_;
+    MainWindowOffers offers_;
     QLabel* status_;
 };
 

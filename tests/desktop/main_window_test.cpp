@@ -1,0 +1,176 @@
+// The mail window while no mail is open, and the ways to open some.
+
+#include <QAction>
+#include <QApplication>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeView>
+
+#include "apps/desktop/main_window.h"
+#include "tests/support/qt_acts.h"
+#include "tests/support/scripted_dialogs.h"
+#include "tests/support/temporary_folder.h"
+
+namespace pelk {
+namespace {
+
+constexpr const char* kMail =
+    "From a Tue Mar  4 09:12:00 2025\nFrom: Ann <ann@a.example>\nTo: bob@b.example\n\nHi\n\n";
+
+class MainWindowTest : public ::testing::Test {
+ protected:
+    TemporaryFolder folder;
+    std::string home = folder.path() + "/home";
+    ScriptedDialogs dialogs;
+    std::unique_ptr<MainWindow> window;
+    int examples = 0;
+
+    MainWindowTest() { std::filesystem::create_directory(home); }
+
+    /// An account of Thunderbird with one folder; without mail when there is no content.
+    void account(const std::string& name, const std::string& content) const {
+        folder.write("home/.thunderbird/profiles.ini", "[Profile0]\nIsRelative=1\nPath=p\n");
+        folder.write("home/.thunderbird/p/Mail/" + name + "/Inbox", content);
+    }
+    std::string pathOf(const std::string& account) const {
+        return home + "/.thunderbird/p/Mail/" + account;
+    }
+    MainWindowOffers offers() {
+        MainWindowOffers offers;
+        offers.places = userPlaces(
+            [this](const char* name) { return name == std::string("HOME") ? home : ""; });
+        offers.places.spool.clear();
+        offers.choices = MailChoices(folder.path() + "/config/pelk/window.ini");
+        offers.showExample = [this] { ++examples; };
+        return offers;
+    }
+    void openWindow(const std::vector<std::string>& paths = {}) {
+        window = std::make_unique<MainWindow>(paths, MailStoreOptions{}, dialogs, offers());
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    }
+    QPushButton* button(const std::string& caption) const {
+        for (QPushButton* found : window->centralWidget()->findChildren<QPushButton*>())
+            if (shownText(*found) == caption)
+                return found;
+        return nullptr;
+    }
+    bool says(const QString& text) const {
+        for (const QLabel* label : window->centralWidget()->findChildren<QLabel*>())
+            if (label->text().contains(text))
+                return true;
+        return false;
+    }
+    void waitUntilFound() const {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !says("Looking for mail"); }));
+    }
+    QAction* entry(const QString& caption) const {
+        QMenu* const file = window->menuBar()->actions().at(0)->menu();
+        emit file->aboutToShow();
+        for (QAction* action : file->findChildren<QAction*>())
+            if (QString(action->text()).remove('&') == caption)
+                return action;
+        return nullptr;
+    }
+    /// The table as lines "[x] account folders", without a box what cannot be ticked.
+    std::string table() const {
+        const QAbstractItemModel& model =
+            *window->centralWidget()->findChild<QTreeView*>()->model();
+        std::string text;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            const QVariant box = model.index(row, 0).data(Qt::CheckStateRole);
+            text += !box.isValid() ? "" : box.toInt() == Qt::Checked ? "[x] " : "[ ] ";
+            text += model.index(row, 1).data().toString().toStdString() + " " +
+                    model.index(row, 2).data().toString().toStdString() + "\n";
+        }
+        return text;
+    }
+    /// The names of the stores that are open, or what stands in the way.
+    std::string openStores() {
+        std::string names;
+        try {
+            const auto folders = window->session()->folders();
+            while (const auto found = folders->next())
+                names += found->name() + " ";
+        } catch (const Error& error) {
+            names = error.what();
+        }
+        return names;
+    }
+};
+
+TEST_F(MainWindowTest, listsTheMailOnThisComputerAndOpensWhatIsTicked) {
+    account("ann@a.example", kMail);
+    account("empty", "");
+    account("notes", "These are notes.");
+    account("old", kMail);
+    folder.write("home/.mozilla/seamonkey/profiles.ini", "[Profile0]\nIsRelative=1\nPath=p\n");
+    folder.write("home/.mozilla/seamonkey/p/Mail/ann@a.example/Inbox", kMail);
+    openWindow();
+    const auto popup = window->addPopup("Standard", "Pelk", "menu");
+    waitUntilFound();
+    EXPECT_EQ(table(), "[x] ann@a.example 1\nempty \nnotes \n[x] old 1\n[ ] ann@a.example 1\n");
+    EXPECT_EQ(openStores(), "No mail is open yet. Choose the mail in the mail window first.");
+    QTreeView& view = *window->centralWidget()->findChild<QTreeView*>();
+    view.setCurrentIndex(view.model()->index(2, 1));
+    EXPECT_TRUE(says("holds no mail"));
+    view.model()->setData(view.model()->index(3, 0), Qt::Unchecked, Qt::CheckStateRole);
+    clickAt(*button("Open"), {5, 5});
+    EXPECT_EQ(openStores(), "ann@a.example ");
+    EXPECT_TRUE(window->centralWidget()->isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "menu") << "with the keyboard";
+
+    // What was chosen is there the next time, and in the menu.
+    openWindow();
+    window->openLastChoice();
+    EXPECT_EQ(openStores(), "ann@a.example ");
+    window->open({pathOf("old")});
+    ASSERT_NE(entry(QString::fromStdString(pathOf("ann@a.example"))), nullptr);
+    entry(QString::fromStdString(pathOf("ann@a.example")))->trigger();
+    EXPECT_EQ(openStores(), "ann@a.example ");
+    entry("Mail on this computer")->trigger();
+    waitUntilFound();
+}
+
+TEST_F(MainWindowTest, saysThatThereIsNoMailAndOffersWhatThereIs) {
+    openWindow();
+    waitUntilFound();
+    EXPECT_TRUE(says("No mail was found."));
+    EXPECT_FALSE(button("Open")->isEnabled());
+    EXPECT_EQ(button("Add a mail server..."), nullptr);
+    clickAt(*button("Look at the example"), {5, 5});
+    EXPECT_EQ(examples, 1);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() + "/config"));
+}
+
+TEST_F(MainWindowTest, opensWhatIsDropped) {
+    const std::string box = folder.write("a box", kMail);
+    openWindow();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(box)), QUrl("http://x.example/")});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window.get(), &drop);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return openStores() == "a box "; }));
+}
+
+TEST_F(MainWindowTest, staysAsItIsWhenMailCannotBeOpenedOrRemembered) {
+    account("old", kMail);
+    openWindow({pathOf("old")});
+    EXPECT_THROW(window->open({folder.path() + "/none"}), Error);
+    EXPECT_EQ(openStores(), "old ");
+    folder.write("config", "in the way");
+    EXPECT_THROW(window->open({home + "/.thunderbird/p/Mail"}), Error);
+    EXPECT_EQ(openStores(), "Mail ");
+}
+
+}  // namespace
+}  // namespace pelk
