@@ -47,7 +47,7 @@ MessagePlace locate(const std::shared_ptr<const MailFile>& file) {
 /// Returns the text after the message, from its first character that is not blank.
 std::string readPropertyList(const MessagePlace& place) {
     const std::string text = readText(*place.file, place.offset + place.length, kMaxPropertyList);
-    const std::string list = text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
+    std::string list = text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
     for (const std::string_view start : {"<?xml", "<!DOCTYPE plist", "<plist"})
         if (list.starts_with(start))
             return list;

@@ -70,7 +70,7 @@ std::optional<std::int64_t> SqliteQuery::number(int column) const {
     return sqlite3_column_int64(statement_.get(), column);
 }
 
-SqliteDatabase::SqliteDatabase(std::string path)
+SqliteDatabase::SqliteDatabase(const std::string& path)
     : path_(std::filesystem::absolute(path).string()),
       state_(stateOf(path_)),
       changed_(lastChange(path_)) {

@@ -51,7 +51,7 @@ class SqliteDatabase {
  public:
     /// Throws an `Error` that names the path if it is not a database, cannot be read or copied, or
     /// if another program writes to it all the time.
-    explicit SqliteDatabase(std::string path);
+    explicit SqliteDatabase(const std::string& path);
 
     /// Starts a query whose parameters ?1, ?2, ... are `parameters`. The database must outlive it.
     /// Throws an `Error` that names the path if the database is damaged or has other tables.
