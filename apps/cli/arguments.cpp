@@ -12,7 +12,7 @@ const char* const kHelp =
 
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
-                           folders of .eml files, or folders with any of these;
+                           message files, or the folders of a mail program;
                            without MAIL on what was chosen last, or on a list of
                            the mail on this computer
   pelk stores              list the mail of the mail programs on this computer:
