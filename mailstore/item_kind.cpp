@@ -5,14 +5,18 @@
 
 namespace pelk {
 
+bool isReport(const ContentType& type) {
+    if (!type.is("multipart", "report"))
+        return false;
+    const std::string report = type.parameter("report-type");
+    return equalsIgnoringCase(report, "delivery-status") ||
+           equalsIgnoringCase(report, "disposition-notification");
+}
+
 ItemKind itemKind(const MessagePlace& place, const MessageHeader& header) {
     const ContentType type(header);
-    if (type.is("multipart", "report")) {
-        const std::string report = type.parameter("report-type");
-        if (equalsIgnoringCase(report, "delivery-status") ||
-            equalsIgnoringCase(report, "disposition-notification"))
-            return ItemKind::Report;
-    }
+    if (isReport(type))
+        return ItemKind::Report;
     return isMeeting(place, header, type) ? ItemKind::Meeting : ItemKind::Mail;
 }
 

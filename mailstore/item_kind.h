@@ -6,6 +6,8 @@
 
 namespace pelk {
 
+class ContentType;
+
 enum class ItemKind {
     Mail,
     /// A meeting request, or an answer to one.
@@ -17,5 +19,8 @@ enum class ItemKind {
 /// Returns the kind of a message. Reads the body only if the header does not decide. Throws an
 /// `Error` if the file cannot be read.
 ItemKind itemKind(const MessagePlace& place, const MessageHeader& header);
+
+/// Whether a message of that content is a delivery report or a receipt.
+bool isReport(const ContentType& type);
 
 }  // namespace pelk

@@ -134,35 +134,37 @@ class DiskSession : public MailSession {
         return walk([stores = named_.stores()] { return stores; });
     }
 
-    std::vector<DefaultFolder> leftOutFolders() override {
-        std::vector<DefaultFolder> kinds = MailSession::leftOutFolders();
-        if (!options_.countDrafts)
-            kinds.push_back(DefaultFolder::Drafts);
-        if (!options_.countJunk)
-            kinds.push_back(DefaultFolder::Junk);
-        return kinds;
-    }
+    std::vector<DefaultFolder> leftOutFolders() override { return leftOutFoldersOf(options_); }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const FolderPlace& place = dynamic_cast<DiskFolder&>(folder).location();
-        return place.atTop && isCalled(place.name, kind) && !named_.isNamed(place);
+        return place.atTop && isFolderCalled(options_, place.name, kind) && !named_.isNamed(place);
     }
 
  private:
-    bool isCalled(const std::string& name, DefaultFolder kind) const {
-        const std::vector<std::string>& names =
-            kind == DefaultFolder::Outbox ? options_.outboxNames : options_.deletedNames;
-        if (names.empty() || kind == DefaultFolder::Drafts || kind == DefaultFolder::Junk)
-            return folderCalled(name) == kind;
-        return std::any_of(names.begin(), names.end(),
-                           [&](const std::string& one) { return foldCase(one) == foldCase(name); });
-    }
-
     const MailStoreOptions options_;
     const NamedStores named_;
 };
 
 }  // namespace
+
+std::vector<DefaultFolder> leftOutFoldersOf(const MailStoreOptions& options) {
+    std::vector<DefaultFolder> kinds = {DefaultFolder::Outbox, DefaultFolder::DeletedItems};
+    if (!options.countDrafts)
+        kinds.push_back(DefaultFolder::Drafts);
+    if (!options.countJunk)
+        kinds.push_back(DefaultFolder::Junk);
+    return kinds;
+}
+
+bool isFolderCalled(const MailStoreOptions& options, const std::string& name, DefaultFolder kind) {
+    const std::vector<std::string>& names =
+        kind == DefaultFolder::Outbox ? options.outboxNames : options.deletedNames;
+    if (names.empty() || kind == DefaultFolder::Drafts || kind == DefaultFolder::Junk)
+        return folderCalled(name) == kind;
+    return std::any_of(names.begin(), names.end(),
+                       [&](const std::string& one) { return foldCase(one) == foldCase(name); });
+}
 
 std::unique_ptr<MailSession> openMailSession(const std::vector<std::string>& paths,
                                              MailStoreOptions options) {

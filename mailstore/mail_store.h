@@ -38,6 +38,11 @@ struct MailStoreOptions {
     bool countJunk = false;
 };
 
+/// Returns the default folders whose items are not counted.
+std::vector<DefaultFolder> leftOutFoldersOf(const MailStoreOptions& options);
+/// Returns whether a folder of that name at the top of a store is the default folder of that kind.
+bool isFolderCalled(const MailStoreOptions& options, const std::string& name, DefaultFolder kind);
+
 /// Opens `paths`. Each is one top-level folder, named by the last part of the path. A path
 /// that is given twice, or is inside another one, is listed once. Throws an `Error` that names the
 /// path if one does not exist, cannot be read or holds no mail of a known kind.

@@ -25,24 +25,6 @@ bool isAttachment(const MessageHeader& header) {
     return equalsIgnoringCase(trimmed(value.substr(0, value.find(';'))), "attachment");
 }
 
-/// Returns whether a calendar with this method asks for an answer or is one.
-bool isMeetingMethod(std::string_view method) {
-    return !method.empty() && !equalsIgnoringCase(method, "PUBLISH");
-}
-
-/// Returns the value of the METHOD property (RFC 5545, 3.7.2), or empty text.
-std::string_view methodOf(std::string_view calendar) {
-    while (!calendar.empty()) {
-        const std::string_view line = calendar.substr(0, calendar.find('\n'));
-        const std::size_t colon = line.find(':');
-        if (colon != std::string_view::npos &&
-            equalsIgnoringCase(line.substr(0, line.find_first_of(":;")), "METHOD"))
-            return trimmed(line.substr(colon + 1));
-        calendar.remove_prefix(std::min(line.size() + 1, calendar.size()));
-    }
-    return {};
-}
-
 /// Reads the parts of a message in one pass. Keeps only the boundaries of the enclosing parts and
 /// the text of one header or calendar.
 class MeetingSearch {
@@ -129,6 +111,22 @@ class MeetingSearch {
 };
 
 }  // namespace
+
+bool isMeetingMethod(std::string_view method) {
+    return !method.empty() && !equalsIgnoringCase(method, "PUBLISH");
+}
+
+std::string_view methodOf(std::string_view calendar) {
+    while (!calendar.empty()) {
+        const std::string_view line = calendar.substr(0, calendar.find('\n'));
+        const std::size_t colon = line.find(':');
+        if (colon != std::string_view::npos &&
+            equalsIgnoringCase(line.substr(0, line.find_first_of(":;")), "METHOD"))
+            return trimmed(line.substr(colon + 1));
+        calendar.remove_prefix(std::min(line.size() + 1, calendar.size()));
+    }
+    return {};
+}
 
 bool isMeeting(const MessagePlace& place, const MessageHeader& header, const ContentType& type) {
     return MeetingSearch().run(place, header, type);

@@ -1,9 +1,8 @@
 #include "mailstore/stored_message.h"
 
 #include <algorithm>
-#include <iterator>
 
-#include "mailstore/address_list.h"
+#include "mailstore/header_people.h"
 #include "mailstore/mail_text.h"
 #include "mailstore/message_identity.h"
 #include "mailstore/special_folder.h"
@@ -74,9 +73,9 @@ const MessageHeader& StoredMessage::header() {
 }
 
 std::string StoredMessage::author() {
-    std::vector<MailPerson> found = people("From");
+    std::vector<MailPerson> found = peopleIn(header(), "From");
     if (found.empty())
-        found = people("Sender");
+        found = peopleIn(header(), "Sender");
     return found.empty() ? std::string() : found.front().name;
 }
 
@@ -98,37 +97,15 @@ std::optional<LocalTime> StoredMessage::findOwnTime() {
     return localTime(NotedTime{dateFieldTime(header().first("Date"))});
 }
 
-std::vector<MailPerson> StoredMessage::people(std::string_view field) {
-    std::vector<MailPerson> all;
-    for (const std::string& value : header().all(field)) {
-        std::vector<MailPerson> some = parseAddressList(value);
-        all.insert(all.end(), std::make_move_iterator(some.begin()),
-                   std::make_move_iterator(some.end()));
-    }
-    return all;
-}
-
 const std::optional<MailPerson>& StoredMessage::sender() {
-    if (!sender_) {
-        std::vector<MailPerson> found;
-        for (const char* const field : {"Reply-To", "From", "Sender"})
-            if (found.empty())
-                found = people(field);
-        sender_ = found.empty() ? std::nullopt : std::optional(std::move(found.front()));
-    }
+    if (!sender_)
+        sender_ = replyRecipientOf(header());
     return *sender_;
 }
 
 const std::vector<MailPerson>& StoredMessage::recipients() {
-    if (!recipients_) {
-        std::vector<MailPerson> all;
-        for (const std::string_view field : {"To", "Cc", "Bcc"}) {
-            std::vector<MailPerson> some = people(field);
-            all.insert(all.end(), std::make_move_iterator(some.begin()),
-                       std::make_move_iterator(some.end()));
-        }
-        recipients_ = std::move(all);
-    }
+    if (!recipients_)
+        recipients_ = recipientsOf(header());
     return *recipients_;
 }
 

@@ -48,7 +48,6 @@ class StoredMessage : public MailItem {
     /// The arrival time without regard to the file's last change.
     const std::optional<LocalTime>& ownTime();
     std::optional<LocalTime> findOwnTime();
-    std::vector<MailPerson> people(std::string_view field);
     const std::optional<MailPerson>& sender();
     const std::vector<MailPerson>& recipients();
 
