@@ -43,6 +43,19 @@ LocalTime parseStamp(std::string_view stamp) {
     return {field(0, 4), field(5, 2), field(8, 2), field(11, 2), field(14, 2), 0};
 }
 
+LocalTime earlier(const LocalTime& time, int seconds) {
+    const std::chrono::sys_seconds moment{std::chrono::seconds(secondsSince1970(time) - seconds)};
+    const auto midnight = std::chrono::floor<std::chrono::days>(moment);
+    const std::chrono::year_month_day day(midnight);
+    const std::chrono::hh_mm_ss clock(moment - midnight);
+    return {int(day.year()),
+            static_cast<int>(unsigned(day.month())),
+            static_cast<int>(unsigned(day.day())),
+            static_cast<int>(clock.hours().count()),
+            static_cast<int>(clock.minutes().count()),
+            static_cast<int>(clock.seconds().count())};
+}
+
 bool isStamp(std::string_view text) {
     constexpr std::string_view form = "dddd-dd-ddTdd:dd:dd";
     if (text.size() != form.size())

@@ -19,6 +19,9 @@ std::string formatStamp(const LocalTime& time);
 /// with a number reads as 0.
 LocalTime parseStamp(std::string_view stamp);
 
+/// Returns what the wall clock showed `seconds` before.
+LocalTime earlier(const LocalTime& time, int seconds);
+
 /// Whether the text is a stamp with an existing day and time of day.
 bool isStamp(std::string_view text);
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "db/damaged_data.h"
+#include "db/place_text.h"
 
 namespace pelk {
 namespace {
@@ -16,37 +17,6 @@ constexpr const char* kName = "pelk-stores.db";
 /// How many states of the database the file holds at most. Two would do for a crash between the two
 /// saves; the others are for databases that the user takes back, and for saves that fail in a row.
 constexpr std::size_t kStates = 6;
-
-constexpr std::string_view kHexDigits = "0123456789abcdef";
-
-/// Percent-encoded (RFC 3986, 2.1), as a path may hold bytes that no document can carry.
-std::string encodePlace(const std::string& place) {
-    std::string encoded;
-    for (const char c : place) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte > ' ' && byte < 0x7F && c != '%') {
-            encoded += c;
-            continue;
-        }
-        encoded += '%';
-        encoded += kHexDigits[byte / 16];
-        encoded += kHexDigits[byte % 16];
-    }
-    return encoded;
-}
-
-std::string decodePlace(std::string_view encoded) {
-    std::string place;
-    while (!encoded.empty()) {
-        unsigned byte = static_cast<unsigned char>(encoded.front());
-        const bool escaped = encoded.front() == '%' && encoded.size() >= 3;
-        if (escaped)
-            std::from_chars(encoded.data() + 1, encoded.data() + 3, byte, 16);
-        place += static_cast<char>(byte);
-        encoded.remove_prefix(escaped ? 3 : 1);
-    }
-    return place;
-}
 
 std::string textOfPrints(const std::vector<std::uint64_t>& prints) {
     std::string text;

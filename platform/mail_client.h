@@ -72,6 +72,18 @@ class MailItem {
     virtual MailPerson recipient(int index) = 0;
 };
 
+/// Up to where the items of a folder have been counted, as a mail server numbers them.
+struct FolderMark {
+    /// The folder's place.
+    std::string place;
+    /// Which numbering of the folder's items this is about.
+    std::uint32_t numbering = 0;
+    /// The last number.
+    std::uint32_t last = 0;
+
+    friend bool operator==(const FolderMark&, const FolderMark&) = default;
+};
+
 class MailFolder;
 
 /// Iterates over the folders inside a folder or session.
@@ -91,10 +103,14 @@ class MailFolder {
     virtual std::string place() { return {}; }
     /// Whether the folder is for e-mails rather than appointments or other items.
     virtual bool holdsMail() = 0;
+    /// By how many seconds the clock that stamps the items may be behind the user's.
+    virtual int clockTolerance() { return 0; }
     virtual std::unique_ptr<MailFolders> folders() = 0;
     virtual int itemCount() = 0;
     /// Returns item `index`, counted from 1. Throws `NotAMailItem` when it is something else.
     virtual std::shared_ptr<MailItem> mailItem(int index) = 0;
+    /// Told that a scan has taken all items, one after the other, and read each.
+    virtual void noteRead() {}
 };
 
 class MailSession {
@@ -108,6 +124,11 @@ class MailSession {
     }
     /// Whether `folder` is the session's default folder of that kind.
     virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
+    /// Told, before a scan, the marks of the last one. Items up to a mark have been counted, so the
+    /// session need not read them: it may give them out as items from before all scans.
+    virtual void setMarks(std::vector<FolderMark> /*marks*/) {}
+    /// The marks with those of the folders that have been read since.
+    virtual std::vector<FolderMark> marks() { return {}; }
 };
 
 /// A button of a command-bar menu. Destroying the object leaves the button in the menu.

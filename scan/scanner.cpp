@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "db/folder_marks_file.h"
 #include "db/store_dates_file.h"
 #include "scan/store_sample.h"
 
@@ -45,8 +46,11 @@ void Scanner::scanStores() {
 
 void Scanner::scanStore(MailFolder& store) {
     const std::string place = placeOf(store, {});
+    int clockTolerance = 0;
+    steps_.attempt([&] { clockTolerance = store.clockTolerance(); });
     noteStore(store,
-              ledger_.beginStore(place, [this, &store] { return takeSample(*session_, store); }));
+              ledger_.beginStore(
+                  place, [this, &store] { return takeSample(*session_, store); }, clockTolerance));
     copies_.beginStore();
     scanBranch(store, place);
     if (!ledger_.endStore())
@@ -87,6 +91,8 @@ void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
         steps_.attempt([&] { progress_.itemStarted(index); });
         scanItem(folder, index);
     }
+    if (!ledger_.isUnread(place))
+        folder.noteRead();
 }
 
 /// An item that is no e-mail counts the e-mail before it once more if that was new. This quirk is
@@ -170,18 +176,26 @@ void Scanner::noteLeftOut(MailFolder& folder) {
         outcome_.leftOut.push_back(std::move(leftOut));
 }
 
-/// The file with the stores' dates is written just before the database, see `StoreDatesFile`.
+/// The files with the stores' dates and the folders' marks are written just before the database, see
+/// `StoreDatesFile`.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress, const ScanOptions& options) {
     StoreDatesFile file(storage, platform);
+    FolderMarksFile marks(storage, platform);
     LoadedStoreDates loaded = file.load(database);
-    if (loaded.notice)
-        progress.noticed(*loaded.notice);
+    LoadedFolderMarks known = marks.load(database);
+    for (const std::optional<std::string>& notice : {loaded.notice, known.notice})
+        if (notice)
+            progress.noticed(*notice);
+    // A scan from another date must also read what has been counted.
+    if (options.since.empty())
+        session.setMarks(std::move(known.marks));
     StoreLedger ledger(std::move(loaded.dates), database.date(), options.since, platform.clock);
     Scanner scanner(database, platform.language, progress, std::move(ledger), options);
     ScanOutcome outcome = scanner.scan(session);
     database.setDate(formatStamp(platform.clock.now()));
     file.hold(std::move(scanner).dates(), database);
+    marks.hold(session.marks(), database);
     storage.saveDatabase(database);
     return outcome;
 }

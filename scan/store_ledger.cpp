@@ -7,13 +7,14 @@
 namespace pelk {
 
 StoreLedger::Store StoreLedger::beginStore(const std::string& place,
-                                           const std::function<Sample()>& takeSample) {
+                                           const std::function<Sample()>& takeSample,
+                                           int clockTolerance) {
     walk_ = {};
     walk_.place = place;
     Store store = Store::Known;
     if (distinguishesStores()) {
         store = lookUp(place, takeSample);
-        walk_.begun = now();
+        walk_.begun = formatStamp(earlier(clock_->now(), clockTolerance));
         walk_.ahead = known_.aheadAround(place);
         visited_.insert(place);
     }
@@ -80,6 +81,16 @@ void StoreLedger::remember(MailItem& item, const std::string& stamp, const std::
         const std::string* const known = walk_.ahead.scanOf(print);
         walk_.later.try_emplace(print, known != nullptr ? *known : scan);
     }
+}
+
+void StoreLedger::noteUnread(const std::string& place) {
+    // Of a folder that fails as a whole each item does.
+    if (walk_.unread.empty() || walk_.unread.back() != place)
+        walk_.unread.push_back(place);
+}
+
+bool StoreLedger::isUnread(const std::string& place) const {
+    return std::find(walk_.unread.begin(), walk_.unread.end(), place) != walk_.unread.end();
 }
 
 bool StoreLedger::endStore() {

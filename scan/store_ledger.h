@@ -36,8 +36,11 @@ class StoreLedger {
     enum class Store { Known, New, Recognised };
     using Sample = std::vector<std::uint64_t>;
 
-    /// Begins the walk through a store. Calls `takeSample` if the store may have been moved.
-    Store beginStore(const std::string& place, const std::function<Sample()>& takeSample);
+    /// Begins the walk through a store. Calls `takeSample` if the store may have been moved. The
+    /// clock that stamps the e-mails may be `clockTolerance` seconds behind the user's: e-mails from
+    /// that long before the walk are remembered by their fingerprints.
+    Store beginStore(const std::string& place, const std::function<Sample()>& takeSample,
+                     int clockTolerance = 0);
     /// Begins the items of a folder of the store.
     void beginFolder(const std::string& place);
     /// The stamp up to which e-mails of the current folder or store have been counted.
@@ -55,7 +58,9 @@ class StoreLedger {
     /// its fingerprint.
     void noteCounted(MailItem& item, const std::string& stamp, std::uint64_t print);
     /// Notes a read error at this place of the store.
-    void noteUnread(const std::string& place) { walk_.unread.push_back(place); }
+    void noteUnread(const std::string& place);
+    /// Whether a read error was noted at exactly this place.
+    bool isUnread(const std::string& place) const;
 
     /// Ends the walk through the store. Returns whether a later scan will count everything that
     /// could not be read.
