@@ -26,7 +26,10 @@ install_missing() {
 }
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev libpugixml-dev
-  libssl-dev libsqlite3-dev zlib1g-dev liblzma-dev libzstd-dev)
+  libssl-dev libsqlite3-dev zlib1g-dev liblzma-dev libzstd-dev libetpan-dev)
+
+# The tests need their library, and a mail server to read from.
+test_packages=(libgtest-dev dovecot-imapd)
 
 # Packages for building for Windows and running there. The test library is built from its sources.
 windows_packages=(libgtest-dev g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64)

@@ -1,0 +1,336 @@
+#include "mailstore/imap/imap_connection.h"
+
+#include <openssl/crypto.h>
+#include <openssl/evp.h>
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "mailstore/imap/fetched_data.h"
+#include "mailstore/imap/guarded_stream.h"
+#include "mailstore/imap/imap_faults.h"
+#include "mailstore/mail_text.h"
+
+namespace pelk {
+namespace {
+
+/// All that people, times, kinds and fingerprints of messages are told from.
+constexpr const char* kFields =
+    "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Received "
+    "Content-Type Content-Transfer-Encoding Content-Disposition X-Gmail-Labels)]";
+constexpr const char* kHeaderStart = "<0.262144>";
+constexpr std::size_t kPartStart = 64UL << 10;
+
+void keepMailOffTheDisk() {
+    // Beyond this size libetpan keeps what it reads in a file of its own.
+    static const bool done = [] {
+        mmap_string_set_ceil(std::numeric_limits<std::size_t>::max());
+        return true;
+    }();
+    static_cast<void>(done);
+}
+
+std::string base64(const std::string& bytes) {
+    std::string text(4 * ((bytes.size() + 2) / 3) + 1, '\0');
+    text.resize(static_cast<std::size_t>(EVP_EncodeBlock(
+        reinterpret_cast<unsigned char*>(text.data()),
+        reinterpret_cast<const unsigned char*>(bytes.data()), static_cast<int>(bytes.size()))));
+    return text;
+}
+
+/// A text that is wiped when it is done with.
+struct Secret {
+    std::string text;
+    ~Secret() { OPENSSL_cleanse(text.data(), text.size()); }
+};
+
+std::string textOf(const UidRange& range) {
+    return std::to_string(range.first) + ":" + std::to_string(range.last);
+}
+
+std::string fetchCommand(const UidRange& range, Detail detail) {
+    const bool whole = detail == Detail::Whole;
+    return "UID FETCH " + textOf(range) + " (UID INTERNALDATE FLAGS " +
+           (whole ? "BODYSTRUCTURE " : "") + kFields + (whole ? "" : kHeaderStart) + ")";
+}
+
+struct SessionFree {
+    void operator()(mailimap* session) const { mailimap_free(session); }
+};
+
+}  // namespace
+
+class ImapConnection::Talk {
+ public:
+    Talk(const ImapAccount& account, const std::string& secret, Patience patience)
+        : account_(account), network_(account.host, account.port, std::move(patience)) {
+        keepMailOffTheDisk();
+        if (account_.tls)
+            network_.startTls();
+        session_.reset(mailimap_new(0, nullptr));
+        if (!session_)
+            throw std::bad_alloc();
+        try {
+            greet();
+            if (!loggedIn_)
+                logIn(secret);
+            command("CAPABILITY", "tell what it can do");
+        } catch (...) {
+            stream_.close();
+            throw;
+        }
+    }
+
+    mailimap& session() { return *session_; }
+    const mailimap_response_info& answer() const { return *session_->imap_response_info; }
+    bool can(const char* extension) const {
+        return mailimap_has_extension(session_.get(), extension) != 0;
+    }
+
+    /// Sends a command and takes the answer to it.
+    void command(const std::string& text, const std::string& purpose) {
+        if (ahead_ == text) {
+            ahead_.clear();
+        } else {
+            finishAhead();
+            send(text, purpose);
+        }
+        receive(purpose);
+    }
+
+    /// The same, and sends `next` before the answer is taken, so that the server need not wait. The
+    /// command after this one should be that.
+    void command(const std::string& text, const std::string& next, const std::string& purpose) {
+        if (ahead_ != text) {
+            finishAhead();
+            send(text, purpose);
+        }
+        ahead_ = next;
+        if (!next.empty())
+            send(next, purpose);
+        receive(purpose);
+    }
+
+    /// Takes the answer to a command that was sent ahead and is not wanted after all.
+    void finishAhead() {
+        if (!std::exchange(ahead_, {}).empty())
+            receive("show messages");
+    }
+
+    /// Calls a function of libetpan that sends a command and takes the answer to it.
+    template <typename Call>
+    void call(const Call& call, const std::string& purpose) {
+        finishAhead();
+        stream_.beginAnswer();
+        const int result = call(session_.get());
+        sentTag_ = session_->imap_tag;
+        check(result, purpose);
+    }
+
+    /// Fails as `result` of a function of libetpan tells. `purpose` goes on "The server refuses
+    /// to".
+    void check(int result, const std::string& purpose) {
+        switch (result) {
+            case MAILIMAP_NO_ERROR:
+            case MAILIMAP_NO_ERROR_AUTHENTICATED:
+            case MAILIMAP_NO_ERROR_NON_AUTHENTICATED:
+                return;
+            case MAILIMAP_ERROR_MEMORY:
+                stream_.close();
+                throw std::bad_alloc();
+            case MAILIMAP_ERROR_STREAM:
+            case MAILIMAP_ERROR_FATAL:
+            case MAILIMAP_ERROR_DONT_ACCEPT_CONNECTION:
+                stream_.close();
+                stream_.throwFault();
+                throw ConnectionLost(server() + " has ended the connection" + said() + ".");
+            case MAILIMAP_ERROR_PARSE:
+            case MAILIMAP_ERROR_PROTOCOL:
+            case MAILIMAP_ERROR_NEEDS_MORE_DATA:
+                stream_.close();
+                stream_.throwFault();
+                throw BrokenAnswer(server() + " gives no usable answer when it is to " + purpose +
+                                   said() + ".");
+            default:
+                stream_.throwFault();
+                throw Error(server() + " refuses to " + purpose + said() + ".");
+        }
+    }
+
+ private:
+    /// libetpan's own function for a command puts a blank behind it, which servers need not bear.
+    void send(const std::string& text, const std::string& purpose) {
+        const Secret line{std::to_string(++sentTag_) + " " + text + "\r\n"};
+        mailstream* const stream = session_->imap_stream;
+        if (mailstream_write(stream, line.text.data(), line.text.size()) < 0 ||
+            mailstream_flush(stream) < 0)
+            check(MAILIMAP_ERROR_STREAM, purpose);
+    }
+
+    /// Takes the answer to the oldest command that has none. libetpan looks at the number of the
+    /// last one that it sent.
+    void receive(const std::string& purpose) {
+        stream_.beginAnswer();
+        ++session_->imap_tag;
+        mailimap_response* answer = nullptr;
+        check(mailimap_read_line(session_.get()) == nullptr
+                  ? MAILIMAP_ERROR_STREAM
+                  : mailimap_parse_response(session_.get(), &answer),
+              purpose);
+        const bool done = answer->rsp_resp_done->rsp_data.rsp_tagged->rsp_cond_state->rsp_type ==
+                          MAILIMAP_RESP_COND_STATE_OK;
+        mailimap_response_free(answer);
+        if (session_->imap_response_info == nullptr)
+            throw std::bad_alloc();
+        check(done ? MAILIMAP_NO_ERROR : MAILIMAP_ERROR_CUSTOM_COMMAND, purpose);
+    }
+
+    std::string server() const { return "The mail server " + account_.host; }
+
+    /// What the server gives as its reason.
+    std::string said() const {
+        const char* const text = session_->imap_response;
+        std::string reason = text == nullptr ? "" : decodeText(text);
+        // The sentence around it has a full stop of its own.
+        while (reason.ends_with('.'))
+            reason.pop_back();
+        const bool tellsSecret =
+            secret_ != nullptr && !secret_->empty() && reason.find(*secret_) != std::string::npos;
+        return reason.empty() || tellsSecret ? "" : ": " + reason;
+    }
+
+    void greet() {
+        const int result = mailimap_connect(session_.get(), stream_.open());
+        check(result, "greet");
+        loggedIn_ = result == MAILIMAP_NO_ERROR_AUTHENTICATED;
+        if (loggedIn_ && !account_.tls)
+            requireLoopback();
+        else if (!loggedIn_)
+            command("CAPABILITY", "tell what it can do");
+        if (!account_.tls && !loggedIn_)
+            encipher();
+    }
+
+    void encipher() {
+        if (!can("STARTTLS")) {
+            requireLoopback();
+            return;
+        }
+        command("STARTTLS", "encipher the connection");
+        // What came behind the answer was not enciphered, so anybody may have put it there.
+        if (session_->imap_stream->read_buffer_len != 0)
+            throw Error(server() + " sends more than it may before the connection is enciphered.");
+        network_.startTls();
+        command("CAPABILITY", "tell what it can do");
+    }
+
+    void requireLoopback() const {
+        if (!isLoopbackName(account_.host) || !network_.reachesLoopback())
+            throw Error(server() +
+                        " does not encipher the connection (STARTTLS). Pelk speaks to it only "
+                        "enciphered; try imaps:// in place of imap://.");
+    }
+
+    void logIn(const std::string& secret) {
+        if (secret.empty() || secret.find_first_of(std::string("\0\r\n", 3)) != std::string::npos)
+            throw Error("The password for " + server().substr(4) +
+                        " is empty or holds a control "
+                        "character.");
+        secret_ = &secret;
+        const std::string purpose = "let " + account_.user + " in";
+        const char* const user = account_.user.c_str();
+        if (account_.login == ImapAccount::Login::OAuth2)
+            call(
+                [&](mailimap* session) {
+                    return mailimap_oauth2_authenticate(session, user, secret.c_str());
+                },
+                purpose);
+        else if (mailimap_has_authentication(session_.get(), "PLAIN") != 0 && can("SASL-IR"))
+            authenticatePlain(secret, purpose);
+        else if (can("LOGINDISABLED"))
+            throw Error(server() + " takes no password.");
+        else
+            call([&](mailimap* session) { return mailimap_login(session, user, secret.c_str()); },
+                 purpose);
+        secret_ = nullptr;
+    }
+
+    /// By RFC 4616; unlike LOGIN, it takes letters beyond ASCII.
+    void authenticatePlain(const std::string& secret, const std::string& purpose) {
+        const std::string nul(1, '\0');
+        const Secret plain{nul + account_.user + nul + secret};
+        const Secret line{"AUTHENTICATE PLAIN " + base64(plain.text)};
+        command(line.text, purpose);
+        session_->imap_state = MAILIMAP_STATE_AUTHENTICATED;
+    }
+
+    const ImapAccount account_;
+    NetworkStream network_;
+    GuardedStream stream_{network_};
+    std::unique_ptr<mailimap, SessionFree> session_;
+    bool loggedIn_ = false;
+    int sentTag_ = 0;
+    /// The command that was sent ahead.
+    std::string ahead_;
+    const std::string* secret_ = nullptr;
+};
+
+ImapConnection::ImapConnection(const ImapAccount& account, const std::string& secret,
+                               Patience patience)
+    : talk_(std::make_unique<Talk>(account, secret, std::move(patience))) {}
+
+ImapConnection::~ImapConnection() = default;
+
+std::vector<ListedMailbox> ImapConnection::list() {
+    const bool tellsPurposes = talk_->can("SPECIAL-USE") && talk_->can("LIST-EXTENDED");
+    talk_->command(tellsPurposes ? "LIST \"\" \"*\" RETURN (SPECIAL-USE)" : "LIST \"\" \"*\"",
+                   "list its folders");
+    return mailboxesIn(talk_->answer());
+}
+
+ExaminedMailbox ImapConnection::examine(const std::string& mailbox) {
+    const std::string shown = decodeText(mailbox);
+    talk_->call([&](mailimap* session) { return mailimap_examine(session, mailbox.c_str()); },
+                "open the folder " + shown);
+    const mailimap_selection_info& info = *talk_->session().imap_selection_info;
+    return {info.sel_uidvalidity, info.sel_uidnext, info.sel_exists};
+}
+
+std::vector<std::uint32_t> ImapConnection::uidsAbove(std::uint32_t uid) {
+    if (uid == std::numeric_limits<std::uint32_t>::max())
+        return {};
+    talk_->command("UID SEARCH UID " + std::to_string(uid + 1) + ":* UNDELETED",
+                   "number its messages");
+    std::vector<std::uint32_t> uids = numbersIn(talk_->answer());
+    std::erase_if(uids, [uid](std::uint32_t found) { return found <= uid; });
+    std::sort(uids.begin(), uids.end());
+    uids.erase(std::unique(uids.begin(), uids.end()), uids.end());
+    return uids;
+}
+
+std::vector<FetchedHeader> ImapConnection::headers(const UidRange& range, Detail detail,
+                                                   const std::optional<UidRange>& next) {
+    talk_->command(fetchCommand(range, detail), next ? fetchCommand(*next, detail) : "",
+                   "show the messages " + textOf(range));
+    return headersIn(talk_->answer());
+}
+
+std::vector<FetchedHeader> ImapConnection::firstHeaders(std::uint32_t count) {
+    talk_->command(
+        "FETCH 1:" + std::to_string(count) + " (UID FLAGS BODYSTRUCTURE " + kFields + ")",
+        "show its first messages");
+    return headersIn(talk_->answer());
+}
+
+std::string ImapConnection::partStart(std::uint32_t uid, const std::string& section) {
+    talk_->command("UID FETCH " + std::to_string(uid) + " (UID BODY.PEEK[" + section + "]<0." +
+                       std::to_string(kPartStart) + ">)",
+                   "show a part of message " + std::to_string(uid));
+    for (FetchedHeader& header : headersIn(talk_->answer()))
+        if (header.uid == uid)
+            return std::move(header.text);
+    return {};
+}
+
+}  // namespace pelk
