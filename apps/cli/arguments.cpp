@@ -18,6 +18,8 @@ Usage:
   pelk stores              list the mail of the mail programs on this computer:
                            program, account, folders, size, last change, path
   pelk scan MAIL...        count the e-mails that are newer than the last scan
+  pelk scan imaps://USER@HOST[:PORT][/FOLDER]
+                           count the e-mails of an account on an IMAP server
   pelk contacts            list all contacts
   pelk relations CONTACT   list a contact's relations, strongest first: class,
                            weight, id, name
@@ -61,6 +63,9 @@ Options:
   --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD
                    or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;
                    e-mails since DATE that were counted before count again
+  --password-command COMMAND
+                   with scan of a mail server: run COMMAND, and use the first
+                   line of its output as the password
   --copies         with scan: count an e-mail in every folder that contains it
   --name NAME      with merge: the name of the merged contact
   --yes            really delete the contacts of a domain, or the database
@@ -132,6 +137,8 @@ class WordReader {
             arguments_.version = true;
         else if (word == "--data")
             arguments_.dataFolder = value(word);
+        else if (word == "--password-command")
+            arguments_.passwordCommand = value(word);
         else if (word == "--outbox")
             arguments_.mail.outboxNames.push_back(value(word));
         else if (word == "--deleted")

@@ -24,6 +24,8 @@ struct Arguments {
     std::vector<std::string> operands;
     /// Empty means the user's default data folder.
     std::string dataFolder;
+    /// Prints the password of a mail server.
+    std::string passwordCommand;
     /// How the mail is read.
     MailStoreOptions mail;
     /// The name after `merge`; empty when there is none.

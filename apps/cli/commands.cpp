@@ -12,10 +12,13 @@
 #include "apps/cli/exchange_commands.h"
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
+#include "apps/cli/password_command.h"
 #include "apps/cli/stores_command.h"
 #include "apps/cli/terminal_progress.h"
 #include "apps/cli/terminal_text.h"
 #include "db/date_stamp.h"
+#include "mailstore/imap/imap_account.h"
+#include "mailstore/imap/imap_session.h"
 #include "mailstore/mail_store.h"
 #include "scan/scan_notes.h"
 
@@ -24,10 +27,23 @@ namespace {
 
 constexpr std::size_t kStrongestShown = 20;
 
+std::unique_ptr<MailSession> openMail(const Arguments& arguments) {
+    const std::vector<std::string>& mail = arguments.operands;
+    if (std::none_of(mail.begin(), mail.end(), isImapAddress))
+        return openMailSession(mail, arguments.mail);
+    if (mail.size() > 1)
+        throw UsageError("a mail server is scanned alone, without other mail");
+    const ImapAccount account = readImapAddress(mail[0]);
+    if (arguments.passwordCommand.empty())
+        throw UsageError("a mail server needs --password-command");
+    ImapServerOptions server;
+    server.secret = [command = arguments.passwordCommand] { return runPasswordCommand(command); };
+    return openImapSession(account, std::move(server), arguments.mail);
+}
+
 void scan(CommandRun& run) {
     const Arguments& arguments = run.arguments();
-    const std::unique_ptr<MailSession> session =
-        openMailSession(arguments.operands, arguments.mail);
+    const std::unique_ptr<MailSession> session = openMail(arguments);
     run.lock();
     Database& database = run.database();
     const std::string since = arguments.since.empty() ? database.date() : arguments.since;
