@@ -28,12 +28,15 @@ std::unique_ptr<Database> makeEmptyDatabase() {
 }
 
 ScanOutcome scanMail(Database& database, const std::string& path) {
+    return scanMail(database, *openMailSession({path}, {}));
+}
+
+ScanOutcome scanMail(Database& database, MailSession& session) {
     static const LocaleLanguage language("en_US");
     NoProgress progress;
-    const ScanOutcome outcome =
-        Scanner(database, language, progress).scan(*openMailSession({path}, {}));
+    const ScanOutcome outcome = Scanner(database, language, progress).scan(session);
     if (outcome.faults > 0 || outcome.mails == 0) {
-        std::fprintf(stderr, "%s: %s\n", path.c_str(), outcome.firstFault.c_str());
+        std::fprintf(stderr, "%s\n", outcome.firstFault.c_str());
         std::exit(1);
     }
     return outcome;

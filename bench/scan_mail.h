@@ -11,7 +11,9 @@ namespace pelk {
 
 std::unique_ptr<Database> makeEmptyDatabase();
 
-/// Scans an mbox or Maildir. Exits when a message cannot be read.
+/// Counts all mail of an mbox or Maildir, or of a session. Ends the program when a message cannot
+/// be read.
 ScanOutcome scanMail(Database& database, const std::string& path);
+ScanOutcome scanMail(Database& database, MailSession& session);
 
 }  // namespace pelk
