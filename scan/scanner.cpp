@@ -176,8 +176,8 @@ void Scanner::noteLeftOut(MailFolder& folder) {
         outcome_.leftOut.push_back(std::move(leftOut));
 }
 
-/// The files with the stores' dates and the folders' marks are written just before the database, see
-/// `StoreDatesFile`.
+/// The files with the stores' dates and the folders' marks are written just before the database,
+/// see `StoreDatesFile`.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress, const ScanOptions& options) {
     StoreDatesFile file(storage, platform);

@@ -37,8 +37,8 @@ class StoreLedger {
     using Sample = std::vector<std::uint64_t>;
 
     /// Begins the walk through a store. Calls `takeSample` if the store may have been moved. The
-    /// clock that stamps the e-mails may be `clockTolerance` seconds behind the user's: e-mails from
-    /// that long before the walk are remembered by their fingerprints.
+    /// clock that stamps the e-mails may be `clockTolerance` seconds behind the user's: e-mails
+    /// from that long before the walk are remembered by their fingerprints.
     Store beginStore(const std::string& place, const std::function<Sample()>& takeSample,
                      int clockTolerance = 0);
     /// Begins the items of a folder of the store.
