@@ -18,7 +18,8 @@ int openTemporaryFile();
 /// in `errno`.
 bool writeAll(int descriptor, std::string_view content);
 
-/// A new directory that only the user may enter. Its destructor removes it with its content.
+/// A new directory that only the user may enter. Its destructor removes it with its content. It
+/// remains if a signal ends the program, so it should exist only for a moment.
 class TemporaryDirectory {
  public:
     /// Throws an `Error` if it cannot be created.
