@@ -66,6 +66,19 @@ class Seeds {
         sqlite3_close(database);
     }
 
+    /// Writes what Thunderbird, Evolution and KMail would.
+    void addSettings() {
+        write("settings",
+              "user_pref(\"mail.accountmanager.accounts\", \"account1\");\n"
+              "user_pref(\"mail.account.account1.server\", \"server1\");\n"
+              "user_pref(\"mail.server.server1.type\", \"imap\");\n"
+              "user_pref(\"mail.server.server1.name\", \"J\\u00e4ne\");\n"
+              "user_pref(\"mail.server.server1.directory-rel\", \"[ProfD]..\");\n");
+        write("settings",
+              "[Data Source]\nDisplayName=a\n[Mail Account]\nBackendName=maildir\n"
+              "[Maildir Backend]\nPath=/tmp\n[General]\nPath[$e]=$HOME/\n");
+    }
+
     /// Writes random bytes, for targets that accept any bytes.
     void addRandomBytes(const char* target) {
         std::mt19937 random(1);
@@ -120,6 +133,7 @@ int main(int argc, char** argv) {
         if (entry.is_regular_file())
             seeds.addMailFile(entry.path());
     seeds.addGearyFile();
+    seeds.addSettings();
     seeds.addRandomBytes("edits");
     return 0;
 }

@@ -13,8 +13,8 @@ const char* const kHelp =
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
                            message files, or the folders of a mail program;
-                           without MAIL on what was chosen last, or on a list of
-                           the mail on this computer
+                           without MAIL on the mail that was opened last, or on
+                           a list of the mail on this computer
   pelk stores              list the mail of the mail programs on this computer:
                            program, account, folders, size, last change, path
   pelk scan MAIL...        count the e-mails that are newer than the last scan

@@ -166,7 +166,7 @@ void FirstPage::showState() {
                            "here."));
     else
         state_->setText(
-            QStringLiteral("Tick the mail that Pelk shall look at. Nothing in it is changed."));
+            QStringLiteral("Tick the mail that you want to see. Pelk never changes it."));
     open_->setEnabled(!model_.ticked().empty());
     showNote(view_->currentIndex());
 }
