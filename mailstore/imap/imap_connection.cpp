@@ -63,8 +63,8 @@ struct SessionFree {
 
 class ImapConnection::Talk {
  public:
-    Talk(const ImapAccount& account, const std::string& secret, Patience patience)
-        : account_(account), network_(account.host, account.port, std::move(patience)) {
+    Talk(const ImapAccount& account, const std::string& secret, std::chrono::seconds limit)
+        : account_(account), network_(account.host, account.port, limit) {
         keepMailOffTheDisk();
         if (account_.tls)
             network_.startTls();
@@ -277,8 +277,8 @@ class ImapConnection::Talk {
 };
 
 ImapConnection::ImapConnection(const ImapAccount& account, const std::string& secret,
-                               Patience patience)
-    : talk_(std::make_unique<Talk>(account, secret, std::move(patience))) {}
+                               std::chrono::seconds limit)
+    : talk_(std::make_unique<Talk>(account, secret, limit)) {}
 
 ImapConnection::~ImapConnection() = default;
 

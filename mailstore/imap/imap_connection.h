@@ -69,8 +69,10 @@ enum class Detail {
 /// repeated, but no secret.
 class ImapConnection {
  public:
-    /// Connects and logs in. Without TLS it goes on only with this very machine.
-    ImapConnection(const ImapAccount& account, const std::string& secret, Patience patience);
+    /// Connects and logs in. Without TLS it goes on only with this very machine. `limit` is how
+    /// long the server may be silent.
+    ImapConnection(const ImapAccount& account, const std::string& secret,
+                   std::chrono::seconds limit);
     ~ImapConnection();
     ImapConnection(const ImapConnection&) = delete;
     ImapConnection& operator=(const ImapConnection&) = delete;

@@ -20,7 +20,7 @@ void ImapServer::connect() {
     try {
         if (!secret_)
             secret_ = options_.secret();
-        connection_ = std::make_unique<ImapConnection>(account_, *secret_, options_.patience);
+        connection_ = std::make_unique<ImapConnection>(account_, *secret_, options_.limit);
         wasConnected_ = true;
     } catch (const ConnectionLost&) {
         throw;

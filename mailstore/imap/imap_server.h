@@ -16,7 +16,8 @@ struct ImapServerOptions {
     /// Gives the password or, for OAuth 2, the token. Called before the first connection. Fails
     /// with an `Error`.
     std::function<std::string()> secret;
-    Patience patience;
+    /// How long the server may be silent.
+    std::chrono::seconds limit{60};
     /// Before a lost connection is made anew; twice that before the try after.
     std::chrono::milliseconds pause{1000};
 };

@@ -62,9 +62,10 @@ void MailboxMessages::noteGivenOut(std::size_t index, ImapMessage& message) {
     ++unsettled_;
 }
 
-/// Whoever takes a batch will want the next one, which is fetched meanwhile.
+/// Whoever takes a batch will want the next one, which is fetched meanwhile. The batch before goes
+/// on the thread that fetches: to free here what was allocated there would keep both waiting.
 void MailboxMessages::takeBatch(std::size_t index) {
-    batch_.clear();
+    Batch done = std::exchange(batch_, {});
     std::future<Batch> coming = std::move(coming_);
     if (coming.valid())
         coming.wait();
@@ -73,7 +74,10 @@ void MailboxMessages::takeBatch(std::size_t index) {
     comingBegin_ = index + batch_.size();
     if (batchSize_ == kMostInBatch && comingBegin_ < uids_.size())
         coming_ = std::async(std::launch::async | std::launch::deferred,
-                             [this, begin = comingBegin_] { return fetchBatch(begin); });
+                             [this, begin = comingBegin_, done = std::move(done)]() mutable {
+                                 done.clear();
+                                 return fetchBatch(begin);
+                             });
 }
 
 MailboxMessages::Batch MailboxMessages::fetchBatch(std::size_t index) {

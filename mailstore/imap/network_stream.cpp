@@ -18,8 +18,6 @@
 namespace pelk {
 namespace {
 
-constexpr std::chrono::milliseconds kSlice{100};
-
 std::string reasonOf(int number) {
     return std::generic_category().message(number);
 }
@@ -42,8 +40,9 @@ Addresses lookUp(const std::string& host, std::uint16_t port) {
 
 }  // namespace
 
-NetworkStream::NetworkStream(const std::string& host, std::uint16_t port, Patience patience)
-    : host_(host), patience_(std::move(patience)) {
+NetworkStream::NetworkStream(const std::string& host, std::uint16_t port,
+                             std::chrono::seconds limit)
+    : host_(host), limit_(limit) {
     try {
         connect(port);
     } catch (...) {
@@ -134,19 +133,20 @@ std::size_t NetworkStream::repeat(short events, const Call& call) {
 }
 
 void NetworkStream::await(short events) {
-    const auto end = std::chrono::steady_clock::now() + patience_.limit;
+    using std::chrono::milliseconds;
+    const auto end = std::chrono::steady_clock::now() + limit_;
     for (;;) {
+        const auto left = std::chrono::ceil<milliseconds>(end - std::chrono::steady_clock::now());
         pollfd wanted{socket_, events, 0};
-        const int ready = ::poll(&wanted, 1, static_cast<int>(kSlice.count()));
+        const int ready =
+            ::poll(&wanted, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
         if (ready > 0)
             return;
         if (ready < 0 && errno != EINTR)
             failLost(errno);
-        if (patience_.whileWaiting)
-            patience_.whileWaiting();
-        if (std::chrono::steady_clock::now() >= end)
+        if (left <= milliseconds(0))
             throw ConnectionLost("The mail server " + host_ + " has not answered for " +
-                                 std::to_string(patience_.limit.count()) + " seconds.");
+                                 std::to_string(limit_.count()) + " seconds.");
     }
 }
 

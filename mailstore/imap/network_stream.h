@@ -4,7 +4,6 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,18 +13,11 @@ namespace pelk {
 
 class TlsLayer;
 
-/// How long a server may be silent.
-struct Patience {
-    std::chrono::seconds limit{60};
-    /// Called several times a second while nothing comes. What it throws ends the waiting.
-    std::function<void()> whileWaiting;
-};
-
 /// Every function fails with `ConnectionLost` when the connection breaks, or nothing comes or goes
-/// within the limit; with an `Error` when it must not go on.
+/// within `limit`; with an `Error` when it must not go on.
 class NetworkStream {
  public:
-    NetworkStream(const std::string& host, std::uint16_t port, Patience patience);
+    NetworkStream(const std::string& host, std::uint16_t port, std::chrono::seconds limit);
     ~NetworkStream();
     NetworkStream(const NetworkStream&) = delete;
     NetworkStream& operator=(const NetworkStream&) = delete;
@@ -52,7 +44,7 @@ class NetworkStream {
     [[noreturn]] void failLost(int reason) const;
 
     const std::string host_;
-    const Patience patience_;
+    const std::chrono::seconds limit_;
     int socket_ = -1;
     std::unique_ptr<TlsLayer> tls_;
 };

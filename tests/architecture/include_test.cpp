@@ -84,8 +84,7 @@ std::vector<Include> includesOf(const fs::path& root, const fs::path& file) {
     return includes;
 }
 
-/// The includes of the files that stand directly in the folders of the core, in mailstore/ and in
-/// mailstore/imap/.
+/// Returns the includes of the files in the folders of the core and of mailstore/.
 std::vector<Include> allIncludes(const fs::path& root) {
     std::vector<std::string> folders{"mailstore", "mailstore/discovery", "mailstore/imap"};
     for (const auto& [folder, arrows] : kArrows)
@@ -110,12 +109,9 @@ bool mayInclude(const Include& include) {
     const std::string to = include.target.substr(0, include.target.rfind('/'));
     if (isStandard(include))
         return true;
-    if (from == "mailstore/imap")
-        return to == from || to == "mailstore" || kImapIncludes.contains(include.target) ||
-               kMailstoreIncludes.contains(include.target);
-    if (from == "mailstore")
-        return to == from || to == "mailstore/discovery" ||
-               kMailstoreIncludes.contains(include.target);
+    if (from.starts_with("mailstore"))
+        return to == from || to == "mailstore" || kMailstoreIncludes.contains(include.target) ||
+               (from == "mailstore/imap" && kImapIncludes.contains(include.target));
     const bool tellsNobody = from == "db" || include.from == "platform/platform.h";
     if (!include.quoted || (tellsNobody && kUserInterface.contains(include.target)))
         return false;

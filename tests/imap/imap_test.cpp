@@ -144,6 +144,8 @@ TEST_F(ImapTest, trustsNobodyWhoDoesNotProveWhoHeIs) {
     EXPECT_EQ(mailAt(other),
               "The mail server 127.0.0.2 does not prove who it is: IP address "
               "mismatch.");
+    EXPECT_EQ(mailAt("imaps://jane@localhost:" + std::to_string(dovecot.tlsPort)),
+              "The mail server localhost does not prove who it is: hostname mismatch.");
     const std::string refused = mailAt(tls, "wrong");
     EXPECT_TRUE(refused.starts_with("The mail server 127.0.0.1 refuses to let jane in: "))
         << refused;

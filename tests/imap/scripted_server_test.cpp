@@ -144,6 +144,34 @@ TEST(HostileServer, getsNoPasswordInPlainTextAndRepeatsNone) {
               "enciphered.");
 }
 
+TEST(ScriptedServer, isGivenATokenOnlyIfTheAddressSaysSo) {
+    std::string said;
+    ScriptedServer server([&said](const std::string& command) {
+        said += command + "\n";
+        return std::string();
+    });
+    EXPECT_EQ(mailAt("imap://jane;AUTH=XOAUTH2@127.0.0.1:" + std::to_string(server.port())), "");
+    // "user=jane", "auth=Bearer" and the token, as XOAUTH2 parts them.
+    EXPECT_NE(
+        said.find("\nAUTHENTICATE XOAUTH2 dXNlcj1qYW5lAWF1dGg9QmVhcmVyIHMzY3JldC13b3JkAQE=\n"),
+        std::string::npos)
+        << said;
+}
+
+TEST(ScriptedServer, keepsDraftsAmongAllItsMail) {
+    ScriptedServer server(mailbox([](const std::string& command) -> std::string {
+        if (command.starts_with("LIST"))
+            return "* LIST (\\All) \"/\" Everything\r\n";
+        std::string all = command.starts_with("UID FETCH") ? header(1) + header(2) + header(3) : "";
+        if (const std::size_t flag = all.find("\\Seen"); flag != std::string::npos)
+            all.replace(flag, 5, "\\Draft");
+        return all;
+    }));
+    const ScanOutcome outcome = Counting().scan(server.port());
+    EXPECT_EQ(outcome.mails, 2) << outcome.firstFault;
+    EXPECT_EQ(outcome.labelled.at(DefaultFolder::Drafts), 1);
+}
+
 TEST(HostileServer, isWaitedForOnlySoLong) {
     LoopbackServer silent([](const Socket& client) { client.receive(); });
     EXPECT_EQ(mailAt("imap://jane@127.0.0.1:" + std::to_string(silent.port())),

@@ -71,7 +71,7 @@ manual_is_well_formed() {
 manual_and_completion_are_complete() {
   local word
   pelk --help >"$work/help"
-  { sed -nE 's/^  pelk ([a-z][a-z-]*).*/\1/p' "$work/help"; grep -oE -- '--[a-z]+' "$work/help"; } |
+  { sed -nE 's/^  pelk ([a-z][a-z-]*).*/\1/p' "$work/help"; grep -oE -- '--[a-z][a-z-]*' "$work/help"; } |
     sort -u >"$work/words"
   [ "$(wc -l <"$work/words")" -gt 10 ]
   zcat "$manual" | sed 's/\\-/-/g' >"$work/plain"

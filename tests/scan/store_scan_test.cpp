@@ -291,6 +291,20 @@ class RandomRun : private FolderLog {
     bool arrives_ = false;
 };
 
+TEST(StoreScan, bearsWithAClockThatIsBehind) {
+    Scene scene;
+    scene.client.stores = {folderAt("/one", {scene.next(950)})};
+    scene.client.stores[0].clockTolerance = 100;
+    scene.scan();
+    scene.setTime(2000);
+    scene.client.stores[0].items.push_back(scene.next(910));
+    scene.client.stores[0].items.push_back(scene.next(890));
+    EXPECT_EQ(scene.scan().mails, 1);
+    scene.setTime(3000);
+    scene.scan();
+    EXPECT_EQ(scene.times(), "110");
+}
+
 TEST(StoreScan, countsEachEmailOnceWhateverHappens) {
     for (unsigned seed = 1; seed <= 60; ++seed) {
         RandomRun run(seed);

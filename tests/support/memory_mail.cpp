@@ -43,6 +43,7 @@ class Folder : public MailFolder {
     }
     std::string place() override { return place_; }
     bool holdsMail() override { return folder_.holdsMail; }
+    int clockTolerance() override { return folder_.clockTolerance; }
     std::unique_ptr<MailFolders> folders() override {
         if (folder_.refusesFolders)
             throw Error("The folders in " + folder_.name + " were refused.");

@@ -42,6 +42,7 @@ struct MemoryFolder {
     std::string place = {};
     bool refusesFolders = false;
     bool refusesName = false;
+    int clockTolerance = 0;
 };
 
 class MemoryMailClient : public MailClient {
