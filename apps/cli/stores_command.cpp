@@ -39,13 +39,13 @@ std::vector<Store> findStores() {
     return stores;
 }
 
-/// Empty where no time is known.
+/// Returns empty text if the time is unknown.
 std::string changedStamp(const MailExtent& extent) {
     const auto time = extent.changed > 0 ? localTime(NotedTime{extent.changed}) : std::nullopt;
     return time ? formatStamp(*time) : "";
 }
 
-/// Why it, or part of it, cannot be read; empty when all can.
+/// Returns why the mail, or part of it, cannot be read; empty text if all of it can.
 std::string faultOf(const MailExtent& extent) {
     if (!extent.fault.empty() || extent.unreadable == 0)
         return extent.fault;
@@ -96,7 +96,7 @@ Row rowOf(const Store& store) {
             store.mail.path};
 }
 
-/// Characters of UTF-8.
+/// Returns the number of UTF-8 characters.
 std::size_t widthOf(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
         return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
@@ -111,7 +111,7 @@ std::array<std::size_t, kColumns> widthsOf(const std::vector<Row>& rows) {
     return widths;
 }
 
-/// Numbers stand to the right of their columns; behind the last column nothing is filled up.
+/// Numbers are right-aligned; the last column is not padded.
 std::string lineOf(const Row& row, const std::array<std::size_t, kColumns>& widths) {
     std::string line;
     for (std::size_t column = 0; column < kColumns; ++column) {

@@ -1,5 +1,5 @@
 #pragma once
-// The command that tells where mail lies on this computer.
+// The command that lists the mail on this computer.
 
 #include "apps/cli/command_run.h"
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kProgram = "Apple Mail";
 
-/// Whether a directory beside those of the accounts belongs to the program itself.
+/// Returns whether a directory next to those of the accounts belongs to the program itself.
 bool isInternal(const std::string& name) {
     return name == "MailData" || name == "RSS" || name.starts_with('.');
 }

@@ -1,5 +1,5 @@
-// Layout: https://wiki.gnome.org/Apps/Evolution/ESourceFileFormat for the accounts; Camel keeps the
-// folders of the computer below the data, what it has fetched from servers below the cache.
+// Layout: https://wiki.gnome.org/Apps/Evolution/ESourceFileFormat for the accounts. Camel keeps
+// local folders in the data directory, and fetched mail in the cache directory.
 
 #include "mailstore/directory.h"
 #include "mailstore/discovery/finders.h"
@@ -11,7 +11,7 @@ namespace {
 constexpr const char* kProgram = "Evolution";
 constexpr std::string_view kSourceEnding = ".source";
 
-/// The sections of an account that name a place on the disk.
+/// The sections of an account that contain a path on the disk.
 constexpr const char* kLocalSections[] = {"Maildir Backend", "Mbox Backend", "MH Backend",
                                           "Spool Backend", "Spool Directory Backend"};
 
@@ -34,7 +34,7 @@ void addSource(MailList& list, const UserPlaces& places, const std::string& dire
                     "mail server."});
 }
 
-/// What was fetched for accounts that are no longer in the settings.
+/// Adds the fetched mail of accounts that are no longer in the settings.
 void addFetched(MailList& list, const std::string& root) {
     for (const DirectoryEntry& entry : readDirectory(root))
         if (entry.isDirectory)
@@ -58,7 +58,7 @@ MailList findEvolutionMail(const UserPlaces& places) {
         const std::string root = each.cache + "/evolution/mail";
         lookInto(list, kProgram, root, [&] { addFetched(list, root); });
     }
-    // Before version 3.
+    // The path before version 3.
     list.push_back({kProgram, "On This Computer", places.home + "/.evolution/mail/local", {}, {}});
     return list;
 }

@@ -9,15 +9,15 @@
 
 namespace pelk {
 
-/// Thunderbird and those that are built from its sources.
+/// Finds the mail of Thunderbird and of programs built from its sources.
 MailList findThunderbirdMail(const UserPlaces& places);
 MailList findEvolutionMail(const UserPlaces& places);
-/// KMail and Kontact, which have Akonadi fetch and keep their mail.
+/// Finds the mail of KMail and Kontact, which Akonadi fetches and keeps.
 MailList findKMailMail(const UserPlaces& places);
 MailList findGearyMail(const UserPlaces& places);
-/// In a home that was copied from a Mac.
+/// Finds the mail of Apple Mail in a home directory copied from a Mac.
 MailList findAppleMail(const UserPlaces& places);
-/// Where programs of the terminal, and the system, usually keep mail.
+/// Finds mail in the usual places of terminal programs and of the system.
 MailList findPlainMail(const UserPlaces& places);
 
 }  // namespace pelk

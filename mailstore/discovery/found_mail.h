@@ -1,5 +1,5 @@
 #pragma once
-// Mail that a program keeps on this computer, as the settings of that program tell.
+// Mail of one program on this computer, found by the settings of that program.
 
 #include <functional>
 #include <string>
@@ -8,18 +8,18 @@
 namespace pelk {
 
 struct FoundMail {
-    /// "Thunderbird".
+    /// The name of the program, such as "Thunderbird".
     std::string program;
-    /// What the program calls the account. UTF-8 as far as the program wrote UTF-8.
+    /// The program's name for the account. UTF-8 if the program wrote UTF-8.
     std::string account;
-    /// To be opened as a store.
+    /// The path to open as a store.
     std::string path;
-    /// Why the program's settings could not be followed further; empty when they could.
+    /// Why the program's settings could not be read; empty if they could.
     std::string fault;
-    /// What to tell when nothing below `path` can be read as mail; empty for the usual sentence.
+    /// The message for a path without readable mail; empty for the usual message.
     std::string whenNothing;
-    /// Whether no settings name `path`: it is only a usual place for mail. Such an entry is not
-    /// shown if there is no mail.
+    /// Whether `path` is only a usual place for mail that no settings name. Such an entry is hidden
+    /// if it has no mail.
     bool isGuess = false;
 };
 

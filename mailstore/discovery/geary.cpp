@@ -1,5 +1,5 @@
-// Layout: Accounts.Manager in the sources of Geary. Until 0.12 the settings stood beside the
-// database.
+// Layout: Accounts.Manager in the sources of Geary. Until version 0.12, the settings were next to
+// the database.
 
 #include "mailstore/directory.h"
 #include "mailstore/discovery/finders.h"

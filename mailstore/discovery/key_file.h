@@ -1,5 +1,5 @@
 #pragma once
-// Settings in sections of `key=value` lines, as many programs of the desktop write them.
+// Settings in sections of `key=value` lines, as many desktop programs write them.
 
 #include <map>
 #include <string>

@@ -22,7 +22,7 @@ bool isOfKind(const DirectoryEntry& entry, std::string_view kind) {
            hasEnding(entry.name, kSettingsEnding);
 }
 
-/// A path as KDE writes it: as a URL, or with the home as a variable.
+/// Returns a path that KDE wrote as a URL, or with a variable for the home directory.
 std::string toPath(std::string value, const UserPlaces& places) {
     if (value.starts_with(kFileUrl))
         value.erase(0, kFileUrl.size());
@@ -80,7 +80,7 @@ void addResources(MailList& list, const UserPlaces& places) {
     }
 }
 
-/// The directories that Akonadi makes for resources by itself.
+/// Adds the directories that Akonadi creates for resources by default.
 void addOwnDirectories(MailList& list, const UserPlaces& places) {
     for (const DirectoryEntry& entry : readDirectory(places.data))
         if (entry.isDirectory && entry.name.starts_with(kLocalKinds[0]))

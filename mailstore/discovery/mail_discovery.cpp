@@ -21,15 +21,15 @@ namespace {
 constexpr auto kFinders = {findThunderbirdMail, findEvolutionMail, findKMailMail,
                            findGearyMail,       findAppleMail,     findPlainMail};
 
-/// Returns whether the path is complete. A relative one would depend on where the program runs.
+/// Returns whether the path is absolute. A relative one would depend on the working directory.
 bool isWholePath(const std::string& path) {
     return path.starts_with('/') && path.find('\0') == std::string::npos;
 }
 
-/// Returns whether no entry before led to the same place.
+/// Returns whether no earlier entry led to the same place.
 bool isNew(const FoundMail& mail, std::set<DirectoryId>& seen) {
     struct stat status {};
-    // What cannot be looked at is told.
+    // An unreadable path is listed with its error.
     return !mail.fault.empty() || ::stat(mail.path.c_str(), &status) != 0 ||
            seen.insert({status.st_dev, status.st_ino}).second;
 }
@@ -95,7 +95,7 @@ class Measure {
         if (::stat(path.c_str(), &status) != 0)
             return;
         extent.bytes += static_cast<std::uint64_t>(status.st_size);
-        // Nothing has come in the future.
+        // No message has arrived in the future.
         extent.changed = std::max<std::int64_t>(
             extent.changed, std::min<std::int64_t>(status.st_mtim.tv_sec, std::time(nullptr)));
     }

@@ -11,23 +11,23 @@
 namespace pelk {
 
 /// Returns the mail of all mail programs of a user, program after program. Paths that lead to the
-/// same place occur once; absent ones do not occur. Fast, as it reads no mail. Does not throw an
-/// `Error`. Any thread may call it.
+/// same place occur once; absent ones do not occur. Fast because it reads no mail. Does not throw
+/// an `Error`. Any thread may call it.
 MailList findMail(const UserPlaces& places);
 
 struct MailExtent {
-    /// Why none of it can be read; empty when it can.
+    /// Why none of the mail can be read; empty if it can.
     std::string fault;
-    /// Only those that can hold messages.
+    /// The number of folders that can hold messages.
     std::size_t folders = 0;
     std::uint64_t bytes = 0;
-    /// When the newest file was changed last, in seconds since 1970; 0 if unknown. As a rule this
-    /// is when the newest message came.
+    /// The time of the last change of the newest file, in seconds since 1970; 0 if unknown. Usually
+    /// the newest message came then.
     std::int64_t changed = 0;
-    /// How many folders could not be read, and what was wrong with the first.
+    /// The number of unreadable folders, and the error of the first.
     std::size_t unreadable = 0;
     std::string firstUnreadable;
-    /// Whether it is not to be shown: a guess without mail.
+    /// Whether the entry is a guess without mail, which is hidden.
     bool isNothing = false;
 };
 

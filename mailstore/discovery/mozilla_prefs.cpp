@@ -15,7 +15,7 @@ void appendUtf8(std::string& text, std::uint32_t code) {
         text += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
     };
     if (code == 0) {
-        // No setting holds it, and no path could.
+        // Neither settings nor paths contain a NUL.
     } else if (code < 0x80) {
         text += static_cast<char>(code);
     } else if (code < 0x800) {
@@ -68,7 +68,7 @@ class PrefReader {
             else
                 text += takeCharacter();
         }
-        // Without the bracket behind, the string was cut off.
+        // Without the closing bracket, the string was truncated.
         return rest_.empty() ? std::nullopt : std::optional(text);
     }
 

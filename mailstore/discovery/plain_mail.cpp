@@ -8,8 +8,8 @@ MailList findPlainMail(const UserPlaces& places) {
                                const std::string& path) {
         list.push_back({program, account, path, {}, {}, true});
     };
-    // Where mutt, mbsync, getmail, procmail and the servers of their own accounts look first, and
-    // where the first KMail and Balsa put their folders.
+    // The default places of mutt, mbsync, getmail, procmail and local servers, and the folders of
+    // early versions of KMail and of Balsa.
     for (const char* const folder : {"Maildir", ".maildir", "Mail", "mail", ".mail"})
         guess("Mail folder", folder, places.home + "/" + folder);
     guess("Mail folder", "mail", places.data + "/mail");

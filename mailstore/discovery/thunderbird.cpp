@@ -12,14 +12,14 @@
 namespace pelk {
 namespace {
 
-/// The folders below the home in which the programs keep `profiles.ini`.
+/// The directories in the home directory in which the programs keep `profiles.ini`.
 constexpr std::pair<const char*, const char*> kRoots[] = {
     {"Thunderbird", ".thunderbird"},
     {"Thunderbird", ".mozilla-thunderbird"},
     {"Thunderbird", "snap/thunderbird/common/.thunderbird"},
     {"Thunderbird", ".var/app/org.mozilla.Thunderbird/.thunderbird"},
     {"Thunderbird", ".var/app/net.thunderbird.Thunderbird/.thunderbird"},
-    // Of a home that was copied from another system.
+    // In a home directory copied from another system.
     {"Thunderbird", "Library/Thunderbird"},
     {"Thunderbird", "AppData/Roaming/Thunderbird"},
     {"Betterbird", ".betterbird"},
@@ -35,7 +35,7 @@ struct Profile {
     std::string program;
     std::string name;
     std::string path;
-    /// Whether accounts have to be told apart by the name of their profile.
+    /// Whether accounts need the name of their profile to be distinguished.
     bool isOneOfSeveral = false;
 };
 
@@ -68,10 +68,10 @@ class Accounts {
     void add(MailList& list, const std::string& server) const {
         const std::string prefix = "mail.server." + server + ".";
         const std::string type = pref(prefix + "type");
-        // News and feeds are no mail, and a chat has none.
+        // News, feeds and chats are not mail.
         if (server.empty() || type == "nntp" || type == "rss" || type == "im")
             return;
-        // Its mail lies in the account that it delivers into.
+        // Its mail is in the account that it delivers to.
         if (!pref(prefix + "deferred_to_account").empty())
             return;
         const std::string directory = directoryOf(prefix);
@@ -88,7 +88,7 @@ class Accounts {
                                    : std::string()});
     }
 
-    /// What is relative to the profile holds where a home has been moved.
+    /// A path relative to the profile stays valid when the home directory is moved.
     std::string directoryOf(const std::string& prefix) const {
         const std::string relative = pref(prefix + "directory-rel");
         std::string absolute = pref(prefix + "directory");
@@ -109,7 +109,7 @@ class Accounts {
     const MozillaPrefs prefs_;
 };
 
-/// The directories that accounts usually have, for a profile whose settings name none.
+/// Adds the usual directories of accounts, for a profile whose settings name none.
 MailList accountDirectories(const Profile& profile) {
     MailList list;
     for (const char* const part : {"/Mail", "/ImapMail"}) {
@@ -166,7 +166,7 @@ MailList findThunderbirdMail(const UserPlaces& places) {
     };
     for (const auto& [program, folder] : kRoots)
         look(program, places.home + "/" + folder);
-    // From version 147 of the platform on, where there is no folder of an older version.
+    // Version 147 and later use this directory if there is none of an older version.
     look("Thunderbird", places.config + "/thunderbird");
     look("SeaMonkey", places.config + "/mozilla/seamonkey");
     return list;
