@@ -2,10 +2,8 @@
 // A real IMAP server for one test, with its own configuration, certificate and mail.
 
 #include <pwd.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 
+#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -32,10 +30,8 @@ class Dovecot {
     const std::uint16_t tlsPort = freePort();
 
     ~Dovecot() {
-        if (process_ > 0) {
-            ::kill(process_, SIGTERM);
-            ::waitpid(process_, nullptr, 0);
-        }
+        if (shell_ != nullptr)
+            ::pclose(shell_);
     }
 
     void start(Tls tls = Tls::No) {
@@ -48,12 +44,11 @@ class Dovecot {
                 path + "/key.pem -out " + certificate() + " 2>/dev/null");
         const std::string config = folder.write("dovecot.conf", configuration(tls));
         mustRun("chmod 755 " + path + " && chown -R " + user() + ": " + mail());
-        std::string name = "/usr/sbin/dovecot";
-        std::string arguments[] = {"dovecot", "-F", "-c", config};
-        char* argv[] = {arguments[0].data(), arguments[1].data(), arguments[2].data(),
-                        arguments[3].data(), nullptr};
-        if (::posix_spawn(&process_, name.c_str(), nullptr, nullptr, argv, environ) != 0)
-            throw std::runtime_error("dovecot-imapd is not installed");
+        // Ends when the test does, however it ends: the shell then reads the end of its input.
+        shell_ = ::popen(("/usr/sbin/dovecot -F -c " + config +
+                          " & server=$!; read end; kill $server; wait $server")
+                             .c_str(),
+                         "we");
         waitUntilItListens();
     }
 
@@ -63,17 +58,15 @@ class Dovecot {
         return ::geteuid() == 0 ? "nobody" : ::getpwuid(::geteuid())->pw_name;
     }
 
-    void waitUntilItListens() {
+    void waitUntilItListens() const {
         for (int tries = 0; tries < 500; ++tries) {
             if (const int descriptor = connectTo(port); descriptor >= 0) {
                 ::close(descriptor);
                 return;
             }
-            if (::waitpid(process_, nullptr, WNOHANG) != 0)
-                process_ = -1;
             ::usleep(20'000);
         }
-        throw std::runtime_error("Dovecot does not listen");
+        throw std::runtime_error("Dovecot does not listen; is dovecot-imapd installed?");
     }
 
     std::string configuration(Tls tls) const {
@@ -104,7 +97,7 @@ class Dovecot {
                "  mailbox \"Weg damit\" {\n    special_use = \\Trash\n    auto = no\n  }\n}\n";
     }
 
-    pid_t process_ = -1;
+    std::FILE* shell_ = nullptr;
 };
 
 }  // namespace pelk
