@@ -126,7 +126,7 @@ class MailSession {
     virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
     /// Told, before a scan, the marks of the last one. Items up to a mark have been counted, so the
     /// session need not read them: it may give them out as items from before all scans.
-    virtual void setMarks(std::vector<FolderMark> /*marks*/) {}
+    virtual void setMarks(const std::vector<FolderMark>& /*marks*/) {}
     /// The marks with those of the folders that have been read since.
     virtual std::vector<FolderMark> marks() { return {}; }
 };

@@ -183,13 +183,13 @@ ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& pl
     StoreDatesFile file(storage, platform);
     FolderMarksFile marks(storage, platform);
     LoadedStoreDates loaded = file.load(database);
-    LoadedFolderMarks known = marks.load(database);
+    const LoadedFolderMarks known = marks.load(database);
     for (const std::optional<std::string>& notice : {loaded.notice, known.notice})
         if (notice)
             progress.noticed(*notice);
     // A scan from another date must also read what has been counted.
     if (options.since.empty())
-        session.setMarks(std::move(known.marks));
+        session.setMarks(known.marks);
     StoreLedger ledger(std::move(loaded.dates), database.date(), options.since, platform.clock);
     Scanner scanner(database, platform.language, progress, std::move(ledger), options);
     ScanOutcome outcome = scanner.scan(session);

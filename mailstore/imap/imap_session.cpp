@@ -173,8 +173,8 @@ class ImapSession : public MailSession {
                                      : node.atTop && isFolderCalled(options_, node.name, kind);
     }
 
-    void setMarks(std::vector<FolderMark> marks) override {
-        for (FolderMark& mark : marks)
+    void setMarks(const std::vector<FolderMark>& marks) override {
+        for (const FolderMark& mark : marks)
             shared_->marks[mark.place] = mark;
     }
 

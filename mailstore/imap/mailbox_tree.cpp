@@ -106,6 +106,7 @@ class Tree {
 std::shared_ptr<MailboxNode> mailboxTree(const std::vector<ListedMailbox>& listed,
                                          const ImapAccount& account) {
     std::vector<const ListedMailbox*> ordered;
+    ordered.reserve(listed.size());
     for (const ListedMailbox& mailbox : listed)
         ordered.push_back(&mailbox);
     const auto rank = [](const ListedMailbox& mailbox) {
