@@ -382,7 +382,7 @@ TEST_F(LayoutsTest, tellsOfMailInUnknownFormats) {
              {"top/other", "top/other/a.message and 1 more"},
              {"top/archive.pst", "top/archive.pst"},
              {"top/other/a.message", "top/other/a.message"}})
-        EXPECT_EQ(messageOf([&] { open(path); }), pathOf(named) + unknown);
+        EXPECT_EQ(messageOf([&, path = path] { open(path); }), pathOf(named) + unknown);
 }
 
 }  // namespace
