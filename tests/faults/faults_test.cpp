@@ -149,7 +149,9 @@ struct Expected {
 
 /// A file that nobody expects, or one that is neither the old nor the new one; empty for none.
 std::string strangeFile(const Act& act, const Expected& expected, const State& found, bool killed) {
-    for (const auto& [name, bytes] : found.files) {
+    for (const auto& file : found.files) {
+        const std::string& name = file.first;
+        const std::string& bytes = file.second;
         const auto holds = [&](const State& state) { return state.files.contains(name); };
         const auto same = [&](const State& state) {
             return holds(state) && (act.scans() || state.files.at(name) == bytes);
