@@ -16,7 +16,7 @@ namespace {
 void AnswerGuard::take(std::string_view bytes) {
     answer_ += bytes.size();
     if (answer_ > kMostAnswer)
-        refuse("it has no end");
+        refuse("it is too long");
     while (!bytes.empty()) {
         std::size_t taken = 1;
         if (part_ == Part::Literal) {
@@ -35,7 +35,7 @@ void AnswerGuard::takeLine(char c) {
     if (line_ < start_.size())
         start_[line_] = c;
     if (++line_ > kMostLine)
-        refuse("a line has no end");
+        refuse("a line is too long");
     if (c == '\n') {
         endLine();
     } else if (part_ == Part::Escaped) {
@@ -47,7 +47,7 @@ void AnswerGuard::takeLine(char c) {
         if (c == '"')
             part_ = Part::Quoted;
         else if (c == '(' && ++depth_ > kDeepest)
-            refuse("it has too many parentheses inside each other");
+            refuse("it has too many nested parentheses");
         else if (c == ')' && depth_ > 0)
             --depth_;
     }
@@ -67,9 +67,8 @@ void AnswerGuard::takeCount(char c) {
     }
 }
 
-/// Free text, which may look like anything, stands only behind a status: "* OK", "* NO", "* BAD",
-/// "* BYE", "* PREAUTH", or the tag of a command. What may hold a literal is "* 12 FETCH", "*
-/// LIST".
+/// Free text may look like a literal, but follows only a status ("* OK", "* NO", "* BAD", "* BYE",
+/// "* PREAUTH") or the tag of a command. Literals occur in lines such as "* 12 FETCH" and "* LIST".
 bool AnswerGuard::mayHoldLiteral() const {
     return start_[0] == '*' && start_[1] == ' ' &&
            ((start_[2] >= '0' && start_[2] <= '9') || start_[2] == 'L' || start_[2] == 'l');

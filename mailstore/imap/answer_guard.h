@@ -1,5 +1,5 @@
 #pragma once
-// Keeps answers of a server within bounds, before they are parsed.
+// Limits the size and depth of a server's answers before they are parsed.
 
 #include <array>
 #include <cstddef>
@@ -8,9 +8,9 @@
 
 namespace pelk {
 
-/// The parser of libetpan holds an answer in memory and goes into its parentheses by recursion.
-/// What is to reach it passes here first: literals, lines, parentheses inside each other and the
-/// whole answer to a command have a largest size.
+/// libetpan's parser keeps a whole answer in memory and recurses into its parentheses. This class
+/// sees every byte first and limits literals, lines, nested parentheses and the whole answer to a
+/// command. Sizes are in bytes.
 class AnswerGuard {
  public:
     static constexpr std::size_t kMostLiteral = 1UL << 20;
@@ -18,14 +18,14 @@ class AnswerGuard {
     static constexpr std::size_t kMostAnswer = 64UL << 20;
     static constexpr std::size_t kDeepest = 200;
 
-    /// Begins the answer to a command.
+    /// Starts the answer to a command.
     void beginAnswer() { answer_ = 0; }
-    /// Looks at the next bytes of the answer. Fails with a `BrokenAnswer`.
+    /// Checks the next bytes of the answer. Throws `BrokenAnswer` if they exceed a limit.
     void take(std::string_view bytes);
 
  private:
     enum class Part { Line, Quoted, Escaped, Literal };
-    /// How much of "{123}" has been read.
+    /// How much of a literal's size, such as "{123}", has been read.
     enum class Count { None, Digits, Closed };
 
     void takeLine(char c);
@@ -39,7 +39,7 @@ class AnswerGuard {
     std::size_t line_ = 0;
     std::size_t depth_ = 0;
     std::size_t answer_ = 0;
-    /// The first characters of the line.
+    /// The first characters of the current line.
     std::array<char, 3> start_{};
 };
 

@@ -9,7 +9,7 @@
 namespace pelk {
 namespace {
 
-/// A message of more calendars is no honest one.
+/// Each calendar costs a request to the server, so a hostile message must not name many.
 constexpr std::size_t kMostCalendars = 4;
 
 bool equals(const char* text, std::string_view other) {
@@ -56,7 +56,7 @@ void visitPart(const mailimap_body_type_1part& part, const std::string& section,
         header.calendars.push_back({section, encodingOf(*text.bd_fields)});
 }
 
-/// How deep this goes the guard of the answers bounds.
+/// `AnswerGuard` limits the depth of this recursion.
 void visit(const mailimap_body& body, const std::string& section, FetchedHeader& header) {
     if (body.bd_type == MAILIMAP_BODY_1PART) {
         visitPart(*body.bd_data.bd_body_1part, section.empty() ? "1" : section, header);

@@ -1,5 +1,5 @@
 #pragma once
-// What the structure of a message's body tells. For source files only.
+// Finds calendars in the structure of a message's body. Include it in source files only.
 
 #include <libetpan/libetpan.h>
 
@@ -7,8 +7,8 @@
 
 namespace pelk {
 
-/// Notes in `header` whether a part of the body, which is no attachment, is a calendar to be
-/// answered, or may be one. As `isMeeting` of messages on the disk.
+/// Notes in `header` which parts of the body are, or may be, meeting requests or answers to them.
+/// Ignores attachments, as `isMeeting` does for messages on disk.
 void findCalendars(const mailimap_body& body, FetchedHeader& header);
 
 }  // namespace pelk

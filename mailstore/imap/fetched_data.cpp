@@ -24,7 +24,7 @@ std::int64_t secondsOf(const mailimap_date_time& time) {
                                           std::chrono::day(static_cast<unsigned>(time.dt_day))};
     if (!day.ok())
         return kNoTime;
-    // The zone reads like a clock: 130 is an hour and a half.
+    // The zone is in hours and minutes: 130 is 1:30.
     const int zone = time.dt_zone / 100 * 60 + time.dt_zone % 100;
     const std::int64_t days = std::chrono::sys_days(day).time_since_epoch().count();
     return ((days * 24 + time.dt_hour) * 60 + time.dt_min - zone) * 60 + time.dt_sec;

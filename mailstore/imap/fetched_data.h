@@ -1,5 +1,5 @@
 #pragma once
-// What libetpan read in the answer to a command, as values. For source files only.
+// Converts an answer that libetpan has parsed into values. Include it in source files only.
 
 #include <libetpan/libetpan.h>
 
@@ -12,7 +12,7 @@ namespace pelk {
 
 std::vector<ListedMailbox> mailboxesIn(const mailimap_response_info& answer);
 std::vector<std::uint32_t> numbersIn(const mailimap_response_info& answer);
-/// What has no UID is left out.
+/// Leaves out messages without a UID.
 std::vector<FetchedHeader> headersIn(const mailimap_response_info& answer);
 
 }  // namespace pelk

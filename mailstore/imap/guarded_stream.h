@@ -1,5 +1,5 @@
 #pragma once
-// A connection as libetpan reads and writes it.
+// Connects libetpan's input and output to a `NetworkStream`.
 
 #include <libetpan/libetpan.h>
 
@@ -11,20 +11,20 @@
 
 namespace pelk {
 
-/// Nothing is thrown through libetpan, which is written in C: the first fault is kept, and from
-/// then on nothing can be read or written.
+/// libetpan is written in C, so no exception may pass through it. This class stores the first fault
+/// instead, and all later reads and writes fail.
 class GuardedStream {
  public:
     explicit GuardedStream(NetworkStream& network) : network_(network) {}
 
-    /// A stream for libetpan, which frees it. This must outlive it. Fails with `std::bad_alloc`.
+    /// Returns a stream, which libetpan frees. Requires: this outlives it. Throws `std::bad_alloc`.
     mailstream* open();
 
-    /// Begins the answer to a command.
+    /// Starts the answer to a command.
     void beginAnswer() { guard_.beginAnswer(); }
-    /// Ends all reading and writing.
+    /// Makes all later reads and writes fail.
     void close() noexcept;
-    /// Fails as the first read or write that failed did, if one has.
+    /// Rethrows the stored fault, if there is one.
     void throwFault() const;
 
     ssize_t read(char* bytes, std::size_t length) noexcept;

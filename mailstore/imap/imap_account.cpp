@@ -18,7 +18,7 @@ constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
 [[noreturn]] void refuse(const std::string& why) {
     throw Error("The address of the mail server cannot be used: " + why +
-                ". It reads imaps://USER@HOST[:PORT][/FOLDER], with %40 for an @ in USER.");
+                ". Its form is imaps://USER@HOST[:PORT][/FOLDER], with %40 for an @ in USER.");
 }
 
 bool startsWith(std::string_view text, std::string_view start) {
@@ -37,37 +37,37 @@ std::string decoded(std::string_view text) {
             const char* const digits = text.data() + i + 1;
             if (text.size() - i < 3 ||
                 std::from_chars(digits, digits + 2, byte, 16).ptr != digits + 2)
-                refuse("a % is not followed by two digits");
+                refuse("a % is not followed by two hexadecimal digits");
             i += 2;
         }
         result += static_cast<char>(byte);
     }
     if (std::any_of(result.begin(), result.end(), isControl))
-        refuse("it holds control characters");
+        refuse("it contains control characters");
     return result;
 }
 
-/// Takes "USER[;AUTH=...]@" off the text.
+/// Parses "USER[;AUTH=...]@" and removes it from the text.
 void takeUser(std::string_view& text, ImapAccount& account) {
     const std::size_t at = text.substr(0, text.find('/')).rfind('@');
     if (at == std::string_view::npos)
-        refuse("it names no user");
+        refuse("it contains no user name");
     std::string_view user = text.substr(0, at);
     text.remove_prefix(at + 1);
     if (const std::size_t auth = user.find(';'); auth != std::string_view::npos) {
         if (!equalsIgnoringCase(user.substr(auth), std::string(kAuth) + "XOAUTH2"))
-            refuse("the only way to log in that it can name is ;AUTH=XOAUTH2");
+            refuse("only ;AUTH=XOAUTH2 may follow the user name");
         account.login = ImapAccount::Login::OAuth2;
         user = user.substr(0, auth);
     }
     if (user.find(':') != std::string_view::npos)
-        refuse("a password must not stand in it, use --password-command");
+        refuse("it must not contain a password; use --password-command");
     account.user = decoded(user);
     if (account.user.empty())
-        refuse("it names no user");
+        refuse("it contains no user name");
 }
 
-/// Takes "HOST[:PORT]" off the text.
+/// Parses "HOST[:PORT]" and removes it from the text.
 void takeHost(std::string_view& text, ImapAccount& account) {
     std::string_view host = text.substr(0, text.find('/'));
     text.remove_prefix(host.size());
@@ -77,14 +77,14 @@ void takeHost(std::string_view& text, ImapAccount& account) {
         const std::string_view port = host.substr(colon + 1);
         const auto read = std::from_chars(port.data(), port.data() + port.size(), account.port);
         if (read.ec != std::errc() || read.ptr != port.data() + port.size() || account.port == 0)
-            refuse("its port is no number from 1 to 65535");
+            refuse("its port is not a number from 1 to 65535");
         host = host.substr(0, colon);
     }
     if (bracket != std::string_view::npos)
         host = host.substr(1, bracket - 1);
     account.host = foldCase(decoded(host));
     if (account.host.empty())
-        refuse("it names no host");
+        refuse("it contains no host name");
 }
 
 std::vector<std::string> folderNames(std::string_view path) {

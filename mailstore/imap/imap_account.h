@@ -1,5 +1,5 @@
 #pragma once
-// A mail account on a server, as an address names it (RFC 5092).
+// A mail account on a server, and the address that names it (RFC 5092).
 
 #include <cstdint>
 #include <string>
@@ -12,33 +12,33 @@ struct ImapAccount {
     enum class Login { Password, OAuth2 };
 
     std::string user;
-    /// A name, or an address without brackets.
+    /// A host name, or an IP address without brackets.
     std::string host;
     std::uint16_t port = 993;
-    /// Whether the connection is enciphered from its first byte on; else it becomes so by STARTTLS.
+    /// Whether TLS starts at once. Otherwise STARTTLS must, except on a server on this computer.
     bool tls = true;
     Login login = Login::Password;
-    /// The names that lead to the one folder that is meant; none for the whole account.
+    /// The path of the only folder to read; empty for the whole account.
     std::vector<std::string> folder;
 
-    /// What the account is called: the user's name, which mostly is an e-mail address.
+    /// Returns the name for display: the user's e-mail address, or "user@host".
     std::string name() const;
-    /// The place of the account's mail (`MailFolder::place`), however it is reached.
+    /// Returns the `MailFolder::place` of the account, which is the same with TLS and STARTTLS.
     std::string place() const;
 };
 
-/// Percent-encoded (RFC 3986, 2.1), so that no slash is left.
+/// Percent-encodes the name (RFC 3986, 2.1), so that it contains no slash.
 std::string placePart(std::string_view name);
 
-/// Whether the text means an account on a server and not a file.
+/// Returns whether the text is the address of a mail server rather than a path.
 bool isImapAddress(std::string_view text);
 
-/// Reads "imaps://USER@HOST[:PORT][/FOLDER]", where "imap" stands for STARTTLS and a user may be
-/// followed by ";AUTH=XOAUTH2". Fails with an `Error` that does not repeat the text, as it may hold
-/// a password by mistake.
+/// Parses "imaps://USER@HOST[:PORT][/FOLDER]", where "imap" means STARTTLS and ";AUTH=XOAUTH2" may
+/// follow the user. Throws `Error` if the text is not such an address; the message does not repeat
+/// the text, which may contain a password by mistake.
 ImapAccount readImapAddress(std::string_view text);
 
-/// Whether the host is this machine, by its name.
+/// Returns whether the name or address of the host means this computer.
 bool isLoopbackName(std::string_view host);
 
 }  // namespace pelk

@@ -15,7 +15,7 @@
 namespace pelk {
 namespace {
 
-/// All that people, times, kinds and fingerprints of messages are told from.
+/// The fields that determine the people, time, kind and fingerprint of a message.
 constexpr const char* kFields =
     "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Received "
     "Content-Type Content-Transfer-Encoding Content-Disposition X-Gmail-Labels)]";
@@ -23,7 +23,7 @@ constexpr const char* kHeaderStart = "<0.262144>";
 constexpr std::size_t kPartStart = 64UL << 10;
 
 void keepMailOffTheDisk() {
-    // Beyond this size libetpan keeps what it reads in a file of its own.
+    // libetpan stores texts above this size in a temporary file.
     static const bool done = [] {
         mmap_string_set_ceil(std::numeric_limits<std::size_t>::max());
         return true;
@@ -39,7 +39,7 @@ std::string base64(const std::string& bytes) {
     return text;
 }
 
-/// A text that is wiped when it is done with.
+/// A text that is wiped from memory on destruction.
 struct Secret {
     std::string text;
     ~Secret() { OPENSSL_cleanse(text.data(), text.size()); }
@@ -75,7 +75,7 @@ class ImapConnection::Talk {
             greet();
             if (!loggedIn_)
                 logIn(secret);
-            command("CAPABILITY", "tell what it can do");
+            command("CAPABILITY", "list its capabilities");
         } catch (...) {
             stream_.close();
             throw;
@@ -88,7 +88,7 @@ class ImapConnection::Talk {
         return mailimap_has_extension(session_.get(), extension) != 0;
     }
 
-    /// Sends a command and takes the answer to it.
+    /// Sends a command and receives its answer.
     void command(const std::string& text, const std::string& purpose) {
         if (ahead_ == text) {
             ahead_.clear();
@@ -99,8 +99,8 @@ class ImapConnection::Talk {
         receive(purpose);
     }
 
-    /// The same, and sends `next` before the answer is taken, so that the server need not wait. The
-    /// command after this one should be that.
+    /// Also sends `next` before it receives the answer, so that the server need not wait. The next
+    /// command should be `next`.
     void command(const std::string& text, const std::string& next, const std::string& purpose) {
         if (ahead_ != text) {
             finishAhead();
@@ -112,13 +112,13 @@ class ImapConnection::Talk {
         receive(purpose);
     }
 
-    /// Takes the answer to a command that was sent ahead and is not wanted after all.
+    /// Discards the answer to a command that was sent ahead and is not needed after all.
     void finishAhead() {
         if (!std::exchange(ahead_, {}).empty())
             receive("show messages");
     }
 
-    /// Calls a function of libetpan that sends a command and takes the answer to it.
+    /// Calls a function of libetpan that sends a command and receives its answer.
     template <typename Call>
     void call(const Call& call, const std::string& purpose) {
         finishAhead();
@@ -128,8 +128,8 @@ class ImapConnection::Talk {
         check(result, purpose);
     }
 
-    /// Fails as `result` of a function of libetpan tells. `purpose` goes on "The server refuses
-    /// to".
+    /// Throws the fault that a result code of libetpan means. `purpose` completes "The server
+    /// refuses to".
     void check(int result, const std::string& purpose) {
         switch (result) {
             case MAILIMAP_NO_ERROR:
@@ -150,7 +150,7 @@ class ImapConnection::Talk {
             case MAILIMAP_ERROR_NEEDS_MORE_DATA:
                 stream_.close();
                 stream_.throwFault();
-                throw BrokenAnswer(server() + " gives no usable answer when it is to " + purpose +
+                throw BrokenAnswer(server() + " gives no usable answer when asked to " + purpose +
                                    said() + ".");
             default:
                 stream_.throwFault();
@@ -159,7 +159,7 @@ class ImapConnection::Talk {
     }
 
  private:
-    /// libetpan's own function for a command puts a blank behind it, which servers need not bear.
+    /// libetpan's own function appends a blank to the command, which a server may reject.
     void send(const std::string& text, const std::string& purpose) {
         const Secret line{std::to_string(++sentTag_) + " " + text + "\r\n"};
         mailstream* const stream = session_->imap_stream;
@@ -168,8 +168,8 @@ class ImapConnection::Talk {
             check(MAILIMAP_ERROR_STREAM, purpose);
     }
 
-    /// Takes the answer to the oldest command that has none. libetpan looks at the number of the
-    /// last one that it sent.
+    /// Receives the answer to the oldest unanswered command. libetpan expects an answer to carry
+    /// `imap_tag`, although later commands may have been sent.
     void receive(const std::string& purpose) {
         stream_.beginAnswer();
         ++session_->imap_tag;
@@ -188,11 +188,11 @@ class ImapConnection::Talk {
 
     std::string server() const { return "The mail server " + account_.host; }
 
-    /// What the server gives as its reason.
+    /// Returns the reason that the server gave, unless it repeats the secret.
     std::string said() const {
         const char* const text = session_->imap_response;
         std::string reason = text == nullptr ? "" : decodeText(text);
-        // The sentence around it has a full stop of its own.
+        // The sentence around the reason ends with a full stop.
         while (reason.ends_with('.'))
             reason.pop_back();
         const bool tellsSecret =
@@ -207,7 +207,7 @@ class ImapConnection::Talk {
         if (loggedIn_ && !account_.tls)
             requireLoopback();
         else if (!loggedIn_)
-            command("CAPABILITY", "tell what it can do");
+            command("CAPABILITY", "list its capabilities");
         if (!account_.tls && !loggedIn_)
             encipher();
     }
@@ -217,26 +217,25 @@ class ImapConnection::Talk {
             requireLoopback();
             return;
         }
-        command("STARTTLS", "encipher the connection");
-        // What came behind the answer was not enciphered, so anybody may have put it there.
+        command("STARTTLS", "encrypt the connection");
+        // Data after the answer came unencrypted, so an attacker may have inserted it.
         if (session_->imap_stream->read_buffer_len != 0)
-            throw Error(server() + " sends more than it may before the connection is enciphered.");
+            throw Error(server() + " sends more than it may before the connection is encrypted.");
         network_.startTls();
-        command("CAPABILITY", "tell what it can do");
+        command("CAPABILITY", "list its capabilities");
     }
 
     void requireLoopback() const {
         if (!isLoopbackName(account_.host) || !network_.reachesLoopback())
             throw Error(server() +
-                        " does not encipher the connection (STARTTLS). Pelk speaks to it only "
-                        "enciphered; try imaps:// in place of imap://.");
+                        " does not encrypt the connection (STARTTLS). Pelk uses only encrypted "
+                        "connections; try imaps:// instead of imap://.");
     }
 
     void logIn(const std::string& secret) {
         if (secret.empty() || secret.find_first_of(std::string("\0\r\n", 3)) != std::string::npos)
             throw Error("The password for " + server().substr(4) +
-                        " is empty or holds a control "
-                        "character.");
+                        " is empty or contains a control character.");
         secret_ = &secret;
         const std::string purpose = "let " + account_.user + " in";
         const char* const user = account_.user.c_str();
@@ -249,14 +248,14 @@ class ImapConnection::Talk {
         else if (mailimap_has_authentication(session_.get(), "PLAIN") != 0 && can("SASL-IR"))
             authenticatePlain(secret, purpose);
         else if (can("LOGINDISABLED"))
-            throw Error(server() + " takes no password.");
+            throw Error(server() + " does not accept passwords.");
         else
             call([&](mailimap* session) { return mailimap_login(session, user, secret.c_str()); },
                  purpose);
         secret_ = nullptr;
     }
 
-    /// By RFC 4616; unlike LOGIN, it takes letters beyond ASCII.
+    /// RFC 4616. Unlike LOGIN, it allows characters outside ASCII.
     void authenticatePlain(const std::string& secret, const std::string& purpose) {
         const std::string nul(1, '\0');
         const Secret plain{nul + account_.user + nul + secret};
@@ -271,7 +270,7 @@ class ImapConnection::Talk {
     std::unique_ptr<mailimap, SessionFree> session_;
     bool loggedIn_ = false;
     int sentTag_ = 0;
-    /// The command that was sent ahead.
+    /// The command that was sent ahead; empty if none was.
     std::string ahead_;
     const std::string* secret_ = nullptr;
 };
@@ -301,7 +300,7 @@ std::vector<std::uint32_t> ImapConnection::uidsAbove(std::uint32_t uid) {
     if (uid == std::numeric_limits<std::uint32_t>::max())
         return {};
     talk_->command("UID SEARCH UID " + std::to_string(uid + 1) + ":* UNDELETED",
-                   "number its messages");
+                   "list its messages");
     std::vector<std::uint32_t> uids = numbersIn(talk_->answer());
     std::erase_if(uids, [uid](std::uint32_t found) { return found <= uid; });
     std::sort(uids.begin(), uids.end());

@@ -1,6 +1,6 @@
 #pragma once
-// One conversation with an IMAP server (RFC 3501), by libetpan. It only ever reads: folders are
-// opened by EXAMINE, and nothing is marked as read.
+// A connection to an IMAP server (RFC 3501), by libetpan. It only reads: it opens folders by
+// EXAMINE and marks no message as read.
 
 #include <cstdint>
 #include <memory>
@@ -15,39 +15,39 @@ namespace pelk {
 
 /// A folder as the server lists it.
 struct ListedMailbox {
-    /// In the server's encoding, from the top.
+    /// The full path, in the server's encoding.
     std::string name;
-    /// What parts the names of folders inside each other; 0 when nothing does.
+    /// Separates the names in the path of a nested folder; 0 if folders cannot be nested.
     char delimiter = 0;
-    /// Attributes without the backslash, such as "Noselect" or, by RFC 6154, "Trash".
+    /// Attributes without the backslash, such as "Noselect" or "Trash" (RFC 6154).
     std::vector<std::string> attributes;
 };
 
 struct ExaminedMailbox {
     std::uint32_t uidValidity = 0;
-    /// 0 when the server does not tell.
+    /// 0 if the server does not send it.
     std::uint32_t uidNext = 0;
     std::uint32_t exists = 0;
 };
 
-/// A part of a message that is a calendar and does not tell its method outside of itself.
+/// A calendar part whose MIME fields do not name its method.
 struct CalendarPart {
-    /// As BODY[...] takes it: "2.1".
+    /// The part number for BODY[...], such as "2.1".
     std::string section;
     std::string encoding;
 };
 
 struct FetchedHeader {
     std::uint32_t uid = 0;
-    /// In seconds since 1970, or `kNoTime`.
+    /// Seconds since 1970 (UTC), or `kNoTime`.
     std::int64_t internalDate = -1;
     bool deleted = false;
     bool draft = false;
-    /// The fields that are asked for.
+    /// The header fields that Pelk fetches.
     std::string text;
-    /// Whether a part is a meeting request, or an answer to one.
+    /// Whether a part is known to be a meeting request, or an answer to one.
     bool meeting = false;
-    /// Of these any may be.
+    /// The parts that may be one, which only their content decides.
     std::vector<CalendarPart> calendars;
 };
 
@@ -56,21 +56,21 @@ struct UidRange {
     std::uint32_t last = 0;
 };
 
-/// How much of messages is asked for.
+/// How much of each message to fetch.
 enum class Detail {
     /// Header fields and the structure of the body.
     Whole,
-    /// The beginning of the header fields, for a message that makes the answer unusable.
+    /// The start of the header fields, for a message whose answer cannot be parsed otherwise.
     HeaderStart,
 };
 
-/// Every function fails with `ConnectionLost` or `BrokenAnswer`, after which this can be used no
-/// more, or with another `Error` when the server refuses. What the server says about it is
-/// repeated, but no secret.
+/// Every function may throw `ConnectionLost` or `BrokenAnswer`, which make this object unusable, or
+/// another `Error` if the server refuses. The message quotes the server's reason, but no secret.
+/// Only one thread at a time may call.
 class ImapConnection {
  public:
-    /// Connects and logs in. Without TLS it goes on only with this very machine. `limit` is how
-    /// long the server may be silent.
+    /// Connects and logs in. Throws `Error` instead of sending the secret unencrypted to another
+    /// computer. `limit` is how long the server may be silent.
     ImapConnection(const ImapAccount& account, const std::string& secret,
                    std::chrono::seconds limit);
     ~ImapConnection();
@@ -80,17 +80,17 @@ class ImapConnection {
     std::vector<ListedMailbox> list();
     ExaminedMailbox examine(const std::string& mailbox);
 
-    /// The rest is about the folder that was examined last.
+    // The functions below read the folder that was examined last.
 
-    /// The UIDs of the messages above that one which are not marked as deleted, ascending.
+    /// Returns the UIDs above `uid` of messages not marked as deleted, in ascending order.
     std::vector<std::uint32_t> uidsAbove(std::uint32_t uid);
-    /// The messages in that range, in any order. Others may be among them. `next` is the range that
-    /// will be asked for after this one: the server may begin with it.
+    /// Returns the messages in the range, in any order, and perhaps others. `next` is the range of
+    /// the next call, which the server may begin to answer.
     std::vector<FetchedHeader> headers(const UidRange& range, Detail detail,
                                        const std::optional<UidRange>& next);
-    /// The first messages by number.
+    /// Returns the first `count` messages of the folder.
     std::vector<FetchedHeader> firstHeaders(std::uint32_t count);
-    /// The beginning of a part, as it is transferred; empty when there is none.
+    /// Returns the start of a part, still transfer-encoded; empty if there is no such part.
     std::string partStart(std::uint32_t uid, const std::string& section);
 
  private:

@@ -1,17 +1,17 @@
 #pragma once
-// Why a conversation with a server ends early.
+// The reasons why a connection to a server becomes unusable.
 
 #include "platform/error.h"
 
 namespace pelk {
 
-/// The connection broke, or the server no longer answers: worth another try.
+/// The connection broke, or the server does not answer. Another try may succeed.
 class ConnectionLost : public Error {
  public:
     using Error::Error;
 };
 
-/// The server said what no server may say. The conversation cannot go on, but another one may.
+/// The server violated the protocol. This connection is unusable; a new one may work.
 class BrokenAnswer : public Error {
  public:
     using Error::Error;

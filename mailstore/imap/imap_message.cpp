@@ -12,7 +12,7 @@
 namespace pelk {
 namespace {
 
-/// When the message came, by the server or, should that not tell, by the message itself.
+/// Returns when the message came, by the server's record or else by its own header fields.
 std::optional<LocalTime> timeOf(std::int64_t internalDate, const MessageHeader& header) {
     if (const auto noted = localTime(NotedTime{internalDate}))
         return noted;

@@ -1,5 +1,5 @@
 #pragma once
-// A message on a server, of which the header has been fetched.
+// A message on a mail server, whose header has been fetched.
 
 #include <cstdint>
 #include <memory>
@@ -16,8 +16,8 @@ namespace pelk {
 
 class ImapMessage : public MailItem {
  public:
-    /// `present` is when the folder was opened: no message can have come later. `label` is the
-    /// default folder that the message belongs to, wherever it lies.
+    /// `present` is when the folder was opened; no message can have come later. `label` is the
+    /// default folder that the message belongs to, whichever folder contains it.
     ImapMessage(const FetchedHeader& fetched, const LocalTime& present,
                 std::optional<DefaultFolder> label);
 
@@ -31,7 +31,7 @@ class ImapMessage : public MailItem {
     MailPerson recipient(int index) override;
 
     const MessageHeader& header() const { return header_; }
-    /// Whether the header says that it is a report.
+    /// Returns whether the header declares a delivery report or a receipt.
     bool isReport() const;
 
  private:

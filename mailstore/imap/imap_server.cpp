@@ -27,13 +27,13 @@ void ImapServer::connect() {
     } catch (const BrokenAnswer& broken) {
         throw ConnectionLost(broken.what());
     } catch (const Error& refused) {
-        // Who asks again and again with a password that is wrong gets the account locked.
+        // A server may lock the account after several wrong passwords, so none is tried twice.
         down_ = refused.what();
         throw;
     }
 }
 
-/// A server that has not been reached once is told of at once: the address may be wrong.
+/// Does not retry before the first successful connection: the address may be wrong.
 void ImapServer::noteLost(const ConnectionLost& lost, int tries) {
     connection_.reset();
     if (tries >= kTries || !wasConnected_) {
@@ -43,8 +43,8 @@ void ImapServer::noteLost(const ConnectionLost& lost, int tries) {
     std::this_thread::sleep_for(options_.pause * tries);
 }
 
-/// An answer that cannot be read may be about one broken message. A server that gives many of them
-/// has to be left alone.
+/// A single broken message may cause such an answer. After many of them, the server itself must be
+/// broken, and more requests would only waste time.
 void ImapServer::noteBroken(const BrokenAnswer& broken, int tries) {
     constexpr int kMostBroken = 10;
     connection_.reset();
@@ -70,7 +70,7 @@ void ImapServer::enter(ImapConnection& connection, const std::string& mailbox,
         return;
     mailbox_.clear();
     if (connection.examine(mailbox).uidValidity != uidValidity)
-        throw Error("The mail server has numbered the messages of a folder anew.");
+        throw Error("The mail server has renumbered the messages of a folder.");
     mailbox_ = mailbox;
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// A server, whose connection is made when it is needed and again when it is lost.
+// A mail server. Connects on first use, and again after a lost connection.
 
 #include <functional>
 #include <memory>
@@ -13,19 +13,19 @@
 namespace pelk {
 
 struct ImapServerOptions {
-    /// Gives the password or, for OAuth 2, the token. Called before the first connection. Fails
-    /// with an `Error`.
+    /// Returns the password or, for OAuth 2, the token. Called before the first connection. Throws
+    /// `Error` if there is none.
     std::function<std::string()> secret;
     /// How long the server may be silent.
     std::chrono::seconds limit{60};
-    /// Before a lost connection is made anew; twice that before the try after.
+    /// The pause before the second try; the third follows after twice that time.
     std::chrono::milliseconds pause{1000};
 };
 
-/// May be used by several threads, of which one waits for the other.
+/// Several threads may call; each call waits for the one before it to end.
 class ImapServer {
  public:
-    /// How often in a row the same thing is tried.
+    /// The number of tries before an operation fails.
     static constexpr int kTries = 3;
 
     ImapServer(ImapAccount account, ImapServerOptions options)
@@ -36,9 +36,9 @@ class ImapServer {
 
     const ImapAccount& account() const { return account_; }
 
-    /// Calls `act` with a connection that has been logged in, and again with another one when that
-    /// is lost or used up by an answer that cannot be read. Fails with an `Error`, also of `act`'s
-    /// own; once the server cannot be reached any more, at once.
+    /// Calls `act` with a logged-in connection and returns its result. Tries again with a new
+    /// connection if the old one is lost or an answer cannot be parsed. Throws `Error` if all tries
+    /// fail or `act` throws one; at once if the server is known to be out of reach.
     template <typename Act>
     auto with(const Act& act) {
         const std::lock_guard guard(inUse_);
@@ -56,7 +56,7 @@ class ImapServer {
         }
     }
 
-    /// The same in a folder. Fails with an `Error` when its messages are numbered anew.
+    /// Opens the folder and then works like `with`. Throws `Error` if its UIDVALIDITY has changed.
     template <typename Act>
     auto inMailbox(const std::string& mailbox, std::uint32_t uidValidity, const Act& act) {
         return with([&](ImapConnection& connection) {
@@ -65,13 +65,13 @@ class ImapServer {
         });
     }
 
-    /// Opens a folder, and tells what the server says about it.
+    /// Opens a folder and returns its numbering and size.
     ExaminedMailbox examine(const std::string& mailbox);
 
  private:
     void connect();
-    /// Waits before another try, and fails after the last one: with `lost`, as everything does from
-    /// then on.
+    /// Waits before another try. After the last one, throws `lost` as an `Error`, now and in all
+    /// later calls.
     void noteLost(const ConnectionLost& lost, int tries);
     void noteBroken(const BrokenAnswer& broken, int tries);
     void enter(ImapConnection& connection, const std::string& mailbox, std::uint32_t uidValidity);
@@ -81,12 +81,12 @@ class ImapServer {
     const ImapServerOptions options_;
     std::optional<std::string> secret_;
     std::unique_ptr<ImapConnection> connection_;
-    /// The folder that the connection has open.
+    /// The folder that is open on the connection.
     std::string mailbox_;
-    /// Why nothing is tried any more; empty as long as it is.
+    /// Why all calls fail at once; empty as long as the server is usable.
     std::string down_;
     bool wasConnected_ = false;
-    /// How many acts in a row failed by answers that cannot be read.
+    /// How many calls in a row failed because of answers that cannot be parsed.
     int broken_ = 0;
 };
 

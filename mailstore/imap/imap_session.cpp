@@ -18,11 +18,11 @@
 namespace pelk {
 namespace {
 
-/// How far the clocks of server and user may differ. Two hours bear with an hour that the user's
-/// clock shows twice, and some minutes more than the hour of a zone that is set wrong.
+/// How many seconds the clocks of server and user may differ. Two hours cover the hour that a clock
+/// repeats when summer time ends, and a time zone that is wrong by an hour, plus some minutes.
 constexpr int kClockTolerance = 2 * 60 * 60;
 
-/// What the folders of a session share, and what outlives it with them.
+/// The state that the folders share. It lives as long as the session or any folder.
 struct Shared {
     Shared(const ImapAccount& account, ImapServerOptions options)
         : server(account, std::move(options)),
@@ -30,13 +30,13 @@ struct Shared {
               localTime(NotedTime{std::time(nullptr) - kClockTolerance}).value_or(LocalTime{})) {}
 
     ImapServer server;
-    /// Messages that came before have been met by every scan from now on, whatever the clocks say.
+    /// A mark may include only messages that came before this time, whatever the clocks say.
     const LocalTime settled;
-    /// By place: numbering and last number.
+    /// The marks by the place of their folder.
     std::map<std::string, FolderMark> marks;
 };
 
-/// A message up to the mark, which an earlier scan has counted or passed over.
+/// A message up to the mark, which an earlier scan has counted or skipped.
 class CountedItem : public MailItem {
  public:
     CountedItem(std::shared_ptr<MailboxMessages> messages, std::size_t index)
@@ -128,7 +128,7 @@ class ImapFolder : public StoredFolder {
     std::shared_ptr<MailboxMessages> messages_;
 };
 
-/// Looks for the folders only when the walk begins.
+/// Calls `list` only when the walk begins.
 class ImapFolders : public MailFolders {
  public:
     ImapFolders(std::shared_ptr<Shared> shared, std::function<Nodes()> list)
@@ -205,7 +205,7 @@ class ImapSession : public MailSession {
 
     const MailStoreOptions options_;
     const std::shared_ptr<Shared> shared_;
-    /// The default folders that the server itself names.
+    /// The kinds of default folders that the server declares.
     std::set<DefaultFolder> named_;
     const std::shared_ptr<MailboxNode> store_;
 };

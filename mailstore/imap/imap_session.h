@@ -1,5 +1,5 @@
 #pragma once
-// The mail of an account on an IMAP server as the mail of the mail client. It is only ever read.
+// Opens the mail of an account on an IMAP server as a `MailSession`. It only reads.
 
 #include <memory>
 
@@ -8,16 +8,17 @@
 
 namespace pelk {
 
-/// Connects, and lists the folders as they are from now on; fails with an `Error` when that cannot
-/// be done. The account is one top-level folder, or the folder is that its address names. Copies of
-/// an e-mail in several folders are told by their Message-ID.
+/// Connects and lists the folders; the session does not notice later changes of this list. Throws
+/// `Error` if that fails. The only top-level folder is the account, or the folder that its address
+/// names. The Message-ID identifies copies of an e-mail in several folders.
 ///
-/// Default folders are those that the server names as such (RFC 6154); those for which it names
-/// none go by name, as on the disk.
+/// The server declares the default folders (RFC 6154). Kinds that it does not declare go by folder
+/// name, as on disk.
 ///
-/// A connection that is lost is made again, and goes on where it was. A server that cannot be
-/// reached any more, or gives nothing but answers that cannot be read, fails each folder and
-/// message that is left with an `Error`.
+/// After a lost connection, the session connects again and continues where it was. If the server is
+/// out of reach, or no answer can be parsed, every remaining folder and message throws `Error`.
+///
+/// A session and its folders belong to one thread.
 std::unique_ptr<MailSession> openImapSession(const ImapAccount& account, ImapServerOptions server,
                                              MailStoreOptions options);
 

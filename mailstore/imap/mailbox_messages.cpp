@@ -12,9 +12,9 @@
 namespace pelk {
 namespace {
 
-/// Enough to make little of the way to the server and back.
+/// Large enough for round trips to the server to cost little.
 constexpr std::size_t kMostInBatch = 512;
-/// By so many fingerprints a store is known again, at most.
+/// A scan recognises a store by at most this many fingerprints.
 constexpr std::size_t kFirstPrints = 16;
 
 }  // namespace
@@ -62,8 +62,8 @@ void MailboxMessages::noteGivenOut(std::size_t index, ImapMessage& message) {
     ++unsettled_;
 }
 
-/// Whoever takes a batch will want the next one, which is fetched meanwhile. The batch before goes
-/// on the thread that fetches: to free here what was allocated there would keep both waiting.
+/// Also starts to fetch the next batch, because messages are mostly read in order. The fetching
+/// thread frees the previous batch: freeing its memory here would make both threads wait.
 void MailboxMessages::takeBatch(std::size_t index) {
     Batch done = std::exchange(batch_, {});
     std::future<Batch> coming = std::move(coming_);
@@ -93,7 +93,7 @@ MailboxMessages::Batch MailboxMessages::fetchBatch(std::size_t index) {
     return sorted(index, size, std::move(headers));
 }
 
-/// A server that has been sent the command for the next messages may show them with these.
+/// The server may already send messages of the next range, whose command was sent ahead.
 MailboxMessages::Batch MailboxMessages::sorted(std::size_t index, std::size_t size,
                                                std::vector<FetchedHeader> headers) {
     Batch early = std::exchange(early_, Batch(kMostInBatch));
@@ -120,15 +120,15 @@ UidRange MailboxMessages::range(std::size_t index, std::size_t size) const {
     return {uids_[index], uids_[index + size - 1]};
 }
 
-/// The range that will be asked for behind one of that size, if that is a large one.
+/// Returns the range at `index` to send ahead, if the range before it has full size.
 std::optional<UidRange> MailboxMessages::next(std::size_t index, std::size_t size) const {
     if (size < kMostInBatch || index == uids_.size())
         return std::nullopt;
     return range(index, std::min(kMostInBatch, uids_.size() - index));
 }
 
-/// After a fault only one message is asked for, so that what is lost again is little; and should
-/// its answer be what cannot be read, less of it.
+/// After a fault, fetches only one message, so that the next fault loses little. If its answer
+/// cannot be parsed, fetches only the start of its header.
 std::vector<FetchedHeader> MailboxMessages::fetch(std::size_t index, std::size_t& size) {
     Detail detail = Detail::Whole;
     return server_.inMailbox(

@@ -1,5 +1,5 @@
 #pragma once
-// The messages of one folder on a server, which are fetched some hundred at a time.
+// The messages of one folder on a server, fetched in batches of some hundred.
 
 #include <cstdint>
 #include <future>
@@ -19,31 +19,32 @@ struct ImapItem {
     ItemKind kind = ItemKind::Mail;
 };
 
+/// Only one thread may call; a second one fetches the next batch in the background.
 class MailboxMessages {
  public:
-    /// Opens the folder. The messages up to the mark, if it is of the folder's numbering, are known
-    /// by their number alone. `settled` is the time up to which messages may be marked. Fails with
-    /// an `Error`.
+    /// Opens the folder. Does not fetch messages up to the mark if the mark has the folder's
+    /// UIDVALIDITY. A new mark includes only messages that came before `settled`. Throws `Error` if
+    /// the folder cannot be read.
     MailboxMessages(ImapServer& server, const MailboxNode& node,
                     const std::optional<FolderMark>& mark, const LocalTime& settled);
 
-    /// The messages up to the mark: they are the first ones.
+    /// Returns how many messages are up to the mark. They come first.
     std::size_t countedBefore() const { return counted_; }
     std::size_t count() const { return counted_ + uids_.size(); }
-    /// Message `index`, counted from 0. Requires: countedBefore() <= index < count(). Fails with an
-    /// `Error`, also when the message is gone.
+    /// Returns message `index`, counted from 0. Throws `Error` if it cannot be fetched or is gone.
+    /// Requires: countedBefore() <= index < count().
     ImapItem message(std::size_t index);
-    /// The fingerprint of one of the messages up to the mark; 0 for one that is no e-mail, and for
-    /// those beyond the first few.
+    /// Returns the fingerprint of a message up to the mark; 0 if it is not an e-mail or not one of
+    /// the first few.
     std::uint64_t fingerprintOfCounted(std::size_t index);
 
     std::uint32_t numbering() const { return examined_.uidValidity; }
-    /// The number up to which all messages have been given out, one after the other, and are
-    /// settled; that of the mark if there is none.
+    /// Returns the UID for the new mark: `message` has returned all messages up to it in order, and
+    /// they came before `settled`. Returns the old mark's if there is none, or 0.
     std::uint32_t settledUid() const { return settledUid_; }
 
  private:
-    /// Messages one after the other; nothing in the place of one that is gone.
+    /// Consecutive messages; nullopt for one that is gone.
     using Batch = std::vector<std::optional<FetchedHeader>>;
 
     void takeBatch(std::size_t index);
@@ -66,14 +67,14 @@ class MailboxMessages {
     std::vector<std::uint32_t> uids_;
 
     std::uint32_t settledUid_ = 0;
-    /// The next message to be settled, counted from 0 among `uids_`.
+    /// The index in `uids_` of the first message that the new mark does not include.
     std::size_t unsettled_ = 0;
 
     std::size_t batchBegin_ = 0;
     Batch batch_;
     std::optional<std::vector<std::uint64_t>> firstPrints_;
 
-    // Whoever fetches has these to himself: the other thread, as long as a batch is coming.
+    // Only the fetching thread uses these: the second thread as long as `coming_` is pending.
     std::size_t batchSize_;
     Batch early_;
     std::size_t earlyBegin_ = 0;

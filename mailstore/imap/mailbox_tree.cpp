@@ -13,7 +13,7 @@ namespace pelk {
 namespace {
 
 constexpr std::size_t kMostFolders = 100'000;
-/// What lies deeper is one folder of a long name.
+/// Limits recursion over the tree: the rest of a deeper path becomes a single name.
 constexpr std::size_t kDeepest = 50;
 constexpr std::string_view kInbox = "INBOX";
 
@@ -44,7 +44,7 @@ bool has(const ListedMailbox& mailbox, std::string_view attribute) {
                        });
 }
 
-/// RFC 6154, 2.
+/// Uses the attributes of RFC 6154, section 2.
 std::optional<DefaultFolder> purposeOf(const ListedMailbox& mailbox) {
     if (has(mailbox, "Trash"))
         return DefaultFolder::DeletedItems;

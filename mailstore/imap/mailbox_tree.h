@@ -12,27 +12,27 @@
 namespace pelk {
 
 struct MailboxNode {
-    /// As people read it.
+    /// The decoded name, for display.
     std::string name;
     std::string place;
-    /// The server's own name of the folder; nothing when it has no place for items.
+    /// The server's name of the folder; nullopt if it cannot contain messages.
     std::optional<std::string> mailbox;
-    /// What the server says the folder is for, and whether it holds the mail of all others.
+    /// The purpose that the server declares, and whether the folder contains all mail (RFC 6154).
     std::optional<DefaultFolder> purpose;
     bool holdsAll = false;
-    /// Whether it stands where folders are known by their names.
+    /// Whether the folder is at a level where names identify default folders.
     bool atTop = false;
     bool isStore = false;
     std::vector<std::shared_ptr<MailboxNode>> folders;
 };
 
-/// The account's folders below its own node, which has no items: INBOX first, then in the order of
-/// the server's names. Fails with an `Error` when there are too many.
+/// Returns the account's node, which has no items, with the folders below it: INBOX first, then in
+/// the order of the server's names. Throws `Error` if there are too many.
 std::shared_ptr<MailboxNode> mailboxTree(const std::vector<ListedMailbox>& listed,
                                          const ImapAccount& account);
 
-/// The folder that the account's address names, as a store of its own. Fails with an `Error` when
-/// there is none.
+/// Returns the folder that the account's address names, as a separate store. Throws `Error` if it
+/// does not exist.
 std::shared_ptr<MailboxNode> namedMailbox(const MailboxNode& account,
                                           const std::vector<std::string>& names);
 

@@ -1,5 +1,5 @@
 #pragma once
-// A connection to a server, plain or enciphered.
+// A TCP connection to a server, with or without encryption.
 
 #include <chrono>
 #include <cstddef>
@@ -13,8 +13,8 @@ namespace pelk {
 
 class TlsLayer;
 
-/// Every function fails with `ConnectionLost` when the connection breaks, or nothing comes or goes
-/// within `limit`; with an `Error` when it must not go on.
+/// Every function throws `ConnectionLost` if the connection breaks or transfers nothing within
+/// `limit`, and `Error` if encryption fails. Only one thread at a time may call.
 class NetworkStream {
  public:
     NetworkStream(const std::string& host, std::uint16_t port, std::chrono::seconds limit);
@@ -22,23 +22,23 @@ class NetworkStream {
     NetworkStream(const NetworkStream&) = delete;
     NetworkStream& operator=(const NetworkStream&) = delete;
 
-    /// Enciphers the connection from here on. The server must prove by a certificate that the
-    /// system trusts, or one in the file that SSL_CERT_FILE names, that it is the host.
+    /// Encrypts all further data. The server must prove that it is the host, by a certificate that
+    /// the system or the file in SSL_CERT_FILE trusts.
     void startTls();
     bool isEnciphered() const { return tls_ != nullptr; }
-    /// Whether the other end is this very machine.
+    /// Returns whether the other end is this computer.
     bool reachesLoopback() const;
 
-    /// Reads at least one byte and returns how many.
+    /// Reads at least one byte and returns the number of bytes read.
     std::size_t read(char* bytes, std::size_t length);
-    /// Writes all of them.
+    /// Writes all bytes.
     void write(const char* bytes, std::size_t length);
 
  private:
     void connect(std::uint16_t port);
     bool tryAddress(const addrinfo& address, int& reason);
     void await(short events);
-    /// Repeats a call that returns bytes or an error until it has done something.
+    /// Repeats a non-blocking call until it transfers bytes, and returns their number.
     template <typename Call>
     std::size_t repeat(short events, const Call& call);
     [[noreturn]] void failLost(int reason) const;

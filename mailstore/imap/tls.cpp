@@ -14,8 +14,8 @@
 namespace pelk {
 namespace {
 
-/// Writes to a socket whose other end may be gone: that is a fault of this connection and must not
-/// end the program by a signal, as the library's own way of writing would.
+/// Replaces OpenSSL's own function, which lets SIGPIPE end the program if the other end is gone.
+/// Only this connection should fail then.
 int writeToSocket(BIO* bio, const char* bytes, int length) {
     BIO_clear_retry_flags(bio);
     const auto written = ::send(static_cast<int>(BIO_get_fd(bio, nullptr)), bytes,
@@ -120,7 +120,7 @@ ssize_t TlsLayer::outcome(int result) {
 
 void TlsLayer::require(bool done) const {
     if (!done)
-        throw Error("The connection to the mail server " + host_ + " cannot be enciphered.");
+        throw Error("The connection to the mail server " + host_ + " cannot be encrypted.");
 }
 
 void TlsLayer::failHandshake() const {
@@ -132,7 +132,7 @@ void TlsLayer::failHandshake() const {
     const char* const reason = fault == 0 ? nullptr : ERR_reason_error_string(fault);
     const std::string text =
         "The connection to the mail server " + host_ +
-        " cannot be enciphered: " + (reason == nullptr ? "it was cut" : reason) + ".";
+        " cannot be encrypted: " + (reason == nullptr ? "it was closed" : reason) + ".";
     if (reason == nullptr)
         throw ConnectionLost(text);
     throw Error(text);

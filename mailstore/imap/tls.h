@@ -1,5 +1,5 @@
 #pragma once
-// TLS on a socket, by OpenSSL, with the server's certificate and name checked.
+// TLS on a socket, by OpenSSL. Checks the server's certificate and name.
 
 #include <sys/types.h>
 
@@ -12,21 +12,21 @@ struct ssl_ctx_st;
 
 namespace pelk {
 
-/// The functions return like those of a socket that does not wait: a number of bytes, or -1 with
-/// `errno`, which is EAGAIN when the socket has to be waited for.
+/// The functions return the same as those of a non-blocking socket: a number of bytes, or -1 with
+/// `errno`, which is EAGAIN if the caller must wait for the socket.
 class TlsLayer {
  public:
-    /// Requires: `socket` outlives this. Fails with an `Error`.
+    /// Requires: `socket` outlives this. Throws `Error` if OpenSSL fails.
     TlsLayer(int socket, const std::string& host);
     ~TlsLayer();
     TlsLayer(const TlsLayer&) = delete;
     TlsLayer& operator=(const TlsLayer&) = delete;
 
-    /// Returns 1 when it is done. Fails with an `Error` when the server does not prove who it is.
+    /// Returns 1 on completion. Throws `Error` if the server does not prove its identity.
     ssize_t shakeHands();
     ssize_t read(char* bytes, std::size_t length);
     ssize_t write(const char* bytes, std::size_t length);
-    /// Whether it is for writing that the socket has to be waited for.
+    /// Returns whether the caller must wait until the socket is writable rather than readable.
     bool wantsToWrite() const;
 
  private:

@@ -1,4 +1,4 @@
-// Mail on a real server, read as a mail client's session.
+// Reads mail on a real server as a `MailSession`.
 
 #include "tests/imap/imap_fixture.h"
 
@@ -60,7 +60,7 @@ TEST_F(ImapTest, listsFoldersByTheirNames) {
     EXPECT_EQ(mailAt(server),
               "INBOX[1 2] Bin[x] Größe[](In&Out[x]) Sent[x] Weg damit[x] a\"b& \\c[x]");
     const ScanOutcome outcome = Counting().scan(dovecot.port);
-    ASSERT_EQ(outcome.leftOut.size(), 1U) << "the server names its trash, so names do not tell";
+    ASSERT_EQ(outcome.leftOut.size(), 1U) << "the server names its trash, so names do not count";
     EXPECT_EQ(outcome.leftOut[0].name, "Weg damit");
 
     const auto named = openAt(dovecot.port, "/Gr%C3%B6%C3%9Fe/In&Out")->folders()->next();
@@ -88,7 +88,7 @@ TEST_F(ImapTest, asksASecondTimeForNewMessagesOnly) {
     EXPECT_EQ(counting.scan(proxy.port()).mails, 20);
     EXPECT_EQ(asked(), "UID FETCH 1:20 ;");
     addMails(dovecot, 21, 22);
-    // A message that is filed with a time from before the scan has come before it.
+    // A scan does not count a message whose arrival time is before the last scan.
     addMail(dovecot, "new/1600000030.x.h", message("old"), 1'600'000'000);
     for (const char* mail : {"21", "22"})
         addMail(dovecot, std::string("new/16000000") + mail + ".x.h",
@@ -98,7 +98,7 @@ TEST_F(ImapTest, asksASecondTimeForNewMessagesOnly) {
     EXPECT_EQ(counting.scan(proxy.port()).mails, 2);
     EXPECT_EQ(asked(), "FETCH 1:16 ;UID FETCH 21:23 ;");
     EXPECT_EQ(counting.scan(proxy.port()).mails, 0);
-    EXPECT_EQ(asked(), "FETCH 1:16 ;UID FETCH 21:23 ;") << "these are too young to be settled";
+    EXPECT_EQ(asked(), "FETCH 1:16 ;UID FETCH 21:23 ;") << "these are too recent for the mark";
 
     ScanOptions all;
     all.since = "2000-01-01";
@@ -112,7 +112,7 @@ TEST_F(ImapTest, goesOnWhereAConnectionWasLost) {
     Counting whole;
     whole.scan(dovecot.port);
     const std::string expected = whole.document();
-    // The way into the folder takes some twenty lines, and a message fourteen.
+    // The server sends some twenty lines until the folder is open, and fourteen per message.
     for (int lines = 1; lines < 200; lines += lines < 50 ? 3 : 37) {
         Proxy proxy(dovecot.port, lines);
         Counting cut;
@@ -150,8 +150,8 @@ TEST_F(ImapTest, trustsNobodyWhoDoesNotProveWhoHeIs) {
     EXPECT_TRUE(refused.starts_with("The mail server 127.0.0.1 refuses to let jane in: "))
         << refused;
     EXPECT_EQ(refused.find("wrong"), std::string::npos);
-    EXPECT_EQ(mailAt("imaps://jane@127.0.0.1:" + std::to_string(dovecot.port)).substr(0, 62),
-              "The connection to the mail server 127.0.0.1 cannot be encipher");
+    EXPECT_EQ(mailAt("imaps://jane@127.0.0.1:" + std::to_string(dovecot.port)).substr(0, 63),
+              "The connection to the mail server 127.0.0.1 cannot be encrypted");
 }
 
 }  // namespace

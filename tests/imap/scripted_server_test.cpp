@@ -1,5 +1,5 @@
-// Servers that say what a test has them say: broken ones, those that mean harm, and those that
-// change from scan to scan. A clear message, nothing lost, nothing counted twice, and no crash.
+// Scripted servers: broken, hostile, or changing between scans. Pelk must report a clear message,
+// lose nothing, count nothing twice, and not crash.
 
 #include "tests/imap/imap_fixture.h"
 
@@ -17,7 +17,7 @@ std::string header(int uid, const std::string& more =
            " BODY[HEADER.FIELDS (FROM)] {" + std::to_string(text.size()) + "}\r\n" + text + ")\r\n";
 }
 
-/// A folder of three messages, of which `special` may be answered otherwise.
+/// Answers for a folder of three messages, except where `special` has an answer.
 Answer mailbox(const Answer& special) {
     return [special](const std::string& command) -> std::string {
         if (const std::string said = special(command); !said.empty())
@@ -38,7 +38,7 @@ Answer mailbox(const Answer& special) {
     };
 }
 
-/// What a scan of such a server says.
+/// Scans such a server and returns the error and the first fault.
 std::string scanOf(const Answer& special, int mails = -1) {
     ScriptedServer server(mailbox(special));
     Counting counting;
@@ -49,7 +49,7 @@ std::string scanOf(const Answer& special, int mails = -1) {
     return error + outcome.firstFault;
 }
 
-/// Says that to commands that begin so.
+/// Answers commands that begin with `begin`.
 Answer to(const std::string& begin, const std::string& said) {
     return [=](const std::string& command) {
         return command.starts_with(begin) ? said : std::string();
@@ -77,7 +77,7 @@ TEST(HostileServer, isOfNoHarmAtAnyPoint) {
 }
 
 TEST(HostileServer, losesNoMessageButTheBrokenOne) {
-    // The structure of a body that cannot be read is asked for no more.
+    // If a body structure cannot be parsed, the next request leaves it out.
     EXPECT_EQ(
         scanOf(
             [](const std::string& command) -> std::string {
@@ -97,7 +97,7 @@ TEST(HostileServer, losesNoMessageButTheBrokenOne) {
         },
         2);
     EXPECT_EQ(error,
-              "The mail server 127.0.0.1 gives no usable answer when it is to show the "
+              "The mail server 127.0.0.1 gives no usable answer when asked to show the "
               "messages 2:2.");
     EXPECT_EQ(scanOf(
                   [](const std::string& command) -> std::string {
@@ -126,14 +126,14 @@ TEST(HostileServer, getsNoPasswordInPlainTextAndRepeatsNone) {
         return std::string();
     });
     EXPECT_EQ(mailAt("imap://jane@0.0.0.0:" + std::to_string(server.port())),
-              "The mail server 0.0.0.0 does not encipher the connection (STARTTLS). Pelk speaks to "
-              "it only enciphered; try imaps:// in place of imap://.");
+              "The mail server 0.0.0.0 does not encrypt the connection (STARTTLS). Pelk uses only "
+              "encrypted connections; try imaps:// instead of imap://.");
     EXPECT_EQ(said.find("LOGIN"), std::string::npos) << said;
     const std::string error = scanOf([](const std::string& command) -> std::string {
         return command.starts_with("LOGIN") ? "2 NO wrong: " + command + "\r\n" : "";
     });
     EXPECT_EQ(error, "The mail server 127.0.0.1 refuses to let jane in.");
-    // What follows the answer to STARTTLS in plain text may be anybody's.
+    // An attacker may have inserted plain text after the answer to STARTTLS.
     ScriptedServer early([](const std::string& command) -> std::string {
         return command == "CAPABILITY" ? "* CAPABILITY IMAP4rev1 STARTTLS\r\n"
                : command == "STARTTLS" ? "2 OK go on\r\n* OK and take this\r\n"
@@ -141,7 +141,7 @@ TEST(HostileServer, getsNoPasswordInPlainTextAndRepeatsNone) {
     });
     EXPECT_EQ(mailAt("imap://jane@127.0.0.1:" + std::to_string(early.port())),
               "The mail server 127.0.0.1 sends more than it may before the connection is "
-              "enciphered.");
+              "encrypted.");
 }
 
 TEST(ScriptedServer, isGivenATokenOnlyIfTheAddressSaysSo) {
@@ -151,7 +151,7 @@ TEST(ScriptedServer, isGivenATokenOnlyIfTheAddressSaysSo) {
         return std::string();
     });
     EXPECT_EQ(mailAt("imap://jane;AUTH=XOAUTH2@127.0.0.1:" + std::to_string(server.port())), "");
-    // "user=jane", "auth=Bearer" and the token, as XOAUTH2 parts them.
+    // "user=jane", "auth=Bearer" and the token, with the separators of XOAUTH2.
     EXPECT_NE(
         said.find("\nAUTHENTICATE XOAUTH2 dXNlcj1qYW5lAWF1dGg9QmVhcmVyIHMzY3JldC13b3JkAQE=\n"),
         std::string::npos)
@@ -178,7 +178,7 @@ TEST(HostileServer, isWaitedForOnlySoLong) {
               "The mail server 127.0.0.1 has not answered for 2 seconds.");
 }
 
-/// A folder that changes, scanned again and again into one database.
+/// A changing folder, scanned several times into one database.
 class Changing {
  public:
     Counting counting;
@@ -187,7 +187,7 @@ class Changing {
     int broken = 0;
     std::string searched;
 
-    /// How many e-mails are counted, and what is searched for.
+    /// Returns how many e-mails the scan counts, and which UIDs it searches for.
     std::string scan() {
         searched.clear();
         const ScanOutcome outcome = counting.scan(server_.port());
@@ -221,7 +221,7 @@ TEST(FolderMarks, narrowWhatIsAskedForAndNeverWhatCounts) {
     EXPECT_EQ(folder.scan(), "3 UID 1:*");
     EXPECT_EQ(folder.scan(), "0 UID 4:*");
     folder.validity = 8;
-    EXPECT_EQ(folder.scan(), "0 UID 1:*") << "the messages are numbered anew";
+    EXPECT_EQ(folder.scan(), "0 UID 1:*") << "the messages are renumbered";
     EXPECT_EQ(folder.scan(), "0 UID 4:*");
     folder.counting.database->setDate("2026-01-01T00:00:00");
     EXPECT_EQ(folder.scan(), "3 UID 1:*") << "the database is one from before the first scan";
