@@ -1,5 +1,5 @@
-// How fast a scan of a mail server is, beside a client that asks for the same and only counts
-// bytes. Starts a server of its own. Called as: imap_speed
+// Compares the speed of a mail server's scan with a client that requests the same data and only
+// counts bytes. Starts its own server. Usage: imap_speed
 
 #include <sys/resource.h>
 
@@ -33,7 +33,7 @@ void scanServer(std::uint16_t port) {
     scanMail(*makeEmptyDatabase(), *session);
 }
 
-/// Sends all commands at once, and returns how many bytes come until the last is answered.
+/// Sends all commands at once and returns the number of bytes up to the last answer.
 std::size_t countBytes(std::uint16_t port) {
     const Socket server(connectTo(port));
     server.send(

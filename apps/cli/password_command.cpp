@@ -12,10 +12,10 @@
 namespace pelk {
 namespace {
 
-/// No password or token is longer.
+/// The maximum number of bytes to read, far above any password or token.
 constexpr std::size_t kMostOutput = 64UL << 10;
 
-/// Reads until the end, or until it is too much. The bytes are in no buffer but the text's.
+/// Reads to the end or the limit. Bypasses stdio, whose buffer would keep a copy.
 std::string readOutput(int descriptor) {
     std::string output(kMostOutput, '\0');
     std::size_t length = 0;

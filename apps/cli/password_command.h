@@ -1,13 +1,13 @@
 #pragma once
-// The password of a mail server, as a command of the user's prints it.
+// Gets the password of a mail server from a command of the user.
 
 #include <string>
 
 namespace pelk {
 
-/// Runs the command by /bin/sh, with the terminal for its questions, and returns the first line of
-/// what it prints. Throws `Error`, which does not repeat what it printed, when it fails or prints
-/// none.
+/// Runs the command by /bin/sh and returns the first line of its output. The command may use the
+/// terminal to ask questions. Throws `Error` if it fails or its first line is empty; the message
+/// does not repeat the output.
 std::string runPasswordCommand(const std::string& command);
 
 }  // namespace pelk

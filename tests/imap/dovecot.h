@@ -1,5 +1,5 @@
 #pragma once
-// A real IMAP server for one test, with its own configuration, certificate and mail.
+// A real IMAP server for one test, with a separate configuration, certificate and mail.
 
 #include <pwd.h>
 
@@ -17,8 +17,8 @@ inline void mustRun(const std::string& command) {
         throw std::runtime_error("failed: " + command);
 }
 
-/// The user "jane" with the password "s3cret-word" reads the Maildir in `mail()`, to which mail is
-/// to be added before the server is started.
+/// The user "jane" with the password "s3cret-word" reads the Maildir in `mail()`. Tests add mail
+/// before they start the server.
 class Dovecot {
  public:
     enum class Tls { No, Yes };
@@ -44,7 +44,7 @@ class Dovecot {
                 path + "/key.pem -out " + certificate() + " 2>/dev/null");
         const std::string config = folder.write("dovecot.conf", configuration(tls));
         mustRun("chmod 755 " + path + " && chown -R " + user() + ": " + mail());
-        // Ends when the test does, however it ends: the shell then reads the end of its input.
+        // The shell stops the server at the end of its input, even if the test crashes.
         shell_ = ::popen(("/usr/sbin/dovecot -F -c " + config +
                           " & server=$!; read end; kill $server; wait $server")
                              .c_str(),
@@ -53,7 +53,7 @@ class Dovecot {
     }
 
  private:
-    /// Dovecot wants one who may little; a user who is not root can be no other.
+    /// Dovecot requires an unprivileged user. Only root can run it as another user.
     static std::string user() {
         return ::geteuid() == 0 ? "nobody" : ::getpwuid(::geteuid())->pw_name;
     }

@@ -1,4 +1,4 @@
-// The command line on a mail server.
+// Scans a mail server from the command line.
 
 #include "tests/cli/cli_fixture.h"
 #include "tests/imap/dovecot.h"

@@ -1,5 +1,5 @@
 #pragma once
-// Mail on a server in this test's hand, opened as a session.
+// Servers under the control of a test, and sessions that read their mail.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -34,7 +34,7 @@ inline std::unique_ptr<MailSession> openAt(std::uint16_t port, const std::string
     return openAt("imap://jane@127.0.0.1:" + std::to_string(port) + folder);
 }
 
-/// What listing all folders and their mail fails with, or the folders.
+/// Returns all folders with their mail, followed by the message of the error, if any.
 inline std::string mailAt(const std::string& address, const std::string& password = kPassword) {
     std::string found;
     const std::string error = messageOf(
@@ -57,7 +57,7 @@ inline void addMails(const Dovecot& dovecot, int first, int last) {
                     "\n\nText\n");
 }
 
-/// A database that scans in memory.
+/// A database in memory, and scans into it.
 class Counting {
  public:
     CorePlatform core;
@@ -76,15 +76,15 @@ class Counting {
         return scanAndSave(*database, core.storage(), core.platform(), session, log, options);
     }
     ScanOutcome scan(std::uint16_t port) { return scan(*openAt(port)); }
-    /// The document but for the date.
+    /// Returns the document without its date.
     std::string document() {
         database->setDate("");
         return database->xml();
     }
 };
 
-/// Hands on what client and server say to each other, and notes what the client says. Cuts each
-/// connection after so many lines of the server's.
+/// Passes data between client and server and records what the client sends. Cuts each connection
+/// after `lines` lines from the server; 0 means never.
 class Proxy {
  public:
     explicit Proxy(std::uint16_t port, int lines = 0)
@@ -92,7 +92,7 @@ class Proxy {
 
     std::uint16_t port() const { return server_.port(); }
     int connections() const { return server_.connections(); }
-    /// The commands since this was asked last, without their tags.
+    /// Returns the commands since the last call, without their tags.
     std::vector<std::string> commands() {
         const std::lock_guard guard(lock_);
         std::istringstream said(std::exchange(said_, {}));
@@ -135,11 +135,11 @@ class Proxy {
     LoopbackServer server_;
 };
 
-/// A server that says whatever a test has it say.
+/// A server whose answers a test determines.
 class ScriptedServer {
  public:
-    /// `answer` is given a command without its tag, and returns what is said before "OK"; nothing
-    /// for what any server says.
+    /// `answer` gets a command without its tag and returns the text to send before "OK"; empty text
+    /// for the default.
     explicit ScriptedServer(std::function<std::string(const std::string& command)> answer)
         : server_([answer = std::move(answer)](const Socket& client) { talk(client, answer); }) {}
 

@@ -1,5 +1,5 @@
 #pragma once
-// Sockets on this machine, for servers that a test plays itself.
+// Sockets on this computer, for servers inside a test.
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -17,7 +17,7 @@
 
 namespace pelk {
 
-/// A socket that is closed at the end.
+/// Closes the socket on destruction.
 class Socket {
  public:
     explicit Socket(int descriptor) : descriptor_(descriptor) {}
@@ -34,7 +34,7 @@ class Socket {
         }
         return true;
     }
-    /// What has come; empty at the end.
+    /// Returns the next bytes; empty at the end.
     std::string receive() const {
         std::string bytes(1UL << 16, '\0');
         const ssize_t count = ::recv(descriptor_, bytes.data(), bytes.size(), 0);
@@ -54,7 +54,7 @@ inline sockaddr_in loopback(std::uint16_t port) {
     return address;
 }
 
-/// Listens at a free port.
+/// Listens on a free port; returns the socket and the port.
 inline std::pair<int, std::uint16_t> listenAnywhere() {
     const int listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address = loopback(0);
@@ -72,7 +72,7 @@ inline std::uint16_t freePort() {
     return port;
 }
 
-/// -1 when nobody listens.
+/// Returns -1 if nobody listens.
 inline int connectTo(std::uint16_t port) {
     const int descriptor = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     const sockaddr_in address = loopback(port);
@@ -82,7 +82,7 @@ inline int connectTo(std::uint16_t port) {
     return -1;
 }
 
-/// Serves one connection after the other on a thread of its own.
+/// Serves one connection after the other on a separate thread.
 class LoopbackServer {
  public:
     using Serve = std::function<void(const Socket& client)>;
