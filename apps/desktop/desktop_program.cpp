@@ -1,6 +1,7 @@
 #include "apps/desktop/desktop_program.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <new>
 #include <optional>
 #include <string>
@@ -8,8 +9,11 @@
 #include "addin/Connect.h"
 #include "addin/product.h"
 #include "apps/desktop/example_mail.h"
+#include "apps/desktop/keyring.h"
 #include "apps/desktop/main_window.h"
+#include "apps/desktop/server_mail.h"
 #include "db/no_data_folder.h"
+#include "mailstore/imap/imap_account.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
 #include "platform/desktop/qt/dialogs.h"
@@ -37,7 +41,7 @@ std::string choicesFile(const Arguments& arguments, const UserPlaces& places) {
     return folder.empty() ? folder : folder + "/pelk/window.ini";
 }
 
-MainWindowOffers offersFor(const Arguments& arguments) {
+MainWindowOffers offersFor(const Arguments& arguments, ServerMail& servers) {
     MainWindowOffers offers;
     offers.places = currentUserPlaces();
     offers.choices = MailChoices(choicesFile(arguments, offers.places));
@@ -45,6 +49,10 @@ MainWindowOffers offersFor(const Arguments& arguments) {
         offers.showExample = [example, data = offers.places.cache + "/pelk-example"] {
             showExampleMail(example, data);
         };
+    offers.addServer = [&servers] { return servers.add(); };
+    offers.openServer = [&servers](const std::string& url, const MailStoreOptions& options) {
+        return servers.open(url, options);
+    };
     return offers;
 }
 
@@ -52,13 +60,21 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
     const Platform platform = desktop.services();
     QtToolkit toolkit(dialogs, desktop.language());
-    MainWindow window(arguments.operands, arguments.mail, dialogs, offersFor(arguments));
+    SystemKeyring keyring;
+    ServerMail servers(keyring, dialogs);
+    // A server may ask for a password, or be out of reach for a while: the window comes first.
+    const bool isOnServer =
+        std::any_of(arguments.operands.begin(), arguments.operands.end(), isImapAddress);
+    MainWindow window(isOnServer ? MailChoice() : arguments.operands, arguments.mail, dialogs,
+                      offersFor(arguments, servers));
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     QtDisplay display;
     Connect connect({toolkit, dialogs, display}, platform);
     connect.OnConnection(window);
-    if (arguments.operands.empty())
+    if (isOnServer)
+        guarded(dialogs, [&] { window.open(arguments.operands); });
+    else if (arguments.operands.empty())
         guarded(dialogs, [&window] { window.openLastChoice(); });
     QApplication::exec();
     connect.OnDisconnection();

@@ -10,11 +10,13 @@
 #include <QToolBar>
 #include <QTreeView>
 #include <QUrl>
+#include <algorithm>
 #include <utility>
 
 #include "apps/desktop/command_bar.h"
 #include "apps/desktop/first_page.h"
 #include "apps/desktop/mail_view.h"
+#include "mailstore/imap/imap_account.h"
 #include "platform/guard.h"
 
 namespace pelk {
@@ -148,7 +150,13 @@ void MainWindow::showMail(const std::vector<std::string>& paths) {
 }
 
 std::unique_ptr<MailSession> MainWindow::openSession(const std::vector<std::string>& paths) const {
-    return openMailSession(paths, options_);
+    if (std::none_of(paths.begin(), paths.end(), isImapAddress))
+        return openMailSession(paths, options_);
+    if (paths.size() > 1)
+        throw Error("A mail server is opened alone, without other mail.");
+    if (!offers_.openServer)
+        throw Error("The mail on a server cannot be opened here.");
+    return offers_.openServer(paths.front(), options_);
 }
 
 void MainWindow::showFirstPage() {

@@ -27,14 +27,19 @@ struct MainWindowOffers {
     /// Asks for an account on a mail server, and returns the store to open; nothing when the user
     /// cancels. Where it is empty, no such account is offered. May throw `Error`.
     std::function<std::optional<std::string>()> addServer;
+    /// Opens the mail of an account on a mail server, which a URL names. Throws `Error`. Where it
+    /// is empty, no such mail is opened.
+    std::function<std::unique_ptr<MailSession>(const std::string&, const MailStoreOptions&)>
+        openServer;
     /// Shows the example mail; empty where there is none. May throw `Error`.
     std::function<void()> showExample;
 };
 
 class MainWindow : public QMainWindow, public MailClient {
  public:
-    /// Shows the mail under these paths. Throws `Error` when one holds no mail. Where there is no
-    /// path, the window shows the mail that it finds, to choose from.
+    /// Shows the mail under these paths, or of the one mail server that a URL names. Throws `Error`
+    /// when one holds no mail. Where there is no path, the window shows the mail that it finds, to
+    /// choose from.
     MainWindow(const std::vector<std::string>& paths, MailStoreOptions options, Dialogs& dialogs,
                MainWindowOffers offers = {});
 

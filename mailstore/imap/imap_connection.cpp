@@ -154,7 +154,9 @@ class ImapConnection::Talk {
                                    said() + ".");
             default:
                 stream_.throwFault();
-                throw Error(server() + " refuses to " + purpose + said() + ".");
+                if (secret_ != nullptr)
+                    throw LoginRefused(refusal(purpose));
+                throw Error(refusal(purpose));
         }
     }
 
@@ -187,6 +189,10 @@ class ImapConnection::Talk {
     }
 
     std::string server() const { return "The mail server " + account_.host; }
+
+    std::string refusal(const std::string& purpose) const {
+        return server() + " refuses to " + purpose + said() + ".";
+    }
 
     /// Returns the reason that the server gave, unless it repeats the secret.
     std::string said() const {
@@ -234,8 +240,8 @@ class ImapConnection::Talk {
 
     void logIn(const std::string& secret) {
         if (secret.empty() || secret.find_first_of(std::string("\0\r\n", 3)) != std::string::npos)
-            throw Error("The password for " + server().substr(4) +
-                        " is empty or contains a control character.");
+            throw LoginRefused("The password for " + server().substr(4) +
+                               " is empty or contains a control character.");
         secret_ = &secret;
         const std::string purpose = "let " + account_.user + " in";
         const char* const user = account_.user.c_str();

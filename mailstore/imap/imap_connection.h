@@ -69,8 +69,9 @@ enum class Detail {
 /// Only one thread at a time may call.
 class ImapConnection {
  public:
-    /// Connects and logs in. Throws `Error` instead of sending the secret unencrypted to another
-    /// computer. `limit` is how long the server may be silent.
+    /// Connects and logs in. Throws `LoginRefused` if the server refuses the password, and `Error`
+    /// instead of sending the secret unencrypted to another computer. `limit` is how long the
+    /// server may be silent.
     ImapConnection(const ImapAccount& account, const std::string& secret,
                    std::chrono::seconds limit);
     ~ImapConnection();

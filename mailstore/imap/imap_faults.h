@@ -17,4 +17,10 @@ class BrokenAnswer : public Error {
     using Error::Error;
 };
 
+/// The server does not take the password: another one may be right.
+class LoginRefused : public Error {
+ public:
+    using Error::Error;
+};
+
 }  // namespace pelk

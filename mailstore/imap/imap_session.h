@@ -9,8 +9,9 @@
 namespace pelk {
 
 /// Connects and lists the folders; the session does not notice later changes of this list. Throws
-/// `Error` if that fails. The only top-level folder is the account, or the folder that its address
-/// names. The Message-ID identifies copies of an e-mail in several folders.
+/// `LoginRefused` if the server refuses the password, and `Error` if anything else fails. The only
+/// top-level folder is the account, or the folder that its address names. The Message-ID identifies
+/// copies of an e-mail in several folders.
 ///
 /// The server declares the default folders (RFC 6154). Kinds that it does not declare go by folder
 /// name, as on disk.
