@@ -18,10 +18,13 @@ struct JobEnd {
     std::string password;
 };
 
-std::string reasonOf(const JobEnd& end) {
-    if (end.error == QKeychain::NoBackendAvailable)
-        return "no keyring is running";
-    return end.fault.isEmpty() ? "error " + std::to_string(end.error) : end.fault.toStdString();
+/// What QtKeychain itself says about a missing keyring is often no more than "Unknown error".
+std::string faultText(const JobEnd& end) {
+    const bool isMissing =
+        end.error == QKeychain::NoBackendAvailable || end.error == QKeychain::OtherError;
+    return std::string("The system's keyring cannot be used") +
+           (isMissing ? "; perhaps none is running" : "") +
+           (end.fault.isEmpty() ? "" : " (" + end.fault.toStdString() + ")") + ".";
 }
 
 /// Runs a job, which deletes itself.
@@ -38,9 +41,9 @@ JobEnd run(Job& job, const std::string& key, const Take& take) {
     job.start();
     if (!waitWithBox(QStringLiteral("Waiting for the system's keyring..."),
                      [end] { return end->isDone; }))
-        throw Error("The system's keyring cannot be used: you cancelled it.");
+        throw Error("The system's keyring was not used: you cancelled it.");
     if (end->error != QKeychain::NoError && end->error != QKeychain::EntryNotFound)
-        throw Error("The system's keyring cannot be used: " + reasonOf(*end) + ".");
+        throw Error(faultText(*end));
     return std::move(*end);
 }
 

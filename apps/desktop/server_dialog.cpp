@@ -50,6 +50,9 @@ ServerDialog::ServerDialog(QWidget* parent)
     layout->addWidget(makeFields());
     progress_->setRange(0, 0);
     progress_->setTextVisible(false);
+    QSizePolicy policy = progress_->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    progress_->setSizePolicy(policy);
     layout->addWidget(progress_);
     state_->setObjectName(QStringLiteral("state"));
     state_->setTextInteractionFlags(Qt::TextSelectableByMouse);

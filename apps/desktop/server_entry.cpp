@@ -28,7 +28,8 @@ QString hostPart(const ServerEntry& entry) {
     url.setHost(host);
     if (url.host().isEmpty())
         throw Error("The name of the mail server is not valid.");
-    return url.host(QUrl::FullyEncoded);
+    const QString name = url.host(QUrl::FullyEncoded);
+    return name.contains(':') ? "[" + name + "]" : name;
 }
 
 }  // namespace
