@@ -12,7 +12,8 @@ const char* const kHelp =
 
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
-                           message files, or the folders of a mail program;
+                           message files, the folders of a mail program, or
+                           the imaps:// address of an account on a server;
                            without MAIL on the mail that was opened last, or on
                            a list of the mail on this computer
   pelk stores              list the mail of the mail programs on this computer:
