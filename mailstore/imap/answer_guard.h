@@ -18,7 +18,7 @@ class AnswerGuard {
     static constexpr std::size_t kMostAnswer = 64UL << 20;
     static constexpr std::size_t kDeepest = 200;
 
-    /// Starts the answer to a command.
+    /// Starts to count the size of the next answer. Call it for each command.
     void beginAnswer() { answer_ = 0; }
     /// Checks the next bytes of the answer. Throws `BrokenAnswer` if they exceed a limit.
     void take(std::string_view bytes);

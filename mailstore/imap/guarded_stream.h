@@ -20,7 +20,7 @@ class GuardedStream {
     /// Returns a stream, which libetpan frees. Requires: this outlives it. Throws `std::bad_alloc`.
     mailstream* open();
 
-    /// Starts the answer to a command.
+    /// Starts to count the size of the next answer. Call it for each command.
     void beginAnswer() { guard_.beginAnswer(); }
     /// Makes all later reads and writes fail.
     void close() noexcept;
