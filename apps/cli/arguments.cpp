@@ -65,8 +65,8 @@ Options:
                    or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;
                    e-mails since DATE that were counted before count again
   --password-command COMMAND
-                   with scan of a mail server: run COMMAND, and use the first
-                   line of its output as the password
+                   with a mail server: run COMMAND, and use the first line of
+                   its output as the password
   --copies         with scan: count an e-mail in every folder that contains it
   --name NAME      with merge: the name of the merged contact
   --yes            really delete the contacts of a domain, or the database

@@ -8,6 +8,7 @@
 
 #include "addin/Connect.h"
 #include "addin/product.h"
+#include "apps/cli/password_command.h"
 #include "apps/desktop/example_mail.h"
 #include "apps/desktop/keyring.h"
 #include "apps/desktop/main_window.h"
@@ -56,6 +57,12 @@ MainWindowOffers offersFor(const Arguments& arguments, ServerMail& servers) {
     return offers;
 }
 
+void openServer(const Arguments& arguments, MainWindow& window, ServerMail& servers) {
+    if (!arguments.passwordCommand.empty())
+        servers.know(arguments.operands.front(), runPasswordCommand(arguments.passwordCommand));
+    window.open(arguments.operands);
+}
+
 void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     DesktopPlatform desktop(arguments.dataFolder);
     const Platform platform = desktop.services();
@@ -73,7 +80,7 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     Connect connect({toolkit, dialogs, display}, platform);
     connect.OnConnection(window);
     if (isOnServer)
-        guarded(dialogs, [&] { window.open(arguments.operands); });
+        guarded(dialogs, [&] { openServer(arguments, window, servers); });
     else if (arguments.operands.empty())
         guarded(dialogs, [&window] { window.openLastChoice(); });
     QApplication::exec();

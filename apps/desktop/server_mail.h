@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "apps/desktop/keyring.h"
 #include "mailstore/imap/imap_account.h"
@@ -21,6 +22,10 @@ class ServerMail {
 
     /// Asks for an account, and returns its URL; nothing when the user cancels.
     std::optional<std::string> add();
+    /// Uses this password for the account of that URL, and keeps it in the memory alone.
+    void know(const std::string& url, std::string password) {
+        passwords_[url] = {std::move(password), true};
+    }
     /// Opens the account of that URL. Asks for the password where it is not known, or the server
     /// does not take it. Says in a box when the password cannot be kept. Throws `Error` when the
     /// server cannot be reached, or the user cancels.
