@@ -1,5 +1,5 @@
 #pragma once
-// The mail of made-up people, to look around in without mail of one's own.
+// The example mail, whose people are fictitious.
 
 #include <string>
 
@@ -9,8 +9,9 @@ namespace pelk {
 /// Empty if it is in neither place.
 std::string exampleMail();
 
-/// Starts the program once more on the mail `mail`, with its database in `dataFolder`: the people
-/// in the example do not belong among the user's contacts. Throws `Error` if it does not start.
+/// Starts a second process of the program on `mail`, with its database in `dataFolder`, because the
+/// people in the example do not belong among the user's contacts. Throws `Error` if it does not
+/// start.
 void showExampleMail(const std::string& mail, const std::string& dataFolder);
 
 }  // namespace pelk

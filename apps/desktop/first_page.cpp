@@ -25,7 +25,7 @@ class RoomyCells : public QStyledItemDelegate {
     }
 
  protected:
-    /// Numbers that stand to the right would touch the next column.
+    /// Right-aligned numbers would touch the next column.
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         if (option->displayAlignment.testFlag(Qt::AlignRight))
@@ -140,7 +140,7 @@ void FirstPage::run(const std::function<void()>& act) {
     guarded(dialogs_, act);
 }
 
-/// The path has what the others leave, and is shortened in its middle.
+/// The path gets the remaining width, and is shortened in the middle.
 void FirstPage::fitColumns() {
     if (!view_->currentIndex().isValid())
         view_->setCurrentIndex(model_.index(0, 0));

@@ -1,5 +1,5 @@
 #pragma once
-// What the mail window shows while no mail is open: the mail on this computer, to choose from.
+// The page of the mail window while no mail is open: a list of the mail on this computer.
 
 #include <QLabel>
 #include <QPushButton>
@@ -15,7 +15,7 @@
 
 namespace pelk {
 
-/// What the buttons of the page do. A button for which there is nothing is not there.
+/// The actions of the buttons. A button without an action is left out.
 struct FirstPageActs {
     std::function<void(const std::vector<std::string>&)> open;
     std::function<void()> openFolder;
@@ -26,8 +26,8 @@ struct FirstPageActs {
 
 class FirstPage : public QWidget {
  public:
-    /// Looks for mail in these places while it is shown. Whatever an act throws is shown by
-    /// `dialogs`. The page must live until an act has ended.
+    /// Searches these places for mail while the page is shown. `dialogs` shows the exceptions of
+    /// actions. The page must outlive a running action.
     FirstPage(const UserPlaces& places, FirstPageActs acts, Dialogs& dialogs);
 
  private:

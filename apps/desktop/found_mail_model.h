@@ -16,8 +16,8 @@ class FoundMailModel : public QStandardItemModel {
 
     FoundMailModel();
 
-    /// Adds a row for each entry that is no guess. Ticks it, as most people have one mail program,
-    /// unless a row above has the same address: its mail would count twice.
+    /// Adds a row for each entry that is not a guess. Ticks the row, because most people have one
+    /// mail program, unless a row above has the same address: its mail would count twice.
     void list(const MailList& mail);
     /// Fills in the row of the entry `index`, or adds one if the entry is a guess that proved
     /// right. Unticks what cannot be read, or is empty.

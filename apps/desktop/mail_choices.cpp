@@ -63,7 +63,7 @@ void MailChoices::remember(const MailChoice& choice) {
     settings.sync();
     if (settings.status() != QSettings::NoError)
         throw Error("Pelk cannot remember which mail you chose: " + file_ + " cannot be written.");
-    // Where somebody's mail lies is nobody else's business.
+    // Only the user may read where their mail is.
     QFile::setPermissions(name, QFile::ReadOwner | QFile::WriteOwner);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
-// Which mail the user has chosen in the mail window, kept for the next time.
+// Remembers which mail the user opened in the mail window.
 
 #include <string>
 #include <vector>
 
 namespace pelk {
 
-/// The mail that is opened together.
+/// Paths that are opened together, or the URL of a mail server.
 using MailChoice = std::vector<std::string>;
 
 class MailChoices {
@@ -17,8 +17,8 @@ class MailChoices {
 
     /// Returns the last choices, the latest first, each once. Empty if they cannot be read.
     std::vector<MailChoice> recent() const;
-    /// Puts the choice before all others, and forgets the oldest beyond eight. Throws `Error` if
-    /// the file cannot be written.
+    /// Adds the choice as the latest one, and removes the oldest if there are more than eight.
+    /// Throws `Error` if the file cannot be written.
     void remember(const MailChoice& choice);
 
  private:

@@ -10,7 +10,7 @@ namespace pelk {
 
 MailFinder::MailFinder(UserPlaces places, MailFinderNews news) : news_(std::move(news)) {
     work_ = startAside([this, places = std::move(places)] { look(places); });
-    // Without another thread it is done on this one, once the window stands.
+    // If the system has no thread left, this one searches after the window is open.
     if (work_.wait_for(std::chrono::seconds(0)) == std::future_status::deferred)
         hand([this] { work_.get(); });
 }

@@ -1,5 +1,5 @@
 #pragma once
-// Looks for the mail on this computer on a thread of its own.
+// Finds the mail on this computer on a separate thread.
 
 #include <QObject>
 #include <atomic>
@@ -10,18 +10,18 @@
 
 namespace pelk {
 
-/// What a search calls, each time on the thread of the window.
+/// The callbacks of a search. They run on the thread of the windows.
 struct MailFinderNews {
-    /// With all that was found, before any of it is measured.
+    /// Receives all mail that was found, before any is measured.
     std::function<void(const MailList&)> found;
-    /// With the extent of one entry.
+    /// Receives the extent of one entry.
     std::function<void(std::size_t, const MailExtent&)> measured;
-    /// At the end. The text says what ended the search early, and is empty as a rule.
+    /// Called at the end. The text says what ended the search early; it is usually empty.
     std::function<void(const std::string&)> done;
 };
 
-/// Starts the search when it is constructed. The destructor stops the search, waits until the file
-/// at hand has been measured, and nothing is called afterwards.
+/// The constructor starts the search. The destructor stops it and waits until the current file has
+/// been measured; no callback runs after that.
 class MailFinder : public QObject {
  public:
     MailFinder(UserPlaces places, MailFinderNews news);

@@ -12,7 +12,7 @@ constexpr int kFolderWidth = 220;
 constexpr int kMessagesWidth = 740;
 constexpr int kFromWidth = 220;
 
-/// The width of a column of dates in the form that the user's locale gives them.
+/// Returns the width of a date column in the format of the user's locale.
 int dateWidth() {
     const QString widest = MessageList::dateText({2028, 12, 28, 20, 48, 58});
     return QFontMetrics(QApplication::font()).horizontalAdvance(widest) + 24;

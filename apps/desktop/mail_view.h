@@ -1,5 +1,5 @@
 #pragma once
-// Folders on the left, the messages of the folder that was clicked on the right.
+// The folders on the left, and the messages of the selected folder on the right.
 
 #include <QLabel>
 #include <QSplitter>
@@ -14,8 +14,8 @@ namespace pelk {
 
 class MailView : public QSplitter {
  public:
-    /// Shows the mail of the session, and in `status` how many messages the folder has. `status`
-    /// must outlive this. Throws `Error` when the folders cannot be listed.
+    /// Shows the mail of the session, and the number of messages of the folder in `status`, which
+    /// must outlive this object. Throws `Error` when the folders cannot be listed.
     MailView(MailSession& session, QLabel& status, Dialogs& dialogs);
 
  private:

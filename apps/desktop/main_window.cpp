@@ -33,7 +33,7 @@ QString toName(const std::string& path) {
     return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-/// A choice as an entry of a menu, in which an "&" alone would mark a key.
+/// Returns a choice as a menu entry. A single "&" would mark a key there.
 QString entryText(const MailChoice& choice) {
     QString text = toName(choice.front()).simplified();
     if (text.size() > kLongestEntry)
@@ -106,7 +106,8 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
         event->acceptProposedAction();
 }
 
-/// The program from which the mail was dragged waits until this ends, a box with a fault included.
+/// The program from which the mail was dragged waits until this function returns, even while a
+/// message box is open.
 void MainWindow::dropEvent(QDropEvent* event) {
     event->acceptProposedAction();
     QMetaObject::invokeMethod(
@@ -191,14 +192,14 @@ void MainWindow::addServer() {
         open({*store});
 }
 
-/// What stood there goes later: one of its buttons may have led here.
+/// Deletes the previous page later, because one of its buttons may have called this.
 void MainWindow::setCentral(QWidget* widget) {
     if (QWidget* const old = takeCentralWidget()) {
         old->hide();
         old->deleteLater();
     }
     setCentralWidget(widget);
-    // The focus goes to what is shown only. Both pages begin with a tree.
+    // Only the visible page takes the focus. Both pages begin with a tree.
     widget->show();
     widget->findChild<QTreeView*>()->setFocus();
 }

@@ -20,15 +20,15 @@ namespace pelk {
 
 /// What the window offers besides the mail that is open.
 struct MainWindowOffers {
-    /// Where the mail of mail programs is looked for.
+    /// The places to search for mail.
     UserPlaces places;
-    /// Where it is kept which mail was chosen.
+    /// The mail that was opened before.
     MailChoices choices{{}};
-    /// Asks for an account on a mail server, and returns the store to open; nothing when the user
-    /// cancels. Where it is empty, no such account is offered. May throw `Error`.
+    /// Asks for an account on a mail server. Returns its URL; nothing when the user cancels. If
+    /// empty, the window offers no mail servers. May throw `Error`.
     std::function<std::optional<std::string>()> addServer;
-    /// Opens the mail of an account on a mail server, which a URL names. Throws `Error`. Where it
-    /// is empty, no such mail is opened.
+    /// Opens the account with this URL. May throw `Error`. If empty, the window opens no mail
+    /// servers.
     std::function<std::unique_ptr<MailSession>(const std::string&, const MailStoreOptions&)>
         openServer;
     /// Shows the example mail; empty where there is none. May throw `Error`.
@@ -37,20 +37,18 @@ struct MainWindowOffers {
 
 class MainWindow : public QMainWindow, public MailClient {
  public:
-    /// Shows the mail under these paths, or of the one mail server that a URL names. Throws `Error`
-    /// when one holds no mail. Where there is no path, the window shows the mail that it finds, to
-    /// choose from.
+    /// Shows the mail at these paths, or of one mail server given as a URL; without a path, a list
+    /// of the mail on this computer. Throws `Error` when a path holds no mail.
     MainWindow(const std::vector<std::string>& paths, MailStoreOptions options, Dialogs& dialogs,
                MainWindowOffers offers = {});
 
-    /// Shows this mail in the place of what is open, and remembers it. Throws `Error`, with the
-    /// window as it was, when a path holds no mail, and, with the mail shown, when it cannot be
-    /// remembered.
+    /// Replaces the open mail by this one and remembers it. Throws `Error` when a path holds no
+    /// mail, and leaves the window unchanged, or when the mail is open but cannot be remembered.
     void open(const std::vector<std::string>& paths);
     /// Shows the mail that was chosen last, if any was.
     void openLastChoice();
 
-    /// Fails with an `Error` when no mail is open.
+    /// Throws `Error` when no mail is open.
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                            std::string_view tag) override;

@@ -19,8 +19,8 @@
 
 namespace pelk {
 
-/// It can be accepted only with a complete entry. What is wrong with an entry, and the result of a
-/// test, stand in the dialog itself.
+/// The user can accept it only with a complete entry. The dialog itself shows what is wrong with an
+/// entry, and the result of a test.
 class ServerDialog : public QDialog {
  public:
     explicit ServerDialog(QWidget* parent);

@@ -1,5 +1,5 @@
 #pragma once
-// The mail of accounts on servers, for the mail window, with the passwords.
+// Opens accounts on mail servers for the mail window, and keeps their passwords.
 
 #include <map>
 #include <memory>
@@ -14,21 +14,21 @@
 
 namespace pelk {
 
-/// Keeps a password in the keyring once the server has taken it, and in the memory as long as this
-/// lives. Only the thread of the windows may use it.
+/// Stores a password in the keyring after the server has accepted it, and keeps it in memory while
+/// this object lives. Only the thread of the windows may use it.
 class ServerMail {
  public:
     ServerMail(Keyring& keyring, Dialogs& dialogs) : keyring_(keyring), dialogs_(dialogs) {}
 
     /// Asks for an account, and returns its URL; nothing when the user cancels.
     std::optional<std::string> add();
-    /// Uses this password for the account of that URL, and keeps it in the memory alone.
+    /// Uses this password for the account with that URL, and keeps it in memory only.
     void know(const std::string& url, std::string password) {
         passwords_[url] = {std::move(password), true};
     }
-    /// Opens the account of that URL. Asks for the password where it is not known, or the server
-    /// does not take it. Says in a box when the password cannot be kept. Throws `Error` when the
-    /// server cannot be reached, or the user cancels.
+    /// Opens the account with that URL. Asks for the password if it is unknown or the server
+    /// refuses it. Shows a message if the keyring cannot store it. Throws `Error` if the server is
+    /// out of reach or the user cancels.
     std::unique_ptr<MailSession> open(const std::string& url, const MailStoreOptions& options);
 
  private:

@@ -1,5 +1,5 @@
 #pragma once
-// Opens the mail of an account on a server on another thread.
+// Opens an account on a mail server on another thread.
 
 #include <future>
 #include <memory>
@@ -10,8 +10,8 @@
 
 namespace pelk {
 
-/// Connects and logs in from its construction on. One that is no longer wanted can be destroyed at
-/// any time: the thread then ends by itself, and closes the connection.
+/// The constructor starts to connect and log in. The object can be destroyed at any time: the
+/// thread then ends by itself and closes the connection.
 class ServerOpening {
  public:
     ServerOpening(const ImapAccount& account, const std::string& password,
