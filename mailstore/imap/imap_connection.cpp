@@ -215,10 +215,10 @@ class ImapConnection::Talk {
         else if (!loggedIn_)
             command("CAPABILITY", "list its capabilities");
         if (!account_.tls && !loggedIn_)
-            encipher();
+            encrypt();
     }
 
-    void encipher() {
+    void encrypt() {
         if (!can("STARTTLS")) {
             requireLoopback();
             return;

@@ -25,7 +25,7 @@ class NetworkStream {
     /// Encrypts all further data. The server must prove that it is the host, by a certificate that
     /// the system or the file in SSL_CERT_FILE trusts.
     void startTls();
-    bool isEnciphered() const { return tls_ != nullptr; }
+    bool isEncrypted() const { return tls_ != nullptr; }
     /// Returns whether the other end is this computer.
     bool reachesLoopback() const;
 

@@ -66,7 +66,7 @@ void enter(const QWidget& dialog, const char* name, const QString& text) {
     QTest::keyClicks(&field(dialog, name), text);
 }
 
-/// An account on this machine, which need not encipher.
+/// An account on this computer, which needs no encryption.
 void enterAccount(const QWidget& dialog, std::uint16_t port, const QString& password) {
     enter(dialog, "address", "jane");
     enter(dialog, "server", "127.0.0.1");
