@@ -10,7 +10,7 @@
 namespace pelk {
 namespace {
 
-/// Stands before the base64 text and is authenticated with it.
+/// Precedes the base64 text and is authenticated with it.
 constexpr std::string_view kVersion = "PELK1:";
 constexpr std::size_t kNonceSize = 12;
 constexpr std::size_t kEncodedNonceSize = kNonceSize / 3 * 4;

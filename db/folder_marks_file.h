@@ -1,9 +1,9 @@
 #pragma once
 // The marks of folders on mail servers (`FolderMark`) on disk, see docs/database-format.md.
 //
-// A mark says that e-mails have been counted, so it holds only for the state of the database in
-// which they are. The file is written before the database; after a crash between the two, or with a
-// database that the user takes back, its marks are of no use, and all e-mails are looked at.
+// A mark says that e-mails have been counted, so it is valid only for the state of the database
+// that includes them. The file is written before the database. After a crash in between, or if the
+// user restores another database, the marks are invalid and a scan reads all e-mails.
 
 #include <optional>
 #include <string>
@@ -16,7 +16,7 @@ namespace pelk {
 
 struct LoadedFolderMarks {
     std::vector<FolderMark> marks;
-    /// What the user is to be told: that the file is damaged, and what a scan reads now.
+    /// The message for the user when the file is damaged: it says what a scan reads now.
     std::optional<std::string> notice;
 };
 
@@ -25,12 +25,12 @@ class FolderMarksFile {
     FolderMarksFile(Storage& storage, const Platform& platform)
         : storage_(storage), platform_(platform) {}
 
-    /// The marks that belong to the database as it stands; none without the file, or if it is
+    /// Returns the marks for the current state of the database; none if the file is missing or
     /// damaged. Throws `Error` when it cannot be read.
     LoadedFolderMarks load(const Database& database);
 
-    /// Has the marks saved with the database, as it stands, when that is next saved. Without any,
-    /// those that were loaded stay.
+    /// Writes the marks, for the current state of the database, just before its next save. Without
+    /// any marks, keeps the loaded ones.
     void hold(const std::vector<FolderMark>& marks, const Database& database);
 
  private:
@@ -39,7 +39,7 @@ class FolderMarksFile {
     Storage& storage_;
     Platform platform_;
     std::vector<FolderMark> loaded_;
-    /// Whether there is a file, which has to follow the database.
+    /// Whether the file exists and therefore must be updated with the database.
     bool isThere_ = false;
 };
 

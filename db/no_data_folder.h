@@ -1,5 +1,5 @@
 #pragma once
-// The system names no folder for the data of its user.
+// The error for a system that names no data folder for its user.
 
 #include "platform/error.h"
 

@@ -10,18 +10,18 @@
 namespace pelk {
 namespace {
 
-/// Fixed and public: it keeps a curious glance off the file, and tells damage. What it does not
-/// do is said in docs/database-format.md.
+/// The key is fixed and public: it protects the file from a casual look and detects damage.
+/// docs/database-format.md says what it does not do.
 constexpr std::string_view kKey = "TPPGHYQXKZPBQIVNHATUGWMSWK53927FPYTD";
 
 constexpr const char* kFolderName = "pelk";
 constexpr const char* kFileName = "pelk.db";
 constexpr const char* kPlainCopyName = "pelkdb.xml";
-/// How many copies from before a loss are kept.
+/// The number of backups.
 constexpr int kCopies = 3;
 
-/// What `judge` makes of a file's content. Its verdict, if it is one of damage, then names the
-/// file.
+/// Returns the result of `judge`, which examines the content of a file. Adds the path to the
+/// message of `DamagedData`.
 template <typename Judge>
 auto naming(const std::string& path, const Judge& judge) {
     try {
@@ -75,9 +75,9 @@ void Storage::keepBackup() {
     backupKept_ = true;
 }
 
-/// Keeps the content as a copy of that age, from 1 for the newest to `kCopies`. What was the copy
-/// of that age becomes the next older one first, so that it is there under either name at any
-/// moment.
+/// Stores the content as the backup of that age, from 1 for the newest to `kCopies`. Stores the
+/// previous backup of that age as the next older one first, so that it always exists under one of
+/// the two names.
 void Storage::keepCopy(const std::string& content, const std::string& newest, int age) {
     const std::string name = age == 1 ? newest : newest + "-" + std::to_string(age);
     if (platform_.files.fileExists(name)) {
@@ -94,7 +94,7 @@ void Storage::exportDatabase(const Database& database, const std::string& path) 
     writeEncrypted(database.xml(), path);
 }
 
-/// In the encoding that the document's declaration names.
+/// Uses the encoding that the document's declaration names.
 void Storage::writePlainCopy(const Database& database) {
     const std::optional<std::string> own = platform_.shell.ownFolder();
     const std::string folder = own ? *own : makeFolder();
@@ -161,7 +161,7 @@ std::string Storage::databaseFolder() {
     return folderIn(platform_.shell.applicationDataFolderName());
 }
 
-/// Creates the folder of the user's file when it is missing.
+/// Returns the folder of the user's file, and creates it if it is missing.
 std::string Storage::makeFolder() {
     std::string folder = folderIn(platform_.shell.applicationDataFolder());
     if (!platform_.files.folderExists(folder))
@@ -169,14 +169,14 @@ std::string Storage::makeFolder() {
     return folder;
 }
 
-/// The folder of the user's file within the data folder.
+/// Returns the folder of the user's file within the data folder.
 std::string Storage::folderIn(const std::optional<std::string>& data) {
     if (!data)
         throw NoDataFolder();
     return platform_.files.join(*data, kFolderName);
 }
 
-/// The path of a file beside the user's.
+/// Returns the path of a file in the folder of the user's file.
 std::string Storage::nameBeside(const std::string& name) {
     return platform_.files.join(databaseFolder(), name);
 }
@@ -185,14 +185,14 @@ std::string Storage::nameFile() {
     return nameBeside(kFileName);
 }
 
-/// The path of the user's file in its folder, which is created when it is missing.
+/// Returns the path of the user's file, and creates its folder if it is missing.
 std::string Storage::placeFile() {
     return platform_.files.join(makeFolder(), kFileName);
 }
 
-/// The database in the file, or an empty one when the file was damaged and has been set aside; no
-/// database when there is no file. Whoever comes here keeps other programs from writing, so what
-/// temporary files there are nobody uses.
+/// Returns the database in the file, an empty one when the file was damaged and has been renamed,
+/// or none when there is no file. Removes leftover temporary files: the caller prevents other
+/// programs from writing, so no program uses them.
 OpenedDatabase Storage::openOrSetAside(const std::string& path) {
     platform_.files.removeLeftovers(databaseFolder());
     if (!platform_.files.fileExists(path))
@@ -202,7 +202,7 @@ OpenedDatabase Storage::openOrSetAside(const std::string& path) {
         return withRightCount(parse(decrypt(content)));
     } catch (const DamagedData& error) {
         const std::string kept = freeName(path, "damaged");
-        // Made first: nothing may fail between setting the file aside and the notice.
+        // Created first, because nothing may fail after the file has been renamed.
         OpenedDatabase empty{emptyDatabase(), "The database file " + path + " cannot be used. " +
                                                   error.what() + " It has been kept as " + kept +
                                                   ", and Pelk goes on with an empty database."};
@@ -227,7 +227,7 @@ std::string Storage::decrypt(const std::string& content) {
     return cipher.decrypt(content);
 }
 
-/// A name beside the path under which nothing stands yet.
+/// Returns an unused path that begins with `path` and the purpose.
 std::string Storage::freeName(const std::string& path, const std::string& purpose) {
     const std::string first = path + "." + purpose;
     std::string name = first;
@@ -236,7 +236,7 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
     return name;
 }
 
-/// The file holds the cipher text as one line.
+/// The file consists of one line.
 void Storage::writeEncrypted(std::string text, const std::string& path) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
@@ -250,8 +250,8 @@ void Storage::writeWholeFile(const std::string& content, const std::string& path
     writeFile(path, [&content](WritableFile& file) { file.write(content); });
 }
 
-/// Fills a new file beside the old one and puts it in its place once it is safely on the disk. The
-/// new file is removed when any step fails.
+/// Fills a temporary file and moves it over the old one once it is safely on the disk. Removes the
+/// temporary file when any step fails.
 void Storage::writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill) {
     TemporaryFile fresh = platform_.files.createTemporary(path);
     try {
@@ -266,12 +266,12 @@ void Storage::writeFile(const std::string& path, const std::function<void(Writab
     }
 }
 
-/// Tidies up after a write that failed, whose own error is the one to report.
+/// Removes a temporary file after a failed write. Only the error of the write is reported.
 void Storage::removeLeftover(const std::string& path) noexcept {
     try {
         platform_.files.removeFile(path);
     } catch (const std::exception&) {
-        // It stays, under a name that nothing uses.
+        // The file remains; the next writer of the database removes it.
     }
 }
 

@@ -1,6 +1,8 @@
 #pragma once
-// The database on disk: one encrypted file in the user's data folder, and copies of it that the
-// user exports and imports.
+// The database on disk: one encrypted file in the user's data folder, and the copies that the user
+// exports and imports.
+//
+// Not thread-safe: all calls come from the thread that owns the database.
 
 #include <functional>
 #include <map>
@@ -17,74 +19,76 @@ namespace pelk {
 /// A database that is not null.
 struct OpenedDatabase {
     std::unique_ptr<Database> database;
-    /// What the user is to be told of it: what had to be put right, or that a damaged file has been
-    /// set aside and this database is an empty one.
+    /// The message for the user when the database needed a repair, or when the file was damaged and
+    /// renamed, and this database is empty.
     std::optional<std::string> notice;
 };
 
-/// Whatever needs the folder of the user's file throws `NoDataFolder` when the system names none.
+/// Functions that need the folder of the user's file throw `NoDataFolder` if the system names none.
 class Storage {
  public:
     explicit Storage(const Platform& platform) : platform_(platform) {}
 
-    /// The user's database; an empty one at the first start, when folder and file are created. A
-    /// file that is damaged or not a database is kept under another name beside it, and the
-    /// database is an empty one, in memory only. Throws `Error` when the file cannot be read or
-    /// written, or a library fails: the file is then left as it is. No other program may be saving
-    /// meanwhile.
+    /// Returns the user's database. At the first start, creates the folder and a file with an empty
+    /// database. Renames a file that is damaged or not a database, and returns an empty database in
+    /// memory. Throws `Error`, and leaves the file untouched, when it cannot be read or written, or
+    /// a library fails. Requires: no other program saves at the same time.
     OpenedDatabase loadDatabase();
 
-    /// The same for whoever may have nothing to save: at the first start, too, the empty database
-    /// stands in memory only.
+    /// Like `loadDatabase`, but creates nothing at the first start: the empty database is in memory
+    /// only. For commands that may have nothing to save.
     OpenedDatabase openDatabase();
 
-    /// The same for whoever only reads: nothing is created, renamed or written. Throws
-    /// `DamagedData` when the file is not a database.
+    /// Like `openDatabase`, but creates, renames and writes nothing. Throws `DamagedData` when the
+    /// file is not a database. For commands that only read.
     OpenedDatabase readDatabase();
 
-    /// Writes the database to the user's file. Whatever goes wrong, the file holds either what it
-    /// held or the new content, whole. Throws `Error`.
+    /// Writes the database to the user's file. Throws `Error`. After any failure, the file holds
+    /// either the complete old content or the complete new one.
     void saveDatabase(const Database& database);
 
-    /// Keeps the user's file, as it stands, beside it as "pelk.db.bak"; an earlier copy becomes
-    /// "pelk.db.bak-2" and then "pelk.db.bak-3", unless it is the same. To be called before a
-    /// change that removes contacts; only the first call of this object's life copies the file, so
-    /// that the copy is from before the first such change. Throws `Error` when it cannot be kept.
+    /// Copies the user's file to "pelk.db.bak". An earlier copy with other content becomes
+    /// "pelk.db.bak-2" and then "pelk.db.bak-3". Callers call this before each change that removes
+    /// contacts. Only the first call on this object copies the file, so the copy is from before the
+    /// first such change. Throws `Error` when the copy fails.
     void keepBackup();
 
-    /// Writes the database to a file of the user's choice, as safely. Throws `Error`.
+    /// Writes the database to a file of the user's choice, as atomically as `saveDatabase`. Throws
+    /// `Error`.
     void exportDatabase(const Database& database, const std::string& path);
 
-    /// Writes the database, not encrypted, as "pelkdb.xml": beside the add-in, or where the
-    /// program's folder is not the user's own, beside the user's file. Throws `Error`.
+    /// Writes the database without encryption to "pelkdb.xml": next to the add-in, or next to the
+    /// user's file if the program's folder does not belong to the user. Throws `Error`.
     void writePlainCopy(const Database& database);
 
-    /// The database in an exported file. Throws `DamagedData` when the file is not a database, and
-    /// `Error` when it cannot be read.
+    /// Returns the database in an exported file. Throws `DamagedData` when the file is not a
+    /// database, and `Error` when it cannot be read.
     std::unique_ptr<Database> importDatabase(const std::string& path);
 
-    /// Replaces the user's file by the database, and keeps the file that was there beside it.
-    /// Returns the path under which it is kept, empty when there was none. Throws `Error`.
+    /// Replaces the user's file with the database, and keeps the old file next to it. Returns the
+    /// path of the old file; empty when there was none. Throws `Error`.
     std::string replaceDatabase(const Database& database);
 
-    /// The path of the folder of the user's file, which may be missing.
+    /// Returns the path of the folder of the user's file. The folder need not exist.
     std::string databaseFolder();
 
-    /// The text of a sealed document that lies beside the database under that file name; nothing
-    /// when there is none. Throws `DamagedData`, or `Error` when it cannot be read.
+    /// Returns the text of the encrypted file with that name in the database's folder; nothing when
+    /// there is none. Throws `DamagedData`, or `Error` when the file cannot be read.
     std::optional<std::string> readBeside(const std::string& name);
 
-    /// Seals the text and writes it beside the database, as safely. Throws `Error`.
+    /// Encrypts the text and writes it to a file with that name in the database's folder, as
+    /// atomically as `saveDatabase`. Throws `Error`.
     void writeBeside(const std::string& name, std::string text);
 
-    /// Has `writeBeside` done just before the database is next saved: a save that cannot write the
-    /// text fails and writes no database either. Until then `readBeside` gives this text.
+    /// Delays `writeBeside` until just before the next save of the database. If the text cannot be
+    /// written, that save fails and writes no database either. Until then `readBeside` returns this
+    /// text.
     void holdBeside(const std::string& name, std::string text);
 
-    /// Removes it, if it is there. Throws `Error`.
+    /// Removes that file if it exists. Throws `Error`.
     void removeBeside(const std::string& name);
 
-    /// A database from a plain document. Throws `DamagedData` when the text is no such document.
+    /// Returns the database in a plain document. Throws `DamagedData` when the text is not one.
     std::unique_ptr<Database> parse(std::string xml);
 
  private:
@@ -106,7 +110,7 @@ class Storage {
     void writeHeld();
 
     Platform platform_;
-    /// Texts by the names under which they are to be written.
+    /// The delayed texts by file name.
     std::map<std::string, std::string> held_;
     bool backupKept_ = false;
 };

@@ -16,9 +16,9 @@ std::size_t countShared(const std::vector<std::uint64_t>& a, const std::vector<s
     }));
 }
 
-/// A store that was small when it was counted may have grown, and then all of its first e-mails are
-/// still there. One or two of them tell nothing, unless they are all there is: lists send the same
-/// e-mail to many.
+/// A small store may have grown since it was counted, and then still has all of its first e-mails.
+/// One or two common e-mails prove nothing, unless the store has no others, because lists send the
+/// same e-mail to many people.
 bool isSameMail(const std::vector<std::uint64_t>& before, const std::vector<std::uint64_t>& now) {
     constexpr std::size_t kTelling = 3;
     const std::size_t shared = countShared(before, now);
@@ -30,7 +30,7 @@ bool isSameMail(const std::vector<std::uint64_t>& before, const std::vector<std:
 
 }  // namespace
 
-/// The root of a file system ends with the slash that every other place is followed by.
+/// The root of a file system ends with a slash, unlike every other place.
 bool encloses(std::string_view outer, std::string_view inner) {
     return inner.starts_with(outer) &&
            (inner.size() == outer.size() || outer.ends_with('/') || inner[outer.size()] == '/');

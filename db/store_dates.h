@@ -1,9 +1,8 @@
 #pragma once
-// Until when the e-mails of each mail store have been counted.
+// The date up to which the e-mails of each mail store have been counted.
 //
-// A store, or a folder in one, is known by its place (`MailFolder::place`). What is remembered of a
-// place holds for all places inside it, except for those that something is remembered of
-// themselves.
+// A place (`MailFolder::place`) identifies a store, or a folder in one. The entry of a place
+// applies to all places inside it that have no entry of their own.
 
 #include <cstdint>
 #include <string>
@@ -15,50 +14,50 @@
 
 namespace pelk {
 
-/// Whether `inner` is the place `outer`, or lies inside it.
+/// Returns whether `inner` is the place `outer` or inside it.
 bool encloses(std::string_view outer, std::string_view inner);
 
 struct StoreDate {
     std::string place;
-    /// When a scan first counted it; `kNeverScanned` when that was before anybody took note.
+    /// The stamp of the scan that first counted the store; `kNeverScanned` if it is unknown.
     std::string first;
-    /// E-mails with a stamp up to this one have been counted.
+    /// All e-mails with a stamp up to this one have been counted.
     std::string date;
-    /// Beside those, these have been counted.
+    /// Later e-mails that have been counted, too.
     CountedAhead ahead;
-    /// Fingerprints of its first e-mails, by which it is known again at another place.
+    /// The fingerprints of the first e-mails, which identify the store at another place.
     std::vector<std::uint64_t> sample;
 };
 
 class StoreDates {
  public:
-    /// From when on the e-mails of a place are counted of which nothing is remembered.
+    /// Returns the date after which e-mails are counted at a place without an entry.
     std::string unknownSince{kNeverScanned};
 
     const std::vector<StoreDate>& all() const { return all_; }
     void add(StoreDate date) { all_.push_back(std::move(date)); }
 
-    /// What holds for the place; null when nothing is remembered of it.
+    /// Returns the entry that applies to the place; null when there is none.
     const StoreDate* governing(const std::string& place) const;
-    /// All e-mails counted ahead at the place, inside it and around it.
+    /// Returns all e-mails counted ahead at the place, inside it and around it.
     CountedAhead aheadAround(const std::string& place) const;
 
-    /// Whether there are samples of stores that lie neither inside the place nor around it.
+    /// Returns whether there are samples of stores neither inside the place nor around it.
     bool hasSampleApartFrom(const std::string& place) const;
-    /// The first such store whose sample shares half with this one, or has grown to it; null when
-    /// there is none.
+    /// Returns the first such store whose sample shares half of this one, or has grown into it;
+    /// null when there is none.
     const StoreDate* sameMail(const std::string& place,
                               const std::vector<std::uint64_t>& sample) const;
-    /// Remembers of `to` and what is inside it whatever is remembered of `from`, and forgets `from`
-    /// unless it is still there.
+    /// Copies the entries of `from` and of the places inside it to `to`. Removes them from `from`
+    /// unless it still exists.
     void move(const std::string& from, const std::string& to, bool stillThere);
 
-    /// Puts a store's date in the place of all dates at its place and inside it. Some of it could
-    /// not be read and has dates of its own: what is remembered inside of those places stays.
+    /// Replaces all dates at and inside the store's place by the store's date. Keeps the entries
+    /// inside the places that could not be read, which have dates of their own.
     void put(StoreDate store, std::vector<StoreDate> unread);
 
-    /// Makes the best of dates that belong to another state of the database than that of `stamp`:
-    /// nothing is taken for counted that was counted after it.
+    /// Adapts dates that belong to another state of the database to the state of `stamp`: e-mails
+    /// counted after it do not count as counted.
     void forgetAfter(const std::string& stamp);
 
  private:

@@ -14,8 +14,8 @@ namespace {
 
 constexpr const char* kName = "pelk-stores.db";
 
-/// How many states of the database the file holds at most. Two would do for a crash between the two
-/// saves; the others are for databases that the user takes back, and for saves that fail in a row.
+/// The maximum number of states in the file. Two suffice for a crash between the two saves; the
+/// others are for databases that the user restores, and for several failed saves.
 constexpr std::size_t kStates = 6;
 
 std::string textOfPrints(const std::vector<std::uint64_t>& prints) {
@@ -78,7 +78,7 @@ void StoreDatesFile::hold(const StoreDates& dates, const Database& database) {
     states_.push_back(stateOf(database, dates));
     if (states_.size() > kStates)
         states_.erase(states_.begin(), states_.end() - kStates);
-    // A mail client that does not tell its stores apart needs no file.
+    // A mail client whose stores have no places needs no file.
     if (std::any_of(states_.begin(), states_.end(),
                     [](const State& state) { return !state.dates.all().empty(); }))
         storage_.holdBeside(kName, text());
@@ -88,7 +88,7 @@ StoreDatesFile::State StoreDatesFile::stateOf(const Database& database, StoreDat
     return {database.date(), database.totalMails(), std::move(dates)};
 }
 
-/// Reads the file. Returns what the user is to be told of a damaged one.
+/// Reads the file. Returns the message for the user when it is damaged.
 std::optional<std::string> StoreDatesFile::readOrNotice(const std::string& date) {
     try {
         read();
@@ -119,8 +119,9 @@ void StoreDatesFile::read() {
     fileIsUsable_ = true;
 }
 
-/// Makes the dates of that state of the database the latest ones. False when there are none. The
-/// counter tells apart two scans within one second; an import changes it, and not the date.
+/// Makes the dates of that state of the database the latest ones. Returns false when there are
+/// none. The counter distinguishes two scans within one second; an import changes it, but not the
+/// date.
 bool StoreDatesFile::takeMatching(const Database& database) {
     if (database.date() == kNeverScanned)
         return false;

@@ -1,9 +1,9 @@
 #pragma once
 // The dates of the mail stores on disk, see docs/database-format.md.
 //
-// They have a file of their own, as the database's document stays as it is. The file is written
-// before the database, and a crash may come between: so it holds the dates for several states of
-// the database, and those of the state that is found are taken.
+// The dates are in a separate file because the format of the database's document is fixed. The file
+// is written before the database, and a crash may occur in between. So the file holds the dates for
+// several states of the database, and `load` uses those of the current state.
 
 #include <optional>
 #include <string>
@@ -17,7 +17,7 @@ namespace pelk {
 /// The dates that belong to a database.
 struct LoadedStoreDates {
     StoreDates dates;
-    /// What the user is to be told: that the file is damaged, and what a scan counts now.
+    /// The message for the user when the file is damaged: it says what a scan counts now.
     std::optional<std::string> notice;
 };
 
@@ -26,13 +26,13 @@ class StoreDatesFile {
     StoreDatesFile(Storage& storage, const Platform& platform)
         : storage_(storage), platform_(platform) {}
 
-    /// The dates that belong to the database as it stands. Where none are remembered (the first
-    /// scan since there are such dates; a damaged file), all stores have been counted until the
+    /// Returns the dates for the current state of the database. If there are none (the database is
+    /// older than the file, or the file is damaged), all stores count as counted up to the
     /// database's date. Throws `Error` when the file cannot be read.
     LoadedStoreDates load(const Database& database);
 
-    /// Has these dates, which belong to the database as it stands now, written just before the
-    /// database is next saved. To be called after `load`.
+    /// Writes these dates, which belong to the current state of the database, just before the next
+    /// save of the database. Requires: `load` was called.
     void hold(const StoreDates& dates, const Database& database);
 
  private:
@@ -53,7 +53,7 @@ class StoreDatesFile {
     Storage& storage_;
     Platform platform_;
     bool fileIsUsable_ = false;
-    /// The latest last.
+    /// In order; the latest state is the last.
     std::vector<State> states_;
 };
 

@@ -8,7 +8,7 @@
 #include "mailstore/mail_text.h"
 #include "mailstore/message_time.h"
 #include "mailstore/mozilla_status.h"
-#include "platform/side_by_side.h"
+#include "platform/parallel.h"
 
 namespace pelk {
 namespace {
@@ -138,7 +138,7 @@ std::vector<Part> scanParts(const MailFile& file) {
         for (std::size_t i = next++; i < parts.size(); i = next++)
             parts[i] = scan.run(i * kPartSize);
     };
-    sideBySide(scanSome, scanSome);
+    runInParallel(scanSome, scanSome);
     return parts;
 }
 

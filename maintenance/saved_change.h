@@ -1,6 +1,6 @@
 #pragma once
-// The save after a change that a command of the user made, and what comes of one that fails: a
-// command line ends with the fault, a program that goes on keeps the change in memory.
+// Saves the database after a user's change. If that fails, a command line ends with the error, and
+// a program with windows keeps the change in memory.
 
 #include <functional>
 #include <string>
@@ -12,12 +12,12 @@
 
 namespace pelk {
 
-/// The change stands in memory and could not be saved. `what()` says why.
+/// The change is in memory and could not be saved. `what()` says why.
 class UnsavedChange : public Error {
  public:
     UnsavedChange(const std::string& why, std::string notice)
         : Error(why), notice_(std::move(notice)) {}
-    /// What the user of a program that goes on is told.
+    /// The message for the user of a program that continues.
     const std::string& notice() const { return notice_; }
 
  private:
@@ -27,8 +27,7 @@ class UnsavedChange : public Error {
 /// Throws `UnsavedChange` when the database cannot be saved.
 void saveChange(const Database& database, Storage& storage);
 
-/// Does what the user wants done, and tells when the change stands in memory only. Everything else
-/// that `act` throws it lets through.
+/// Runs `act`, and shows a message if its change is in memory only. Passes on all other exceptions.
 void tellIfUnsaved(Dialogs& dialogs, const std::function<void()>& act);
 
 }  // namespace pelk

@@ -1,5 +1,6 @@
 #pragma once
-// Modal boxes: messages, a line of text, files to choose.
+// Modal boxes for messages, a line of text, and the choice of files. Only the thread that owns the
+// windows may call.
 
 #include <string>
 

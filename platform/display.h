@@ -1,5 +1,6 @@
 #pragma once
-// What the windows of a program share: the clipboard, the pointer, and the events that wait.
+// The clipboard, the pointer and the pending events, which all windows share. Only the thread that
+// owns the windows may call.
 
 #include <string>
 
@@ -9,14 +10,15 @@ class Display {
  public:
     virtual ~Display() = default;
 
-    /// Replaces what is on the clipboard by plain text. Throws `Error` when another program keeps
-    /// the clipboard to itself.
+    /// Replaces the content of the clipboard by plain text. Throws `Error` when another program
+    /// locks the clipboard.
     virtual void copyToClipboard(const std::string& text) = 0;
 
-    /// Shows the hourglass pointer over all windows, or the normal one again. Not counted.
+    /// Shows the hourglass pointer over all windows, or the normal one again. Calls are not
+    /// counted.
     virtual void setBusyPointer(bool busy) = 0;
 
-    /// Handles the events that wait, and returns.
+    /// Handles the pending events, and returns.
     virtual void processPendingEvents() = 0;
 };
 

@@ -1,6 +1,5 @@
 #pragma once
-// Everything that a form is given to show itself with, in one hand. A program without windows has
-// none of it.
+// The services of a program with windows, for its forms.
 
 #include "platform/controls.h"
 #include "platform/dialogs.h"
@@ -8,7 +7,7 @@
 
 namespace pelk {
 
-/// References to services that outlive whoever holds this.
+/// The services outlive this object.
 struct UserInterface {
     Toolkit& toolkit;
     Dialogs& dialogs;

@@ -1,5 +1,5 @@
 #pragma once
-// The XML document model in which the database lives. A platform supplies an `XmlLibrary`
+// The XML document model of the database. A platform supplies an `XmlLibrary`
 // and an `XmlDocument`; the rest of the program sees elements only, never a library's nodes.
 
 #include <array>
@@ -16,45 +16,45 @@
 
 namespace pelk {
 
-/// A query that the document model cannot read, for example one into which a value with an
-/// apostrophe was spliced.
+/// The error for a query that the document model cannot parse, for example because a value in it
+/// contains an apostrophe.
 class MalformedQuery : public Error {
  public:
     explicit MalformedQuery(const std::string& query) : Error("Malformed query: " + query) {}
 };
 
-/// How deep the elements of a document may stand, the root being the first level: as deep as MSXML
-/// 6.0 takes. What walks down a document may call itself once for each level.
+/// The maximum nesting depth of elements, which is that of MSXML 6.0; the root is at level 1. So a
+/// function may recurse once for each level.
 inline constexpr int kDeepestNesting = 256;
 
-/// What is wrong with a document that nests deeper.
+/// Returns the error text for a document with deeper nesting.
 inline std::string nestingFault() {
     return "elements nested deeper than " + std::to_string(kDeepestNesting) + " levels";
 }
 
-/// What an XML library supplies for the elements of its documents. A node is the library's own
-/// pointer; none is null unless the comment says so. All text is UTF-8. Throws `Error` when the
-/// library fails, and `std::bad_alloc`.
+/// The operations of an XML library on elements. A node is the library's own pointer, and is not
+/// null unless the comment says so. All text is UTF-8. Throws `Error` when the library fails, and
+/// `std::bad_alloc`. Only one thread at a time may use a document and its elements.
 class XmlLibrary {
  public:
     using Node = void*;
 
     virtual ~XmlLibrary() = default;
 
-    /// Each node that is handed out has been retained for its receiver, who releases it.
+    /// Each node that a function returns is retained; the receiver releases it.
     virtual void retain(Node node) const = 0;
     virtual void release(Node node) const = 0;
 
     virtual std::string name(Node node) const = 0;
     virtual std::optional<std::string> attribute(Node node, const char* name) const = 0;
-    /// Fills `values` with those of the attributes named, and with empty text where there is none.
+    /// Fills `values` with the values of the named attributes; empty text for a missing one.
     virtual void texts(Node node, std::span<const char* const> names,
                        std::span<std::string> values) const {
         for (std::size_t i = 0; i < names.size(); ++i)
             values[i] = attribute(node, names[i]).value_or(std::string());
     }
     virtual void setAttribute(Node node, const char* name, const std::string& value) const = 0;
-    /// The neighbours below are elements; null when there is none.
+    /// The following two functions return elements only; null when there is none.
     virtual Node firstChild(Node node) const = 0;
     virtual Node nextSibling(Node node) const = 0;
     virtual Node appendElement(Node parent, const char* name) const = 0;
@@ -64,7 +64,7 @@ class XmlLibrary {
 };
 
 /// A reference to one element, or to none. Copies refer to the same element. An element that was
-/// removed from its document, or whose document was loaded anew, must not be used any more.
+/// removed from its document, or whose document was loaded again, must not be used.
 class XmlElement {
  public:
     XmlElement() = default;
@@ -96,7 +96,7 @@ class XmlElement {
     }
     /// The attribute's value, empty when there is none.
     std::string text(const char* name) const { return attribute(name).value_or(std::string()); }
-    /// The same for several attributes at once: quickest in the order in which they stand.
+    /// Returns several attributes at once; fastest in the order of the document.
     template <typename... Names>
     std::array<std::string, sizeof...(Names)> texts(Names... names) const {
         const std::array<const char*, sizeof...(Names)> all{names...};
@@ -104,12 +104,12 @@ class XmlElement {
         library_->texts(node_, all, values);
         return values;
     }
-    /// Changes the attribute in place, or adds it behind those that are there.
+    /// Changes the attribute in place, or appends it.
     void setAttribute(const char* name, const std::string& value) const {
         library_->setAttribute(node_, name, value);
     }
 
-    /// The neighbouring element; an empty reference when there is none. Text is passed over.
+    /// The neighbouring element; an empty reference when there is none. Skips text.
     XmlElement firstChild() const { return {*library_, library_->firstChild(node_)}; }
     XmlElement nextSibling() const { return {*library_, library_->nextSibling(node_)}; }
 
@@ -118,11 +118,11 @@ class XmlElement {
         return {*library_, library_->appendElement(node_, name)};
     }
     /// Appends a copy of an element, with all below it, as the last child of this one. The original
-    /// may stand in another document of the same kind.
+    /// may belong to another document of the same library.
     XmlElement appendCopy(const XmlElement& original) const {
         return {*library_, library_->appendCopy(node_, original.node_)};
     }
-    /// Takes this element with all below it out of the document.
+    /// Removes this element and everything below it from the document.
     void remove() const { library_->remove(node_); }
 
     /// The elements that an XPath 1.0 query selects, in document order. A query that starts with
@@ -145,15 +145,15 @@ class XmlDocument {
     virtual ~XmlDocument() = default;
 
     /// Replaces the content by the document in `text` (UTF-8, whatever encoding its declaration
-    /// names), which a library may keep and read in its place. Returns false, with the document
+    /// names). The library may keep `text` and parse it in place. Returns false, with the document
     /// empty and `parseError` set, when the text is not one well-formed document, or nests deeper
     /// than `kDeepestNesting`. External entities and document types are never followed. Throws
-    /// `Error` when the library fails, and `std::bad_alloc`: neither says anything of the text.
+    /// `Error` when the library fails, and `std::bad_alloc`; neither says anything about the text.
     virtual bool loadXml(std::string text) = 0;
-    /// What the last `loadXml` stumbled on, in a few words; empty when it did not fail.
+    /// Returns the error of the last `loadXml` in a few words; empty when it succeeded.
     virtual std::string parseError() const = 0;
 
-    /// The whole document as UTF-8, in the one form that every platform writes: the declaration
+    /// Returns the whole document as UTF-8 in the canonical form of all platforms: the declaration
     /// `<?xml version="1.0" encoding="UTF-16"?>`, no white space between elements, attributes in
     /// order within double quotes, `<name/>` for an element without children, and in attributes
     /// the characters & < " escaped by name.

@@ -103,7 +103,7 @@ void domainLinks(CommandRun& run) {
 constexpr std::size_t kAnyNumber = static_cast<std::size_t>(-1);
 
 constexpr std::array kCommands{
-    Command{"stores", 0, 0, "nothing more", storesCommand},
+    Command{"stores", 0, 0, "no operands", storesCommand},
     Command{"scan", 1, kAnyNumber, "at least one operand", scan},
     Command{"contacts", 0, 0, "no operands", listContacts},
     Command{"relations", 1, 1, "one contact", listRelations},

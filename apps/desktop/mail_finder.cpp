@@ -4,12 +4,12 @@
 #include <exception>
 #include <utility>
 
-#include "platform/side_by_side.h"
+#include "platform/parallel.h"
 
 namespace pelk {
 
 MailFinder::MailFinder(UserPlaces places, MailFinderNews news) : news_(std::move(news)) {
-    work_ = startAside([this, places = std::move(places)] { look(places); });
+    work_ = runAsync([this, places = std::move(places)] { look(places); });
     // If the system has no thread left, this one searches after the window is open.
     if (work_.wait_for(std::chrono::seconds(0)) == std::future_status::deferred)
         hand([this] { work_.get(); });

@@ -9,7 +9,7 @@
 #include <span>
 
 #include "platform/ascii.h"
-#include "platform/side_by_side.h"
+#include "platform/parallel.h"
 
 namespace pelk {
 namespace {
@@ -46,8 +46,8 @@ Entries sortedHalves(std::span<const std::string_view> texts, const QCollator& c
     const std::size_t middle = texts.size() / 2;
     Entries first;
     Entries second;
-    sideBySide([&] { second = sortedEntries(texts.subspan(middle), middle, other); },
-               [&] { first = sortedEntries(texts.first(middle), 0, collator); });
+    runInParallel([&] { second = sortedEntries(texts.subspan(middle), middle, other); },
+                  [&] { first = sortedEntries(texts.first(middle), 0, collator); });
     Entries all;
     all.reserve(texts.size());
     std::merge(first.begin(), first.end(), second.begin(), second.end(), std::back_inserter(all),

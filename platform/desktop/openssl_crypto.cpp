@@ -29,14 +29,14 @@ unsigned char* bytesOf(std::string& text) {
     return reinterpret_cast<unsigned char*>(text.data());
 }
 
-/// OpenSSL counts in int, and what is written must be readable.
+/// OpenSSL counts in int; half of its range leaves room for base64, so a file stays readable.
 int sizeOf(std::string_view text) {
     if (text.size() > INT_MAX / 2)
         throw Error("The database is too large to be encrypted.");
     return static_cast<int>(text.size());
 }
 
-/// Throws what the library says of its last failure.
+/// Throws an `Error` with the library's reason for its last failure.
 [[noreturn]] void fail() {
     std::string reason;
     while (const unsigned long code = ERR_get_error()) {
@@ -54,8 +54,8 @@ void require(bool success) {
         fail();
 }
 
-/// Makes the library ready. Where it lacks the memory for that it would use a lock that is not
-/// there in whatever it is asked to do next.
+/// Initializes the library. Without enough memory for that, its next function would use a lock that
+/// does not exist.
 void requireLibrary() {
     require(OSSL_LIB_CTX_get0_global_default() != nullptr);
 }
@@ -67,8 +67,8 @@ CipherContext createContext() {
     return context;
 }
 
-/// Writes the bytes for base64 text of whole groups of four. Returns false when the library does
-/// not read it as that many bytes.
+/// Decodes base64 text of whole groups of four characters. Returns false when the library rejects
+/// it.
 bool decodeGroups(std::string_view text, char* bytes) {
     const std::size_t size = text.size() / 4 * 3;
     return EVP_DecodeBlock(reinterpret_cast<unsigned char*>(bytes), bytesOf(text), sizeOf(text)) ==
@@ -121,14 +121,14 @@ std::optional<std::string> OpensslCrypto::open(std::string_view key, std::string
     ERR_clear_error();
     if (EVP_DecryptFinal_ex(context.get(), nullptr, &size) == 1)
         return sealed;
-    // The library calls a tag that differs no error of its own.
+    // The library reports no error for a wrong tag.
     if (ERR_peek_error() != 0)
         fail();
     return std::nullopt;
 }
 
 std::string OpensslCrypto::base64(std::string_view bytes) const {
-    // The library ends its text with a NUL, for which the string has room anyway.
+    // The library appends a NUL, for which the string has room.
     std::string text((bytes.size() + 2) / 3 * 4, '\0');
     EVP_EncodeBlock(bytesOf(text), bytesOf(bytes), sizeOf(bytes));
     return text;
@@ -136,13 +136,13 @@ std::string OpensslCrypto::base64(std::string_view bytes) const {
 
 std::optional<std::string> OpensslCrypto::fromBase64(std::string_view text) const {
     std::string bytes(text.size() / 4 * 3, '\0');
-    // The library passes over blanks at either end.
+    // The library skips white space at both ends.
     if (text.size() % 4 != 0 || !decodeGroups(text, bytes.data()))
         return std::nullopt;
-    // It reads "=" anywhere as no bits, and counts padding as bytes.
+    // The library accepts "=" anywhere, and counts padding as bytes.
     const std::size_t padding = text.ends_with("==") ? 2 : text.ends_with('=') ? 1 : 0;
     bytes.resize(bytes.size() - padding);
-    // The last four characters may carry bits that belong to no byte.
+    // The last four characters may contain unused bits.
     const std::string_view end = text.substr(text.size() - std::min<std::size_t>(text.size(), 4));
     const std::string_view endBytes =
         std::string_view(bytes).substr((text.size() - end.size()) / 4 * 3);

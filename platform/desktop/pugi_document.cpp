@@ -18,14 +18,14 @@ XmlLibrary::Node unwrap(pugi::xml_node node) {
     return node.internal_object();
 }
 
-/// The first of `node` and the siblings after it that is an element.
+/// Returns the first element among `node` and its following siblings.
 XmlLibrary::Node elementFrom(pugi::xml_node node) {
     while (node && node.type() != pugi::node_element)
         node = node.next_sibling();
     return unwrap(node);
 }
 
-/// The library answers with null, or false, when it has no memory.
+/// The library returns null or false when it has no memory.
 void requireMemory(bool given) {
     if (!given)
         throw std::bad_alloc();
@@ -78,7 +78,7 @@ class PugiLibrary : public XmlLibrary {
 
     Node appendElement(Node parent, const char* name) const override {
         const pugi::xml_node child = wrap(parent).append_child(name);
-        // The name is set apart from the element.
+        // The library allocates the name separately.
         if (std::string_view(child.name()) != name) {
             wrap(parent).remove_child(child);
             throw std::bad_alloc();
@@ -88,7 +88,7 @@ class PugiLibrary : public XmlLibrary {
 
     Node appendCopy(Node parent, Node original) const override {
         pugi::xml_node copy = wrap(parent).append_copy(wrap(original));
-        // A copy for which there was no memory ends anywhere.
+        // Without enough memory, the copy is incomplete.
         if (!copy || textOf(copy) != textOf(wrap(original))) {
             wrap(parent).remove_child(copy);
             throw std::bad_alloc();
@@ -153,7 +153,7 @@ class PugiDocument : public XmlDocument {
     XmlElement root() const override { return {library(), unwrap(document_.document_element())}; }
 
  private:
-    /// The text that was loaded, changed by the library, whose nodes point into it.
+    /// The loaded text. The library has changed it, and its nodes point into it.
     std::string text_;
     pugi::xml_document document_;
     std::string error_;

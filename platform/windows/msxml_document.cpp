@@ -32,7 +32,7 @@ void require(HRESULT result, const char* what) {
 
 constexpr const char* kFindNode = "find a node";
 
-/// An element is held by its element interface, which is its node interface, too.
+/// A node is held by its element interface, which is also its node interface.
 IXMLDOMElement* wrap(XmlLibrary::Node node) {
     return static_cast<IXMLDOMElement*>(node);
 }
@@ -47,7 +47,7 @@ bool isElement(const ComPtr<IXMLDOMNode>& node) {
     return type == NODE_ELEMENT;
 }
 
-/// The first of `node` and the siblings after it that is an element.
+/// Returns the first element among `node` and its following siblings.
 XmlLibrary::Node elementFrom(ComPtr<IXMLDOMNode> node) {
     while (node && !isElement(node)) {
         ComPtr<IXMLDOMNode> next;
@@ -156,8 +156,8 @@ const MsxmlLibrary& library() {
     return theLibrary;
 }
 
-/// What the text must not hold although the library would read it; empty when it holds nothing of
-/// that kind. Found out beforehand, as entities can swell and deep nesting can exhaust the stack.
+/// Returns an error for text that the library accepts but must not get; empty otherwise. Entities
+/// can expand without limit, and deep nesting can exhaust the stack.
 std::string faultOfText(std::string_view text) {
     if (!isXmlText(text))
         return "bytes that are not UTF-8 text";
@@ -174,8 +174,7 @@ std::string faultOfText(std::string_view text) {
     return {};
 }
 
-/// The text without the mark and declaration that it may begin with: they speak of the encoding
-/// that it had elsewhere.
+/// Returns the text without a byte order mark and declaration, which name the encoding of the file.
 std::string_view withoutDeclaration(std::string_view text) {
     if (text.starts_with("\xEF\xBB\xBF"))
         text.remove_prefix(3);

@@ -52,7 +52,7 @@ const std::set<std::string> kMailstoreIncludes{
     "platform/clock.h",
     "platform/error.h",
     "platform/mail_client.h",
-    "platform/side_by_side.h",
+    "platform/parallel.h",
     "sqlite3.h",
     "platform/utf8.h",
     "sys/stat.h",

@@ -5,7 +5,7 @@
 
 namespace pelk {
 
-/// Requires: a QApplication. Boxes stand over the active window.
+/// Requires: a QApplication. Boxes open over the active window.
 class QtDialogs : public Dialogs {
  public:
     Answer message(const std::string& text, Buttons buttons) override;

@@ -12,7 +12,7 @@ void QtDisplay::copyToClipboard(const std::string& text) {
     const QString copied = QString::fromStdString(text);
     QClipboard& clipboard = *QGuiApplication::clipboard();
     clipboard.setText(copied);
-    // Qt itself does not tell whether the clipboard was to be had.
+    // Qt does not report whether it could write to the clipboard.
     if (clipboard.text() != copied)
         throw Error("The text could not be copied: another program keeps the clipboard.");
 }

@@ -5,7 +5,7 @@
 
 namespace pelk {
 
-/// Boxes stand over the window of this thread that is active, and keep the user from all others.
+/// Boxes open over the active window of this thread, and disable all others.
 class Win32Dialogs : public Dialogs {
  public:
     Answer message(const std::string& text, Buttons buttons) override;
