@@ -1,7 +1,7 @@
 #include "platform/windows/cng_crypto.h"
 
 #include <windows.h>
-// The line above comes first.
+// Requires the include above.
 #include <bcrypt.h>
 #include <wincrypt.h>
 
@@ -18,19 +18,19 @@ constexpr std::size_t kDigestSize = 32;
 /// STATUS_AUTH_TAG_MISMATCH, whose header cannot be used beside windows.h.
 constexpr NTSTATUS kTagMismatch = static_cast<NTSTATUS>(0xC000A002);
 
-/// The library reads its input through pointers to what might be changed.
+/// The library takes its input as non-const pointers but only reads it.
 UCHAR* bytesOf(std::string_view text) {
     return reinterpret_cast<UCHAR*>(const_cast<char*>(text.data()));
 }
 
-/// The library counts in 32 bits, and base64 needs a third more than the bytes.
+/// The library's lengths have 32 bits, and base64 needs a third more than the bytes.
 ULONG sizeOf(std::string_view text) {
     if (text.size() > INT_MAX / 2)
         throw Error("The database is too large to be encrypted.");
     return static_cast<ULONG>(text.size());
 }
 
-/// STATUS_NO_MEMORY, likewise.
+/// STATUS_NO_MEMORY, whose header cannot be used beside windows.h either.
 constexpr NTSTATUS kNoMemory = static_cast<NTSTATUS>(0xC0000017);
 
 void require(bool success) {
@@ -44,7 +44,7 @@ void require(NTSTATUS status) {
     require(status >= 0);
 }
 
-/// Whether the text is such as `base64` writes, the bits at its end aside.
+/// Whether `base64` could have written the text. Ignores the unused bits at its end.
 bool looksLikeBase64(std::string_view text) {
     const std::string_view inner = text.substr(0, text.find_last_not_of('=') + 1);
     return text.size() % 4 == 0 && text.size() - inner.size() <= 2 &&
@@ -53,7 +53,7 @@ bool looksLikeBase64(std::string_view text) {
                "+/") == std::string_view::npos;
 }
 
-/// An algorithm of the library, with a hash or a key of it.
+/// Owns an algorithm of the library, and a hash or a key.
 class Algorithm {
  public:
     Algorithm(const wchar_t* name, ULONG flags) {
@@ -91,7 +91,7 @@ class Algorithm {
     BCRYPT_KEY_HANDLE key_ = nullptr;
 };
 
-/// What goes with a GCM operation beside the text. `tag` is written by one, read by the other.
+/// The arguments of a GCM operation beside the text. Encryption writes `tag`, decryption reads it.
 BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO modeInfo(std::string_view nonce, std::string_view header,
                                                std::string_view tag) {
     BCRYPT_AUTHENTICATED_CIPHER_MODE_INFO info;
@@ -165,10 +165,10 @@ std::string CngCrypto::base64(std::string_view bytes) const {
 }
 
 std::optional<std::string> CngCrypto::fromBase64(std::string_view text) const {
-    // The library would take a length of 0 for a text that ends in a NUL.
+    // For a length of 0, the library would read until a NUL.
     if (text.empty())
         return std::string();
-    // What is refused here would be a failure of the library there.
+    // The library would report this input as a failure of its own.
     if (!looksLikeBase64(text))
         return std::nullopt;
     DWORD size = sizeOf(text);
@@ -176,7 +176,7 @@ std::optional<std::string> CngCrypto::fromBase64(std::string_view text) const {
     require(CryptStringToBinaryA(text.data(), sizeOf(text), CRYPT_STRING_BASE64, bytesOf(bytes),
                                  &size, nullptr, nullptr) != FALSE);
     bytes.resize(size);
-    // What the library lets pass differs from version to version.
+    // Versions of the library differ in what they accept.
     if (base64(bytes) != text)
         return std::nullopt;
     return bytes;

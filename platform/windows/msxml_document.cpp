@@ -1,7 +1,7 @@
 #include "platform/windows/msxml_document.h"
 
 #include "platform/windows/com.h"
-// The line above brings windows.h, on which this one builds.
+// Requires the include above.
 #include <msxml2.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ void require(HRESULT result, const char* what) {
 
 constexpr const char* kFindNode = "find a node";
 
-/// A node is held by its element interface, which is also its node interface.
+/// A node is a pointer to its element interface, which is also its node interface.
 IXMLDOMElement* wrap(XmlLibrary::Node node) {
     return static_cast<IXMLDOMElement*>(node);
 }
@@ -143,7 +143,7 @@ class MsxmlLibrary : public XmlLibrary {
             throw MalformedQuery(query);
         return found;
     }
-    /// The next of the nodes found; null behind the last.
+    /// Returns the next node found; null after the last.
     static ComPtr<IXMLDOMNode> nextOf(const ComPtr<IXMLDOMNodeList>& found) {
         ComPtr<IXMLDOMNode> node;
         require(found->nextNode(node.put()), kFindNode);
@@ -156,8 +156,8 @@ const MsxmlLibrary& library() {
     return theLibrary;
 }
 
-/// Returns an error for text that the library accepts but must not get; empty otherwise. Entities
-/// can expand without limit, and deep nesting can exhaust the stack.
+/// Returns an error for text that the library accepts but must not be given; otherwise empty.
+/// Entities can expand without limit, and deep nesting can exhaust the stack.
 std::string faultOfText(std::string_view text) {
     if (!isXmlText(text))
         return "bytes that are not UTF-8 text";
@@ -202,12 +202,12 @@ class MsxmlDocument : public XmlDocument {
         document_->put_async(VARIANT_FALSE);
         document_->put_resolveExternals(VARIANT_FALSE);
         document_->put_validateOnParse(VARIANT_FALSE);
-        // What is read is written as it was; white space between elements is passed over here.
+        // The text is kept as it is; `canonicalXml` drops white space between elements.
         document_->put_preserveWhiteSpace(VARIANT_TRUE);
         require(document_->setProperty(Bstr(std::string_view("SelectionLanguage")).get(),
                                        Variant("XPath")),
                 "set its query language");
-        // Versions before 6.0 do not know this one; document types do not reach them either.
+        // Versions before 6.0 do not know this property. No document type reaches them anyway.
         Variant yes;
         yes.vt = VT_BOOL;
         yes.boolVal = VARIANT_TRUE;

@@ -7,8 +7,9 @@
 
 namespace pelk {
 
-/// An empty document, on a thread that has COM ready. Throws `Error` when the system has no MSXML.
-/// Documents that are nested deeper than the system's own default allows are refused.
+/// Returns an empty document. Requires: the thread has initialized COM. Throws `Error` when the
+/// system has no MSXML. Documents that are nested deeper than the system's own default allows are
+/// refused.
 std::unique_ptr<XmlDocument> createMsxmlDocument();
 
 }  // namespace pelk
