@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The core folders, each with the core folders whose headers it may include beside its own.
+/// The core folders, each with the other core folders whose headers it may include.
 const std::map<std::string, std::set<std::string>> kArrows{
     {"platform", {}},
     {"db", {}},
@@ -28,22 +28,22 @@ const std::map<std::string, std::set<std::string>> kArrows{
     {"addin", {"db", "scan", "views", "maintenance", "links"}},
 };
 
-/// What the database does without, and the platform that it is given: it returns or throws what
-/// happened, and others tell the user.
+/// Headers that `db/` and `platform/platform.h` must not include: the database returns or throws
+/// what happened, and others tell the user.
 const std::set<std::string> kUserInterface{
     "platform/controls.h", "platform/dialogs.h",        "platform/display.h",
     "platform/guard.h",    "platform/user_interface.h",
 };
 
-/// What mailstore/imap/ may include besides its own files, those of mailstore/ and its headers, and
-/// the standard library.
+/// The headers that mailstore/imap/ may include besides its own, those that mailstore/ may include,
+/// and the standard library.
 const std::set<std::string> kImapIncludes{
     "arpa/inet.h",   "libetpan/libetpan.h", "netdb.h",       "netinet/in.h",
     "netinet/tcp.h", "openssl/crypto.h",    "openssl/err.h", "openssl/evp.h",
     "openssl/ssl.h", "openssl/x509v3.h",    "poll.h",        "sys/socket.h",
 };
 
-/// What mailstore/ may include besides its own files and the standard library.
+/// The headers that mailstore/ may include besides its own and the standard library.
 const std::set<std::string> kMailstoreIncludes{
     "dirent.h",
     "fcntl.h",
@@ -130,7 +130,8 @@ TEST(Includes, goRoundInNoCircle) {
     for (const Include& include : allIncludes(PELK_SOURCE_DIR))
         if (include.quoted)
             graph[include.from].insert(include.target);
-    // What includes nothing that is left is taken out, until only circles and their users are left.
+    // Removes files that include none of the remaining ones, until only circles and their users
+    // remain.
     const auto isFree = [&graph](const auto& file) {
         return std::none_of(file.second.begin(), file.second.end(),
                             [&graph](const std::string& target) { return graph.contains(target); });

@@ -30,7 +30,7 @@ class CliTest : public ::testing::Test {
     TemporaryFolder folder;
     std::string box = folder.write("Inbox", kMail);
     std::string database = folder.path() + "/data/pelk/pelk.db";
-    /// Stands before the program.
+    /// Precedes the program on the command line.
     std::string environment;
 
     /// Runs the program with its database in the test's own folder.

@@ -276,8 +276,8 @@ TEST_F(CliTest, importsWithAnswersAndDeletesTheDatabase) {
     EXPECT_EQ(run("contacts").output, "");
 }
 
-/// Names that a terminal would obey, addresses that queries cannot hold, and all that a document
-/// may carry beside.
+/// Contains names that a terminal would interpret, addresses that queries cannot contain, and
+/// everything else that a document may contain.
 constexpr const char* kOdd =
     "<pelkDB date='2026-01-01T00:00:00' totalMails='3' totalContacts='2' maxInd='50' minInd='5'>"
     "<contacts><contact id='1' name='&#x9b;31m&#x202e;A&#x7f;&#10;&#9; > &quot; &amp; &lt;b>'>"

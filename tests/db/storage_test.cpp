@@ -140,7 +140,7 @@ class FailingCrypto : public Crypto {
     const std::unique_ptr<Crypto> crypto_ = makeCrypto();
 };
 
-/// What the surroundings do to a sound database: it stays where it is, and nothing else comes.
+/// Failures around a sound database leave it in its place and create no other file.
 TEST_F(StorageTest, changesNothingWhenOnlyItsSurroundingsFail) {
     saveOne();
     const std::map<std::string, std::string> before = files.files;

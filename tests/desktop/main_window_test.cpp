@@ -90,7 +90,7 @@ class MainWindowTest : public ::testing::Test {
         }
         return text;
     }
-    /// The names of the stores that are open, or what stands in the way.
+    /// Returns the names of the stores that are open, or the error.
     std::string openStores() {
         std::string names;
         try {
@@ -126,7 +126,7 @@ TEST_F(MainWindowTest, listsTheMailOnThisComputerAndOpensWhatIsTicked) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget()->objectName(), "menu") << "with the keyboard";
 
-    // What was chosen is there the next time, and in the menu.
+    // The program opens the last choice the next time and lists it in the menu.
     openWindow();
     window->openLastChoice();
     EXPECT_EQ(openStores(), "ann@a.example ");

@@ -86,7 +86,7 @@ std::string stateOf(const QWidget& dialog) {
     return dialog.findChild<QLabel*>("state")->text().toStdString();
 }
 
-/// What a test of the account ends with.
+/// Presses "Test" and returns the result that the dialog shows.
 std::string tested(const QWidget& dialog) {
     click(dialog, "Test");
     EXPECT_TRUE(QTest::qWaitFor([&] { return stateOf(dialog) != "Connecting..."; }, 30'000));

@@ -63,7 +63,7 @@ std::string document(const std::string& name, const std::string& address) {
            "</relations></pelkDB>";
 }
 
-/// What stands in the folder of the database, by name, and what the database holds.
+/// The files in the folder of the database by name, and the content of the database.
 struct State {
     std::map<std::string, std::string> files;
     std::string database;
@@ -140,7 +140,7 @@ class Faults : public CliTest, public testing::WithParamInterface<Act> {
     std::map<std::string, std::string> dumps_;
 };
 
-/// What a command finds and leaves behind when nothing fails.
+/// The states before and after a command when nothing fails.
 struct Expected {
     State before;
     State after;

@@ -1,5 +1,5 @@
-// The help keeps up with the program: every form has its page, every page is in the contents, no
-// link leads nowhere, and what pages quote from the program is still said there.
+// Keeps the help up to date: every form has a page, every page is in the contents, no link is
+// broken, and the program still contains every text that a page quotes.
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ std::map<std::string, std::string> pages() {
     return texts;
 }
 
-/// What the first group of the pattern is in each place where it fits.
+/// Returns the first group of each match of the pattern.
 std::vector<std::string> allMatches(const std::string& text, const std::string& pattern) {
     const std::regex regex(pattern);
     std::vector<std::string> found;
@@ -122,7 +122,7 @@ TEST(Help, pagesAreTrueSayEnoughAndCanBeFound) {
         for (const std::string& message : allMatches(text, "<b class=\"msg\">(.*?)</b>"))
             EXPECT_NE(program.find(message), std::string::npos) << message;
         EXPECT_GT(std::regex_replace(text, std::regex("<[^>]*>"), "").size(), 300U);
-        // What the contents and the index of the compiled help hold is read as ASCII.
+        // The viewer reads the contents and the index of the compiled help as ASCII.
         EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) { return c > 0; }));
         EXPECT_TRUE(name == "index.html" || name == "keywords.html" ||
                     !allMatches(text, "name=\"keywords\" content=\"(.+?)\"").empty());

@@ -26,7 +26,7 @@ class DiscoveryTest : public MailTest {
     void link(const std::string& target, const std::string& name) const {
         std::filesystem::create_symlink(target, home + "/" + name);
     }
-    /// What stands in `text` for the home is its path.
+    /// Replaces "~/" in the text by the path of the home.
     std::string withHome(std::string text) const {
         for (std::size_t at = 0; (at = text.find("~/", at)) != std::string::npos;)
             text.replace(at, 1, home);
@@ -50,7 +50,7 @@ class DiscoveryTest : public MailTest {
             text.replace(at, home.size(), "~");
         return text;
     }
-    /// All that stands in the home, with what a program that writes would change.
+    /// Describes all files in the home, with everything that a write would change.
     std::string everything() const {
         std::string text;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(home)) {

@@ -1,4 +1,4 @@
-// What the installer leaves behind, as the mail client finds it: through the user's registry. The
+// Tests an installation as the mail client finds it, through the user's registry. The
 // variable PELK_SETUP names the installer, which must refuse to replace what is loaded.
 
 #include <gtest/gtest.h>

@@ -68,7 +68,7 @@ class Mirror : public TreeListener {
     std::set<const TreeNode*> known_;
 };
 
-/// A model that is edited at random, beside the plainest account of what it must hold.
+/// A model that is edited at random, and a simple reference implementation of its content.
 class EditedTree {
  public:
     explicit EditedTree(unsigned seed) : random_(seed) { model_.setListener(&mirror_); }

@@ -1,5 +1,5 @@
-// The mail client's automation against a stand-in: what is read, how failures are reported, which
-// objects are held.
+// Tests the automation adapter with a stand-in for the mail client: what it reads, how it reports
+// failures, and which objects it holds.
 
 #include <tuple>
 

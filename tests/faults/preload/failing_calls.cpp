@@ -48,7 +48,7 @@ int raw(long number, Values... values) {
     return static_cast<int>(::syscall(number, values...));
 }
 
-/// Counts a call, and tells whether it is to fail. Sets errno then.
+/// Counts a call. Returns whether it must fail; `errno` is then set.
 bool strikes(const char* call) {
     if (!watches(call) || __atomic_add_fetch(&counted, 1, __ATOMIC_SEQ_CST) != at)
         return false;
@@ -61,13 +61,13 @@ bool strikes(const char* call) {
     return true;
 }
 
-/// The program works in the folder, so a relative path lies there, too.
+/// The folder is the working directory, so relative paths count as well.
 bool strikesPath(const char* call, const char* path) {
     return (path[0] != '/' || std::strncmp(path, folder, std::strlen(folder)) == 0) &&
            strikes(call);
 }
 
-/// What the program prints is not counted.
+/// Output of the program is not counted.
 bool strikesFile(const char* call, int descriptor) {
     if (!watches(call) || descriptor <= STDERR_FILENO)
         return false;
