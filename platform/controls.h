@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/shortcuts.h"
 #include "platform/tree_model.h"
 
 namespace pelk {
@@ -213,6 +214,11 @@ class Window {
 
     /// Shows the hourglass pointer over this window, or the normal one. Calls do not nest.
     virtual void setBusyPointer(bool busy) = 0;
+
+    /// Sets what a shortcut does while the window takes input, whichever of its controls has the
+    /// focus. Without an act, Esc asks to close the window as its close button does, and the other
+    /// keys go to the focused control. In a text box, undo and redo concern its text.
+    virtual void setShortcut(Shortcut shortcut, std::function<void()> act) = 0;
 
     /// In the text of a button, "&" makes the next letter its access key; "&&" is a literal "&".
     virtual Label& addLabel(const Rect& bounds, const std::string& text) = 0;

@@ -55,14 +55,15 @@ TEST_F(Windows, AreCreatedHiddenAndClosedUnlessTheHandlerRefuses) {
     window_->show();
     window_->show();
     driver_.press(*window_, Key::Escape);
-    EXPECT_TRUE(isVisible()) << "Esc closes modal windows only";
+    EXPECT_FALSE(isVisible()) << "Esc closes a window";
+    window_->show();
     driver_.close(*window_);
     EXPECT_FALSE(isVisible());
 
     int requests = 0;
     window_->onCloseRequest = [&requests] { return ++requests == 2; };
     window_->show();
-    driver_.close(*window_);
+    driver_.press(*window_, Key::Escape);
     EXPECT_TRUE(isVisible());
     driver_.close(*window_);
     EXPECT_FALSE(isVisible());
@@ -124,10 +125,37 @@ TEST_F(Windows, ModalOnesEndHoweverTheyAreHidden) {
     brief->onResize = [&brief] { brief->hide(); };
     brief->showModal();
     EXPECT_FALSE(driver_.isVisible(*brief));
+}
 
+TEST_F(Windows, RunTheActsOfTheirShortcutsWhateverHasTheFocus) {
+    std::vector<std::string> ran;
+    const auto otherWindow = platform_.toolkit().createWindow();
+    TreeView& tree = window_->addTreeView({0, 0, 3000, 2000});
+    tree.model().add(tree.model().root(), "f");
+    for (const auto& [shortcut, keys] : kShortcutKeys) {
+        const std::string act = std::to_string(static_cast<int>(shortcut));
+        window_->setShortcut(shortcut, [&ran, act] { ran.push_back(act); });
+        otherWindow->setShortcut(shortcut, [&ran] { ran.push_back("the other window's"); });
+    }
+    TextBox& box = window_->addTextBox({0, 2000, 3000, 250});
     window_->show();
-    driver_.press(*window_, Key::Escape);
-    EXPECT_TRUE(isVisible()) << "it is modal no longer";
+    const auto press = [&](Control& focused) {
+        driver_.giveFocus(focused);
+        ran.clear();
+        for (const auto& [shortcut, keys] : kShortcutKeys)
+            driver_.press(*window_, std::string(keys));
+        return ran;
+    };
+    EXPECT_EQ(press(tree), (std::vector<std::string>{"0", "1", "2", "3", "4", "5", "5"}));
+    EXPECT_EQ(press(box), (std::vector<std::string>{"0", "1", "2", "3"}));
+    EXPECT_TRUE(isVisible()) << "Esc has an act of its own";
+    driver_.type(box, "x");
+    driver_.press(*window_, "Ctrl+Z");
+    EXPECT_EQ(box.text(), "");
+
+    window_->setShortcut(Shortcut::Refresh, [] { throw Error("The disk is full."); });
+    platform_.dialogs.expectMessage("The disk is full.");
+    driver_.press(*window_, "F5");
 }
 
 TEST_F(Windows, AreBusyButWhereTheArrowIsKept) {

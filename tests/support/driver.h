@@ -68,6 +68,8 @@ class Driver {
     virtual void close(Window& window) = 0;
     /// Presses a key while the window is active.
     virtual void press(Window& window, Key key) = 0;
+    /// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2" or "Esc".
+    virtual void press(Window& window, const std::string& keys) = 0;
 
     /// In twips of the client area.
     virtual Rect boundsOf(Control& control) = 0;

@@ -82,8 +82,18 @@ class QtDriver : public Driver {
         settle();
     }
     void press(Window& window, Key key) override {
-        QTest::keyClick(native<QWidget>(window).windowHandle(),
-                        kQtKeys[static_cast<std::size_t>(key)]);
+        QWidget& widget = native<QWidget>(window);
+        widget.activateWindow();  // only the active window has shortcuts
+        settle();
+        QTest::keyClick(widget.windowHandle(), kQtKeys[static_cast<std::size_t>(key)]);
+    }
+    void press(Window& window, const std::string& keys) override {
+        QWidget& widget = native<QWidget>(window);
+        widget.activateWindow();  // only the active window has shortcuts
+        settle();
+        const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
+        QTest::keyClick(widget.windowHandle(), key.key(), key.keyboardModifiers());
+        settle();
     }
     Rect boundsOf(Control& control) override {
         const QWidget& widget = native<QWidget>(control);

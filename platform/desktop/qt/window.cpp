@@ -2,7 +2,6 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QWindow>
@@ -34,12 +33,6 @@ class QtWindow::Frame : public QWidget {
             window_.hidden();
     }
     void closeEvent(QCloseEvent* event) override { event->setAccepted(window_.closeRequested()); }
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape && isModal())
-            close();
-        else
-            QWidget::keyPressEvent(event);
-    }
 
  private:
     QtWindow& window_;
@@ -49,7 +42,10 @@ QtWindow::QtWindow(const TwipScale& scale, Dialogs& dialogs, const Language& lan
     : scale_(scale),
       dialogs_(dialogs),
       language_(language),
-      frame_(std::make_unique<Frame>(*this)) {}
+      frame_(std::make_unique<Frame>(*this)),
+      shortcuts_(*frame_, dialogs) {
+    setShortcut(Shortcut::Escape, [this] { frame_->close(); });
+}
 
 QtWindow::~QtWindow() = default;
 
@@ -133,6 +129,10 @@ void QtWindow::setBusyPointer(bool busy) {
     for (QLineEdit* line : frame_->findChildren<QLineEdit*>())
         if (line->cursor().shape() != Qt::ArrowCursor)
             busy ? line->unsetCursor() : line->setCursor(Qt::IBeamCursor);
+}
+
+void QtWindow::setShortcut(Shortcut shortcut, std::function<void()> act) {
+    shortcuts_.set(shortcut, std::move(act));
 }
 
 Label& QtWindow::addLabel(const Rect& bounds, const std::string& text) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/desktop/qt/control.h"
+#include "platform/desktop/qt/shortcut_acts.h"
 #include "platform/dialogs.h"
 
 namespace pelk {
@@ -28,6 +29,7 @@ class QtWindow : public Window, public NativeWidget {
     void hide() override;
     bool isVisible() const override;
     void setBusyPointer(bool busy) override;
+    void setShortcut(Shortcut shortcut, std::function<void()> act) override;
 
     Label& addLabel(const Rect& bounds, const std::string& text) override;
     Picture& addPicture(const Rect& bounds, TreeImage image) override;
@@ -57,6 +59,7 @@ class QtWindow : public Window, public NativeWidget {
     Dialogs& dialogs_;
     const Language& language_;
     std::unique_ptr<Frame> frame_;
+    ShortcutActs shortcuts_;
     QButtonGroup options_;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<std::unique_ptr<PopupMenu>> menus_;

@@ -1,7 +1,6 @@
 #include "platform/windows/controls/keyboard_hook.h"
 
-#include <algorithm>
-#include <vector>
+#include <map>
 
 #include "platform/windows/controls/module.h"
 
@@ -11,7 +10,7 @@ namespace {
 
 struct Hook {
     HHOOK handle = nullptr;
-    std::vector<HWND> windows;
+    std::map<HWND, const ShortcutActs*> windows;
 };
 
 Hook& theHook() {
@@ -27,41 +26,47 @@ bool isMenuOpen() {
            (thread.flags & (GUI_INMENUMODE | GUI_POPUPMENUMODE)) != 0;
 }
 
-bool isKeyOfOurs(const MSG& message) {
-    if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST)
-        return false;
-    const auto& windows = theHook().windows;
-    return std::find(windows.begin(), windows.end(), GetAncestor(message.hwnd, GA_ROOT)) !=
-               windows.end() &&
-           !isMenuOpen();
+bool isKey(const MSG& message) {
+    return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
 }
 
-/// Turns a key that the dialog has handled into a message that the host's loop ignores.
+/// Returns whether a window of ours has handled the key.
+bool isHandled(const MSG& message) {
+    const HWND window = GetAncestor(message.hwnd, GA_ROOT);
+    const auto ours = theHook().windows.find(window);
+    if (ours == theHook().windows.end() || isMenuOpen())
+        return false;
+    // Posted, because the act may open a box, whose loop must not run inside the hook.
+    if (const auto shortcut = ours->second->pressedBy(message))
+        return PostMessageW(window, kShortcutPressed, static_cast<WPARAM>(*shortcut), 0) != FALSE;
+    MSG copy = message;
+    return IsDialogMessageW(window, &copy) != FALSE;
+}
+
+/// Turns a handled key into a message that the host's loop ignores.
 LRESULT CALLBACK messageTaken(int code, WPARAM how, LPARAM lparam) {
     MSG& message = *reinterpret_cast<MSG*>(lparam);
-    if (code == HC_ACTION && how == PM_REMOVE && isKeyOfOurs(message)) {
-        MSG copy = message;
-        if (IsDialogMessageW(GetAncestor(message.hwnd, GA_ROOT), &copy)) {
-            message.message = WM_NULL;
-            message.wParam = 0;
-            message.lParam = 0;
-        }
+    if (code == HC_ACTION && how == PM_REMOVE && isKey(message) && isHandled(message)) {
+        message.message = WM_NULL;
+        message.wParam = 0;
+        message.lParam = 0;
     }
     return CallNextHookEx(nullptr, code, how, lparam);
 }
 
 }  // namespace
 
-KeyboardNavigation::KeyboardNavigation(HWND window) : window_(window) {
+KeyboardNavigation::KeyboardNavigation(HWND window, const ShortcutActs& shortcuts)
+    : window_(window) {
     Hook& hook = theHook();
-    hook.windows.push_back(window);
+    hook.windows.emplace(window, &shortcuts);
     if (hook.handle == nullptr)
         hook.handle = SetWindowsHookExW(WH_GETMESSAGE, messageTaken, nullptr, GetCurrentThreadId());
 }
 
 KeyboardNavigation::~KeyboardNavigation() {
     Hook& hook = theHook();
-    std::erase(hook.windows, window_);
+    hook.windows.erase(window_);
     if (!hook.windows.empty())
         return;
     UnhookWindowsHookEx(hook.handle);

@@ -36,7 +36,7 @@ Win32Window::Win32Window(const Look& look, Dialogs& dialogs, const Language& lan
         throw Error("Windows has no room for another window.");
     SendMessageW(handle_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(look.largeIcon()));
     SendMessageW(handle_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(look.smallIcon()));
-    navigation_ = std::make_unique<KeyboardNavigation>(handle_);
+    navigation_ = std::make_unique<KeyboardNavigation>(handle_, shortcuts_);
 }
 
 Win32Window::~Win32Window() {
@@ -164,6 +164,10 @@ void Win32Window::setBusyPointer(bool busy) {
     refreshPointer(handle_);
 }
 
+void Win32Window::setShortcut(Shortcut shortcut, std::function<void()> act) {
+    shortcuts_.set(shortcut, std::move(act));
+}
+
 ControlPlace Win32Window::nextPlace() const {
     return {handle_, kFirstControl + static_cast<int>(controls_.size()), look_};
 }
@@ -270,6 +274,9 @@ INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             if (NativeControl* const control = controlOf(reinterpret_cast<HWND>(lparam)))
                 control->scrolled();
             return TRUE;
+        case kShortcutPressed:
+            shortcutPressed(static_cast<Shortcut>(wparam));
+            return TRUE;
         case WM_SYSCOLORCHANGE:
         case WM_THEMECHANGED:
             colorsChanged(message);
@@ -280,7 +287,7 @@ INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
 }
 
 INT_PTR Win32Window::handleCommand(WORD id, WORD notification) {
-    if (id == IDCANCEL && modal_ != nullptr)  // Esc
+    if (id == IDCANCEL)  // Esc
         closeRequested();
     if (NativeControl* const control = controlOf(id))
         control->commanded(notification);
@@ -324,6 +331,13 @@ void Win32Window::closeRequested() {
         guarded(dialogs_, [&] { hidden = handler(); });
     if (hidden)
         hide();
+}
+
+/// A box may have opened since the key was pressed.
+void Win32Window::shortcutPressed(Shortcut shortcut) const {
+    if (isVisible() && IsWindowEnabled(handle_))
+        if (const auto act = shortcuts_.actOf(shortcut))
+            guarded(dialogs_, act);
 }
 
 /// Controls learn of new colours from their window.

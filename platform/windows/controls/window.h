@@ -29,6 +29,7 @@ class Win32Window : public Window, public NativeHandle {
     bool isVisible() const override;
 
     void setBusyPointer(bool busy) override;
+    void setShortcut(Shortcut shortcut, std::function<void()> act) override;
 
     Label& addLabel(const Rect& bounds, const std::string& text) override;
     Picture& addPicture(const Rect& bounds, TreeImage image) override;
@@ -65,12 +66,14 @@ class Win32Window : public Window, public NativeHandle {
     void runUntilHidden() const;
     void sizeChanged();
     void closeRequested();
+    void shortcutPressed(Shortcut shortcut) const;
     void colorsChanged(UINT message) const;
 
     const Look& look_;
     Dialogs& dialogs_;
     const Language& language_;
     HWND handle_ = nullptr;
+    ShortcutActs shortcuts_;
     std::unique_ptr<KeyboardNavigation> navigation_;
     std::vector<std::unique_ptr<Control>> controls_;
     std::vector<NativeControl*> natives_;

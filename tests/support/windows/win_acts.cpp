@@ -22,11 +22,15 @@ constexpr MouseMessages kMouseMessages[] = {
     {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
 };
 
-void holdControlKey(bool held) {
+void holdKey(int key, bool held) {
     BYTE keys[256] = {};
     GetKeyboardState(keys);
-    keys[VK_CONTROL] = held ? 0x80 : 0;
+    keys[key] = held ? 0x80 : 0;
     SetKeyboardState(keys);
+}
+
+void holdControlKey(bool held) {
+    holdKey(VK_CONTROL, held);
 }
 
 /// Acts on a menu by a timer, from within the menu's own loop.
@@ -131,6 +135,21 @@ void pressKey(HWND window, WPARAM key) {
     PostMessageW(window, WM_KEYDOWN, key, 1);
     constexpr DWORD wasDownAndGoesUp = 0xC0000000;
     PostMessageW(window, WM_KEYUP, key, static_cast<LPARAM>(wasDownAndGoesUp | 1U));
+}
+
+void pressKeys(HWND window, const std::string& keys) {
+    const bool control = keys.find("Ctrl+") != std::string::npos;
+    const bool shift = keys.find("Shift+") != std::string::npos;
+    const std::string name = keys.substr(keys.rfind('+') + 1);
+    holdKey(VK_CONTROL, control);
+    holdKey(VK_SHIFT, shift);
+    pressKey(window, name == "Esc" ? VK_ESCAPE
+                     : name.size() == 1
+                         ? static_cast<WPARAM>(name[0])
+                         : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1))));
+    handleMessages();
+    holdKey(VK_CONTROL, false);
+    holdKey(VK_SHIFT, false);
 }
 
 static BOOL CALLBACK addIfVisible(HWND window, LPARAM windows) {

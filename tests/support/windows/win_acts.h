@@ -28,6 +28,9 @@ void clickMiddle(HWND control);
 /// Presses and releases a key in that window.
 void pressKey(HWND window, WPARAM key);
 
+/// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2" or "Esc", and handles the messages.
+void pressKeys(HWND window, const std::string& keys);
+
 /// Returns the visible windows, from front to back.
 std::vector<HWND> windowsOfThread();
 std::wstring classOf(HWND window);

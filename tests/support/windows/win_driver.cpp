@@ -81,12 +81,11 @@ class WinDriver : public Driver {
         settle();
     }
     void press(Window& window, Key key) override {
-        const HWND top = native(window);
-        SetActiveWindow(top);
-        const HWND focus = GetFocus();
-        const HWND target = focus != nullptr && GetAncestor(focus, GA_ROOT) == top ? focus : top;
-        pressKey(target, kVirtualKeys[static_cast<std::size_t>(key)]);
+        pressKey(keyTarget(native(window)), kVirtualKeys[static_cast<std::size_t>(key)]);
         settle();
+    }
+    void press(Window& window, const std::string& keys) override {
+        pressKeys(keyTarget(native(window)), keys);
     }
     Rect boundsOf(Control& control) override {
         RECT place = {};
@@ -230,6 +229,12 @@ class WinDriver : public Driver {
     }
 
  private:
+    /// Returns the control of the window that has the focus, or the window.
+    static HWND keyTarget(HWND top) {
+        SetActiveWindow(top);
+        const HWND focus = GetFocus();
+        return focus != nullptr && GetAncestor(focus, GA_ROOT) == top ? focus : top;
+    }
     static std::deque<std::function<void()>>& waiting() {
         static std::deque<std::function<void()>> acts;
         return acts;

@@ -1,0 +1,23 @@
+#pragma once
+// The keys that mean the same in every window, whichever control has the focus.
+
+#include <string_view>
+
+namespace pelk {
+
+enum class Shortcut { Escape, Rename, Refresh, Find, Undo, Redo };
+
+struct ShortcutKey {
+    Shortcut shortcut;
+    /// Written as Qt and the help write it: "Ctrl+" and "Shift+", then a letter, "Esc" or a
+    /// function key.
+    std::string_view keys;
+};
+
+inline constexpr ShortcutKey kShortcutKeys[] = {
+    {Shortcut::Escape, "Esc"},        {Shortcut::Rename, "F2"},   {Shortcut::Refresh, "F5"},
+    {Shortcut::Find, "Ctrl+F"},       {Shortcut::Undo, "Ctrl+Z"}, {Shortcut::Redo, "Ctrl+Y"},
+    {Shortcut::Redo, "Ctrl+Shift+Z"},
+};
+
+}  // namespace pelk
