@@ -1,8 +1,8 @@
 #include "mailstore/imap/body_structure.h"
 
 #include <string>
-#include <string_view>
 
+#include "mailstore/imap/imap_faults.h"
 #include "mailstore/mail_text.h"
 #include "mailstore/meeting_search.h"
 
@@ -11,68 +11,77 @@ namespace {
 
 /// Each calendar costs a request to the server, so a hostile message must not name many.
 constexpr std::size_t kMostCalendars = 4;
+constexpr int kDeepest = 100;
 
-bool equals(const char* text, std::string_view other) {
-    return text != nullptr && equalsIgnoringCase(text, other);
-}
-
-std::string parameter(const mailimap_body_fields& fields, std::string_view name) {
-    if (fields.bd_parameter == nullptr)
-        return {};
-    for (clistiter* at = fields.bd_parameter->pa_list->first; at != nullptr; at = at->next) {
-        const auto& one = *static_cast<const mailimap_single_body_fld_param*>(at->data);
-        if (equals(one.pa_name, name))
-            return one.pa_value;
+/// Reads a list of names and values, or NIL, and returns the value of `name`.
+std::string parameter(ResponseCursor& at, std::string_view name) {
+    std::string found;
+    if (!at.take('(')) {
+        at.skipValue();
+        return found;
     }
-    return {};
-}
-
-std::string encodingOf(const mailimap_body_fields& fields) {
-    switch (fields.bd_encoding->enc_type) {
-        case MAILIMAP_BODY_FLD_ENC_BASE64:
-            return "base64";
-        case MAILIMAP_BODY_FLD_ENC_QUOTED_PRINTABLE:
-            return "quoted-printable";
-        default:
-            return {};
+    for (at.skipBlanks(); !at.take(')'); at.skipBlanks()) {
+        const bool wanted = equalsIgnoringCase(at.string(), name);
+        at.skipBlanks();
+        if (wanted)
+            found = at.string();
+        else
+            at.skipValue();
     }
+    return found;
 }
 
-bool isAttachment(const mailimap_body_type_1part& part) {
-    return part.bd_ext_1part != nullptr && part.bd_ext_1part->bd_disposition != nullptr &&
-           equals(part.bd_ext_1part->bd_disposition->dsp_type, "attachment");
+/// Skips values as far as the list has them.
+void skip(ResponseCursor& at, int count) {
+    for (at.skipBlanks(); count > 0 && at.next() != ')'; --count, at.skipBlanks())
+        at.skipValue();
 }
 
-void visitPart(const mailimap_body_type_1part& part, const std::string& section,
-               FetchedHeader& header) {
-    if (part.bd_type != MAILIMAP_BODY_TYPE_1PART_TEXT || isAttachment(part))
+bool isAttachment(ResponseCursor& at) {
+    if (!at.take('('))
+        return false;
+    const bool attached = equalsIgnoringCase(at.string(), "attachment");
+    at.skipRestOfList();
+    return attached;
+}
+
+/// Reads a part behind its "(".
+void readPart(ResponseCursor& at, const std::string& section, FetchedHeader& header) {
+    const std::string type = at.string();
+    at.skipBlanks();
+    if (!equalsIgnoringCase(type, "text") || !equalsIgnoringCase(at.string(), "calendar"))
         return;
-    const mailimap_body_type_text& text = *part.bd_data.bd_type_text;
-    if (!equals(text.bd_media_text, "calendar"))
+    at.skipBlanks();
+    const std::string method = parameter(at, "method");
+    skip(at, 2);  // id and description
+    const std::string encoding = at.string();
+    skip(at, 3);  // octets, lines and MD5
+    if (isAttachment(at))
         return;
-    const std::string method = parameter(*text.bd_fields, "method");
     header.meeting = header.meeting || isMeetingMethod(method);
     if (method.empty() && header.calendars.size() < kMostCalendars)
-        header.calendars.push_back({section, encodingOf(*text.bd_fields)});
+        header.calendars.push_back({section, encoding});
 }
 
-/// `AnswerGuard` limits the depth of this recursion.
-void visit(const mailimap_body& body, const std::string& section, FetchedHeader& header) {
-    if (body.bd_type == MAILIMAP_BODY_1PART) {
-        visitPart(*body.bd_data.bd_body_1part, section.empty() ? "1" : section, header);
-        return;
+void readStructure(ResponseCursor& at, const std::string& section, int depth,
+                   FetchedHeader& header) {
+    if (depth > kDeepest)
+        throw BrokenAnswer("The mail server's answer has too many nested parts.");
+    at.require('(');
+    if (at.next() != '(') {
+        readPart(at, section.empty() ? "1" : section, header);
+    } else {
+        const std::string prefix = section.empty() ? "" : section + ".";
+        for (int number = 1; at.next() == '('; ++number, at.skipBlanks())
+            readStructure(at, prefix + std::to_string(number), depth + 1, header);
     }
-    const std::string prefix = section.empty() ? "" : section + ".";
-    int number = 0;
-    for (clistiter* at = body.bd_data.bd_body_mpart->bd_list->first; at != nullptr; at = at->next)
-        visit(*static_cast<const mailimap_body*>(at->data), prefix + std::to_string(++number),
-              header);
+    at.skipRestOfList();
 }
 
 }  // namespace
 
-void findCalendars(const mailimap_body& body, FetchedHeader& header) {
-    visit(body, {}, header);
+void findCalendars(ResponseCursor& structure, FetchedHeader& header) {
+    readStructure(structure, {}, 0, header);
 }
 
 }  // namespace pelk

@@ -12,7 +12,5 @@ namespace pelk {
 
 std::vector<ListedMailbox> mailboxesIn(const mailimap_response_info& answer);
 std::vector<std::uint32_t> numbersIn(const mailimap_response_info& answer);
-/// Leaves out messages without a UID.
-std::vector<FetchedHeader> headersIn(const mailimap_response_info& answer);
 
 }  // namespace pelk

@@ -70,6 +70,11 @@ ssize_t GuardedStream::kept(const Call& call) noexcept {
 
 ssize_t GuardedStream::read(char* bytes, std::size_t length) noexcept {
     return kept([&] {
+        if (!returned_.empty()) {
+            const std::size_t count = returned_.copy(bytes, length);
+            returned_.erase(0, count);
+            return count;
+        }
         const std::size_t count = network_.read(bytes, length);
         guard_.take({bytes, count});
         return count;

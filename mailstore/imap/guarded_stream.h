@@ -4,6 +4,7 @@
 #include <libetpan/libetpan.h>
 
 #include <exception>
+#include <string>
 #include <utility>
 
 #include "mailstore/imap/answer_guard.h"
@@ -27,7 +28,11 @@ class GuardedStream {
     /// Rethrows the stored fault, if there is one.
     void throwFault() const;
 
+    /// Returns how many bytes were read, or -1 after a fault.
     ssize_t read(char* bytes, std::size_t length) noexcept;
+    /// Makes the next calls of `read` return bytes that have been read, but belong to a later
+    /// answer.
+    void giveBack(std::string bytes) { returned_ = std::move(bytes); }
     ssize_t write(const char* bytes, std::size_t length) noexcept;
 
  private:
@@ -38,6 +43,7 @@ class GuardedStream {
     AnswerGuard guard_;
     std::exception_ptr fault_;
     bool closed_ = false;
+    std::string returned_;
 };
 
 }  // namespace pelk

@@ -7,6 +7,7 @@
 #include <limits>
 #include <new>
 
+#include "mailstore/imap/fetch_answer.h"
 #include "mailstore/imap/fetched_data.h"
 #include "mailstore/imap/guarded_stream.h"
 #include "mailstore/imap/imap_faults.h"
@@ -21,6 +22,7 @@ constexpr const char* kFields =
     "Content-Type Content-Transfer-Encoding Content-Disposition X-Gmail-Labels)]";
 constexpr const char* kHeaderStart = "<0.262144>";
 constexpr std::size_t kPartStart = 64UL << 10;
+constexpr std::size_t kReadSize = 64UL << 10;
 
 void keepMailOffTheDisk() {
     // libetpan stores texts above this size in a temporary file.
@@ -88,20 +90,18 @@ class ImapConnection::Talk {
         return mailimap_has_extension(session_.get(), extension) != 0;
     }
 
-    /// Sends a command and receives its answer.
+    /// Sends a command other than FETCH and receives its answer.
     void command(const std::string& text, const std::string& purpose) {
-        if (ahead_ == text) {
-            ahead_.clear();
-        } else {
-            finishAhead();
-            send(text, purpose);
-        }
+        finishAhead();
+        send(text, purpose);
         receive(purpose);
     }
 
-    /// Also sends `next` before it receives the answer, so that the server need not wait. The next
-    /// command should be `next`.
-    void command(const std::string& text, const std::string& next, const std::string& purpose) {
+    /// Sends a FETCH command and receives the messages. Sends the command `next`, unless it is
+    /// empty, before it receives them, so that the server need not wait. The next call should be
+    /// for `next`.
+    std::vector<FetchedHeader> fetch(const std::string& text, const std::string& next,
+                                     const std::string& purpose) {
         if (ahead_ != text) {
             finishAhead();
             send(text, purpose);
@@ -109,13 +109,13 @@ class ImapConnection::Talk {
         ahead_ = next;
         if (!next.empty())
             send(next, purpose);
-        receive(purpose);
+        return receiveMessages(purpose);
     }
 
     /// Discards the answer to a command that was sent ahead and is not needed after all.
     void finishAhead() {
         if (!std::exchange(ahead_, {}).empty())
-            receive("show messages");
+            receiveMessages("show messages");
     }
 
     /// Calls a function of libetpan that sends a command and receives its answer.
@@ -142,21 +142,16 @@ class ImapConnection::Talk {
             case MAILIMAP_ERROR_STREAM:
             case MAILIMAP_ERROR_FATAL:
             case MAILIMAP_ERROR_DONT_ACCEPT_CONNECTION:
-                stream_.close();
-                stream_.throwFault();
-                throw ConnectionLost(server() + " has ended the connection" + said() + ".");
+                failLost(lastText());
             case MAILIMAP_ERROR_PARSE:
             case MAILIMAP_ERROR_PROTOCOL:
             case MAILIMAP_ERROR_NEEDS_MORE_DATA:
-                stream_.close();
-                stream_.throwFault();
-                throw BrokenAnswer(server() + " gives no usable answer when asked to " + purpose +
-                                   said() + ".");
+                failBroken(purpose, lastText());
             default:
                 stream_.throwFault();
                 if (secret_ != nullptr)
-                    throw LoginRefused(refusal(purpose));
-                throw Error(refusal(purpose));
+                    throw LoginRefused(refusal(purpose, lastText()));
+                throw Error(refusal(purpose, lastText()));
         }
     }
 
@@ -188,16 +183,64 @@ class ImapConnection::Talk {
         check(done ? MAILIMAP_NO_ERROR : MAILIMAP_ERROR_CUSTOM_COMMAND, purpose);
     }
 
+    /// Receives the answer to the oldest unanswered command, which is a FETCH.
+    std::vector<FetchedHeader> receiveMessages(const std::string& purpose) {
+        stream_.beginAnswer();
+        FetchAnswer answer;
+        try {
+            answer = readFetchAnswer(responses_, std::to_string(++session_->imap_tag),
+                                     [&] { return readMore(); });
+        } catch (const BrokenAnswer&) {
+            failBroken(purpose, {});
+        }
+        if (answer.end == FetchAnswer::End::Closed)
+            failLost(answer.text);
+        if (ahead_.empty())
+            stream_.giveBack(responses_.takeRest());
+        if (answer.end == FetchAnswer::End::Refused)
+            throw Error(refusal(purpose, answer.text));
+        return std::move(answer.messages);
+    }
+
+    /// Returns bytes that libetpan has read and not used, otherwise bytes from the network.
+    std::string_view readMore() {
+        mailstream* const stream = session_->imap_stream;
+        const std::size_t unused = std::min(stream->read_buffer_len, buffer_.size());
+        const ssize_t count = unused > 0 ? mailstream_read(stream, buffer_.data(), unused)
+                                         : stream_.read(buffer_.data(), buffer_.size());
+        if (count <= 0)
+            failLost({});
+        return {buffer_.data(), static_cast<std::size_t>(count)};
+    }
+
     std::string server() const { return "The mail server " + account_.host; }
 
-    std::string refusal(const std::string& purpose) const {
-        return server() + " refuses to " + purpose + said() + ".";
+    [[noreturn]] void failLost(std::string_view text) {
+        stream_.close();
+        stream_.throwFault();
+        throw ConnectionLost(server() + " has ended the connection" + said(text) + ".");
+    }
+
+    [[noreturn]] void failBroken(const std::string& purpose, std::string_view text) {
+        stream_.close();
+        stream_.throwFault();
+        throw BrokenAnswer(server() + " gives no usable answer when asked to " + purpose +
+                           said(text) + ".");
+    }
+
+    std::string refusal(const std::string& purpose, std::string_view text) const {
+        return server() + " refuses to " + purpose + said(text) + ".";
+    }
+
+    /// Returns what the server said to the last command that libetpan handled.
+    std::string_view lastText() const {
+        const char* const text = session_->imap_response;
+        return text == nullptr ? std::string_view() : text;
     }
 
     /// Returns the reason that the server gave, unless it repeats the secret.
-    std::string said() const {
-        const char* const text = session_->imap_response;
-        std::string reason = text == nullptr ? "" : decodeText(text);
+    std::string said(std::string_view text) const {
+        std::string reason = decodeText(text);
         // The sentence around the reason ends with a full stop.
         while (reason.ends_with('.'))
             reason.pop_back();
@@ -279,6 +322,8 @@ class ImapConnection::Talk {
     /// The command that was sent ahead; empty if none was.
     std::string ahead_;
     const std::string* secret_ = nullptr;
+    std::vector<char> buffer_ = std::vector<char>(kReadSize);
+    ResponseSplitter responses_;
 };
 
 ImapConnection::ImapConnection(const ImapAccount& account, const std::string& secret,
@@ -316,23 +361,21 @@ std::vector<std::uint32_t> ImapConnection::uidsAbove(std::uint32_t uid) {
 
 std::vector<FetchedHeader> ImapConnection::headers(const UidRange& range, Detail detail,
                                                    const std::optional<UidRange>& next) {
-    talk_->command(fetchCommand(range, detail), next ? fetchCommand(*next, detail) : "",
-                   "show the messages " + textOf(range));
-    return headersIn(talk_->answer());
+    return talk_->fetch(fetchCommand(range, detail), next ? fetchCommand(*next, detail) : "",
+                        "show the messages " + textOf(range));
 }
 
 std::vector<FetchedHeader> ImapConnection::firstHeaders(std::uint32_t count) {
-    talk_->command(
-        "FETCH 1:" + std::to_string(count) + " (UID FLAGS BODYSTRUCTURE " + kFields + ")",
+    return talk_->fetch(
+        "FETCH 1:" + std::to_string(count) + " (UID FLAGS BODYSTRUCTURE " + kFields + ")", {},
         "show its first messages");
-    return headersIn(talk_->answer());
 }
 
 std::string ImapConnection::partStart(std::uint32_t uid, const std::string& section) {
-    talk_->command("UID FETCH " + std::to_string(uid) + " (UID BODY.PEEK[" + section + "]<0." +
-                       std::to_string(kPartStart) + ">)",
-                   "show a part of message " + std::to_string(uid));
-    for (FetchedHeader& header : headersIn(talk_->answer()))
+    for (FetchedHeader& header :
+         talk_->fetch("UID FETCH " + std::to_string(uid) + " (UID BODY.PEEK[" + section + "]<0." +
+                          std::to_string(kPartStart) + ">)",
+                      {}, "show a part of message " + std::to_string(uid)))
         if (header.uid == uid)
             return std::move(header.text);
     return {};
