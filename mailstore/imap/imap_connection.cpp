@@ -16,10 +16,11 @@
 namespace pelk {
 namespace {
 
-/// The fields that determine the people, time, kind and fingerprint of a message.
+/// The fields that determine the people, time, kind and fingerprint of a message. The server itself
+/// says when a message came, so `Received` is not among them: it is longer than all others together.
 constexpr const char* kFields =
-    "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Received "
-    "Content-Type Content-Transfer-Encoding Content-Disposition X-Gmail-Labels)]";
+    "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Content-Type "
+    "X-Gmail-Labels)]";
 constexpr const char* kHeaderStart = "<0.262144>";
 constexpr std::size_t kPartStart = 64UL << 10;
 constexpr std::size_t kReadSize = 64UL << 10;

@@ -12,12 +12,10 @@
 namespace pelk {
 namespace {
 
-/// Returns when the message came, by the server's record or else by its own header fields.
+/// Returns when the message came, by the server's record or else by its own date.
 std::optional<LocalTime> timeOf(std::int64_t internalDate, const MessageHeader& header) {
     if (const auto noted = localTime(NotedTime{internalDate}))
         return noted;
-    if (const auto came = localTime(NotedTime{receivedFieldTime(header.first("Received"))}))
-        return came;
     return localTime(NotedTime{dateFieldTime(header.first("Date"))});
 }
 
