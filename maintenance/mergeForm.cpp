@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <vector>
 
 #include "maintenance/contact_edits.h"
+#include "maintenance/merge_name.h"
 #include "maintenance/saved_change.h"
 
 namespace pelk {
@@ -39,6 +39,7 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
                                  "above contacts will be mapped")),
       MergeName(window->addTextBox({})),
       mergeButton(window->addButton({}, "&Merge")),
+      cancelButton(window->addButton({}, "&Cancel")),
       layout_(*window, kInnerSize),
       dialogs_(dialogs),
       storage_(storage) {
@@ -50,10 +51,12 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     layout_.add(Mergelbl1, kNameLabelBounds, kAnchorBottom);
     layout_.add(MergeName, kNameBounds, kAnchorBottom);
     layout_.add(mergeButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
+    layout_.add(cancelButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
     listView.setColumnHeader(kColumnHeader);
     Delcmd.onClick = [this] { delcmdClick(); };
     MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };
     mergeButton.onClick = [this] { mergeButtonClick(); };
+    cancelButton.onClick = [this] { window->hide(); };
 }
 
 void mergeForm::addContact(int id, const std::string& text) {
@@ -63,14 +66,32 @@ void mergeForm::addContact(int id, const std::string& text) {
     if (std::none_of(listView.rows().begin(), listView.rows().end(),
                      [&tag](const ListRow& row) { return row.tag == tag; }))
         listView.addRow({text, tag});
+    suggestName();
 }
 
 void mergeForm::load() {
     while (!listView.rows().empty())
         listView.removeRow(listView.rows().size() - 1);
+    suggested_.clear();
     MergeName.setText("");
     mergeButton.setEnabled(false);
     window->show();
+}
+
+/// Fills in the name that all the contacts have. A name that the user has typed stays.
+void mergeForm::suggestName() {
+    if (MergeName.text() != suggested_)
+        return;
+    suggested_ = sharedName(*database, ids());
+    MergeName.setText(suggested_);
+    mergeButton.setEnabled(!suggested_.empty());
+}
+
+std::vector<int> mergeForm::ids() const {
+    std::vector<int> ids;
+    for (const ListRow& row : listView.rows())
+        ids.push_back(readContactId(row.tag));
+    return ids;
 }
 
 /// Goes from the last row to the first, so that removing a row does not move the rows to come.
@@ -78,23 +99,24 @@ void mergeForm::delcmdClick() {
     for (std::size_t row = listView.rows().size(); row-- > 0;)
         if (listView.isSelected(row))
             listView.removeRow(row);
+    suggestName();
 }
 
 void mergeForm::refresh() {
     for (std::size_t row = listView.rows().size(); row-- > 0;)
         if (!database->contact(readContactId(listView.rows()[row].tag)))
             listView.removeRow(row);
+    suggestName();
 }
 
 void mergeForm::mergeButtonClick() {
-    std::vector<int> ids;
-    for (const ListRow& row : listView.rows())
-        ids.push_back(readContactId(row.tag));
-    if (ids.size() < 2) {
+    const std::vector<int> contacts = ids();
+    if (contacts.size() < 2) {
         dialogs_.message("At least two contacts must be added to the list!", Buttons::Ok);
         return;
     }
-    tellIfUnsaved(dialogs_, [&] { mergeContacts(*database, storage_, ids, MergeName.text()); });
+    tellIfUnsaved(dialogs_,
+                  [&] { mergeContacts(*database, storage_, contacts, MergeName.text()); });
     window->hide();
     databaseChanged();
 }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "db/database.h"
 #include "db/storage.h"
@@ -36,15 +37,20 @@ class mergeForm {
     Label& Mergelbl1;
     TextBox& MergeName;
     Button& mergeButton;
+    Button& cancelButton;
 
  private:
     void load();
+    void suggestName();
+    std::vector<int> ids() const;
     void delcmdClick();
     void mergeButtonClick();
 
     FormLayout layout_;
     Dialogs& dialogs_;
     Storage& storage_;
+    /// The name that the form has filled in, see `suggestName`.
+    std::string suggested_;
 };
 
 }  // namespace pelk

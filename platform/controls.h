@@ -151,8 +151,15 @@ class TreeView : public Control {
     /// Selects the node, expands its ancestors and scrolls it into view. Null clears the selection.
     /// Calls no handler.
     virtual void select(TreeNode* node) = 0;
-    /// Returns the selected node, or null. Only the user and `select` select nodes.
+    /// Returns the selected node, or null. Only the user and `select` select nodes. With several
+    /// selected, it is the one that the user selected last.
     virtual TreeNode* selected() = 0;
+    /// Lets the user select several nodes with Ctrl and Shift, as in a list. Called once at most,
+    /// before the window is shown.
+    virtual void allowMultipleSelection() = 0;
+    /// Returns all selected nodes in the order of their rows. They include `selected()`. When that
+    /// node is removed, or one above it collapsed, the others are no longer selected.
+    virtual std::vector<TreeNode*> selectedNodes() = 0;
     /// Expands or collapses a node without calling a handler. While redraw is suspended, the native
     /// tree may do so when redraw resumes.
     virtual void setExpanded(TreeNode& node, bool expanded) = 0;

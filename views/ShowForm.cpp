@@ -66,6 +66,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     window->setMinimumInnerSize(kMinimumInnerSize);
     window->setInnerSize(kInnerSize);
     formResize();
+    presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };

@@ -1,5 +1,7 @@
 // The relations view's menu: which commands it offers for the selected node, and what they do.
 
+#include <utility>
+
 #include "views/ShowForm.h"
 #include "views/contact_text.h"
 #include "views/domains.h"
@@ -54,9 +56,16 @@ void ShowForm::deleteKeyPressed() {
         deleteMenuItemClick(*node);
 }
 
-void ShowForm::mergeMenuItemClick(TreeNode& node) {
-    if (const int id = contactOf(node); !isGone(id))
-        mergeContact(id, node.text());
+/// Takes all selected contacts. Their ids and texts are read first, because `isGone` may fill the
+/// tree again.
+void ShowForm::mergeMenuItemClick(TreeNode&) {
+    std::vector<std::pair<int, std::string>> contacts;
+    for (const TreeNode* const node : presTree.selectedNodes())
+        if (node->isTopLevel())
+            contacts.emplace_back(contactOf(*node), node->text());
+    for (const auto& [id, text] : contacts)
+        if (!isGone(id))
+            mergeContact(id, text);
 }
 
 /// The node shows the new name without the addresses until the tree is filled again. This is on

@@ -122,6 +122,31 @@ TEST_F(FormsTest, mergesTheContactsThatWereCollected) {
     EXPECT_EQ(driver.textOf(form.MergeName), "");
 }
 
+TEST_F(FormsTest, mergesTheContactsThatAreSelectedTogether) {
+    database->renameContact(3, "Bob");
+    forms.view->refresh();
+    driver.clickRow(tree(), {2});
+    driver.clickRowWith(Hold::Control, tree(), {1});
+    choose({2}, "Merge contacts");
+    mergeForm& form = *forms.merge;
+    EXPECT_EQ(driver.rowsOf(form.listView), (Rows{"Bob (bob@b.a)", "Bob (cy@c)"}));
+    EXPECT_EQ(driver.textOf(form.MergeName), "Bob") << "all agree";
+    EXPECT_TRUE(driver.isEnabled(form.mergeButton));
+    collect({0});
+    EXPECT_EQ(driver.textOf(form.MergeName), "") << "they no longer do";
+    driver.type(form.MergeName, "Robert");
+    driver.selectRows(form.listView, {2});
+    driver.click(form.Delcmd);
+    EXPECT_EQ(driver.textOf(form.MergeName), "Robert") << "what the user typed";
+    driver.click(form.cancelButton);
+    EXPECT_FALSE(driver.isVisible(*form.window));
+    EXPECT_EQ(database->contactCount(), 5U);
+    collect({1, 2});
+    driver.click(form.mergeButton);
+    EXPECT_EQ(shownRows(driver, tree()),
+              "Ann (ann@b.a), Bob (bob@b.a/cy@c), Dee (dee@c), Eve (eve@e)");
+}
+
 TEST_F(FormsTest, showsHowStrongARelationIs) {
     driver.expand(tree(), {0});
     choose({0, 1}, "More details");

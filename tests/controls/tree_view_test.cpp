@@ -253,6 +253,47 @@ TEST_F(Tree, TellsOfWhatTheUserSelects) {
     EXPECT_EQ(shown(), "");
 }
 
+TEST_F(Tree, SelectsSeveralWithControlAndShift) {
+    using Texts = std::vector<std::string>;
+    driver_.clickRow(tree_, {0});
+    driver_.clickRowWith(Hold::Control, tree_, {1});
+    EXPECT_EQ(driver_.selectedTexts(tree_), Texts{"bob"}) << "only on request";
+    tree_.allowMultipleSelection();
+    tree_.onSelect = [this](TreeNode& node) { acts_ += "=" + node.text(); };
+    const auto expect = [this](const std::vector<TreeNode*>& nodes, TreeNode* current) {
+        Texts texts;
+        for (const TreeNode* node : nodes)
+            texts.push_back(node->text());
+        EXPECT_EQ(driver_.selectedTexts(tree_), texts);
+        EXPECT_EQ(tree_.selectedNodes(), nodes);
+        EXPECT_EQ(tree_.selected(), current);
+    };
+    driver_.clickRow(tree_, {2});
+    driver_.clickRowWith(Hold::Control, tree_, {0});
+    expect({&ann_, &carl_}, &ann_);
+    driver_.clickRowWith(Hold::Control, tree_, {0});
+    expect({&carl_}, &carl_);
+    EXPECT_EQ(acts_.substr(0, 10), "=Carl=Ann") << acts_;
+    driver_.clickRow(tree_, {0});
+    driver_.clickRowWith(Hold::Shift, tree_, {2});
+    expect({&ann_, &bob_, &carl_}, &carl_);
+    driver_.menuAt(tree_, {1});
+    expect({&ann_, &bob_, &carl_}, &bob_);
+    model_.remove(carl_);
+    expect({&ann_, &bob_}, &bob_);
+    driver_.expand(tree_, {0});
+    driver_.clickRowWith(Hold::Control, tree_, {0, 1});
+    driver_.clickRowWith(Hold::Control, tree_, {1});
+    driver_.clickRowWith(Hold::Control, tree_, {1});
+    driver_.collapse(tree_, {0});
+    EXPECT_EQ(tree_.selectedNodes().back(), &bob_) << "nothing below the collapsed row";
+    driver_.clickRow(tree_, {1});
+    expect({&bob_}, &bob_);
+    driver_.clickRowWith(Hold::Control, tree_, {0});
+    model_.clear();
+    expect({}, nullptr);
+}
+
 TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {
     PopupMenu& menu = window_->addPopupMenu();
     MenuItem& rename = menu.addItem("Rename");

@@ -40,6 +40,8 @@ struct Progress {
 
 enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk, Delete };
 
+enum class Hold { Control, Shift };
+
 enum class Pointer { Arrow, Busy };
 
 class Driver {
@@ -106,6 +108,10 @@ class Driver {
     void collapse(TreeView& tree, const TreePath& row) { clickExpander(tree, row, true); }
     /// Scrolls to the row and clicks it.
     virtual void clickRow(TreeView& tree, const TreePath& row) = 0;
+    /// Scrolls to the row and clicks it while a key is held.
+    virtual void clickRowWith(Hold key, TreeView& tree, const TreePath& row) = 0;
+    /// The texts of all selected rows from top to bottom.
+    virtual std::vector<std::string> selectedTexts(TreeView& tree) = 0;
     /// Presses and releases the right button over the row. Returns the captions of the menu that
     /// opens, if any, and closes it.
     std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) {

@@ -211,6 +211,18 @@ class QtDriver : public Driver {
     void clickRow(TreeView& tree, const TreePath& row) override {
         clickRow(tree, row, Qt::LeftButton);
     }
+    void clickRowWith(Hold key, TreeView& tree, const TreePath& row) override {
+        clickRow(tree, row, Qt::LeftButton,
+                 key == Hold::Control ? Qt::ControlModifier : Qt::ShiftModifier);
+    }
+    std::vector<std::string> selectedTexts(TreeView& tree) override {
+        const QTreeView& view = native<QTreeView>(tree);
+        std::vector<std::string> texts;
+        for (QModelIndex row = view.model()->index(0, 0); row.isValid(); row = view.indexBelow(row))
+            if (view.selectionModel()->isSelected(row))
+                texts.push_back(row.data().toString().toStdString());
+        return texts;
+    }
     bool isInView(TreeView& tree, const TreePath& row) override {
         QTreeView& view = native<QTreeView>(tree);
         const QRect place = view.visualRect(indexAt(view, row));
@@ -253,9 +265,10 @@ class QtDriver : public Driver {
         settle();
         return captions;
     }
-    static void clickRow(TreeView& tree, const TreePath& row, Qt::MouseButton button) {
+    static void clickRow(TreeView& tree, const TreePath& row, Qt::MouseButton button,
+                         Qt::KeyboardModifiers held = {}) {
         QTreeView& view = native<QTreeView>(tree);
-        clickAt(*view.viewport(), scrolledTo(view, row).center(), button);
+        clickAt(*view.viewport(), scrolledTo(view, row).center(), button, held);
     }
     void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         QTreeView& view = native<QTreeView>(tree);

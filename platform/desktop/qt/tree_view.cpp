@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/guard.h"
+#include "platform/tree_order.h"
 
 namespace pelk {
 
@@ -89,13 +90,31 @@ void QtTreeView::open(const QModelIndex& index) {
 
 /// Moves the selection out of a collapsed node, where it would be invisible.
 void QtTreeView::bringOutSelection(const QModelIndex& closed) {
-    if (isBelow(widget_.selectedIndex(), closed))
+    if (isBelow(widget_.selectedIndex(), closed)) {
         widget_.selectForCode(closed);
+        return;
+    }
+    for (const QModelIndex& index : widget_.selectionModel()->selectedIndexes())
+        if (isBelow(index, closed))
+            widget_.selectionModel()->select(index, QItemSelectionModel::Deselect);
 }
 
 TreeNode* QtTreeView::selected() {
     const QModelIndex index = widget_.selectedIndex();
     return index.isValid() ? &items_.nodeAt(index) : nullptr;
+}
+
+void QtTreeView::allowMultipleSelection() {
+    widget_.setSelectionMode(QAbstractItemView::ExtendedSelection);
+}
+
+std::vector<TreeNode*> QtTreeView::selectedNodes() {
+    std::vector<TreeNode*> nodes;
+    for (const QModelIndex& index : widget_.selectionModel()->selectedIndexes())
+        if (index.column() == 0)
+            nodes.push_back(&items_.nodeAt(index));
+    sortByRow(nodes);
+    return nodes;
 }
 
 void QtTreeView::repaint() {

@@ -21,6 +21,8 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
     void select(TreeNode* node) override;
     TreeNode* selected() override;
+    void allowMultipleSelection() override;
+    std::vector<TreeNode*> selectedNodes() override;
     void setExpanded(TreeNode& node, bool expanded) override;
     void repaint() override;
 

@@ -70,7 +70,9 @@ void TreeWidget::rightPressed(const QMouseEvent& event) {
     // The whole row counts, not only its text: the menu must be for the row pointed at.
     const QModelIndex index = indexAt({header()->sectionViewportPosition(0), event.pos().y()});
     if (index.isValid())
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+        selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index)
+                                                     ? QItemSelectionModel::NoUpdate
+                                                     : QItemSelectionModel::ClearAndSelect);
 }
 
 void TreeWidget::rightReleased(const QMouseEvent& event) {
@@ -106,6 +108,8 @@ void TreeWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 QModelIndex TreeWidget::selectedIndex() const {
+    if (selectionModel()->isSelected(currentIndex()))
+        return currentIndex();
     const QModelIndexList indexes = selectionModel()->selectedIndexes();
     return indexes.isEmpty() ? QModelIndex() : indexes.first();
 }

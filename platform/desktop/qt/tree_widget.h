@@ -15,7 +15,8 @@ class TreeWidget : public QTreeView {
     void reset() override;
     using QTreeView::scheduleDelayedItemsLayout;
 
-    /// Returns the selected index; an invalid one when nothing is selected.
+    /// Returns the selected index, of several the current one; an invalid one when nothing is
+    /// selected.
     QModelIndex selectedIndex() const;
     /// Selects the row, or nothing, without reporting it.
     void selectForCode(const QModelIndex& index);

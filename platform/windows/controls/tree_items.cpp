@@ -132,6 +132,8 @@ void TreeItems::expandNow(const TreeNode& node, bool expanded) {
 }
 
 void TreeItems::takeSelectionFromBelow(const TreeNode& node) const {
+    if (onClose)
+        onClose(node);
     if (isBelow(selected(), node))
         SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, asParameter(itemOf(node)));
 }

@@ -19,6 +19,8 @@ class TreeItems : public TreeListener {
 
     /// Called before the item of a node is removed. The node still exists.
     std::function<void(const TreeNode&)> onGone;
+    /// Called for a node that is collapsed.
+    std::function<void(const TreeNode&)> onClose;
     /// Called for a node that has lost children.
     std::function<void(TreeNode&)> onLoss;
 

@@ -20,12 +20,17 @@ LPARAM asParameter(HTREEITEM item) {
     return reinterpret_cast<LPARAM>(item);
 }
 
+bool movesSelection(WPARAM key) {
+    return key >= VK_PRIOR && key <= VK_DOWN;  // pages, End, Home, arrows
+}
+
 }  // namespace
 
 Win32TreeView::Win32TreeView(const ControlPlace& place, Dialogs& dialogs, const Language& language)
     : Win32Control(place, {WC_TREEVIEWW, kStyle, WS_EX_CLIENTEDGE}, language),
       dialogs_(dialogs),
-      items_(handle()) {
+      items_(handle()),
+      selection_(handle(), items_) {
     SendMessageW(handle(), TVM_SETIMAGELIST, TVSIL_NORMAL,
                  reinterpret_cast<LPARAM>(look_.treeImages()));
     constexpr UINT kSetExtendedStyle = TV_FIRST + 44;
@@ -34,6 +39,7 @@ Win32TreeView::Win32TreeView(const ControlPlace& place, Dialogs& dialogs, const 
     native_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrW(
         handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Win32TreeView::procedure)));
     items_.onGone = [this](const TreeNode& node) { forget(node); };
+    items_.onClose = [this](const TreeNode& node) { selection_.closed(node); };
     items_.onLoss = [this](TreeNode& node) { closeIfEmpty(node); };
     model().setListener(&items_);
 }
@@ -107,6 +113,9 @@ LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         case WM_KEYDOWN:
             return keyPressed(wparam, lparam);
+        case WM_LBUTTONDOWN:
+        case WM_LBUTTONDBLCLK:
+            return leftPressed(point, wparam) ? 0 : callNative(message, wparam, lparam);
         // The native tree would wait for the button's release in a loop of its own.
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
@@ -130,14 +139,34 @@ LRESULT Win32TreeView::keyPressed(WPARAM key, LPARAM lparam) {
         acts_.push_back({Act::Kind::PressDelete, nullptr, {}});
     if (key == VK_DELETE || selectFirstByKey(key))
         return 0;
+    if (movesSelection(key))
+        return moveByKey(key, lparam);
     // Nodes are filled when they are expanded, so expanding a whole subtree would never end.
     return callNative(WM_KEYDOWN, key == VK_MULTIPLY ? VK_ADD : key, lparam);
 }
 
+/// With Ctrl, the native tree scrolls instead.
+LRESULT Win32TreeView::moveByKey(WPARAM key, LPARAM lparam) {
+    TreeNode* const start = selection_.anchor();
+    const LRESULT result = callNative(WM_KEYDOWN, key, lparam);
+    if (GetKeyState(VK_SHIFT) < 0)
+        selection_.extendFrom(start);
+    else if (GetKeyState(VK_CONTROL) >= 0)
+        selection_.dropOthers();
+    return result;
+}
+
+/// Returns false for a press that the native tree handles.
+bool Win32TreeView::leftPressed(POINT point, WPARAM keys) {
+    bool handled = false;
+    if (TreeNode* const node = selection_.press(point, keys, handled))
+        acts_.push_back({Act::Kind::Select, node, {}});
+    return handled;
+}
+
 /// The arrow keys start at the selected row; without one they go to the first.
 bool Win32TreeView::selectFirstByKey(WPARAM key) {
-    const bool moves = key >= VK_PRIOR && key <= VK_DOWN;  // pages, End, Home, arrows
-    if (!moves || selected() != nullptr || model().root().shownCount() == 0)
+    if (!movesSelection(key) || selected() != nullptr || model().root().shownCount() == 0)
         return false;
     TreeNode* const first = model().root().children().front();
     select(first);
@@ -154,7 +183,7 @@ void Win32TreeView::rightPressed(POINT point) {
     TreeNode* const node = items_.nodeOf(hit.hItem);
     if (node == nullptr || node == selected())
         return;
-    SendMessageW(handle(), TVM_SELECTITEM, TVGN_CARET, asParameter(hit.hItem));
+    selection_.makeCurrent(*node);
     acts_.push_back({Act::Kind::Select, node, {}});
 }
 
@@ -209,6 +238,7 @@ void Win32TreeView::noteExpansion(const NMTREEVIEWW& event) {
 }
 
 void Win32TreeView::noteSelection(const NMTREEVIEWW& event) {
+    selection_.caretMoved();
     const bool byUser = event.action == TVC_BYMOUSE || event.action == TVC_BYKEYBOARD;
     if (byUser && event.itemNew.hItem != nullptr)
         acts_.push_back({Act::Kind::Select, reinterpret_cast<TreeNode*>(event.itemNew.lParam), {}});
@@ -284,6 +314,7 @@ bool Win32TreeView::isExpanding(const TreeNode& node) const {
 }
 
 void Win32TreeView::forget(const TreeNode& node) {
+    selection_.forget(node);
     std::erase_if(acts_, [&node](const Act& act) { return act.node == &node; });
     std::replace(expanding_.begin(), expanding_.end(), &node,
                  static_cast<const TreeNode*>(nullptr));

@@ -8,6 +8,7 @@
 #include "platform/dialogs.h"
 #include "platform/windows/controls/native_control.h"
 #include "platform/windows/controls/tree_items.h"
+#include "platform/windows/controls/tree_selection.h"
 
 namespace pelk {
 
@@ -24,6 +25,8 @@ class Win32TreeView : public Win32Control<TreeView> {
 
     void select(TreeNode* node) override;
     TreeNode* selected() override { return items_.selected(); }
+    void allowMultipleSelection() override { selection_.allowSeveral(); }
+    std::vector<TreeNode*> selectedNodes() override { return selection_.nodes(); }
     void setExpanded(TreeNode& node, bool expanded) override { items_.setExpanded(node, expanded); }
     void repaint() override;
 
@@ -45,6 +48,8 @@ class Win32TreeView : public Win32Control<TreeView> {
     LRESULT respond(UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT callNative(UINT message, WPARAM wparam, LPARAM lparam) const;
     LRESULT keyPressed(WPARAM key, LPARAM lparam);
+    LRESULT moveByKey(WPARAM key, LPARAM lparam);
+    bool leftPressed(POINT point, WPARAM keys);
     bool selectFirstByKey(WPARAM key);
     void rightPressed(POINT point);
     bool menuRequested(POINT where);
@@ -63,6 +68,7 @@ class Win32TreeView : public Win32Control<TreeView> {
 
     Dialogs& dialogs_;
     TreeItems items_;
+    TreeSelection selection_;
     WNDPROC native_ = nullptr;
     /// The number of nested messages that the native tree is handling.
     int depth_ = 0;

@@ -45,7 +45,7 @@ class NativeTree {
         TVITEMW read = {};
         read.mask = mask | TVIF_HANDLE;
         read.hItem = item;
-        read.stateMask = TVIS_EXPANDED;
+        read.stateMask = TVIS_EXPANDED | TVIS_SELECTED;
         read.pszText = text;
         read.cchTextMax = room;
         EXPECT_TRUE(SendMessageW(tree_, TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&read)));
@@ -57,6 +57,9 @@ class NativeTree {
     }
     bool isExpanded(HTREEITEM item) const {
         return (read(item, TVIF_STATE).state & TVIS_EXPANDED) != 0;
+    }
+    bool isSelected(HTREEITEM item) const {
+        return (read(item, TVIF_STATE).state & TVIS_SELECTED) != 0;
     }
     TreeRow row(HTREEITEM item) const {
         const TVITEMW shown = read(item, TVIF_IMAGE | TVIF_CHILDREN | TVIF_STATE);
@@ -116,7 +119,9 @@ class NativeTree {
         ADD_FAILURE() << "Row " << testing::PrintToString(path) << " cannot be clicked";
         return {-1, -1};
     }
-    void click(const TreePath& path, UINT part) const { clickAt(tree_, partOf(path, part)); }
+    void click(const TreePath& path, UINT part, MouseButton button = MouseButton::Left) const {
+        clickAt(tree_, partOf(path, part), button);
+    }
 
  private:
     HWND tree_;

@@ -19,18 +19,18 @@ struct MouseMessages {
 constexpr MouseMessages kMouseMessages[] = {
     {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON},
     {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON | MK_CONTROL},
+    {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON | MK_SHIFT},
     {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
 };
 
-void holdKey(int key, bool held) {
+/// Holds the keys of a mouse message (MK_CONTROL, MK_SHIFT), and no others of them.
+void holdKeys(WPARAM held) {
     BYTE keys[256] = {};
     GetKeyboardState(keys);
-    keys[key] = held ? 0x80 : 0;
+    constexpr BYTE kDown = 0x80;
+    keys[VK_CONTROL] = (held & MK_CONTROL) != 0 ? kDown : BYTE{0};
+    keys[VK_SHIFT] = (held & MK_SHIFT) != 0 ? kDown : BYTE{0};
     SetKeyboardState(keys);
-}
-
-void holdControlKey(bool held) {
-    holdKey(VK_CONTROL, held);
 }
 
 /// Acts on a menu by a timer, from within the menu's own loop.
@@ -118,11 +118,11 @@ void clickAt(HWND control, POINT point, MouseButton button) {
     MapWindowPoints(top, hit, &point, 1);
     const LPARAM place = MAKELPARAM(point.x, point.y);
     const MouseMessages& messages = kMouseMessages[static_cast<std::size_t>(button)];
-    holdControlKey(button == MouseButton::LeftWithControlKey);
+    holdKeys(messages.keys);
     PostMessageW(hit, messages.down, messages.keys, place);
-    PostMessageW(hit, messages.up, messages.keys & MK_CONTROL, place);
+    PostMessageW(hit, messages.up, messages.keys & (MK_CONTROL | MK_SHIFT), place);
     handleMessages();
-    holdControlKey(false);
+    holdKeys(0);
 }
 
 void clickMiddle(HWND control) {
@@ -141,15 +141,13 @@ void pressKeys(HWND window, const std::string& keys) {
     const bool control = keys.find("Ctrl+") != std::string::npos;
     const bool shift = keys.find("Shift+") != std::string::npos;
     const std::string name = keys.substr(keys.rfind('+') + 1);
-    holdKey(VK_CONTROL, control);
-    holdKey(VK_SHIFT, shift);
+    holdKeys((control ? MK_CONTROL : 0) | (shift ? MK_SHIFT : 0));
     pressKey(window, name == "Esc" ? VK_ESCAPE
                      : name.size() == 1
                          ? static_cast<WPARAM>(name[0])
                          : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1))));
     handleMessages();
-    holdKey(VK_CONTROL, false);
-    holdKey(VK_SHIFT, false);
+    holdKeys(0);
 }
 
 static BOOL CALLBACK addIfVisible(HWND window, LPARAM windows) {

@@ -18,7 +18,7 @@ HWND native(Shown& shown) {
 /// Handles pending messages like the host's loop, which does not know our windows.
 void handleMessages();
 
-enum class MouseButton { Left, LeftWithControlKey, Right };
+enum class MouseButton { Left, LeftWithControlKey, LeftWithShiftKey, Right };
 
 /// Clicks at a point of the control. A disabled window, or one hidden behind another control, does
 /// not get the click.

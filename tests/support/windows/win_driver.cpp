@@ -218,6 +218,20 @@ class WinDriver : public Driver {
     void clickRow(TreeView& tree, const TreePath& row) override {
         NativeTree(tree).click(row, TVHT_ONITEM);
     }
+    void clickRowWith(Hold key, TreeView& tree, const TreePath& row) override {
+        NativeTree(tree).click(
+            row, TVHT_ONITEM,
+            key == Hold::Control ? MouseButton::LeftWithControlKey : MouseButton::LeftWithShiftKey);
+    }
+    std::vector<std::string> selectedTexts(TreeView& tree) override {
+        const NativeTree view(tree);
+        std::vector<std::string> texts;
+        for (HTREEITEM item = view.next(TVGN_ROOT); item != nullptr;
+             item = view.next(TVGN_NEXTVISIBLE, item))
+            if (view.isSelected(item))
+                texts.push_back(view.text(item));
+        return texts;
+    }
     bool isInView(TreeView& tree, const TreePath& row) override {
         const NativeTree view(tree);
         return view.place(view.at(row)).has_value();
