@@ -5,33 +5,15 @@
 #include <limits>
 #include <utility>
 
-#include "db/damaged_data.h"
 #include "db/queries.h"
 
 namespace pelk {
 namespace {
 
-/// Returns the only element that the query selects. Throws `DamagedData` for none or several.
-XmlElement onlyElement(const XmlElement& root, const char* query) {
-    const std::vector<XmlElement> found = root.select(query);
-    if (found.size() != 1)
-        throw DamagedData("It is not a contact database: it holds " + std::to_string(found.size()) +
-                          " elements " + query + " instead of one.");
-    return found.front();
-}
-
 /// Refuses what the query for an address cannot express: an apostrophe would end its string.
 void requireNoApostrophe(const std::string& address) {
     if (address.find('\'') != std::string::npos)
         throw MalformedQuery(queries::contactByAddress(address));
-}
-
-/// Returns the first child of that name, after creating one if there is none.
-XmlElement childOrNew(const XmlElement& parent, const char* name) {
-    for (XmlElement child = parent.firstChild(); child; child = child.nextSibling())
-        if (child.name() == name)
-            return child;
-    return parent.appendElement(name);
 }
 
 }  // namespace
@@ -40,22 +22,12 @@ ContactLimitReached::ContactLimitReached()
     : Error("The database is full: all of its " + std::to_string(kMaxContactId) +
             " contact numbers are taken.") {}
 
-Database::Database(std::unique_ptr<XmlDocument> document) : document_(std::move(document)) {
-    root_ = document_->root();
-    if (!root_ || root_.name() != "pelkDB")
-        throw DamagedData("It is not a contact database: its root element is not pelkDB.");
-    contactsContainer_ = onlyElement(root_, queries::kContactsContainer);
-    relationsContainer_ = onlyElement(root_, queries::kRelationsContainer);
-    contacts_ = ContactIndex(contactsContainer_);
-    relations_ = RelationIndex(relationsContainer_);
-}
-
 std::optional<std::string> Database::putCountRight() {
-    const int highest = contacts_.highestId();
-    const std::string before = root_.text("totalContacts");
+    const int highest = content_.contacts.highestId();
+    const std::string before = content_.root.text("totalContacts");
     if (totalContacts() >= highest && totalContacts() <= kMaxContactId)
         return std::nullopt;
-    root_.setAttribute("totalContacts", std::to_string(highest));
+    journal_.setAttribute(content_.root, "totalContacts", std::to_string(highest));
     ++revision_;
     return "The count of contacts, totalContacts, was \"" + before +
            "\", which would assign an id twice or not at all. It has been set to " +
@@ -63,7 +35,7 @@ std::optional<std::string> Database::putCountRight() {
 }
 
 void Database::setDate(const std::string& stamp) {
-    root_.setAttribute("date", stamp);
+    journal_.setAttribute(content_.root, "date", stamp);
     ++revision_;
 }
 
@@ -72,42 +44,42 @@ void Database::countMails(std::int64_t mails) {
     const std::int64_t before = readInteger(totalMails());
     const std::int64_t counted = std::max<std::int64_t>(mails, 0);
     const std::int64_t sum = before > kMost - counted ? kMost : before + counted;
-    root_.setAttribute("totalMails", std::to_string(sum));
+    journal_.setAttribute(content_.root, "totalMails", std::to_string(sum));
     ++revision_;
 }
 
 Thresholds Database::thresholds() const {
-    return {readNumber(root_.text("maxInd")), readNumber(root_.text("minInd"))};
+    return {readNumber(content_.root.text("maxInd")), readNumber(content_.root.text("minInd"))};
 }
 
 void Database::setThresholds(int strong, int weak) {
-    root_.setAttribute("maxInd", std::to_string(strong));
-    root_.setAttribute("minInd", std::to_string(weak));
+    journal_.setAttribute(content_.root, "maxInd", std::to_string(strong));
+    journal_.setAttribute(content_.root, "minInd", std::to_string(weak));
     ++revision_;
 }
 
 void Database::forEachContact(const std::function<void(const Contact&)>& visit) const {
-    forEachChild(contactsContainer_, "contact",
+    forEachChild(content_.contactsContainer, "contact",
                  [&visit](const XmlElement& contact) { visit(readContact(contact)); });
 }
 
 std::optional<Contact> Database::contact(int id) const {
-    const XmlElement element = contacts_.byId(id);
+    const XmlElement element = content_.contacts.byId(id);
     return element ? std::optional(readContact(element)) : std::nullopt;
 }
 
 std::string Database::nameOf(int id) const {
-    const XmlElement element = contacts_.byId(id);
+    const XmlElement element = content_.contacts.byId(id);
     return element ? element.text("name") : std::string();
 }
 
 int Database::contactIdByAddress(const std::string& address) const {
     requireNoApostrophe(address);
-    return contacts_.idByAddress(address);
+    return content_.contacts.idByAddress(address);
 }
 
 std::vector<int> Database::ownersOf(const std::string& address) const {
-    return contacts_.idsByAddress(address);
+    return content_.contacts.idsByAddress(address);
 }
 
 /// Returns an id that no contact has ever had.
@@ -116,66 +88,80 @@ int Database::takeNextId() {
     if (last >= kMaxContactId)
         throw ContactLimitReached();
     const std::int64_t id = last + 1;
-    root_.setAttribute("totalContacts", std::to_string(id));
+    journal_.setAttribute(content_.root, "totalContacts", std::to_string(id));
     ++revision_;
     return static_cast<int>(id);
 }
 
 int Database::addContact(const std::string& name, const std::string& address) {
     const int id = takeNextId();
-    const XmlElement element = contactsContainer_.appendElement("contact");
+    const XmlElement element = content_.contactsContainer.appendElement("contact");
     element.setAttribute("id", std::to_string(id));
     element.appendElement("emails").appendElement("email").setAttribute("value", address);
     if (!name.empty())
         element.setAttribute("name", name);
-    contacts_.append(element);
+    journal_.noteAdded(content_, element);
+    content_.contacts.append(element);
     return id;
 }
 
 int Database::addCopyOfContact(const XmlElement& original) {
     const int id = takeNextId();
-    const XmlElement element = contactsContainer_.appendCopy(original);
+    const XmlElement element = content_.contactsContainer.appendCopy(original);
     element.setAttribute("id", std::to_string(id));
-    contacts_.append(element);
+    journal_.noteAdded(content_, element);
+    content_.contacts.append(element);
     return id;
 }
 
+/// Returns the element that holds the contact's addresses, after creating one if there is none.
+XmlElement Database::emailsOf(const XmlElement& contact) {
+    for (XmlElement child = contact.firstChild(); child; child = child.nextSibling())
+        if (child.name() == "emails")
+            return child;
+    XmlElement emails = contact.appendElement("emails");
+    journal_.noteAdded(content_, emails);
+    return emails;
+}
+
 void Database::addAddresses(int id, const std::vector<std::string>& addresses) {
-    const XmlElement element = contacts_.byId(id);
+    const XmlElement element = content_.contacts.byId(id);
     if (!element)
         return;
     std::vector<std::string> known = addressesOf(element);
     for (const std::string& address : addresses) {
         if (std::find(known.begin(), known.end(), address) != known.end())
             continue;
-        childOrNew(element, "emails").appendElement("email").setAttribute("value", address);
-        contacts_.addAddress(id, address);
+        const XmlElement email = emailsOf(element).appendElement("email");
+        email.setAttribute("value", address);
+        journal_.noteAdded(content_, email);
+        content_.contacts.addAddress(id, address);
         known.push_back(address);
         ++revision_;
     }
 }
 
 bool Database::renameContact(int id, const std::string& name) {
-    const XmlElement element = contacts_.byId(id);
+    const XmlElement element = content_.contacts.byId(id);
     if (!element)
         return false;
-    element.setAttribute("name", name);
+    journal_.setAttribute(element, "name", name);
     ++revision_;
     return true;
 }
 
 void Database::moveAddresses(int fromId, int toId) {
-    const XmlElement from = contacts_.byId(fromId);
-    const XmlElement to = contacts_.byId(toId);
+    const XmlElement from = content_.contacts.byId(fromId);
+    const XmlElement to = content_.contacts.byId(toId);
     if (!from || !to || fromId == toId)
         return;
-    contacts_.moveAddresses(fromId, toId);
-    const XmlElement receiver = childOrNew(to, "emails");
+    content_.contacts.moveAddresses(fromId, toId);
+    const XmlElement receiver = emailsOf(to);
     std::vector<XmlElement> moved;
     forEachEmail(from, [&moved](const XmlElement& email) { moved.push_back(email); });
     for (const XmlElement& email : moved) {
-        receiver.appendCopy(email);
-        email.remove();
+        journal_.noteAdded(content_, receiver.appendCopy(email));
+        journal_.remove(content_, email);
     }
     ++revision_;
 }
@@ -183,27 +169,27 @@ void Database::moveAddresses(int fromId, int toId) {
 void Database::removeContacts(const std::vector<int>& ids) {
     for (const int id : ids) {
         // Contacts with an unreadable id have id 0, so 0 identifies none of them.
-        const XmlElement element = id > 0 ? contacts_.take(id) : XmlElement();
+        const XmlElement element = id > 0 ? content_.contacts.take(id) : XmlElement();
         if (!element)
             continue;
-        element.remove();
-        for (const XmlElement& relation : relations_.takeAllOf(id))
-            relation.remove();
+        journal_.remove(content_, element);
+        for (const XmlElement& relation : content_.relations.takeAllOf(id))
+            journal_.remove(content_, relation);
         ++revision_;
     }
 }
 
 std::vector<Relation> Database::relations() const {
     std::vector<Relation> relations;
-    relations.reserve(relations_.count());
-    relations_.forEach(
+    relations.reserve(content_.relations.count());
+    content_.relations.forEach(
         [&relations](const RelationEntry& entry) { relations.push_back(entry.relation); });
     return relations;
 }
 
 std::vector<Relation> Database::relationsOf(int id) const {
     std::vector<Relation> relations;
-    relations_.forEachOf(
+    content_.relations.forEachOf(
         id, [&relations](const RelationEntry& entry) { relations.push_back(entry.relation); });
     return relations;
 }
@@ -215,7 +201,7 @@ void Database::addMailBetween(int id, int otherId) {
 
 std::optional<Relation> Database::relationOfPair(int id, int otherId) const {
     const auto [smaller, larger] = std::minmax(id, otherId);
-    const RelationEntry* const entry = relations_.ofPair(smaller, larger);
+    const RelationEntry* const entry = content_.relations.ofPair(smaller, larger);
     return entry != nullptr ? std::optional(entry->relation) : std::nullopt;
 }
 
@@ -224,31 +210,32 @@ void Database::addRelationWeight(int id, int otherId, std::int64_t weight) {
         throw Error("Unreachable code, addrelationweight");
     const auto [smaller, larger] = std::minmax(id, otherId);
     ++revision_;
-    if (RelationEntry* const entry = relations_.ofPair(smaller, larger)) {
+    if (RelationEntry* const entry = content_.relations.ofPair(smaller, larger)) {
         double& sum = entry->relation.weight;
         sum = std::trunc(sum) + static_cast<double>(weight);
-        entry->element.setAttribute("weight", std::to_string(roundToInteger(sum)));
+        journal_.setAttribute(entry->element, "weight", std::to_string(roundToInteger(sum)));
         return;
     }
-    XmlElement element = relationsContainer_.appendElement("relation");
+    XmlElement element = content_.relationsContainer.appendElement("relation");
     element.setAttribute("part1", std::to_string(smaller));
     element.setAttribute("part2", std::to_string(larger));
     element.setAttribute("weight", std::to_string(weight));
-    relations_.append(std::move(element));
+    journal_.noteAdded(content_, element);
+    content_.relations.append(std::move(element));
 }
 
 void Database::removeRelation(int id, int otherId) {
     const auto [smaller, larger] = std::minmax(id, otherId);
-    const XmlElement element = relations_.takeOfPair(smaller, larger);
+    const XmlElement element = content_.relations.takeOfPair(smaller, larger);
     if (!element)
         return;
-    element.remove();
+    journal_.remove(content_, element);
     ++revision_;
 }
 
 std::int64_t Database::strongestWeight() const {
     std::int64_t strongest = 0;
-    relations_.forEach([&strongest](const RelationEntry& entry) {
+    content_.relations.forEach([&strongest](const RelationEntry& entry) {
         if (entry.relation.weight > static_cast<double>(strongest))
             strongest = roundToInteger(entry.relation.weight);
     });
@@ -256,13 +243,30 @@ std::int64_t Database::strongestWeight() const {
 }
 
 void Database::replaceContent(Database&& other) {
-    const std::uint64_t revision = revision_;
-    *this = std::move(other);
-    revision_ = revision + 1;
+    journal_.replace(content_, std::move(other.content_));
+    ++revision_;
+}
+
+void Database::inStep(const std::string& name, const std::function<void()>& edits) {
+    // The edits may be reverted.
+    ++revision_;
+    journal_.inStep(name, content_, edits);
+}
+
+bool Database::undo() {
+    const bool undone = journal_.undo(content_);
+    revision_ += undone ? 1 : 0;
+    return undone;
+}
+
+bool Database::redo() {
+    const bool redone = journal_.redo(content_);
+    revision_ += redone ? 1 : 0;
+    return redone;
 }
 
 std::vector<XmlElement> Database::contactElements() const {
-    return root_.select(queries::kContacts);
+    return content_.root.select(queries::kContacts);
 }
 
 }  // namespace pelk

@@ -20,10 +20,10 @@
 #include <string_view>
 #include <vector>
 
-#include "db/contact_index.h"
+#include "db/content.h"
+#include "db/journal.h"
 #include "db/numbers.h"
 #include "db/records.h"
-#include "db/relation_index.h"
 #include "platform/xml.h"
 
 namespace pelk {
@@ -45,18 +45,18 @@ class Database {
     /// Takes ownership of a loaded document. Throws `DamagedData` when it is not a contact
     /// database: the root has another name, or there is not exactly one container of contacts and
     /// one of relations.
-    explicit Database(std::unique_ptr<XmlDocument> document);
+    explicit Database(std::unique_ptr<XmlDocument> document) : content_(std::move(document)) {}
 
     /// Returns the whole document as text, see `XmlDocument::xml`.
-    std::string xml() const { return document_->xml(); }
+    std::string xml() const { return content_.document->xml(); }
     /// A number that increases with every edit.
     std::uint64_t revision() const { return revision_; }
 
     /// The stamp of the end of the last completed scan.
-    std::string date() const { return root_.text("date"); }
+    std::string date() const { return content_.root.text("date"); }
     void setDate(const std::string& stamp);
     /// The number of e-mails counted, as text.
-    std::string totalMails() const { return root_.text("totalMails"); }
+    std::string totalMails() const { return content_.root.text("totalMails"); }
     /// Adds to the number of e-mails; a negative number adds nothing.
     void countMails(std::int64_t mails);
     Thresholds thresholds() const;
@@ -64,14 +64,14 @@ class Database {
     void setThresholds(int strong, int weak);
     /// The number of contacts ever created, which is the last id assigned. In a foreign document it
     /// may be any number.
-    std::int64_t totalContacts() const { return readInteger(root_.text("totalContacts")); }
+    std::int64_t totalContacts() const { return readInteger(content_.root.text("totalContacts")); }
 
     /// Sets `totalContacts` to the highest id in use if it is lower than that or above
     /// `kMaxContactId`, which happens only in foreign documents. Returns a message for the user
     /// about the repair; nothing if none was needed.
     std::optional<std::string> putCountRight();
 
-    std::size_t contactCount() const { return contacts_.count(); }
+    std::size_t contactCount() const { return content_.contacts.count(); }
     /// Calls `visit` with each contact, in document order. `visit` must not edit the database.
     void forEachContact(const std::function<void(const Contact&)>& visit) const;
     /// Returns the contact with that id; nothing if there is none.
@@ -86,7 +86,7 @@ class Database {
     std::vector<int> ownersOf(const std::string& address) const;
     /// Returns the first of them; 0 if there is none. Unlike `contactIdByAddress`, which scans use,
     /// it accepts an apostrophe.
-    int ownerOf(const std::string& address) const { return contacts_.idByAddress(address); }
+    int ownerOf(const std::string& address) const { return content_.contacts.idByAddress(address); }
     /// Creates a contact and returns its id. An empty name is left out of the document. Throws
     /// `ContactLimitReached`, with nothing changed, when all ids have been assigned.
     int addContact(const std::string& name, const std::string& address);
@@ -104,7 +104,7 @@ class Database {
     /// Removes contacts with all their relations. Skips ids without a contact.
     void removeContacts(const std::vector<int>& ids);
 
-    std::size_t relationCount() const { return relations_.count(); }
+    std::size_t relationCount() const { return content_.relations.count(); }
     /// Return all relations, or those of one contact, in document order.
     std::vector<Relation> relations() const;
     std::vector<Relation> relationsOf(int id) const;
@@ -124,20 +124,30 @@ class Database {
     /// Replaces the whole content with that of another database.
     void replaceContent(Database&& other);
 
+    /// Runs `edits`, which edits this database, as one step that can be undone, unless it changes
+    /// nothing. `name` says what the step did, for menus: "rename of Ann". When `edits` throws,
+    /// reverts its edits and passes the exception on. Edits outside of a step, such as those of a
+    /// scan, forget all steps: the user must not lose counted e-mails with an undo.
+    void inStep(const std::string& name, const std::function<void()>& edits);
+    /// Undo or redo one step; at least 20 are kept. Return false when there is none. Throw, with
+    /// nothing changed, when the memory or a library fails.
+    bool undo();
+    bool redo();
+    /// Return the name of the step that `undo` or `redo` concerns; empty when there is none.
+    std::string undoName() const { return journal_.undoName(); }
+    std::string redoName() const { return journal_.redoName(); }
+
     /// Returns the elements of all contacts, for copying them to another document.
     std::vector<XmlElement> contactElements() const;
     /// The document's root, for checking the document.
-    const XmlElement& root() const { return root_; }
+    const XmlElement& root() const { return content_.root; }
 
  private:
     int takeNextId();
+    XmlElement emailsOf(const XmlElement& contact);
 
-    std::unique_ptr<XmlDocument> document_;
-    XmlElement root_;
-    XmlElement contactsContainer_;
-    XmlElement relationsContainer_;
-    ContactIndex contacts_;
-    RelationIndex relations_;
+    Content content_;
+    Journal journal_;
     std::uint64_t revision_ = 0;
 };
 

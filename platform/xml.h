@@ -54,14 +54,24 @@ class XmlLibrary {
             values[i] = attribute(node, names[i]).value_or(std::string());
     }
     virtual void setAttribute(Node node, const char* name, const std::string& value) const = 0;
+    virtual void removeAttribute(Node node, const char* name) const = 0;
     /// The following two functions return elements only; null when there is none.
     virtual Node firstChild(Node node) const = 0;
     virtual Node nextSibling(Node node) const = 0;
     virtual Node appendElement(Node parent, const char* name) const = 0;
     virtual Node appendCopy(Node parent, Node original) const = 0;
+    /// Also frees a detached element.
     virtual void remove(Node node) const = 0;
+    virtual Node parent(Node node) const = 0;
+    /// Returns the next node, which may be text; null after the last one.
+    virtual Node following(Node node) const = 0;
+    virtual void detach(Node node) const = 0;
+    /// Inserts a detached element before a child of `parent`; after all children if that is null.
+    virtual void insert(Node parent, Node node, Node before) const = 0;
     virtual std::vector<Node> select(Node context, const std::string& query) const = 0;
 };
+
+class XmlPlace;
 
 /// A reference to one element, or to none. Copies refer to the same element. An element that was
 /// removed from its document, or whose document was loaded again, must not be used.
@@ -108,6 +118,8 @@ class XmlElement {
     void setAttribute(const char* name, const std::string& value) const {
         library_->setAttribute(node_, name, value);
     }
+    /// Does nothing when there is no such attribute.
+    void removeAttribute(const char* name) const { library_->removeAttribute(node_, name); }
 
     /// The neighbouring element; an empty reference when there is none. Skips text.
     XmlElement firstChild() const { return {*library_, library_->firstChild(node_)}; }
@@ -125,6 +137,15 @@ class XmlElement {
     /// Removes this element and everything below it from the document.
     void remove() const { library_->remove(node_); }
 
+    /// Returns where the element is. The place is valid while its neighbours are the same.
+    XmlPlace place() const;
+    /// Removes this element from the document without invalidating it or the elements below it, so
+    /// that `insertAt` can put it back and `remove` frees it. Until then it has no neighbours, and
+    /// `select` does not find it. Requires: it is not the root.
+    void detach() const { library_->detach(node_); }
+    /// Puts a detached element at a place in its document.
+    void insertAt(const XmlPlace& place) const;
+
     /// The elements that an XPath 1.0 query selects, in document order. A query that starts with
     /// "/" starts at the document, any other at this element. Throws `MalformedQuery`.
     std::vector<XmlElement> select(const std::string& query) const {
@@ -138,6 +159,29 @@ class XmlElement {
     const XmlLibrary* library_ = nullptr;
     XmlLibrary::Node node_ = nullptr;
 };
+
+/// A place between two nodes of a document.
+class XmlPlace {
+ public:
+    XmlPlace() = default;
+
+ private:
+    friend class XmlElement;
+    XmlPlace(XmlElement parent, XmlElement next)
+        : parent_(std::move(parent)), next_(std::move(next)) {}
+
+    XmlElement parent_;
+    /// May be text.
+    XmlElement next_;
+};
+
+inline XmlPlace XmlElement::place() const {
+    return {{*library_, library_->parent(node_)}, {*library_, library_->following(node_)}};
+}
+
+inline void XmlElement::insertAt(const XmlPlace& place) const {
+    library_->insert(place.parent_.node_, node_, place.next_.node_);
+}
 
 /// One XML document in memory.
 class XmlDocument {

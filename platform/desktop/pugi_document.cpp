@@ -25,6 +25,20 @@ XmlLibrary::Node elementFrom(pugi::xml_node node) {
     return unwrap(node);
 }
 
+/// Returns the element that holds the detached ones, which belong to no other place of the
+/// document; null when there is none yet. It follows the root element, so it is not part of the
+/// text.
+pugi::xml_node storeOfDetached(pugi::xml_node document) {
+    return wrap(elementFrom(document.first_child())).next_sibling();
+}
+
+bool isDetached(pugi::xml_node node) {
+    const pugi::xml_node store = storeOfDetached(node.root());
+    while (node && node != store)
+        node = node.parent();
+    return node && store;
+}
+
 /// The library returns null or false when it has no memory.
 void requireMemory(bool given) {
     if (!given)
@@ -73,6 +87,10 @@ class PugiLibrary : public XmlLibrary {
         requireMemory(attribute.set_value(value.c_str()));
     }
 
+    void removeAttribute(Node node, const char* name) const override {
+        wrap(node).remove_attribute(name);
+    }
+
     Node firstChild(Node node) const override { return elementFrom(wrap(node).first_child()); }
     Node nextSibling(Node node) const override { return elementFrom(wrap(node).next_sibling()); }
 
@@ -98,13 +116,29 @@ class PugiLibrary : public XmlLibrary {
 
     void remove(Node node) const override { wrap(node).parent().remove_child(wrap(node)); }
 
+    Node parent(Node node) const override { return unwrap(wrap(node).parent()); }
+    Node following(Node node) const override { return unwrap(wrap(node).next_sibling()); }
+
+    void detach(Node node) const override {
+        const pugi::xml_node document = wrap(node).root();
+        pugi::xml_node store = storeOfDetached(document);
+        if (!store)
+            store = wrap(unwrap(document)).append_child("detached");
+        requireMemory(store.append_move(wrap(node)));
+    }
+
+    void insert(Node parent, Node node, Node before) const override {
+        requireMemory(before != nullptr ? wrap(parent).insert_move_before(wrap(node), wrap(before))
+                                        : wrap(parent).append_move(wrap(node)));
+    }
+
     std::vector<Node> select(Node context, const std::string& query) const override {
         try {
             pugi::xpath_node_set found = wrap(context).select_nodes(query.c_str());
             found.sort();
             std::vector<Node> nodes;
             for (const pugi::xpath_node& each : found)
-                if (each.node())
+                if (each.node() && !isDetached(each.node()))
                     nodes.push_back(unwrap(each.node()));
             return nodes;
         } catch (const pugi::xpath_exception&) {

@@ -82,6 +82,11 @@ class MsxmlLibrary : public XmlLibrary {
                 "change an attribute");
     }
 
+    void removeAttribute(Node node, const char* name) const override {
+        require(wrap(node)->removeAttribute(Bstr(std::string_view(name)).get()),
+                "remove an attribute");
+    }
+
     Node firstChild(Node node) const override {
         ComPtr<IXMLDOMNode> child;
         require(wrap(node)->get_firstChild(child.put()), kFindNode);
@@ -113,12 +118,35 @@ class MsxmlLibrary : public XmlLibrary {
         return asElement(added).detach();
     }
 
+    /// A detached element lives as long as somebody refers to it.
     void remove(Node node) const override {
-        ComPtr<IXMLDOMNode> parent;
         ComPtr<IXMLDOMNode> removed;
-        require(wrap(node)->get_parentNode(parent.put()), kFindNode);
-        require(parent ? parent->removeChild(wrap(node), removed.put()) : E_FAIL,
-                "remove an element");
+        if (const ComPtr<IXMLDOMNode> parent = parentOf(node))
+            require(parent->removeChild(wrap(node), removed.put()), "remove an element");
+    }
+
+    Node parent(Node node) const override { return asElement(parentOf(node)).detach(); }
+
+    /// Everything else that is done with this node works for any kind of node.
+    Node following(Node node) const override {
+        ComPtr<IXMLDOMNode> next;
+        require(wrap(node)->get_nextSibling(next.put()), kFindNode);
+        return next.detach();
+    }
+
+    void detach(Node node) const override { remove(node); }
+
+    void insert(Node parent, Node node, Node before) const override {
+        ComPtr<IXMLDOMNode> added;
+        if (before == nullptr) {
+            require(wrap(parent)->appendChild(wrap(node), added.put()), "add an element");
+            return;
+        }
+        Variant next;
+        next.vt = VT_DISPATCH;
+        next.pdispVal = static_cast<IXMLDOMNode*>(before);
+        next.pdispVal->AddRef();
+        require(wrap(parent)->insertBefore(wrap(node), next, added.put()), "insert an element");
     }
 
     std::vector<Node> select(Node context, const std::string& query) const override {
@@ -134,6 +162,12 @@ class MsxmlLibrary : public XmlLibrary {
     }
 
  private:
+    /// The parent of a node; null for a detached one.
+    static ComPtr<IXMLDOMNode> parentOf(Node node) {
+        ComPtr<IXMLDOMNode> parent;
+        require(wrap(node)->get_parentNode(parent.put()), kFindNode);
+        return parent;
+    }
     static ComPtr<IXMLDOMNodeList> evaluate(Node context, const std::string& query) {
         ComPtr<IXMLDOMNodeList> found;
         const HRESULT result = wrap(context)->selectNodes(Bstr(query).get(), found.put());

@@ -80,6 +80,38 @@ TEST_F(XmlTest, walksAndEditsElements) {
     EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>text<a x=\"2\" y=\"\"/>text<c z=\"3\"/></r>");
 }
 
+TEST_F(XmlTest, putsDetachedElementsBackWhereTheyWere) {
+    ASSERT_TRUE(document->loadXml("<r>one<a x='1'><d/></a>two<b/><c/></r>"));
+    const std::string before = document->xml();
+    const XmlElement root = document->root();
+    const XmlElement a = root.firstChild();
+    const XmlElement b = a.nextSibling();
+    const XmlElement c = b.nextSibling();
+    const XmlElement d = a.firstChild();
+    const XmlPlace placeOfA = a.place();
+    a.detach();
+    const XmlPlace placeOfC = c.place();
+    c.detach();
+    const XmlPlace placeOfD = d.place();
+    d.detach();
+    a.setAttribute("y", "2");
+    const std::string xml = document->xml();
+    EXPECT_EQ(xml.substr(xml.find("<r>")), "<r>onetwo<b/></r>");
+    EXPECT_EQ(document->root().name(), "r");
+    EXPECT_TRUE(root.select("//a | //c | //d").empty());
+    EXPECT_FALSE(b.nextSibling());
+    d.insertAt(placeOfD);
+    c.insertAt(placeOfC);
+    a.insertAt(placeOfA);
+    a.removeAttribute("y");
+    a.removeAttribute("z");
+    EXPECT_EQ(document->xml(), before);
+    EXPECT_EQ(root.select("//d").size(), 1U);
+    b.detach();
+    b.remove();
+    EXPECT_EQ(a.nextSibling().name(), "c");
+}
+
 TEST_F(XmlTest, copiesElementsFromAnyDocument) {
     ASSERT_TRUE(document->loadXml("<r><a x='1'><b>text</b></a><c/></r>"));
     const std::unique_ptr<XmlDocument> other = makeXmlDocument();
