@@ -24,6 +24,12 @@ class Language {
     /// Returns the text in lower case, by rules that do not depend on the locale: keys that were
     /// stored under one locale are found under another.
     virtual std::string lowerCase(std::string_view text) const = 0;
+
+    /// Returns the text without case and accents, by rules that do not depend on the locale, for
+    /// searches: "Zoë" and "ZOE" give "zoe", "Straße" and "STRASSE" give "strasse". Compatible
+    /// characters become plain ones (Unicode's form KD), and `withoutAccents` says what counts as
+    /// an accent. Each part of a text that is not UTF-8 becomes characters that no key types.
+    virtual std::string folded(std::string_view text) const = 0;
 };
 
 }  // namespace pelk

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <span>
 
+#include "platform/accents.h"
 #include "platform/ascii.h"
 #include "platform/parallel.h"
 
@@ -112,6 +113,15 @@ std::string LocaleLanguage::lowerCase(std::string_view text) const {
     return QString::fromUcs4(reinterpret_cast<const char32_t*>(characters.constData()),
                              characters.size())
         .toStdString();
+}
+
+std::string LocaleLanguage::folded(std::string_view text) const {
+    if (isAscii(text))
+        return lowerAscii(text);
+    return withoutAccents(QString::fromUtf8(toQt(text))
+                              .normalized(QString::NormalizationForm_KD)
+                              .toCaseFolded()
+                              .toStdString());
 }
 
 }  // namespace pelk

@@ -24,6 +24,7 @@ class LocaleLanguage : public Language {
         const std::vector<std::string_view>& texts) const override;
     bool startsWith(std::string_view text, std::string_view start) const override;
     std::string lowerCase(std::string_view text) const override;
+    std::string folded(std::string_view text) const override;
 
  private:
     /// Two equal collators, because threads cannot share one.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 
+#include "platform/accents.h"
 #include "platform/ascii.h"
 #include "platform/windows/wide_text.h"
 
@@ -27,9 +28,20 @@ std::wstring inCase(DWORD mapping, const std::wstring& text) {
 }
 
 /// Returns equal texts for texts that differ only in case.
-std::wstring foldCase(std::string_view text) {
-    const std::wstring wide = toWide(text);
-    return inCase(LCMAP_LOWERCASE, inCase(LCMAP_UPPERCASE, wide));
+std::wstring foldCase(const std::wstring& text) {
+    return inCase(LCMAP_LOWERCASE, inCase(LCMAP_UPPERCASE, text));
+}
+
+/// Returns the text in Unicode's form KD; unchanged if it contains characters that Windows does not
+/// know.
+std::wstring decomposed(const std::wstring& text) {
+    constexpr DWORD kFormKD = MAP_COMPOSITE | MAP_FOLDCZONE;
+    const int size = static_cast<int>(text.size());
+    const int needed = FoldStringW(kFormKD, text.data(), size, nullptr, 0);
+    std::wstring parts(static_cast<std::size_t>(needed), L'\0');
+    const int written = FoldStringW(kFormKD, text.data(), size, parts.data(), needed);
+    parts.resize(static_cast<std::size_t>(written));
+    return written > 0 ? parts : text;
 }
 
 /// Computes sort keys: bytes whose order is the alphabetical order of the texts.
@@ -92,7 +104,7 @@ bool WindowsLanguage::startsWith(std::string_view text, std::string_view start) 
                std::equal(start.begin(), start.end(), text.begin(), [](char left, char right) {
                    return lowerAscii(left) == lowerAscii(right);
                });
-    return foldCase(text).starts_with(foldCase(start));
+    return foldCase(toWide(text)).starts_with(foldCase(toWide(start)));
 }
 
 /// Converts character by character, so that the number of characters stays the same. In text that
@@ -102,6 +114,12 @@ std::string WindowsLanguage::lowerCase(std::string_view text) const {
     if (isAscii(text) || !isUtf8(text))
         return lowerAscii(text);
     return toUtf8(inCase(LCMAP_LOWERCASE, toWide(text)));
+}
+
+std::string WindowsLanguage::folded(std::string_view text) const {
+    if (isAscii(text))
+        return lowerAscii(text);
+    return withoutAccents(toUtf8(foldCase(decomposed(toWide(text)))));
 }
 
 }  // namespace pelk

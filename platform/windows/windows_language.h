@@ -18,6 +18,7 @@ class WindowsLanguage : public Language {
         const std::vector<std::string_view>& texts) const override;
     bool startsWith(std::string_view text, std::string_view start) const override;
     std::string lowerCase(std::string_view text) const override;
+    std::string folded(std::string_view text) const override;
 
  private:
     std::wstring locale_;

@@ -62,5 +62,21 @@ TEST_F(LanguageTest, lowersCaseAndLeavesAllElse) {
     EXPECT_EQ(language->lowerCase(""), "");
 }
 
+TEST_F(LanguageTest, foldsCaseAndAccentsForSearches) {
+    using Pair = std::pair<std::string_view, std::string_view>;
+    for (const auto& [text, plain] :
+         {Pair("Ann.SMITH@x [Z`", "ann.smith@x [z`"), Pair("Zoë ÅNGSTRÖM", "zoe angstrom"),
+          Pair("Zoe\u0308", "zoe"), Pair("Straße STRASSE ẞ", "strasse strasse ss"),
+          Pair("Søren Łukasz Æsa İı", "soren lukasz aesa ii"), Pair("ΣΊΣΥΦΟΣ Ώ", "σισυφοσ ω"),
+          Pair("σίσυφος", "σισυφοσ"), Pair("ЁЛКА Йод Ѓ", "елка иод г"), Pair("ﬁｘ①", "fix1"),
+          Pair("नि กี", "नि กี"), Pair("𐐀", "𐐨"), Pair("", "")})
+        EXPECT_EQ(language->folded(text), plain);
+    EXPECT_EQ(language->folded("한"), language->folded("\u1112\u1161\u11ab"));
+    for (const std::string_view broken : {"\xff"
+                                          "Zo\xc3",
+                                          "\xc3Zo", "Zo\xed\xa0\x80", "Zo\xcc"})
+        EXPECT_NE(language->folded(broken).find("zo"), std::string::npos) << broken;
+}
+
 }  // namespace
 }  // namespace pelk

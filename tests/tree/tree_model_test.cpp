@@ -25,6 +25,7 @@ class PlainLanguage : public Language {
     }
     bool startsWith(std::string_view, std::string_view) const override { return false; }
     std::string lowerCase(std::string_view) const override { return {}; }
+    std::string folded(std::string_view) const override { return {}; }
 };
 
 /// A native tree that knows the nodes it has been told of, and checks that it is told of no others.
