@@ -1,7 +1,8 @@
 #pragma once
 // The windows and controls that forms are made of, with no more than the forms need.
 //
-// Positions and sizes are in twips, relative to the top left corner of the window's client area.
+// Positions and sizes are in twips, relative to the top left corner of the window's inner area:
+// the client area without its strips.
 // The toolkit chooses the size of a twip so that a button 250 twips high fits the user's font; on a
 // plain screen that is close to the nominal 1/1440 inch.
 //
@@ -47,6 +48,9 @@ class Control {
     virtual Rect bounds() const = 0;
     virtual void setBounds(const Rect& bounds) = 0;
     virtual void setEnabled(bool enabled) = 0;
+    /// Moves the keyboard focus to this control within its window and, in a text box, selects the
+    /// text. Requires: the window is visible and the control enabled.
+    virtual void focus() = 0;
     /// Shows the arrow over this control even while its window shows the hourglass.
     virtual void keepArrowPointer() = 0;
 };
@@ -82,9 +86,17 @@ class TextBox : public Control {
  public:
     virtual void setText(const std::string& text) = 0;
     virtual std::string text() const = 0;
+    /// Shows a hint in the box while it is empty.
+    virtual void setPlaceholder(const std::string& hint) = 0;
 
     /// Called when the user edits the text.
     std::function<void()> onChange;
+    /// Called when the user presses Enter or Esc in the box. Without a handler the key acts on the
+    /// window.
+    std::function<void()> onEnter;
+    std::function<void()> onEscape;
+    /// Called with -1 when the user presses the Up key in the box, with 1 for Down.
+    std::function<void(int step)> onStep;
 };
 
 /// Chooses an integer. An arrow key moves it by one.
@@ -201,16 +213,21 @@ class PopupMenu {
     virtual void open(ScreenPoint where) = 0;
 };
 
-/// A top-level window and its controls, which live as long as the window. It is created hidden.
+/// A top-level window and its controls, which live as long as the window. It is created hidden. Its
+/// client area is the inner area and a strip above and below it, which are empty at first.
 class Window {
  public:
     virtual ~Window() = default;
 
     virtual void setCaption(const std::string& caption) = 0;
-    /// Sets the client area's current size, or its smallest.
+    /// Sets the inner area's current size, or its smallest.
     virtual void setInnerSize(Size size) = 0;
     virtual void setMinimumInnerSize(Size size) = 0;
     virtual Size innerSize() const = 0;
+    /// Sets the heights of the strips. The inner area keeps its size and its controls: the window
+    /// grows or shrinks. Controls in the upper strip have negative tops, those in the lower one
+    /// tops from the inner area's height on.
+    virtual void setStrips(int above, int below) = 0;
 
     /// Shows the window without making it modal and brings it to the front.
     virtual void show() = 0;
@@ -239,7 +256,7 @@ class Window {
     virtual TreeView& addTreeView(const Rect& bounds) = 0;
     virtual PopupMenu& addPopupMenu() = 0;
 
-    /// Called when the client area has a new size, from the user or when it is first shown.
+    /// Called when the inner area has a new size, from the user or when it is first shown.
     std::function<void()> onResize;
     /// Called when the user wants to close the window; false keeps it open. Without a handler the
     /// window is hidden.

@@ -20,4 +20,7 @@ inline constexpr ShortcutKey kShortcutKeys[] = {
     {Shortcut::Redo, "Ctrl+Shift+Z"},
 };
 
+/// Typed outside a text box, this character acts as `Shortcut::Find`.
+inline constexpr char kFindCharacter = '/';
+
 }  // namespace pelk

@@ -157,6 +157,36 @@ TEST_F(Controls, TextBoxesTellOfWhatTheUserEdits) {
     EXPECT_EQ(box.text(), "&");
 }
 
+TEST_F(Controls, TextBoxesTakeTheKeysThatHaveHandlers) {
+    TextBox& box = window_->addTextBox({0, 0, 3000, 250});
+    Button& next = window_->addButton({0, 500, 1000, 250}, "next");
+    std::string heard;
+    window_->setShortcut(Shortcut::Escape, [&heard] { heard += "window "; });
+    window_->show();
+    box.setPlaceholder("Find Åsa");
+    EXPECT_EQ(driver_.textOf(box), "") << "a hint is no text";
+    box.setText("Bo");
+    next.focus();
+    EXPECT_TRUE(driver_.hasFocus(next));
+    box.focus();
+    EXPECT_TRUE(driver_.hasFocus(box));
+    EXPECT_EQ(driver_.selectedTextOf(box), "Bo");
+    const auto press = [&] {
+        for (const Key key : {Key::Escape, Key::Enter, Key::Up, Key::Down})
+            driver_.press(*window_, key);
+        return std::exchange(heard, "");
+    };
+    EXPECT_EQ(press(), "window ");
+    box.onEscape = [&heard] { heard += "Esc "; };
+    box.onEnter = [&heard] { heard += "Enter "; };
+    box.onStep = [&heard](int step) { heard += std::to_string(step) + " "; };
+    EXPECT_EQ(press(), "Esc Enter -1 1 ");
+    EXPECT_EQ(box.text(), "Bo");
+    box.onEnter = [] { throw Error("Nothing is found."); };
+    platform_.dialogs.expectMessage("Nothing is found.");
+    driver_.press(*window_, Key::Enter);
+}
+
 TEST_F(Controls, SlidersTellOfEachStep) {
     Slider& slider = window_->addSlider({0, 0, 3000, 300});
     std::vector<int> heard;

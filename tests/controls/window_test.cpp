@@ -48,6 +48,36 @@ TEST_F(Windows, TellOfSizesThatCodeHasNotSet) {
     expectSize({4000, 2000}, 3);
 }
 
+TEST_F(Windows, HaveStripsOutsideTheInnerArea) {
+    int clicks = 0;
+    const auto add = [&](int top) -> Button& {
+        Button& button = window_->addButton({0, top, 1000, 250}, "OK");
+        button.onClick = [&clicks] { ++clicks; };
+        return button;
+    };
+    Button& inside = add(0);
+    window_->setMinimumInnerSize({4000, 2000});
+    window_->setStrips(330, 250);
+    Button& above = add(-290);
+    Button& below = add(3000);
+    window_->show();
+    expectSize({6000, 3000}, 1);
+    for (const auto& [button, top] : {std::pair(&inside, 0), {&above, -290}, {&below, 3000}}) {
+        EXPECT_NEAR(button->bounds().top, top, 16);
+        EXPECT_NEAR(driver_.boundsOf(*button).top, top, 16);
+        driver_.click(*button);
+    }
+    EXPECT_EQ(clicks, 3) << "each is where the user can click it";
+    driver_.resize(*window_, {1000, 1000});
+    expectSize({4000, 2000}, 2);
+    window_->setStrips(0, 250);
+    expectSize({4000, 2000}, 2);
+    EXPECT_NEAR(driver_.boundsOf(inside).top, 0, 16);
+    window_->setStrips(0, 0);
+    driver_.click(inside);
+    EXPECT_EQ(clicks, 4);
+}
+
 TEST_F(Windows, AreCreatedHiddenAndClosedUnlessTheHandlerRefuses) {
     window_->setCaption("Relations [*] & Åsa");
     EXPECT_EQ(driver_.captionOf(*window_), "Relations [*] & Åsa");
@@ -149,6 +179,13 @@ TEST_F(Windows, RunTheActsOfTheirShortcutsWhateverHasTheFocus) {
     EXPECT_EQ(press(tree), (std::vector<std::string>{"0", "1", "2", "3", "4", "5", "5"}));
     EXPECT_EQ(press(box), (std::vector<std::string>{"0", "1", "2", "3"}));
     EXPECT_TRUE(isVisible()) << "Esc has an act of its own";
+    ran.clear();
+    driver_.press(*window_, "/");
+    EXPECT_EQ(box.text(), "/");
+    driver_.giveFocus(tree);
+    driver_.press(*window_, "/");
+    EXPECT_EQ(ran, (std::vector<std::string>{"3"})) << "it finds, except in a text box";
+    box.setText("");
     driver_.type(box, "x");
     driver_.press(*window_, "Ctrl+Z");
     EXPECT_EQ(box.text(), "");

@@ -64,16 +64,16 @@ class Driver {
 
     virtual bool isVisible(Window& window) = 0;
     virtual std::string captionOf(Window& window) = 0;
-    /// Drags the window's edge until the client area has that size, or its minimum.
+    /// Drags the window's edge until the inner area has that size, or its minimum.
     virtual void resize(Window& window, Size inner) = 0;
     /// Clicks the close button of the window.
     virtual void close(Window& window) = 0;
     /// Presses a key while the window is active.
     virtual void press(Window& window, Key key) = 0;
-    /// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2" or "Esc".
+    /// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2", "Esc" or "/".
     virtual void press(Window& window, const std::string& keys) = 0;
 
-    /// In twips of the client area.
+    /// In twips of the inner area.
     virtual Rect boundsOf(Control& control) = 0;
     virtual bool isEnabled(Control& control) = 0;
     virtual bool hasFocus(Control& control) = 0;
@@ -92,6 +92,7 @@ class Driver {
     virtual bool isChecked(OptionButton& button) = 0;
     /// Replaces the text by typing, key by key.
     virtual void type(TextBox& box, const std::string& text) = 0;
+    virtual std::string selectedTextOf(TextBox& box) = 0;
     virtual int valueOf(Slider& slider) = 0;
     /// Moves the slider to the value with the keyboard.
     virtual void move(Slider& slider, int value) = 0;

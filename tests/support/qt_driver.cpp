@@ -70,7 +70,8 @@ class QtDriver : public Driver {
         return widget.windowHandle()->title().toStdString();
     }
     void resize(Window& window, Size inner) override {
-        native<QWidget>(window).resize(scale_.pixels(inner));
+        QWidget& widget = native<QWidget>(window);
+        widget.resize(scale_.pixels(inner).grownBy(widget.contentsMargins()));
         settle();
     }
     void close(Window& window) override {
@@ -97,7 +98,8 @@ class QtDriver : public Driver {
     }
     Rect boundsOf(Control& control) override {
         const QWidget& widget = native<QWidget>(control);
-        return scale_.twips(QRect(widget.mapTo(widget.window(), QPoint()), widget.size()));
+        const QPoint inner = widget.window()->contentsRect().topLeft();
+        return scale_.twips(QRect(widget.mapTo(widget.window(), -inner), widget.size()));
     }
     bool isEnabled(Control& control) override { return native<QWidget>(control).isEnabled(); }
     bool hasFocus(Control& control) override {
@@ -159,6 +161,9 @@ class QtDriver : public Driver {
             QTest::keyClick(window, Qt::Key_Delete);
         for (const QChar letter : QString::fromStdString(text))
             QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, {});
+    }
+    std::string selectedTextOf(TextBox& box) override {
+        return native<QLineEdit>(box).selectedText().toStdString();
     }
     int valueOf(Slider& slider) override { return native<QSlider>(slider).value(); }
     void move(Slider& slider, int value) override {

@@ -1,5 +1,7 @@
 #pragma once
 // What all controls of the toolkit share: a Qt widget with bounds in twips.
+//
+// The strips of a window are its contents margins, so its contents rectangle is the inner area.
 
 #include <QWidget>
 
@@ -24,9 +26,14 @@ class QtControl : public Interface, public NativeWidget {
     QtControl(QWidget& parent, const TwipScale& scale, Arguments&&... arguments)
         : Interface(std::forward<Arguments>(arguments)...), widget_(&parent), scale_(scale) {}
 
-    Rect bounds() const override { return scale_.twips(widget_.geometry()); }
-    void setBounds(const Rect& bounds) override { widget_.setGeometry(scale_.pixels(bounds)); }
+    Rect bounds() const override {
+        return scale_.twips(widget_.geometry().translated(-innerTopLeft()));
+    }
+    void setBounds(const Rect& bounds) override {
+        widget_.setGeometry(scale_.pixels(bounds).translated(innerTopLeft()));
+    }
     void setEnabled(bool enabled) override { widget_.setEnabled(enabled); }
+    void focus() override { widget_.setFocus(); }
     void keepArrowPointer() override { widget_.setCursor(Qt::ArrowCursor); }
     QWidget& nativeWidget() override { return widget_; }
 
@@ -34,6 +41,8 @@ class QtControl : public Interface, public NativeWidget {
     Widget widget_;
 
  private:
+    QPoint innerTopLeft() const { return widget_.parentWidget()->contentsRect().topLeft(); }
+
     TwipScale scale_;
 };
 

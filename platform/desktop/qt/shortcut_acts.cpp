@@ -13,18 +13,22 @@ void ShortcutActs::set(Shortcut shortcut, std::function<void()> act) {
     acts_[shortcut] = std::move(act);
 }
 
-/// Qt offers the keys to the focused control first: a text box takes those of undo and redo.
 void ShortcutActs::listen(Shortcut shortcut) {
-    for (const auto& [wanted, keys] : kShortcutKeys) {
-        if (wanted != shortcut)
-            continue;
-        const QString text = QString::fromLatin1(keys.data(), static_cast<qsizetype>(keys.size()));
-        auto* const key = new QShortcut(QKeySequence(text), &window_);
-        QObject::connect(key, &QShortcut::activated, [this, shortcut] {
-            const auto act = acts_.at(shortcut);
-            guarded(dialogs_, act);
-        });
-    }
+    for (const auto& [wanted, keys] : kShortcutKeys)
+        if (wanted == shortcut)
+            listen(shortcut, QString::fromLatin1(keys.data(), static_cast<qsizetype>(keys.size())));
+    if (shortcut == Shortcut::Find)
+        listen(shortcut, QString(QLatin1Char(kFindCharacter)));
+}
+
+/// Qt offers the keys to the focused control first: a text box takes characters and the keys of
+/// undo and redo.
+void ShortcutActs::listen(Shortcut shortcut, const QString& keys) {
+    auto* const key = new QShortcut(QKeySequence(keys), &window_);
+    QObject::connect(key, &QShortcut::activated, [this, shortcut] {
+        const auto act = acts_.at(shortcut);
+        guarded(dialogs_, act);
+    });
 }
 
 }  // namespace pelk

@@ -20,6 +20,7 @@ class ShortcutActs {
 
  private:
     void listen(Shortcut shortcut);
+    void listen(Shortcut shortcut, const QString& keys);
 
     QWidget& window_;
     Dialogs& dialogs_;

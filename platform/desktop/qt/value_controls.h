@@ -9,12 +9,33 @@
 
 namespace pelk {
 
-class QtTextBox : public QtControl<TextBox, QLineEdit> {
+/// A line of text that gives some of its keys to a handler.
+class LineWidget : public QLineEdit {
  public:
-    /// `dialogs` shows the handler's exceptions.
+    using QLineEdit::QLineEdit;
+
+    /// Returns the handler of a key, or null.
+    std::function<std::function<void()>(int key)> handlerOf;
+
+ protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+    std::function<void()> handlerOfPlain(const QKeyEvent& event) const;
+};
+
+class QtTextBox : public QtControl<TextBox, LineWidget> {
+ public:
+    /// `dialogs` shows the handlers' exceptions.
     QtTextBox(QWidget& parent, const TwipScale& scale, Dialogs& dialogs);
     void setText(const std::string& text) override;
     std::string text() const override { return widget_.text().toStdString(); }
+    void setPlaceholder(const std::string& hint) override;
+    void focus() override;
+
+ private:
+    std::function<void()> handlerOf(int key) const;
 };
 
 class QtSlider : public QtControl<Slider, QSlider> {

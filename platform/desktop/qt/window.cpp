@@ -56,20 +56,40 @@ void QtWindow::setCaption(const std::string& caption) {
 
 void QtWindow::setInnerSize(Size size) {
     const QScopedValueRollback<bool> setting(settingSize_, true);
-    frame_->resize(scale_.pixels(size));
+    frame_->resize(outerSize(size));
     if (knownSize_.isValid())
         knownSize_ = frame_->size();
 }
 
 void QtWindow::setMinimumInnerSize(Size size) {
     const QScopedValueRollback<bool> setting(settingSize_, true);
-    frame_->setMinimumSize(scale_.pixels(size));
+    frame_->setMinimumSize(outerSize(size));
     if (knownSize_.isValid())
         knownSize_ = frame_->size();
 }
 
 Size QtWindow::innerSize() const {
-    return scale_.twips(frame_->size());
+    return scale_.twips(frame_->contentsRect().size());
+}
+
+QSize QtWindow::outerSize(Size inner) const {
+    return scale_.pixels(inner).grownBy(frame_->contentsMargins());
+}
+
+void QtWindow::setStrips(int above, int below) {
+    const QScopedValueRollback<bool> setting(settingSize_, true);
+    const QMargins before = frame_->contentsMargins();
+    const QMargins after(0, scale_.pixels(above), 0, scale_.pixels(below));
+    frame_->setContentsMargins(after);
+    for (QWidget* control : frame_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        if (!control->isWindow())
+            control->move(control->x(), control->y() + after.top() - before.top());
+    const auto moved = [&](QSize outer) { return outer.shrunkBy(before).grownBy(after); };
+    if (!frame_->minimumSize().isEmpty())
+        frame_->setMinimumSize(moved(frame_->minimumSize()));
+    frame_->resize(moved(frame_->size()));
+    if (knownSize_.isValid())
+        knownSize_ = frame_->size();
 }
 
 void QtWindow::show() {

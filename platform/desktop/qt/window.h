@@ -23,6 +23,7 @@ class QtWindow : public Window, public NativeWidget {
     void setInnerSize(Size size) override;
     void setMinimumInnerSize(Size size) override;
     Size innerSize() const override;
+    void setStrips(int above, int below) override;
 
     void show() override;
     void showModal() override;
@@ -51,6 +52,7 @@ class QtWindow : public Window, public NativeWidget {
     Kind& add(std::unique_ptr<Kind> control, const Rect& bounds);
     void bringToFront();
     void setModal(bool modal);
+    QSize outerSize(Size inner) const;
     void sizeChanged();
     bool closeRequested();
     void hidden();

@@ -11,6 +11,7 @@
 #include "platform/error.h"
 #include "platform/windows/controls/look.h"
 #include "platform/windows/controls/module.h"
+#include "platform/windows/controls/strips.h"
 
 namespace pelk {
 
@@ -75,10 +76,12 @@ class Win32Control : public Interface, public NativeControl {
         RECT place = {};
         GetWindowRect(handle_, &place);
         MapWindowPoints(nullptr, GetParent(handle_), reinterpret_cast<POINT*>(&place), 2);
+        OffsetRect(&place, 0, -innerTop());
         return look_.scale().twips(place);
     }
     void setBounds(const Rect& bounds) override {
-        const RECT place = look_.scale().pixels(bounds);
+        RECT place = look_.scale().pixels(bounds);
+        OffsetRect(&place, 0, innerTop());
         SetWindowPos(handle_, nullptr, place.left, place.top, place.right - place.left,
                      place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
     }
@@ -93,6 +96,10 @@ class Win32Control : public Interface, public NativeControl {
         }
         EnableWindow(handle_, enabled);
     }
+    /// The message also tells the window which button is now the default one.
+    void focus() override {
+        SendMessageW(GetParent(handle_), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(handle_), TRUE);
+    }
     void keepArrowPointer() override { keepsArrow_ = true; }
     bool keepsArrowPointer() const override { return keepsArrow_; }
     HWND handle() const override { return handle_; }
@@ -101,6 +108,8 @@ class Win32Control : public Interface, public NativeControl {
     const Look& look_;
 
  private:
+    int innerTop() const { return stripsOf(GetParent(handle_)).above; }
+
     HWND handle_;
     bool keepsArrow_ = false;
 };

@@ -34,6 +34,13 @@ bool isTextBox(HWND control) {
     return _wcsicmp(name, L"Edit") == 0;
 }
 
+/// Whether the control wants the key in a dialog.
+bool asksForKey(const MSG& message) {
+    const LRESULT wishes = SendMessageW(message.hwnd, WM_GETDLGCODE, message.wParam,
+                                        reinterpret_cast<LPARAM>(&message));
+    return (wishes & DLGC_WANTMESSAGE) != 0;
+}
+
 }  // namespace
 
 std::function<void()> ShortcutActs::actOf(Shortcut shortcut) const {
@@ -42,7 +49,10 @@ std::function<void()> ShortcutActs::actOf(Shortcut shortcut) const {
 }
 
 std::optional<Shortcut> ShortcutActs::pressedBy(const MSG& message) const {
-    if (message.message != WM_KEYDOWN)
+    if (message.message == WM_CHAR && message.wParam == kFindCharacter &&
+        acts_.contains(Shortcut::Find) && !isTextBox(message.hwnd))
+        return Shortcut::Find;
+    if (message.message != WM_KEYDOWN || asksForKey(message))
         return std::nullopt;
     for (const auto& [shortcut, keys] : kShortcutKeys) {
         if (!acts_.contains(shortcut) || !arePressed(keys, message.wParam))

@@ -17,19 +17,55 @@ Win32TextBox::Win32TextBox(const ControlPlace& place, Dialogs& dialogs)
         handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Win32TextBox::procedure)));
 }
 
-/// Adds Ctrl+A, which some versions of Windows lack.
 LRESULT CALLBACK Win32TextBox::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    return reinterpret_cast<const Win32TextBox*>(GetWindowLongPtrW(window, GWLP_USERDATA))
+        ->handleMessage(message, wparam, lparam);
+}
+
+/// Adds Ctrl+A, which some versions of Windows lack, and the keys that have a handler. A dialog
+/// would take these keys unless the box asks for them.
+LRESULT Win32TextBox::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) const {
     constexpr WPARAM kControlA = 1;
-    const auto* const self =
-        reinterpret_cast<const Win32TextBox*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (message == WM_CHAR && wparam == kControlA)
-        return SendMessageW(window, EM_SETSEL, 0, -1);
-    return CallWindowProcW(self->native_, window, message, wparam, lparam);
+        return SendMessageW(handle(), EM_SETSEL, 0, -1);
+    if (message == WM_CHAR && (wparam == VK_RETURN || wparam == VK_ESCAPE))
+        return 0;  // the native box would beep
+    const bool asksForKey = message == WM_GETDLGCODE && lparam != 0;
+    if (asksForKey && handlerOf(reinterpret_cast<const MSG*>(lparam)->wParam) != nullptr)
+        return DLGC_WANTMESSAGE | CallWindowProcW(native_, handle(), message, wparam, lparam);
+    if (message == WM_KEYDOWN)
+        if (const auto handler = handlerOf(wparam)) {
+            guarded(dialogs_, handler);
+            return 0;
+        }
+    return CallWindowProcW(native_, handle(), message, wparam, lparam);
+}
+
+std::function<void()> Win32TextBox::handlerOf(WPARAM key) const {
+    switch (key) {
+        case VK_RETURN:
+            return onEnter;
+        case VK_ESCAPE:
+            return onEscape;
+        case VK_UP:
+        case VK_DOWN:
+            if (onStep)
+                return [step = onStep, key] { step(key == VK_UP ? -1 : 1); };
+            return nullptr;
+        default:
+            return nullptr;
+    }
 }
 
 void Win32TextBox::setText(const std::string& text) {
     const FlagScope silence(silent_);
     SetWindowTextW(handle(), toWide(text).c_str());
+}
+
+/// The hint stays while the box has the focus. Only the themed controls that the manifest asks for
+/// can show one.
+void Win32TextBox::setPlaceholder(const std::string& hint) {
+    SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(toWide(hint).c_str()));
 }
 
 std::string Win32TextBox::text() const {

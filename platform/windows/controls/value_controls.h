@@ -8,14 +8,17 @@ namespace pelk {
 
 class Win32TextBox : public Win32Control<TextBox> {
  public:
-    /// `dialogs` shows the handler's exceptions.
+    /// `dialogs` shows the handlers' exceptions.
     Win32TextBox(const ControlPlace& place, Dialogs& dialogs);
     void setText(const std::string& text) override;
     std::string text() const override;
+    void setPlaceholder(const std::string& hint) override;
     void commanded(WORD notification) override;
 
  private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    LRESULT handleMessage(UINT message, WPARAM wparam, LPARAM lparam) const;
+    std::function<void()> handlerOf(WPARAM key) const;
 
     Dialogs& dialogs_;
     WNDPROC native_ = nullptr;

@@ -43,6 +43,7 @@ Win32Window::~Win32Window() {
     modal_.reset();
     navigation_.reset();
     SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    forgetStripsOf(handle_);
     DestroyWindow(handle_);
 }
 
@@ -63,6 +64,22 @@ Size Win32Window::innerSize() const {
     return look_.scale().twips(size_);
 }
 
+void Win32Window::setStrips(int above, int below) {
+    const SIZE inner = size_;
+    const Strips before = stripsOf(handle_);
+    const Strips after = {static_cast<WORD>(look_.scale().pixels(above)),
+                          static_cast<WORD>(look_.scale().pixels(below))};
+    setStripsOf(handle_, after);
+    for (const NativeControl* control : natives_) {
+        RECT place = {};
+        GetWindowRect(control->handle(), &place);
+        MapWindowPoints(nullptr, handle_, reinterpret_cast<POINT*>(&place), 2);
+        SetWindowPos(control->handle(), nullptr, place.left, place.top + after.above - before.above,
+                     0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    resizeTo(inner);
+}
+
 /// Sets the size without calling a handler.
 void Win32Window::resizeTo(SIZE inner) {
     const FlagScope setting(settingSize_);
@@ -75,7 +92,8 @@ void Win32Window::resizeTo(SIZE inner) {
 }
 
 SIZE Win32Window::frameSize(SIZE inner) const {
-    RECT frame = {0, 0, inner.cx, inner.cy};
+    const Strips strips = stripsOf(handle_);
+    RECT frame = {0, 0, inner.cx, inner.cy + strips.above + strips.below};
     AdjustWindowRectEx(&frame, static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_STYLE)), FALSE,
                        static_cast<DWORD>(GetWindowLongPtrW(handle_, GWL_EXSTYLE)));
     return {frame.right - frame.left, frame.bottom - frame.top};
@@ -259,7 +277,8 @@ INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return TRUE;
         case WM_SIZE:
             if (wparam != SIZE_MINIMIZED) {
-                size_ = {LOWORD(lparam), HIWORD(lparam)};
+                const Strips strips = stripsOf(handle_);
+                size_ = {LOWORD(lparam), HIWORD(lparam) - strips.above - strips.below};
                 sizeChanged();
             }
             return TRUE;

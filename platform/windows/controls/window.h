@@ -22,6 +22,7 @@ class Win32Window : public Window, public NativeHandle {
     void setInnerSize(Size size) override;
     void setMinimumInnerSize(Size size) override;
     Size innerSize() const override;
+    void setStrips(int above, int below) override;
 
     void show() override;
     void showModal() override;
@@ -79,6 +80,7 @@ class Win32Window : public Window, public NativeHandle {
     std::vector<NativeControl*> natives_;
     std::vector<std::unique_ptr<PopupMenu>> menus_;
     bool busy_ = false;
+    /// Of the inner area.
     SIZE size_ = {};
     SIZE minimum_ = {};
     /// The size last passed to `onResize` or set by code; none before the window is first shown.

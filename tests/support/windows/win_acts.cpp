@@ -141,6 +141,10 @@ void pressKeys(HWND window, const std::string& keys) {
     const bool control = keys.find("Ctrl+") != std::string::npos;
     const bool shift = keys.find("Shift+") != std::string::npos;
     const std::string name = keys.substr(keys.rfind('+') + 1);
+    if (name == "/") {
+        PostMessageW(window, WM_CHAR, '/', 1);
+        return handleMessages();
+    }
     holdKeys((control ? MK_CONTROL : 0) | (shift ? MK_SHIFT : 0));
     pressKey(window, name == "Esc" ? VK_ESCAPE
                      : name.size() == 1

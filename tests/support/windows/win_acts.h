@@ -28,7 +28,8 @@ void clickMiddle(HWND control);
 /// Presses and releases a key in that window.
 void pressKey(HWND window, WPARAM key);
 
-/// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2" or "Esc", and handles the messages.
+/// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2", "Esc" or "/", and handles the
+/// messages.
 void pressKeys(HWND window, const std::string& keys);
 
 /// Returns the visible windows, from front to back.

@@ -7,6 +7,7 @@
 
 #include "platform/windows/controls/images.h"
 #include "platform/windows/controls/screen_dc.h"
+#include "platform/windows/controls/strips.h"
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/controls/window_text.h"
 #include "tests/support/test_platform.h"
@@ -65,7 +66,9 @@ class WinDriver : public Driver {
     std::string captionOf(Window& window) override { return toUtf8(textOfWindow(native(window))); }
     void resize(Window& window, Size inner) override {
         const HWND top = native(window);
-        const SIZE size = scale_.pixels(inner);
+        SIZE size = scale_.pixels(inner);
+        const Strips strips = stripsOf(top);
+        size.cy += strips.above + strips.below;
         RECT frame = {};
         RECT inside = {};
         GetWindowRect(top, &frame);
@@ -92,6 +95,7 @@ class WinDriver : public Driver {
         GetWindowRect(native(control), &place);
         MapWindowPoints(nullptr, GetAncestor(native(control), GA_ROOT),
                         reinterpret_cast<POINT*>(&place), 2);
+        OffsetRect(&place, 0, -stripsOf(GetAncestor(native(control), GA_ROOT)).above);
         return scale_.twips(place);
     }
     bool isEnabled(Control& control) override { return IsWindowEnabled(native(control)) != FALSE; }
@@ -144,6 +148,13 @@ class WinDriver : public Driver {
         for (const wchar_t letter : toWide(text))
             PostMessageW(edit, WM_CHAR, letter, 1);
         settle();
+    }
+    std::string selectedTextOf(TextBox& box) override {
+        DWORD from = 0;
+        DWORD to = 0;
+        SendMessageW(native(box), EM_GETSEL, reinterpret_cast<WPARAM>(&from),
+                     reinterpret_cast<LPARAM>(&to));
+        return toUtf8(textOfWindow(native(box)).substr(from, to - from));
     }
     int valueOf(Slider& slider) override {
         return static_cast<int>(SendMessageW(native(slider), TBM_GETPOS, 0, 0));
