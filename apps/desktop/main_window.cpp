@@ -192,10 +192,12 @@ void MainWindow::addServer() {
         open({*store});
 }
 
-/// Deletes the previous page later, because one of its buttons may have called this.
+/// Deletes the previous page later, because one of its buttons may have called this; or with the
+/// window, if that comes first.
 void MainWindow::setCentral(QWidget* widget) {
     if (QWidget* const old = takeCentralWidget()) {
-        old->hide();
+        // Also hides it.
+        old->setParent(this);
         old->deleteLater();
     }
     setCentralWidget(widget);
