@@ -190,6 +190,19 @@ class TreeView : public Control {
     std::function<void(ScreenPoint)> onMenuRequest;
     /// Called when the user presses the Delete key in the tree.
     std::function<void()> onDeleteKey;
+    /// Called when the user double-clicks a node, or presses Enter while it is selected. A double
+    /// click also expands or collapses a node that has children, before this is called. Without a
+    /// handler, Enter belongs to the window.
+    std::function<void(TreeNode&)> onActivate;
+
+    /// Returns the detail of a node: a second, lighter text to the right of the node's own, cut at
+    /// the right edge of the tree. The tree asks while it paints, and only for the rows in view, so
+    /// that a large tree costs no more. The function must not change the model; `repaint` shows
+    /// what it returns from then on.
+    std::function<std::string(const TreeNode&)> detailOf;
+    /// Returns the node's detail; empty without a function, and when that throws, because painting
+    /// cannot report it.
+    std::string detail(const TreeNode& node) const;
 
  private:
     TreeModel model_;
@@ -199,6 +212,10 @@ class MenuItem {
  public:
     virtual ~MenuItem() = default;
     virtual void setVisible(bool visible) = 0;
+    virtual void setCaption(const std::string& caption) = 0;
+    virtual void setEnabled(bool enabled) = 0;
+    /// Shows a check mark beside the caption. Only code changes it.
+    virtual void setChecked(bool checked) = 0;
 
     std::function<void()> onClick;
 };
@@ -208,9 +225,13 @@ class PopupMenu {
     virtual ~PopupMenu() = default;
     /// Adds an item at the end. It lives as long as the menu.
     virtual MenuItem& addItem(const std::string& caption) = 0;
+    /// Adds a line at the end. It is shown only between two visible items.
+    virtual void addSeparator() = 0;
     /// Opens the menu at the point that `TreeView::onMenuRequest` gave. The handler of the chosen
     /// item runs after the menu has closed, before or after this function returns.
     virtual void open(ScreenPoint where) = 0;
+    /// Opens the menu below a control of the same toolkit, such as the button that was clicked.
+    virtual void openBelow(Control& control) = 0;
 };
 
 /// A top-level window and its controls, which live as long as the window. It is created hidden. Its

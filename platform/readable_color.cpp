@@ -6,6 +6,8 @@
 namespace pelk {
 namespace {
 
+constexpr double kMinimumContrast = 4.5;
+
 /// The relative luminance of WCAG 2, from 0 for black to 1 for white.
 double relativeLuminance(const Color& color) {
     const auto linear = [](std::uint8_t value) {
@@ -26,7 +28,6 @@ double contrastRatio(const Color& one, const Color& other) {
 Color readableColor(const Color& color, const Color& background) {
     // The luminance whose contrast ratio with black is about that with white.
     constexpr double kMiddleLuminance = 0.18;
-    constexpr double kMinimumContrast = 4.5;
     constexpr Color kWhite{255, 255, 255};
     if (relativeLuminance(background) > kMiddleLuminance)
         return color;
@@ -37,6 +38,19 @@ Color readableColor(const Color& color, const Color& background) {
     while (readable != kWhite && contrastRatio(readable, background) < kMinimumContrast)
         readable = {lighter(readable.red), lighter(readable.green), lighter(readable.blue)};
     return readable;
+}
+
+Color fadedColor(const Color& text, const Color& background) {
+    for (int percent = 50; percent > 0; --percent) {
+        const auto mixed = [percent](std::uint8_t part, std::uint8_t other) {
+            return static_cast<std::uint8_t>((part * (100 - percent) + other * percent) / 100);
+        };
+        const Color faded{mixed(text.red, background.red), mixed(text.green, background.green),
+                          mixed(text.blue, background.blue)};
+        if (contrastRatio(faded, background) >= kMinimumContrast)
+            return faded;
+    }
+    return text;
 }
 
 }  // namespace pelk

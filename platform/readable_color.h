@@ -10,4 +10,8 @@ namespace pelk {
 /// the contrast ratio of 4.5 that WCAG 2 requires of text at level AA.
 Color readableColor(const Color& color, const Color& background);
 
+/// Returns a colour for secondary text: `text` faded into `background` as far as the contrast ratio
+/// of 4.5 permits, at most by half. Returns `text` when that has less contrast itself.
+Color fadedColor(const Color& text, const Color& background);
+
 }  // namespace pelk

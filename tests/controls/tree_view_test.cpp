@@ -1,5 +1,7 @@
 // What every toolkit must do with a tree.
 
+#include <set>
+
 #include "platform/error.h"
 #include "tests/controls/window_fixture.h"
 
@@ -292,6 +294,62 @@ TEST_F(Tree, SelectsSeveralWithControlAndShift) {
     driver_.clickRowWith(Hold::Control, tree_, {0});
     model_.clear();
     expect({}, nullptr);
+}
+
+TEST_F(Tree, TellsOfTheNodeThatTheUserActivates) {
+    Button& button = window_->addButton({0, 0, 100, 100}, "");
+    driver_.doubleClickRow(tree_, {1});
+    EXPECT_EQ(acts_, "") << "nobody handles it";
+    tree_.onActivate = [this](TreeNode& node) { acts_ += "!" + node.text(); };
+    driver_.doubleClickRow(tree_, {1});
+    driver_.press(*window_, Key::Enter);
+    driver_.doubleClickRow(tree_, {2});
+    EXPECT_EQ(acts_, "!bob!bob+Carl!Carl");
+    tree_.select(nullptr);
+    driver_.press(*window_, Key::Enter);
+    driver_.giveFocus(button);
+    driver_.press(*window_, Key::Enter);
+    EXPECT_EQ(acts_, "!bob!bob+Carl!Carl");
+    tree_.onActivate = [this](TreeNode&) { model_.clear(); };
+    driver_.doubleClickRow(tree_, {0});
+    EXPECT_EQ(shown(), "");
+}
+
+TEST_F(Tree, PaintsADetailBesideTheText) {
+    const auto colors = [this](const TreePath& row) {
+        const std::vector<std::uint32_t> picture = driver_.pictureBeside(tree_, row);
+        return std::set<std::uint32_t>(picture.begin(), picture.end()).size();
+    };
+    EXPECT_EQ(colors({1}), 1U) << "the background";
+    tree_.detailOf = [this](const TreeNode& node) {
+        if (&node == &ann_)
+            throw Error("No detail.");
+        return node.text() == "bob" ? "12 e-mails" : std::string();
+    };
+    tree_.repaint();
+    EXPECT_EQ(colors({0}), 1U);
+    EXPECT_GT(colors({1}), 1U);
+    model_.setText(bob_, "Bob");
+    EXPECT_EQ(colors({1}), 1U);
+    model_.setText(bob_, "bob");
+    tree_.select(&bob_);
+    EXPECT_GT(colors({1}), 1U);
+}
+
+TEST_F(Tree, ScrollsTheChildrenOfANodeIntoView) {
+    std::vector<TreeNode*> more;
+    for (int i = 0; i < 40; ++i)
+        model_.add(*more.emplace_back(&model_.add(model_.root(), "more")), "?");
+    int last = 3;
+    while (driver_.isInView(tree_, {last + 1}))
+        ++last;
+    driver_.expand(tree_, {last});
+    EXPECT_TRUE(driver_.isInView(tree_, {last, 1}));
+    EXPECT_TRUE(driver_.isInView(tree_, {2})) << "no further than necessary";
+    filling_.resize(100, "z");
+    driver_.expand(tree_, {last - 1});
+    EXPECT_TRUE(driver_.isInView(tree_, {last - 1})) << "the node itself stays";
+    EXPECT_FALSE(driver_.isInView(tree_, {last - 2}));
 }
 
 TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {

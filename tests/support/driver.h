@@ -113,6 +113,16 @@ class Driver {
     virtual void clickRowWith(Hold key, TreeView& tree, const TreePath& row) = 0;
     /// The texts of all selected rows from top to bottom.
     virtual std::vector<std::string> selectedTexts(TreeView& tree) = 0;
+    virtual void doubleClickRow(TreeView& tree, const TreePath& row) = 0;
+    /// The pixels that the tree paints to the right of the row's text.
+    virtual std::vector<std::uint32_t> pictureBeside(TreeView& tree, const TreePath& row) = 0;
+    /// Clicks the button and returns the menu that it opens, as it looks: an item with a check mark
+    /// as "*Caption", a disabled one as "(Caption)", a line as "-". Closes the menu.
+    std::vector<std::string> menuOf(Control& button) { return useMenuOf(button, ""); }
+    /// Chooses the item of that menu that looks so. Returns when its handler has run.
+    void chooseIn(Control& button, const std::string& item) {
+        EXPECT_FALSE(useMenuOf(button, item).empty()) << "No menu";
+    }
     /// Presses and releases the right button over the row. Returns the captions of the menu that
     /// opens, if any, and closes it.
     std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) {
@@ -134,6 +144,8 @@ class Driver {
     /// is empty. Returns the captions.
     virtual std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
                                                const std::string& caption) = 0;
+    /// Does the same with the menu of a button.
+    virtual std::vector<std::string> useMenuOf(Control& button, const std::string& item) = 0;
 };
 
 }  // namespace pelk

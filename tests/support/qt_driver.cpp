@@ -25,6 +25,12 @@ Widget& native(Shown& shown) {
     return dynamic_cast<Widget&>(dynamic_cast<NativeWidget&>(shown).nativeWidget());
 }
 
+std::vector<std::uint32_t> pixelsOf(const QPixmap& picture) {
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
+    const auto* const pixels = reinterpret_cast<const std::uint32_t*>(image.constBits());
+    return {pixels, pixels + image.width() * image.height()};
+}
+
 /// Returns the child of that kind and text of the modal window, else of the window shown last; or
 /// null.
 template <class Widget>
@@ -142,10 +148,7 @@ class QtDriver : public Driver {
     }
 
     std::vector<std::uint32_t> pictureOf(ProgressBar& bar) override {
-        const QImage image =
-            native<QWidget>(bar).grab().toImage().convertToFormat(QImage::Format_RGB32);
-        const auto* const pixels = reinterpret_cast<const std::uint32_t*>(image.constBits());
-        return {pixels, pixels + image.width() * image.height()};
+        return pixelsOf(native<QWidget>(bar).grab());
     }
 
     TreeImage imageOf(Picture& picture) override { return imageIn(native<QWidget>(picture)); }
@@ -228,6 +231,19 @@ class QtDriver : public Driver {
                 texts.push_back(row.data().toString().toStdString());
         return texts;
     }
+    void doubleClickRow(TreeView& tree, const TreePath& row) override {
+        clickRow(tree, row, Qt::LeftButton);
+        QTreeView& view = native<QTreeView>(tree);
+        QWidget& top = *view.window();
+        QTest::mouseDClick(top.windowHandle(), Qt::LeftButton, {},
+                           view.viewport()->mapTo(&top, scrolledTo(view, row).center()));
+    }
+    std::vector<std::uint32_t> pictureBeside(TreeView& tree, const TreePath& row) override {
+        QTreeView& view = native<QTreeView>(tree);
+        QRect place = scrolledTo(view, row);
+        place.setLeft(place.left() + view.sizeHintForIndex(indexAt(view, row)).width());
+        return pixelsOf(view.viewport()->grab(place));
+    }
     bool isInView(TreeView& tree, const TreePath& row) override {
         QTreeView& view = native<QTreeView>(tree);
         const QRect place = view.visualRect(indexAt(view, row));
@@ -248,15 +264,29 @@ class QtDriver : public Driver {
     std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
                                        const std::string& caption) override {
         clickRow(tree, row, Qt::RightButton);
+        return useOpenMenu(caption, [](const QAction& action) { return shownText(action); });
+    }
+    std::vector<std::string> useMenuOf(Control& button, const std::string& item) override {
+        click(button);
+        return useOpenMenu(item, [](const QAction& action) {
+            const std::string text = action.isSeparator() ? "-" : shownText(action);
+            return action.isSeparator()  ? text
+                   : action.isChecked()  ? "*" + text
+                   : !action.isEnabled() ? "(" + text + ")"
+                                         : text;
+        });
+    }
+    template <class Look>
+    std::vector<std::string> useOpenMenu(const std::string& caption, const Look& look) {
         const QMenu* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         if (menu == nullptr)
             return {};
         std::vector<std::string> captions;
         QAction* chosen = nullptr;
         for (QAction* action : menu->actions()) {
-            if (!action->isVisible())
+            if (menu->actionGeometry(action).isEmpty())
                 continue;
-            captions.push_back(shownText(*action));
+            captions.push_back(look(*action));
             if (captions.back() == caption)
                 chosen = action;
         }

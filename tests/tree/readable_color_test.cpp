@@ -18,5 +18,14 @@ TEST(ReadableColor, IsLightenedOnADarkBackgroundOnly) {
     EXPECT_GT(readableColor({100, 100, 100}, kBlack).red, 110);
 }
 
+TEST(FadedColor, IsAsFaintAsCanBeRead) {
+    constexpr Color kWhite{255, 255, 255};
+    const Color onWhite = fadedColor({0, 0, 0}, kWhite);
+    EXPECT_GT(onWhite.red, 100);
+    EXPECT_LT(onWhite.red, 119) << "#777777 has less contrast than 4.5";
+    EXPECT_LT(fadedColor(kWhite, {0, 0, 0}).red, 150);
+    EXPECT_EQ(fadedColor({140, 140, 140}, kWhite), (Color{140, 140, 140}));
+}
+
 }  // namespace
 }  // namespace pelk

@@ -1,10 +1,16 @@
 #include "platform/desktop/qt/popup_menu.h"
 
+#include "platform/desktop/qt/control.h"
 #include "platform/guard.h"
 
 namespace pelk {
 
 namespace {
+
+/// In a menu, "&" would mark an access key.
+QString shownAsItIs(const std::string& caption) {
+    return QString::fromStdString(caption).replace('&', "&&");
+}
 
 class QtMenuItem : public MenuItem {
  public:
@@ -14,21 +20,30 @@ class QtMenuItem : public MenuItem {
         QObject::connect(
             &action_, &QAction::triggered, &action_,
             [this, &dialogs] {
+                setChecked(checked_);  // Qt has toggled it
                 if (const auto handler = onClick)
                     guarded(dialogs, handler);
             },
             Qt::QueuedConnection);
     }
     void setVisible(bool visible) override { action_.setVisible(visible); }
+    void setCaption(const std::string& caption) override { action_.setText(shownAsItIs(caption)); }
+    void setEnabled(bool enabled) override { action_.setEnabled(enabled); }
+    void setChecked(bool checked) override {
+        checked_ = checked;
+        action_.setCheckable(checked);
+        action_.setChecked(checked);
+    }
 
  private:
     QAction& action_;
+    bool checked_ = false;
 };
 
 }  // namespace
 
 MenuItem& QtPopupMenu::addItem(const std::string& caption) {
-    QAction* const action = menu_.addAction(QString::fromStdString(caption).replace('&', "&&"));
+    QAction* const action = menu_.addAction(shownAsItIs(caption));
     items_.push_back(std::make_unique<QtMenuItem>(*action, dialogs_));
     return *items_.back();
 }
@@ -36,6 +51,12 @@ MenuItem& QtPopupMenu::addItem(const std::string& caption) {
 void QtPopupMenu::open(ScreenPoint where) {
     if (!menu_.isEmpty())
         menu_.popup({where.x, where.y});
+}
+
+void QtPopupMenu::openBelow(Control& control) {
+    const QWidget& widget = dynamic_cast<NativeWidget&>(control).nativeWidget();
+    const QPoint corner = widget.mapToGlobal(QPoint(0, widget.height()));
+    open({corner.x(), corner.y()});
 }
 
 }  // namespace pelk

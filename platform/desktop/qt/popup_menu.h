@@ -17,7 +17,9 @@ class QtPopupMenu : public PopupMenu {
     QtPopupMenu(QWidget& parent, Dialogs& dialogs) : menu_(&parent), dialogs_(dialogs) {}
 
     MenuItem& addItem(const std::string& caption) override;
+    void addSeparator() override { menu_.addSeparator(); }
     void open(ScreenPoint where) override;
+    void openBelow(Control& control) override;
 
  private:
     QMenu menu_;

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "platform/desktop/qt/colors.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/readable_color.h"
 
@@ -64,18 +65,15 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
             return treeIcon(node.image());
         case Qt::ForegroundRole:
             return node.color() ? QVariant(shownColor(*node.color())) : QVariant();
+        case Qt::AccessibleDescriptionRole:
+            return QString::fromStdString(view_.detail(node));
         default:
             return {};
     }
 }
 
 QColor TreeItemModel::shownColor(const Color& color) const {
-    const QColor base = view_.palette().base().color();
-    const Color background{static_cast<std::uint8_t>(base.red()),
-                           static_cast<std::uint8_t>(base.green()),
-                           static_cast<std::uint8_t>(base.blue())};
-    const Color readable = readableColor(color, background);
-    return {readable.red, readable.green, readable.blue};
+    return toQt(readableColor(color, fromQt(widget_.palette().base().color())));
 }
 
 void TreeItemModel::beforeInsert(TreeNode& parent, int firstRow, int lastRow) {

@@ -10,7 +10,7 @@
 #include <QColor>
 #include <unordered_set>
 
-#include "platform/tree_model.h"
+#include "platform/controls.h"
 
 class QWidget;
 
@@ -18,9 +18,10 @@ namespace pelk {
 
 class TreeItemModel : public QAbstractItemModel, public TreeListener {
  public:
-    /// Adapts colours to the palette of `view`. The caller passes this object to the tree model's
-    /// `setListener`. `tree` and `view` must outlive it.
-    TreeItemModel(TreeModel& tree, const QWidget& view) : tree_(tree), view_(view) {}
+    /// Adapts colours to the palette of `widget`. The caller passes this object to the model's
+    /// `setListener`. `view` and `widget` must outlive it.
+    TreeItemModel(TreeView& view, const QWidget& widget)
+        : view_(view), tree_(view.model()), widget_(widget) {}
 
     /// Returns the index of the node; an invalid one for the root and for a node that the native
     /// tree does not know yet.
@@ -37,6 +38,7 @@ class TreeItemModel : public QAbstractItemModel, public TreeListener {
     void fetchMore(const QModelIndex& parent) override;
     bool isFetched(const QModelIndex& parent) const { return isFetched(nodeAt(parent)); }
     int columnCount(const QModelIndex&) const override { return 1; }
+    /// The detail of a node is its accessible description: screen readers read it after the text.
     QVariant data(const QModelIndex& index, int role) const override;
 
     void beforeInsert(TreeNode& parent, int firstRow, int lastRow) override;
@@ -60,8 +62,9 @@ class TreeItemModel : public QAbstractItemModel, public TreeListener {
     /// Returns the colour adapted to the view's background.
     QColor shownColor(const Color& color) const;
 
+    const TreeView& view_;
     TreeModel& tree_;
-    const QWidget& view_;
+    const QWidget& widget_;
     /// The nodes whose rows Qt knows. The root is always one of them and not listed.
     std::unordered_set<const TreeNode*> fetched_;
     /// The node whose rows are being changed.

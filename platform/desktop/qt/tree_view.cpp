@@ -41,6 +41,12 @@ void QtTreeView::connectUserActs() {
         if (const auto handler = onMenuRequest)
             guarded(dialogs_, [&] { handler({where.x(), where.y()}); });
     };
+    widget_.onActivate = [this](const QModelIndex& index) {
+        const auto handler = onActivate;
+        if (handler)
+            guarded(dialogs_, [&] { handler(items_.nodeAt(index)); });
+        return static_cast<bool>(handler);
+    };
     widget_.onDeleteKey = [this] {
         if (const auto handler = onDeleteKey)
             guarded(dialogs_, handler);
@@ -121,8 +127,7 @@ void QtTreeView::repaint() {
     widget_.viewport()->repaint();
 }
 
-QtTreeView::Items::Items(QtTreeView& view)
-    : TreeItemModel(view.model(), view.widget_), view_(view) {}
+QtTreeView::Items::Items(QtTreeView& view) : TreeItemModel(view, view.widget_), view_(view) {}
 
 void QtTreeView::Items::redrawResumed() {
     suspended_ = false;
@@ -150,6 +155,8 @@ void QtTreeView::userExpanded(QModelIndex index) {
         guarded(dialogs_, [&] { handler(items_.nodeAt(index)); });
     expanding_ = outer;
     showFilled(node);
+    if (node.isValid())
+        widget_.scrollToChildren(node);
 }
 
 /// Qt expanded the node before it had rows. Collapsed, it can be filled without a layout per row.

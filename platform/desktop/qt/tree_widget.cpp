@@ -4,9 +4,16 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QToolTip>
 #include <algorithm>
 #include <utility>
+
+#include "platform/desktop/qt/colors.h"
+#include "platform/desktop/qt/plain_tool_tip.h"
+#include "platform/readable_color.h"
 
 namespace pelk {
 
@@ -22,6 +29,8 @@ TreeWidget::TreeWidget(QWidget* parent) : QTreeView(parent) {
     header()->setResizeContentsPrecision(0);
     const int image = std::max(16, fontMetrics().height());
     setIconSize({image, image});
+    connect(this, &QTreeView::doubleClicked,
+            [this](const QModelIndex& index) { doubleClicked_ = index; });
 }
 
 void TreeWidget::reset() {
@@ -31,7 +40,70 @@ void TreeWidget::reset() {
 
 int TreeWidget::sizeHintForColumn(int column) const {
     widestRow_ = std::max(widestRow_, QTreeView::sizeHintForColumn(column));
-    return widestRow_;
+    return std::max(widestRow_, viewport()->width());
+}
+
+void TreeWidget::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+    QTreeView::drawRow(painter, option, index);
+    const QString detail = fittingDetail(index);
+    if (detail.isEmpty())
+        return;
+    painter->setPen(detailColor(selectionModel()->isSelected(index)));
+    painter->drawText(detailSpace(index), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      detail);
+}
+
+QRect TreeWidget::detailSpace(const QModelIndex& index) const {
+    const QRect row = visualRect(index);
+    const int gap = fontMetrics().averageCharWidth() * 2;
+    const int middle = header()->sectionViewportPosition(0) + viewport()->width() / 2;
+    const int left = std::max(row.left() + sizeHintForIndex(index).width() + gap, middle);
+    return {left, row.top(), std::max(0, row.right() - gap / 2 - left), row.height()};
+}
+
+/// An ellipsis alone tells nothing.
+QString TreeWidget::fittingDetail(const QModelIndex& index) const {
+    constexpr int kFewest = 3;
+    const QString detail = index.data(Qt::AccessibleDescriptionRole).toString();
+    const QString fitting =
+        fontMetrics().elidedText(detail, Qt::ElideRight, detailSpace(index).width());
+    return fitting == detail || fitting.size() > kFewest ? fitting : QString();
+}
+
+QColor TreeWidget::detailColor(bool selected) const {
+    const auto group = isActiveWindow() ? QPalette::Active : QPalette::Inactive;
+    const auto color = [&](QPalette::ColorRole role) {
+        return fromQt(palette().color(group, role));
+    };
+    return toQt(selected ? color(QPalette::HighlightedText)
+                         : fadedColor(color(QPalette::Text), color(QPalette::Base)));
+}
+
+/// Shows the whole detail where it is cut.
+bool TreeWidget::showToolTip(const QHelpEvent& event) {
+    const QModelIndex index = indexAt(event.pos());
+    const QString detail = index.data(Qt::AccessibleDescriptionRole).toString();
+    if (detail == fittingDetail(index))
+        return false;
+    QToolTip::showText(event.globalPos(), plainToolTip(detail), viewport(), visualRect(index));
+    return true;
+}
+
+void TreeWidget::resizeEvent(QResizeEvent* event) {
+    QTreeView::resizeEvent(event);
+    header()->resizeSections(QHeaderView::ResizeToContents);
+}
+
+/// The scroll bar counts rows.
+void TreeWidget::scrollToChildren(const QModelIndex& index) {
+    if (!isExpanded(index))
+        return;
+    const QRect row = visualRect(index);
+    const int above = row.top() / row.height();
+    const int below = model()->rowCount(index) - (viewport()->height() / row.height() - above - 1);
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setValue(bar.value() + std::clamp(below, 0, std::max(0, above)));
 }
 
 void TreeWidget::scrollContentsBy(int dx, int dy) {
@@ -61,6 +133,8 @@ bool TreeWidget::viewportEvent(QEvent* event) {
             return true;
         }
     }
+    if (event->type() == QEvent::ToolTip && showToolTip(*static_cast<QHelpEvent*>(event)))
+        return true;
     bool handled = false;
     afterwardsTell([&] { handled = QTreeView::viewportEvent(event); });
     return handled;
@@ -103,8 +177,15 @@ void TreeWidget::keyPressEvent(QKeyEvent* event) {
         onDeleteKey();
     else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
         menuKeyPressed();
-    else
+    else if (!enterPressed(*event))
         afterwardsTell([&] { QTreeView::keyPressEvent(event); });
+}
+
+/// Whether the key is Enter, and somebody handles it for the selected row.
+bool TreeWidget::enterPressed(const QKeyEvent& event) {
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const QModelIndex index = selectedIndex();
+    return isEnter && index.isValid() && onActivate(index);
 }
 
 QModelIndex TreeWidget::selectedIndex() const {
@@ -128,23 +209,26 @@ void TreeWidget::selectionChanged(const QItemSelection& now, const QItemSelectio
         return;
     userSelected_ = true;
     if (!handlingEvent_)
-        tellOfSelection();
+        tellOfActs();
 }
 
-/// Lets Qt handle an event before it reports the user's selection: the handler may remove nodes
-/// that Qt is still using.
+/// Lets Qt handle an event before it reports what the user did: the handler may remove nodes that
+/// Qt is still using.
 void TreeWidget::afterwardsTell(const std::function<void()>& handle) {
     const bool outer = std::exchange(handlingEvent_, true);
     handle();
     handlingEvent_ = outer;
     if (!outer)
-        tellOfSelection();
+        tellOfActs();
 }
 
-void TreeWidget::tellOfSelection() {
+void TreeWidget::tellOfActs() {
     const QModelIndex index = selectedIndex();
     if (std::exchange(userSelected_, false) && index.isValid())
         onSelect(index);
+    const QPersistentModelIndex activated = std::exchange(doubleClicked_, QPersistentModelIndex());
+    if (activated.isValid())
+        onActivate(activated);
 }
 
 /// Qt would select a neighbour when the selected row is removed.

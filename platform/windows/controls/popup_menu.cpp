@@ -1,6 +1,9 @@
 #include "platform/windows/controls/popup_menu.h"
 
+#include <utility>
+
 #include "platform/guard.h"
+#include "platform/windows/controls/native_control.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
@@ -17,8 +20,12 @@ std::wstring shownAsItIs(const std::string& caption) {
 
 }  // namespace
 
+void Win32PopupMenu::Item::setCaption(const std::string& caption) {
+    text = shownAsItIs(caption);
+}
+
 MenuItem& Win32PopupMenu::addItem(const std::string& caption) {
-    items_.push_back(std::make_unique<Item>(shownAsItIs(caption)));
+    items_.push_back(std::make_unique<Item>(caption));
     return *items_.back();
 }
 
@@ -30,12 +37,33 @@ void Win32PopupMenu::open(ScreenPoint where) {
         guarded(dialogs_, handler);
 }
 
-/// Returns the number of the item, from 1; 0 for none.
+void Win32PopupMenu::openBelow(Control& control) {
+    RECT place = {};
+    GetWindowRect(dynamic_cast<NativeHandle&>(control).handle(), &place);
+    open({static_cast<int>(place.left), static_cast<int>(place.bottom)});
+}
+
+/// The numbers of the items count from 1.
+void Win32PopupMenu::fill(HMENU menu) const {
+    bool separates = false;
+    for (std::size_t number = 1; number <= items_.size(); ++number) {
+        const Item* const item = items_[number - 1].get();
+        separates = separates || item == nullptr;
+        if (item == nullptr || !item->visible)
+            continue;
+        if (std::exchange(separates, false) && GetMenuItemCount(menu) > 0)
+            AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+        AppendMenuW(menu,
+                    MF_STRING | (item->enabled ? MF_ENABLED : MF_GRAYED) |
+                        (item->checked ? MF_CHECKED : MF_UNCHECKED),
+                    number, item->text.c_str());
+    }
+}
+
+/// Returns the number of the item; 0 for none.
 std::size_t Win32PopupMenu::letUserChoose(ScreenPoint where) const {
     const HMENU menu = CreatePopupMenu();
-    for (std::size_t number = 1; number <= items_.size(); ++number)
-        if (const Item& item = *items_[number - 1]; item.visible)
-            AppendMenuW(menu, MF_STRING, number, item.text.c_str());
+    fill(menu);
     // On the side of the pointer that the user's hand leaves free.
     const UINT side = GetSystemMetrics(SM_MENUDROPALIGNMENT) != 0 ? TPM_RIGHTALIGN : TPM_LEFTALIGN;
     const BOOL chosen = GetMenuItemCount(menu) > 0

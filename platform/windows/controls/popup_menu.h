@@ -19,22 +19,31 @@ class Win32PopupMenu : public PopupMenu {
     Win32PopupMenu(HWND window, Dialogs& dialogs) : window_(window), dialogs_(dialogs) {}
 
     MenuItem& addItem(const std::string& caption) override;
+    void addSeparator() override { items_.push_back(nullptr); }
     void open(ScreenPoint where) override;
+    void openBelow(Control& control) override;
 
  private:
     class Item : public MenuItem {
      public:
-        explicit Item(std::wstring caption) : text(std::move(caption)) {}
+        explicit Item(const std::string& caption) { setCaption(caption); }
         void setVisible(bool shown) override { visible = shown; }
+        void setCaption(const std::string& caption) override;
+        void setEnabled(bool usable) override { enabled = usable; }
+        void setChecked(bool marked) override { checked = marked; }
 
         std::wstring text;
         bool visible = true;
+        bool enabled = true;
+        bool checked = false;
     };
 
+    void fill(HMENU menu) const;
     std::size_t letUserChoose(ScreenPoint where) const;
 
     HWND window_;
     Dialogs& dialogs_;
+    /// A null pointer is a separator.
     std::vector<std::unique_ptr<Item>> items_;
 };
 

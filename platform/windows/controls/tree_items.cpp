@@ -1,35 +1,23 @@
 #include "platform/windows/controls/tree_items.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/readable_color.h"
+#include "platform/windows/controls/colors.h"
 #include "platform/windows/controls/flag_scope.h"
+#include "platform/windows/controls/tree_detail.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
 
 namespace {
 
-COLORREF toNative(const Color& color) {
-    return RGB(color.red, color.green, color.blue);
-}
-
-Color fromNative(COLORREF color) {
-    return {GetRValue(color), GetGValue(color), GetBValue(color)};
-}
-
 /// For fewer rows, painting after each change is faster than repainting the view.
 constexpr int kManyRows = 16;
 
 constexpr WPARAM kRedrawOff = 0;
 constexpr WPARAM kRedrawOn = static_cast<WPARAM>(-1);
-
-bool isHighContrast() {
-    HIGHCONTRASTW contrast = {};
-    contrast.cbSize = sizeof contrast;
-    return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
 
 int CALLBACK compareRows(LPARAM one, LPARAM other, LPARAM) {
     return reinterpret_cast<TreeNode*>(one)->row() - reinterpret_cast<TreeNode*>(other)->row();
@@ -138,6 +126,26 @@ void TreeItems::takeSelectionFromBelow(const TreeNode& node) const {
         SendMessageW(tree_, TVM_SELECTITEM, TVGN_CARET, asParameter(itemOf(node)));
 }
 
+/// Counts rows and leaves the horizontal position alone, unlike the native tree, which would scroll
+/// the last child's text into view.
+void TreeItems::scrollToChildren(const TreeNode& node) const {
+    const auto next = [this](WPARAM relation, HTREEITEM item) {
+        return reinterpret_cast<HTREEITEM>(
+            SendMessageW(tree_, TVM_GETNEXTITEM, relation, asParameter(item)));
+    };
+    const int page = static_cast<int>(SendMessageW(tree_, TVM_GETVISIBLECOUNT, 0, 0));
+    const HTREEITEM item = itemOf(node);
+    HTREEITEM top = next(TVGN_FIRSTVISIBLE, nullptr);
+    int above = 0;
+    for (HTREEITEM row = top; row != item && row != nullptr && above < page; ++above)
+        row = next(TVGN_NEXTVISIBLE, row);
+    const int hidden = node.shownCount() - (page - above - 1);
+    for (int rows = std::min(hidden, above); rows > 0; --rows)
+        top = next(TVGN_NEXTVISIBLE, top);
+    if (hidden > 0 && isExpanded(node))
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, asParameter(top));
+}
+
 /// Items are inserted expanded. Expanding or collapsing one later may make the native tree walk all
 /// its rows, so for many it is faster to insert all items again.
 void TreeItems::fulfilWishes() {
@@ -204,16 +212,23 @@ void TreeItems::fillIn(TVITEMW& item) const {
 /// On a selected row and in high contrast mode the system's own colours stay, because ours may be
 /// unreadable there.
 LRESULT TreeItems::paint(NMTVCUSTOMDRAW& drawing) const {
-    if (drawing.nmcd.dwDrawStage == CDDS_PREPAINT)
-        return isHighContrast() ? CDRF_DODEFAULT : CDRF_NOTIFYITEMDRAW;
-    if (drawing.nmcd.dwDrawStage != CDDS_ITEMPREPAINT ||
-        (drawing.nmcd.uItemState & CDIS_SELECTED) != 0)
-        return CDRF_DODEFAULT;
     const auto* const node = reinterpret_cast<const TreeNode*>(drawing.nmcd.lItemlParam);
-    if (node != nullptr && node->color())
-        drawing.clrText =
-            toNative(readableColor(*node->color(), fromNative(GetSysColor(COLOR_WINDOW))));
-    return CDRF_DODEFAULT;
+    switch (drawing.nmcd.dwDrawStage) {
+        case CDDS_PREPAINT:
+            return CDRF_NOTIFYITEMDRAW;
+        case CDDS_ITEMPREPAINT:
+            if (node != nullptr && node->color() &&
+                (drawing.nmcd.uItemState & CDIS_SELECTED) == 0 && !isHighContrast())
+                drawing.clrText =
+                    toNative(readableColor(*node->color(), fromNative(GetSysColor(COLOR_WINDOW))));
+            return CDRF_NOTIFYPOSTPAINT;
+        case CDDS_ITEMPOSTPAINT:
+            if (node != nullptr)
+                paintDetail(drawing, toWide(detailOf(*node)));
+            return CDRF_DODEFAULT;
+        default:
+            return CDRF_DODEFAULT;
+    }
 }
 
 void TreeItems::itemGone(const TVITEMW& item) {
@@ -306,6 +321,8 @@ void TreeItems::changed(TreeNode& node) {
     TVITEMW item = askingItem();
     item.hItem = itemOf(node);
     SendMessageW(tree_, TVM_SETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+    if (holds_ == 0)
+        repaintRow(tree_, item.hItem);
 }
 
 void TreeItems::redrawSuspended() {

@@ -23,6 +23,8 @@ class TreeItems : public TreeListener {
     std::function<void(const TreeNode&)> onClose;
     /// Called for a node that has lost children.
     std::function<void(TreeNode&)> onLoss;
+    /// Returns the detail to paint beside a node.
+    std::function<std::string(const TreeNode&)> detailOf;
 
     /// Returns the item of the node; null for the root and for a node that has none yet.
     HTREEITEM itemOf(const TreeNode& node) const;
@@ -35,6 +37,8 @@ class TreeItems : public TreeListener {
     void setExpanded(const TreeNode& node, bool expanded);
     /// Expands all ancestors of the node at once.
     void expandAbove(const TreeNode& node);
+    /// Scrolls the children of an expanded node into view, as far as the node itself stays in view.
+    void scrollToChildren(const TreeNode& node) const;
     /// Moves a selection below the node to the node.
     void takeSelectionFromBelow(const TreeNode& node) const;
     /// Whether the native tree's notifications of expansion are caused by this object.

@@ -40,6 +40,7 @@ Win32TreeView::Win32TreeView(const ControlPlace& place, Dialogs& dialogs, const 
         handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Win32TreeView::procedure)));
     items_.onGone = [this](const TreeNode& node) { forget(node); };
     items_.onClose = [this](const TreeNode& node) { selection_.closed(node); };
+    items_.detailOf = [this](const TreeNode& node) { return detail(node); };
     items_.onLoss = [this](TreeNode& node) { closeIfEmpty(node); };
     model().setListener(&items_);
 }
@@ -113,9 +114,19 @@ LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
         }
         case WM_KEYDOWN:
             return keyPressed(wparam, lparam);
+        case WM_CHAR:  // the native tree would beep
+            return wparam == VK_RETURN ? 0 : callNative(message, wparam, lparam);
+        // Without this, the window would take Enter for its default button.
+        case WM_GETDLGCODE:
+            return callNative(message, wparam, lparam) |
+                   (wparam == VK_RETURN && takesEnter() ? DLGC_WANTMESSAGE : 0);
+        case WM_SIZE:
+            InvalidateRect(handle(), nullptr, TRUE);  // moves the details
+            return callNative(message, wparam, lparam);
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
             return leftPressed(point, wparam) ? 0 : callNative(message, wparam, lparam);
+        case WM_LBUTTONDBLCLK:
+            return leftPressed(point, wparam) ? 0 : doubleClicked(point, wparam, lparam);
         // The native tree would wait for the button's release in a loop of its own.
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:
@@ -137,7 +148,10 @@ LRESULT Win32TreeView::callNative(UINT message, WPARAM wparam, LPARAM lparam) co
 LRESULT Win32TreeView::keyPressed(WPARAM key, LPARAM lparam) {
     if (key == VK_DELETE)
         acts_.push_back({Act::Kind::PressDelete, nullptr, {}});
-    if (key == VK_DELETE || selectFirstByKey(key))
+    const bool enters = key == VK_RETURN && takesEnter();
+    if (enters)
+        acts_.push_back({Act::Kind::Activate, items_.selected(), {}});
+    if (key == VK_DELETE || enters || selectFirstByKey(key))
         return 0;
     if (movesSelection(key))
         return moveByKey(key, lparam);
@@ -161,6 +175,8 @@ bool Win32TreeView::leftPressed(POINT point, WPARAM keys) {
     bool handled = false;
     if (TreeNode* const node = selection_.press(point, keys, handled))
         acts_.push_back({Act::Kind::Select, node, {}});
+    if (!handled)
+        selectBeside(point);
     return handled;
 }
 
@@ -174,17 +190,40 @@ bool Win32TreeView::selectFirstByKey(WPARAM key) {
     return true;
 }
 
-/// Selects the row at that point of the tree.
-void Win32TreeView::rightPressed(POINT point) {
-    SetFocus(handle());
+/// Returns the node in whose row the point is, if it is in one of the parts; else null.
+TreeNode* Win32TreeView::nodeAt(POINT point, UINT parts) const {
     TVHITTESTINFO hit = {};
     hit.pt = point;
     SendMessageW(handle(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    TreeNode* const node = items_.nodeOf(hit.hItem);
+    return (hit.flags & parts) != 0 ? items_.nodeOf(hit.hItem) : nullptr;
+}
+
+void Win32TreeView::selectByMouse(TreeNode* node) {
     if (node == nullptr || node == selected())
         return;
     selection_.makeCurrent(*node);
     acts_.push_back({Act::Kind::Select, node, {}});
+}
+
+/// The native tree ignores a click on the detail.
+void Win32TreeView::selectBeside(POINT point) {
+    selectByMouse(nodeAt(point, TVHT_ONITEMRIGHT));
+}
+
+/// The native tree expands a node that was double-clicked on its text.
+LRESULT Win32TreeView::doubleClicked(POINT point, WPARAM wparam, LPARAM lparam) {
+    TreeNode* const node = nodeAt(point, TVHT_ONITEM | TVHT_ONITEMRIGHT);
+    const LRESULT result = callNative(WM_LBUTTONDBLCLK, wparam, lparam);
+    if (node != nullptr)
+        acts_.push_back({Act::Kind::Activate, node, {}});
+    return result;
+}
+
+/// Selects the row at that point of the tree.
+void Win32TreeView::rightPressed(POINT point) {
+    constexpr UINT kAnywhere = ~UINT{0};
+    SetFocus(handle());
+    selectByMouse(nodeAt(point, kAnywhere));
 }
 
 /// Returns false for the menu of a scroll bar.
@@ -265,6 +304,10 @@ void Win32TreeView::tellOf(const Act& act) {
             if (const auto handler = onSelect)
                 guarded(dialogs_, [&] { handler(*act.node); });
             return;
+        case Act::Kind::Activate:
+            if (const auto handler = onActivate)
+                guarded(dialogs_, [&] { handler(*act.node); });
+            return;
         case Act::Kind::RequestMenu:
             if (const auto handler = onMenuRequest)
                 guarded(dialogs_, [&] { handler(act.where); });
@@ -289,6 +332,7 @@ void Win32TreeView::userExpanded(TreeNode& node) {
         return;
     // The native tree collapses a node that had no children for a moment.
     node.shownCount() == 0 ? closeIfEmpty(node) : items_.setExpanded(node, true);
+    items_.scrollToChildren(node);
 }
 
 void Win32TreeView::userCollapsed(TreeNode& node) {

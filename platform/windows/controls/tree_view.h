@@ -35,7 +35,7 @@ class Win32TreeView : public Win32Control<TreeView> {
  private:
     /// An act of the user.
     struct Act {
-        enum class Kind { Expand, Collapse, Select, RequestMenu, PressDelete };
+        enum class Kind { Expand, Collapse, Select, Activate, RequestMenu, PressDelete };
         Kind kind;
         /// The node concerned; null for the last two.
         TreeNode* node = nullptr;
@@ -51,6 +51,11 @@ class Win32TreeView : public Win32Control<TreeView> {
     LRESULT moveByKey(WPARAM key, LPARAM lparam);
     bool leftPressed(POINT point, WPARAM keys);
     bool selectFirstByKey(WPARAM key);
+    TreeNode* nodeAt(POINT point, UINT parts) const;
+    void selectByMouse(TreeNode* node);
+    void selectBeside(POINT point);
+    LRESULT doubleClicked(POINT point, WPARAM wparam, LPARAM lparam);
+    bool takesEnter() const { return onActivate && items_.selected() != nullptr; }
     void rightPressed(POINT point);
     bool menuRequested(POINT where);
     std::optional<POINT> placeOfSelection() const;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/windows/controls/window_text.h"
 
@@ -21,6 +22,7 @@ constexpr MouseMessages kMouseMessages[] = {
     {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON | MK_CONTROL},
     {WM_LBUTTONDOWN, WM_LBUTTONUP, MK_LBUTTON | MK_SHIFT},
     {WM_RBUTTONDOWN, WM_RBUTTONUP, MK_RBUTTON},
+    {WM_LBUTTONDBLCLK, WM_LBUTTONUP, MK_LBUTTON},
 };
 
 /// Holds the keys of a mouse message (MK_CONTROL, MK_SHIFT), and no others of them.
@@ -36,6 +38,7 @@ void holdKeys(WPARAM held) {
 /// Acts on a menu by a timer, from within the menu's own loop.
 struct MenuUse {
     std::string chosen;
+    bool withLooks = false;
     std::vector<std::string> captions;
 };
 
@@ -59,12 +62,22 @@ std::string withoutMarks(const std::wstring& text) {
     return toUtf8(shown);
 }
 
+std::string lookOf(HMENU menu, UINT item, const std::string& text) {
+    const UINT state = GetMenuState(menu, item, MF_BYPOSITION);
+    if ((state & MF_SEPARATOR) != 0)
+        return "-";
+    if ((state & MF_CHECKED) != 0)
+        return "*" + text;
+    return (state & MF_GRAYED) != 0 ? "(" + text + ")" : text;
+}
+
 std::vector<std::string> captionsOf(HMENU menu) {
     std::vector<std::string> captions;
     for (UINT item = 0; item < static_cast<UINT>(GetMenuItemCount(menu)); ++item) {
         wchar_t text[256] = L"";
         GetMenuStringW(menu, item, text, 256, MF_BYPOSITION);
-        captions.push_back(withoutMarks(text));
+        captions.push_back(menuUse.withLooks ? lookOf(menu, item, withoutMarks(text))
+                                             : withoutMarks(text));
     }
     return captions;
 }
@@ -78,7 +91,8 @@ void chooseItem(HWND menu) {
     EXPECT_EQ(found == captions.end(), menuUse.chosen.empty()) << "No item " << menuUse.chosen;
     if (found != captions.end())
         for (auto item = captions.begin(); item <= found; ++item)
-            pressKey(GetFocus(), VK_DOWN);
+            if (*item != "-")  // the arrow key passes a line
+                pressKey(GetFocus(), VK_DOWN);
     pressKey(GetFocus(), found == captions.end() ? VK_ESCAPE : VK_RETURN);
 }
 
@@ -88,6 +102,15 @@ void CALLBACK useMenuIfOpen(HWND, UINT, UINT_PTR timer, DWORD) {
         return;
     KillTimer(nullptr, timer);
     chooseItem(menu);
+}
+
+template <class Act>
+std::vector<std::string> useMenuOpenedBy(const Act& act, MenuUse use) {
+    menuUse = std::move(use);
+    const UINT_PTR timer = SetTimer(nullptr, 0, 10, useMenuIfOpen);
+    act();
+    KillTimer(nullptr, timer);
+    return menuUse.captions;
 }
 
 }  // namespace
@@ -190,11 +213,12 @@ HWND findInActiveWindow(const std::wstring& kind, const std::string& text) {
 }
 
 std::vector<std::string> useMenu(HWND control, POINT point, const std::string& caption) {
-    menuUse = {caption, {}};
-    const UINT_PTR timer = SetTimer(nullptr, 0, 10, useMenuIfOpen);
-    clickAt(control, point, MouseButton::Right);
-    KillTimer(nullptr, timer);
-    return menuUse.captions;
+    return useMenuOpenedBy([&] { clickAt(control, point, MouseButton::Right); },
+                           {caption, false, {}});
+}
+
+std::vector<std::string> useMenuOf(HWND button, const std::string& item) {
+    return useMenuOpenedBy([&] { clickMiddle(button); }, {item, true, {}});
 }
 
 }  // namespace pelk

@@ -18,7 +18,7 @@ HWND native(Shown& shown) {
 /// Handles pending messages like the host's loop, which does not know our windows.
 void handleMessages();
 
-enum class MouseButton { Left, LeftWithControlKey, LeftWithShiftKey, Right };
+enum class MouseButton { Left, LeftWithControlKey, LeftWithShiftKey, Right, LeftTwice };
 
 /// Clicks at a point of the control. A disabled window, or one hidden behind another control, does
 /// not get the click.
@@ -46,5 +46,9 @@ HWND findInActiveWindow(const std::wstring& kind, const std::string& text);
 /// the item with that caption, or closes the menu when it is empty. Returns the captions, none when
 /// no menu opens.
 std::vector<std::string> useMenu(HWND control, POINT point, const std::string& caption);
+
+/// Does the same with the menu that a button opens. The captions show how the items look, see
+/// `Driver::menuOf`.
+std::vector<std::string> useMenuOf(HWND button, const std::string& item);
 
 }  // namespace pelk

@@ -243,6 +243,25 @@ class WinDriver : public Driver {
                 texts.push_back(view.text(item));
         return texts;
     }
+    void doubleClickRow(TreeView& tree, const TreePath& row) override {
+        clickRow(tree, row);
+        const NativeTree view(tree);
+        clickAt(native(tree), view.partOf(row, TVHT_ONITEM), MouseButton::LeftTwice);
+    }
+    std::vector<std::uint32_t> pictureBeside(TreeView& tree, const TreePath& row) override {
+        RECT inner = {};
+        GetClientRect(native(tree), &inner);
+        const RECT text = NativeTree(tree).scrolledTo(row);
+        const Paper paper({inner.right, inner.bottom});
+        SendMessageW(native(tree), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()),
+                     PRF_CLIENT | PRF_ERASEBKGND);
+        const std::vector<std::uint32_t> all = paper.pixels();
+        std::vector<std::uint32_t> beside;
+        for (LONG y = text.top; y < text.bottom; ++y)
+            beside.insert(beside.end(), all.begin() + y * inner.right + text.right,
+                          all.begin() + (y + 1) * inner.right);
+        return beside;
+    }
     bool isInView(TreeView& tree, const TreePath& row) override {
         const NativeTree view(tree);
         return view.place(view.at(row)).has_value();
@@ -273,6 +292,9 @@ class WinDriver : public Driver {
     std::vector<std::string> useMenuAt(TreeView& tree, const TreePath& row,
                                        const std::string& caption) override {
         return useMenu(native(tree), NativeTree(tree).partOf(row, TVHT_ONITEM), caption);
+    }
+    std::vector<std::string> useMenuOf(Control& button, const std::string& item) override {
+        return pelk::useMenuOf(native(button), item);
     }
     void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         const NativeTree view(tree);
