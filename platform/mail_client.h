@@ -157,6 +157,8 @@ class MailClient {
     /// commands elsewhere.
     virtual std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                                    std::string_view tag) = 0;
+    /// Shows a line about what was done last, if the client has a place for it.
+    virtual void tell(const std::string& /*text*/) {}
 };
 
 }  // namespace pelk

@@ -12,6 +12,11 @@ constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
 constexpr Rect kStaticBounds{kFormMargin, 100, kWidth, 550};
 constexpr Rect kDynamicBounds{kFormMargin, 700, kWidth, 300};
 constexpr Rect kProgressBounds{kFormMargin, 1050, kWidth, 260};
+constexpr Rect kWholeProgressBounds{kFormMargin, 1360, kWidth, 160};
+constexpr Rect kWholeLabelBounds{kFormMargin, 1650, 3000, 270};
+
+/// The bar shows every thousandth, so that it is not painted for each e-mail.
+constexpr int kWholeSteps = 1000;
 
 }  // namespace
 
@@ -24,12 +29,15 @@ ParseForm::ParseForm(const UserInterface& ui, const Platform& platform, Storage&
       parsingProgress(window->addProgressBar(kProgressBounds)),
       startButton(window->addButton(bottomButton(kInnerSize, 2), "Start")),
       cancelButton(window->addButton(bottomButton(kInnerSize, 1), "Cancel")),
+      wholeLabel(window->addLabel(kWholeLabelBounds, "")),
+      wholeProgress(window->addProgressBar(kWholeProgressBounds)),
       ui_(ui),
       platform_(platform),
       storage_(storage) {
     window->setCaption("Check for new e-mails");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
+    wholeProgress.setRange(0, kWholeSteps);
     // The form cannot be closed during a scan.
     window->onCloseRequest = [this] { return !scanning_; };
     startButton.onClick = [this] { startButtonClick(); };
@@ -58,6 +66,7 @@ void ParseForm::scan() {
     const std::unique_ptr<MailSession> session = mailClient->session();
     ScanOutcome outcome;
     setScanning(true);
+    meter_ = ScanProgressMeter(countScannedFolders(*session));
     try {
         outcome = scanAndSave(*database, storage_, platform_, *session, *this);
     } catch (const NoDataFolder&) {
@@ -72,6 +81,7 @@ void ParseForm::scan() {
     }
     setScanning(false);
     window->hide();
+    mailClient->tell(scanSummary(outcome));
     if (const std::string message = scanMessage(outcome); !message.empty())
         ui_.dialogs.message(message, Buttons::Ok);
 }
@@ -81,8 +91,18 @@ void ParseForm::setScanning(bool scanning) {
     ui_.display.setBusyPointer(scanning);
     startButton.setEnabled(!scanning);
     cancelButton.setEnabled(!scanning);
+    meter_ = ScanProgressMeter(0);
     if (!scanning)
         parsingProgress.setValue(1);
+    wholeLabel.setText("");
+    showWhole();
+}
+
+void ParseForm::showWhole() {
+    const int value = meter_.value() / (ScanProgressMeter::kEnd / kWholeSteps);
+    if (value != shownWhole_)
+        wholeProgress.setValue(value);
+    shownWhole_ = value;
 }
 
 void ParseForm::noticed(const std::string& notice) {
@@ -92,15 +112,23 @@ void ParseForm::noticed(const std::string& notice) {
 void ParseForm::folderStarted(const std::string& name) {
     DynamicLabel.setText("Reading " + name);
     DynamicLabel.repaint();
+    meter_.folderStarted();
+    wholeLabel.setText("Folder " + std::to_string(meter_.folder()) + " of " +
+                       std::to_string(meter_.folders()));
+    wholeLabel.repaint();
+    showWhole();
 }
 
 void ParseForm::itemsCounted(int count) {
     parsingProgress.setRange(1, count > 1 ? count : 2);
+    meter_.itemsCounted(count);
 }
 
 void ParseForm::itemStarted(int index) {
     ui_.display.processPendingEvents();
     parsingProgress.setValue(index);
+    meter_.itemStarted(index);
+    showWhole();
 }
 
 }  // namespace pelk

@@ -9,6 +9,7 @@
 #include "platform/mail_client.h"
 #include "platform/platform.h"
 #include "platform/user_interface.h"
+#include "scan/scan_progress_meter.h"
 #include "scan/scanner.h"
 
 namespace pelk {
@@ -32,12 +33,16 @@ class ParseForm : private ScanProgress {
     ProgressBar& parsingProgress;
     Button& startButton;
     Button& cancelButton;
+    /// These two show how far the scan has come with all folders.
+    Label& wholeLabel;
+    ProgressBar& wholeProgress;
 
  private:
     void startButtonClick();
     void cancelButtonClick();
     void scan();
     void setScanning(bool scanning);
+    void showWhole();
 
     void noticed(const std::string& notice) override;
     void folderStarted(const std::string& name) override;
@@ -48,6 +53,8 @@ class ParseForm : private ScanProgress {
     Platform platform_;
     Storage& storage_;
     bool scanning_ = false;
+    ScanProgressMeter meter_{0};
+    int shownWhole_ = 0;
 };
 
 }  // namespace pelk

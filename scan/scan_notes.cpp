@@ -77,6 +77,18 @@ std::vector<std::string> scanWarnings(const ScanOutcome& outcome) {
     return warnings;
 }
 
+std::string scanSummary(const ScanOutcome& outcome) {
+    std::string summary =
+        outcome.mails == 0
+            ? "No new e-mails"
+            : counted(static_cast<std::size_t>(outcome.mails), "new e-mail", "new e-mails") + ", " +
+                  counted(outcome.contacts, "new contact", "new contacts") + ", " +
+                  counted(outcome.relations, "new relation", "new relations");
+    if (!outcome.leftOut.empty())
+        summary += ", " + counted(outcome.leftOut.size(), "folder", "folders") + " left out";
+    return summary + ".";
+}
+
 std::string scanMessage(const ScanOutcome& outcome) {
     std::vector<std::string> lines = scanWarnings(outcome);
     if (lines.empty()) {

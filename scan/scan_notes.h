@@ -22,6 +22,10 @@ std::vector<std::string> scanWarnings(const ScanOutcome& outcome);
 /// Copies alone are not reported: users who have some have them at every scan.
 std::string scanMessage(const ScanOutcome& outcome);
 
+/// Returns one line for every scan: what it added and how many folders it left out, or that nothing
+/// was new.
+std::string scanSummary(const ScanOutcome& outcome);
+
 /// Returns the English name of a kind of folder.
 const char* nameOf(DefaultFolder kind);
 

@@ -96,6 +96,10 @@ std::unique_ptr<CommandPopup> MainWindow::addPopup(std::string_view bar, std::st
     return addToolBarPopup(*this, dialogs_, bar, caption, tag);
 }
 
+void MainWindow::tell(const std::string& text) {
+    status_->setText(QString::fromStdString(text));
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
     QApplication::quit();

@@ -52,6 +52,8 @@ class MainWindow : public QMainWindow, public MailClient {
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                            std::string_view tag) override;
+    /// Shows the line in the status bar until the mail window shows something else.
+    void tell(const std::string& text) override;
 
  protected:
     /// Closing the mail window ends the program, whatever other windows are open.

@@ -275,7 +275,7 @@ TEST_F(Tree, SelectsSeveralWithControlAndShift) {
     expect({&ann_, &carl_}, &ann_);
     driver_.clickRowWith(Hold::Control, tree_, {0});
     expect({&carl_}, &carl_);
-    EXPECT_EQ(acts_.substr(0, 10), "=Carl=Ann") << acts_;
+    EXPECT_TRUE(acts_.starts_with("=Carl=Ann")) << acts_;
     driver_.clickRow(tree_, {0});
     driver_.clickRowWith(Hold::Shift, tree_, {2});
     expect({&ann_, &bob_, &carl_}, &carl_);

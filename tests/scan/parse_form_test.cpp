@@ -61,6 +61,7 @@ TEST_F(ParseFormTest, tellsOfLostDatesBeforeItScans) {
 
 TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
     std::vector<std::string> seen;
+    std::vector<std::string> whole;
     core.display.onPendingEvents = [&] {
         EXPECT_FALSE(driver.isEnabled(form.startButton));
         EXPECT_FALSE(driver.isEnabled(form.cancelButton));
@@ -68,9 +69,13 @@ TEST_F(ParseFormTest, scansSavesAndOpensTheView) {
         EXPECT_TRUE(driver.isVisible(*form.window)) << "a scan cannot be interrupted";
         EXPECT_EQ(driver.progressOf(form.parsingProgress).maximum, 2);
         seen.push_back(driver.textOf(form.DynamicLabel));
+        whole.push_back(driver.textOf(form.wholeLabel) + ": " +
+                        std::to_string(driver.progressOf(form.wholeProgress).value));
     };
     showAndDo([this] { driver.click(form.startButton); });
     EXPECT_EQ(seen, (std::vector<std::string>{"Reading Post", "Reading Sent"}));
+    EXPECT_EQ(whole, (std::vector<std::string>{"Folder 1 of 2: 0", "Folder 2 of 2: 500"}));
+    EXPECT_EQ(client.told, "2 new e-mails, 2 new contacts, 1 new relation.");
     EXPECT_FALSE(driver.isVisible(*form.window));
     EXPECT_EQ(viewsOpened, 1);
     EXPECT_EQ(core.display.busyPointers, (std::vector<bool>{true, false}));
@@ -101,6 +106,10 @@ TEST_F(ParseFormTest, reportsInOneBoxWhatWasLeftOutOrUnreadable) {
     showAndDo([this] { driver.click(form.startButton); });
     EXPECT_FALSE(driver.isVisible(*form.window));
     EXPECT_EQ(viewsOpened, 1);
+    EXPECT_EQ(client.told, "2 new e-mails, 2 new contacts, 1 new relation, 1 folder left out.");
+    client.stores.resize(1);
+    showAndDo([this] { driver.click(form.startButton); });
+    EXPECT_EQ(client.told, "No new e-mails.");
 }
 
 TEST_F(ParseFormTest, offersToSaveAgainWhenTheDiskWasFull) {

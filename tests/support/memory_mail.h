@@ -59,6 +59,8 @@ class MemoryMailClient : public MailClient {
     /// The buttons in the menu, with "bar/caption/tag" of their pop-ups.
     std::list<Button> buttons;
     std::vector<std::string> popups;
+    /// The last line that it was told.
+    std::string told;
 
     Button* button(const std::string& caption) {
         for (Button& button : buttons)
@@ -70,6 +72,7 @@ class MemoryMailClient : public MailClient {
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
                                            std::string_view tag) override;
+    void tell(const std::string& text) override { told = text; }
 };
 
 /// Returns a person whose name is the local part of the address.
