@@ -21,6 +21,10 @@ class NoProgress : public ScanProgress {
 inline void readItem(StoredFolder& folder, int index) {
     const MessageSummary summary = folder.summary(index);
     require(isXmlText(summary.from) && isXmlText(summary.subject), "a summary can be shown");
+    const MessageText text = folder.read(index);
+    require(isXmlText(text.text) && isXmlText(text.note), "a text can be shown");
+    for (const auto& [name, value] : text.fields)
+        require(isXmlText(value), "a field can be shown");
     const std::shared_ptr<MailItem> item = folder.mailItem(index);
     item->creationTime();
     item->isDatedAhead();

@@ -16,13 +16,21 @@ class GearyMessages : public StoredMessages {
     ListedMessage message(std::size_t index) const override {
         const SqliteDatabase& database = store_->database_;
         NotedTime received;
-        const auto file = MailFile::inMemory(store_->read(ids_[index], received), database.path(),
-                                             database.changed());
+        const auto file = MailFile::inMemory(store_->read(ids_[index], received, false),
+                                             database.path(), database.changed());
         const MessagePlace place{file, 0, file->size(), false};
         ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
         listed.kind = itemKind(place, listed.message->header());
         file->close();
         return listed;
+    }
+
+    MessagePlace place(std::size_t index) const override {
+        const SqliteDatabase& database = store_->database_;
+        NotedTime received;
+        const auto file = MailFile::inMemory(store_->read(ids_[index], received, true),
+                                             database.path(), database.changed());
+        return {file, 0, file->size(), false};
     }
 
  private:
@@ -82,8 +90,8 @@ std::unique_ptr<StoredMessages> GearyStore::messages(FolderId folder) {
     return std::make_unique<GearyMessages>(shared_from_this(), std::move(ids));
 }
 
-/// Returns the text of a message, without a body that does not matter.
-std::string GearyStore::read(std::int64_t id, NotedTime& received) {
+/// Returns the text of a message; if not `whole`, without a body that does not decide its kind.
+std::string GearyStore::read(std::int64_t id, NotedTime& received, bool whole) {
     const std::lock_guard lock(mutex_);
     if (!message_)
         message_.emplace(database_.query(
@@ -100,7 +108,7 @@ std::string GearyStore::read(std::int64_t id, NotedTime& received) {
     // The column ends with the empty line after the header, unless the message has no body.
     if (!text.ends_with("\n\n") && !text.ends_with("\n\r\n"))
         text += "\n\n";
-    if (needsBody(text))
+    if (whole || needsBody(text))
         text += row.text(1).value_or("");
     return text;
 }

@@ -44,7 +44,7 @@ class GearyStore : public std::enable_shared_from_this<GearyStore> {
     friend class GearyMessages;
 
     explicit GearyStore(const std::string& path) : database_(path) {}
-    std::string read(std::int64_t id, NotedTime& received);
+    std::string read(std::int64_t id, NotedTime& received, bool whole);
 
     const SqliteDatabase database_;
     std::mutex mutex_;

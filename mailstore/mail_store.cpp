@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "mailstore/body_text.h"
 #include "mailstore/mail_text.h"
 #include "mailstore/named_stores.h"
 #include "mailstore/read_ahead.h"
@@ -18,6 +19,23 @@ namespace {
 using PlaceList = std::vector<FolderPlace>;
 
 std::unique_ptr<MailFolders> walk(std::function<PlaceList()> list);
+
+std::string noteOn(const BodyText& body) {
+    if (body.text.empty())
+        return "This message has no text that can be shown here.";
+    return body.isCut ? "The text goes on. Only its beginning is shown." : "";
+}
+
+MessageText messageText(const MessagePlace& place) {
+    const MessageHeader header = readHeader(place);
+    BodyText body = readBodyText(place, header);
+    MessageText message{{}, {}, noteOn(body)};
+    message.text = std::move(body.text);
+    for (const char* const name : {"From", "To", "Cc", "Date", "Subject"})
+        if (std::string value = decodeText(header.first(name)); !value.empty())
+            message.fields.emplace_back(name, std::move(value));
+    return message;
+}
 
 class DiskFolder : public StoredFolder {
  public:
@@ -52,6 +70,11 @@ class DiskFolder : public StoredFolder {
         const ListedMessage listed = messages()->message(static_cast<std::size_t>(index) - 1);
         StoredMessage& message = *listed.message;
         return {message.author(), message.subject(), message.creationTime(), listed.kind};
+    }
+
+    MessageText read(int index) override {
+        requireItem(index);
+        return messageText(messages()->place(static_cast<std::size_t>(index) - 1));
     }
 
  private:
@@ -147,6 +170,13 @@ class DiskSession : public MailSession {
 };
 
 }  // namespace
+
+MessageText StoredFolder::read(int index) {
+    const MessageSummary found = summary(index);
+    return {{{"From", found.from}, {"Subject", found.subject}},
+            {},
+            "The text of a message on a server is not fetched."};
+}
 
 std::vector<DefaultFolder> leftOutFoldersOf(const MailStoreOptions& options) {
     std::vector<DefaultFolder> kinds = {DefaultFolder::Outbox, DefaultFolder::DeletedItems};

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "mailstore/item_kind.h"
@@ -20,12 +21,26 @@ struct MessageSummary {
     ItemKind kind = ItemKind::Mail;
 };
 
+/// A message opened to be read. All texts are valid UTF-8 without control characters.
+struct MessageText {
+    /// The names and values of the header fields for people, in order, without those missing.
+    std::vector<std::pair<std::string, std::string>> fields;
+    /// The text, in lines that end with "\n".
+    std::string text;
+    /// A sentence about text that is missing; usually empty.
+    std::string note;
+};
+
 /// Every folder of a session of `openMailSession` is of this class.
 class StoredFolder : public MailFolder {
  public:
     /// Describes item `index`, counted from 1, whatever its kind. Throws an `Error` if the item
     /// does not exist or cannot be read.
     virtual MessageSummary summary(int index) = 0;
+    /// Reads item `index`, counted from 1, for people. Takes a bounded part of a long text, and
+    /// turns HTML into plain text. Loads nothing from elsewhere: the text of a message on a server
+    /// is not read. Throws as `summary` does.
+    virtual MessageText read(int index);
 };
 
 struct MailStoreOptions {

@@ -108,6 +108,20 @@ std::string cleanAddress(std::string_view raw) {
     return result;
 }
 
+std::string cleanLines(std::string_view raw) {
+    std::string result;
+    forEachCharacter(toUtf8(raw), [&](gunichar c) {
+        if (c == '\n' || c == '\t' || isAllowed(c))
+            append(result, c);
+    });
+    return result;
+}
+
+std::string_view trimmed(std::string_view text) {
+    const std::size_t begin = std::min(text.find_first_not_of(" \t\r\n"), text.size());
+    return text.substr(begin, text.find_last_not_of(" \t\r\n") + 1 - begin);
+}
+
 bool equalsIgnoringCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && g_ascii_strncasecmp(a.data(), b.data(), a.size()) == 0;
 }

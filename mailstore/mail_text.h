@@ -19,6 +19,13 @@ std::string decodeText(std::string_view raw);
 /// Returns `raw` as UTF-8 without control characters.
 std::string cleanAddress(std::string_view raw);
 
+/// Returns `raw` as valid UTF-8 whose lines end with "\n", without other control characters than
+/// tabs.
+std::string cleanLines(std::string_view raw);
+
+/// Returns the text without blanks, tabs and line ends at its ends.
+std::string_view trimmed(std::string_view text);
+
 /// Compares two texts. Ignores the case of ASCII letters only.
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 

@@ -14,12 +14,16 @@ class MboxMessages : public StoredMessages {
 
     ListedMessage message(std::size_t index) const override {
         const MboxEntry& entry = entries_[index];
-        const MessagePlace place{file_, entry.offset, entry.end - entry.offset, true};
         const NotedTime received{entry.received, entry.onWallClock};
-        ListedMessage listed{std::make_shared<StoredMessage>(place, received)};
+        ListedMessage listed{std::make_shared<StoredMessage>(place(index), received)};
         if (entry.doubtful)
-            listed.kind = itemKind(place, listed.message->header());
+            listed.kind = itemKind(place(index), listed.message->header());
         return listed;
+    }
+
+    MessagePlace place(std::size_t index) const override {
+        const MboxEntry& entry = entries_[index];
+        return {file_, entry.offset, entry.end - entry.offset, true};
     }
 
  private:

@@ -22,6 +22,9 @@ class StoredMessages {
     /// Returns message `index`, counted from 0. Requires: index < count(). Throws an `Error` if the
     /// message cannot be read. Several threads may call it at once.
     virtual ListedMessage message(std::size_t index) const = 0;
+    /// Returns where the whole of message `index` is, in an open file. Requires and throws as
+    /// `message` does.
+    virtual MessagePlace place(std::size_t index) const = 0;
 };
 
 /// Finds the messages of an mbox, which may be compressed. Throws an `Error` as `openContent` does.
