@@ -39,6 +39,7 @@ class Seeds {
         const std::size_t from = header.find("\nFrom: ");
         if (from != std::string::npos)
             write("addresses", header.substr(from + 7, 300));
+        addAnswer(header);
         addScanOf(path.string());
     }
 
@@ -91,6 +92,15 @@ class Seeds {
     }
 
  private:
+    /// Writes the answer of a mail server that shows such a message.
+    void addAnswer(const std::string& header) {
+        write("answers",
+              std::string("?* 1 FETCH (UID 1 FLAGS (\\Seen) INTERNALDATE ") +
+                  "\" 2-Jan-2021 03:04:05 +0000\" BODYSTRUCTURE ((\"TEXT\" \"PLAIN\" NIL " +
+                  "NIL NIL \"7BIT\" 1 1) \"MIXED\") BODY[HEADER.FIELDS (FROM)] {" +
+                  std::to_string(header.size()) + "}\r\n" + header + ")\r\n7 OK\r\n");
+    }
+
     void addScanOf(const std::string& path) {
         const std::unique_ptr<Database> database = openDocument(kFirstStartDocument);
         try {
