@@ -2,11 +2,11 @@
 
 #include "fuzz/fuzz.h"
 #include "mailstore/folder_name.h"
+#include "mailstore/gmail_labels.h"
 #include "mailstore/message_header.h"
 #include "mailstore/message_identity.h"
 #include "mailstore/message_time.h"
 #include "mailstore/mozilla_status.h"
-#include "mailstore/special_folder.h"
 
 namespace pelk {
 namespace {
@@ -28,7 +28,7 @@ void readFields(const MessageHeader& header) {
                     "a value is one line", value);
             readTime({dateFieldTime(value)});
             readTime({receivedFieldTime(value), true});
-            folderOfLabels(value);
+            require(!folderOfLabels(value) || !mainLabel(value).empty(), "a folder has a label");
         }
     }
     require(fingerprint(header) != 0, "a message has a fingerprint");

@@ -307,6 +307,22 @@ std::vector<FolderPlace> listSubfolders(const FolderPlace& place) {
     return listing.result();
 }
 
+std::vector<FolderPlace> listLabels(const FolderPlace& place,
+                                    const std::shared_ptr<const LabelledMbox>& mbox) {
+    std::vector<FolderPlace> places;
+    for (const std::string& label : mbox->labels()) {
+        FolderPlace& folder = places.emplace_back(place);
+        folder.name = label;
+        folder.companion.clear();
+        folder.canonical += "/" + label;
+        folder.labelled = mbox;
+        folder.label = label;
+        folder.isStore = false;
+        folder.atTop = true;
+    }
+    return places;
+}
+
 bool anyFolder(const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit,
                const std::function<void(const Error&)>& unreadable) {
     std::vector<FolderPlace> open = {top};

@@ -8,6 +8,7 @@
 
 #include "mailstore/directory.h"
 #include "mailstore/geary_store.h"
+#include "mailstore/labelled_mbox.h"
 #include "platform/error.h"
 
 namespace pelk {
@@ -55,6 +56,9 @@ struct FolderPlace {
     std::shared_ptr<GearyStore> geary;
     std::string fault;
     GearyStore::FolderId gearyId = GearyStore::kTop;
+    /// The mbox of a folder that stands for a label, and the label. Null for other folders.
+    std::shared_ptr<const LabelledMbox> labelled;
+    std::string label;
     /// Whether the user named this folder.
     bool isStore = false;
     /// Whether the folder is where mail programs put their default folders.
@@ -64,6 +68,11 @@ struct FolderPlace {
 /// Returns the subfolders of `place`, in order. Throws an `Error` if a directory of `place` cannot
 /// be read. Subfolders that cannot be read are listed, and fail when they are opened.
 std::vector<FolderPlace> listSubfolders(const FolderPlace& place);
+
+/// Returns the folders that stand for the labels in the mbox `place`. `listSubfolders` does not
+/// return them, because finding them takes a look at each message.
+std::vector<FolderPlace> listLabels(const FolderPlace& place,
+                                    const std::shared_ptr<const LabelledMbox>& mbox);
 
 /// Calls `visit` for `top` and all folders below it until it returns true. Returns whether it did.
 /// Enters no directory twice. Skips what cannot be read, or makes `visit` throw an `Error`, and

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "mailstore/body_text.h"
+#include "mailstore/gmail_labels.h"
 #include "mailstore/mail_text.h"
 #include "mailstore/named_stores.h"
 #include "mailstore/read_ahead.h"
@@ -47,7 +48,13 @@ class DiskFolder : public StoredFolder {
     std::string place() override { return place_.canonical; }
     bool holdsMail() override { return true; }
     std::unique_ptr<MailFolders> folders() override {
-        return walk([place = place_] { return listSubfolders(place); });
+        return walk([place = place_, labelled = labelled_] {
+            PlaceList list = listSubfolders(place);
+            PlaceList labels = labelsOf(place, labelled);
+            list.insert(list.end(), std::make_move_iterator(labels.begin()),
+                        std::make_move_iterator(labels.end()));
+            return list;
+        });
     }
 
     int itemCount() override {
@@ -90,7 +97,7 @@ class DiskFolder : public StoredFolder {
                 case FolderPlace::Kind::Empty:
                     break;
                 case FolderPlace::Kind::Mbox:
-                    messages_ = openMbox(place_.path);
+                    messages_ = openMboxOrLabel();
                     break;
                 case FolderPlace::Kind::SingleMessage:
                     messages_ = openSingleMessage(place_.path);
@@ -108,6 +115,25 @@ class DiskFolder : public StoredFolder {
         return messages_.get();
     }
 
+    std::unique_ptr<StoredMessages> openMboxOrLabel() {
+        labelled_ = place_.labelled ? place_.labelled : LabelledMbox::openIfLabelled(place_.path);
+        return labelled_ ? labelled_->messagesOf(place_.label) : openMbox(place_.path);
+    }
+
+    /// Opens the mbox if `labelled` is null. A fault is left to `messages`.
+    static PlaceList labelsOf(const FolderPlace& place,
+                              std::shared_ptr<const LabelledMbox> labelled) {
+        if (place.kind != FolderPlace::Kind::Mbox || place.labelled)
+            return {};
+        try {
+            if (!labelled)
+                labelled = LabelledMbox::openIfLabelled(place.path);
+            return labelled ? listLabels(place, labelled) : PlaceList();
+        } catch (const Error&) {
+            return {};
+        }
+    }
+
     std::unique_ptr<StoredMessages> openGeary() const {
         // Its folders are not listed, so the account must not pass as an empty folder later.
         if (!place_.geary)
@@ -122,6 +148,8 @@ class DiskFolder : public StoredFolder {
 
     const FolderPlace place_;
     std::unique_ptr<StoredMessages> messages_;
+    /// The content of an mbox with labels, once `messages` has opened it.
+    std::shared_ptr<const LabelledMbox> labelled_;
     /// Only for those that are taken as items, of which a scan takes all.
     std::optional<ReadAhead> ahead_;
 };
@@ -161,6 +189,8 @@ class DiskSession : public MailSession {
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const FolderPlace& place = dynamic_cast<DiskFolder&>(folder).location();
+        if (place.labelled)
+            return folderOfLabel(place.label) == kind;
         return place.atTop && isFolderCalled(options_, place.name, kind) && !named_.isNamed(place);
     }
 

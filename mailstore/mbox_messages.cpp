@@ -7,8 +7,8 @@ namespace {
 
 class MboxMessages : public StoredMessages {
  public:
-    explicit MboxMessages(const std::string& path)
-        : file_(openContent(path)), entries_(indexMbox(*file_)) {}
+    MboxMessages(std::shared_ptr<const MailFile> file, std::vector<MboxEntry> entries)
+        : file_(std::move(file)), entries_(std::move(entries)) {}
 
     std::size_t count() const override { return entries_.size(); }
 
@@ -27,14 +27,21 @@ class MboxMessages : public StoredMessages {
     }
 
  private:
-    std::shared_ptr<const MailFile> file_;
-    std::vector<MboxEntry> entries_;
+    const std::shared_ptr<const MailFile> file_;
+    const std::vector<MboxEntry> entries_;
 };
 
 }  // namespace
 
 std::unique_ptr<StoredMessages> openMbox(const std::string& path) {
-    return std::make_unique<MboxMessages>(path);
+    std::shared_ptr<const MailFile> file = openContent(path);
+    std::vector<MboxEntry> entries = indexMbox(*file);
+    return openMbox(std::move(file), std::move(entries));
+}
+
+std::unique_ptr<StoredMessages> openMbox(std::shared_ptr<const MailFile> file,
+                                         std::vector<MboxEntry> entries) {
+    return std::make_unique<MboxMessages>(std::move(file), std::move(entries));
 }
 
 }  // namespace pelk

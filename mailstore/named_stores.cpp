@@ -77,8 +77,9 @@ void NamedStores::add(FolderPlace store) {
 }
 
 bool NamedStores::isNamed(const FolderPlace& place) const {
-    // All folders of a Geary account have the path of the account.
-    const bool hasOwnPath = !place.isStore && place.kind != FolderPlace::Kind::Geary;
+    // All folders of a Geary account and all labels of an mbox have the path of the whole.
+    const bool hasOwnPath =
+        !place.isStore && place.kind != FolderPlace::Kind::Geary && !place.labelled;
     const std::optional<DirectoryId> id = hasOwnPath ? idOf(place.path) : std::nullopt;
     return place.isStore || (id && named_.contains(*id));
 }

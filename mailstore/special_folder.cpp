@@ -157,23 +157,6 @@ constexpr Purpose kPurposes[] = {
     {kJunk, "Thư rác"},
 };
 
-/// Removes the first label from `labels` and returns it. A label with a comma is in quotes.
-std::string takeLabel(std::string_view& labels) {
-    std::string label;
-    bool quoted = false;
-    while (!labels.empty()) {
-        const char c = labels.front();
-        labels.remove_prefix(1);
-        if (c == ',' && !quoted)
-            break;
-        if (c == '"')
-            quoted = !quoted;
-        else
-            label += c;
-    }
-    return label;
-}
-
 }  // namespace
 
 std::optional<DefaultFolder> folderCalled(std::string_view name) {
@@ -185,22 +168,6 @@ std::optional<DefaultFolder> folderCalled(std::string_view name) {
     }();
     const auto found = byName.find(foldCase(name));
     return found == byName.end() ? std::nullopt : std::optional(found->second);
-}
-
-std::optional<DefaultFolder> folderOfLabels(std::string_view labels) {
-    if (labels.empty())
-        return std::nullopt;
-    const std::string text = decodeText(labels);
-    std::optional<DefaultFolder> folder;
-    for (std::string_view rest = text; !rest.empty();) {
-        const std::optional<DefaultFolder> found = folderCalled(decodeText(takeLabel(rest)));
-        // A message in the trash is deleted, whatever its other labels.
-        if (found == DefaultFolder::DeletedItems)
-            return found;
-        if (found && found != DefaultFolder::Outbox)
-            folder = found;
-    }
-    return folder;
 }
 
 bool isContainerName(std::string_view name) {

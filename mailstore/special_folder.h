@@ -12,10 +12,6 @@ namespace pelk {
 /// nothing for any other name.
 std::optional<DefaultFolder> folderCalled(std::string_view name);
 
-/// Returns the default folder that the labels of a message name. `labels` is the undecoded value of
-/// `X-Gmail-Labels`. Returns nothing if no label names one.
-std::optional<DefaultFolder> folderOfLabels(std::string_view labels);
-
 /// Returns whether mail services put their default folders into a folder of that name at the top of
 /// a store: "INBOX", "[Gmail]".
 bool isContainerName(std::string_view name);

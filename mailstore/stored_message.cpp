@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
+#include "mailstore/gmail_labels.h"
 #include "mailstore/header_people.h"
 #include "mailstore/mail_text.h"
 #include "mailstore/message_identity.h"
-#include "mailstore/special_folder.h"
 #include "platform/error.h"
 
 namespace pelk {

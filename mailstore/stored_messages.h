@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "mailstore/item_kind.h"
+#include "mailstore/mbox_index.h"
 #include "mailstore/stored_message.h"
 
 namespace pelk {
@@ -29,6 +30,9 @@ class StoredMessages {
 
 /// Finds the messages of an mbox, which may be compressed. Throws an `Error` as `openContent` does.
 std::unique_ptr<StoredMessages> openMbox(const std::string& path);
+/// Returns some messages of an mbox.
+std::unique_ptr<StoredMessages> openMbox(std::shared_ptr<const MailFile> file,
+                                         std::vector<MboxEntry> entries);
 
 /// Returns the one message of an `.eml` file. Opens the file only when the message is requested.
 std::unique_ptr<StoredMessages> openSingleMessage(const std::string& path);

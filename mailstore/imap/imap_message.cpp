@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "mailstore/content_type.h"
+#include "mailstore/gmail_labels.h"
 #include "mailstore/header_people.h"
 #include "mailstore/message_identity.h"
 #include "mailstore/message_time.h"
-#include "mailstore/special_folder.h"
 #include "platform/error.h"
 
 namespace pelk {

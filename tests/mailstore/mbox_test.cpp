@@ -78,6 +78,32 @@ TEST_F(MboxTest, leavesOutWhatIsExpunged) {
     EXPECT_EQ(openFolder("all")->itemCount(), 0);
 }
 
+// As the export of Gmail (Google Takeout) writes it.
+TEST_F(MboxTest, showsEachMessageUnderOneOfItsLabels) {
+    const auto labelled = [](const std::string& labels, const std::string& subject) {
+        return "From 1@xxx Tue Jan  2 03:04:05 +0000 2001\nX-GM-THRID: 1\n" +
+               (labels.empty() ? "" : "X-Gmail-Labels: " + labels + "\n") + message(subject) + "\n";
+    };
+    const std::string all =
+        labelled("Archived,Important,\"Work, new\"", "1") +
+        labelled("Category Updates,Inbox", "2") + labelled("Inbox,Trash,Spam", "3") +
+        labelled("=?UTF-8?Q?Entw=C3=BCrfe,Inbox?=", "4") + labelled("Opened,Archived", "5") +
+        labelled("", "6") + labelled("Outbox", "7") +
+        labelled("=?UTF-8?Q?Entw=C3=BCrfe?=,\n Unread", "8") + labelled("Inbox", "9");
+    files.write("All.mbox", all);
+    const std::string tree =
+        "All.mbox[6](Entwürfe[4 8] Inbox[2 9] Opened[5] Outbox[7] Trash[3] Work, new[1])";
+    EXPECT_EQ(treeOf("All.mbox"), tree);
+    files.write("other/box", mbox("1"));
+    const auto session = openMailSession({files.path() + "/All.mbox", files.path() + "/other"}, {});
+    std::string leftOut;
+    const auto labels = session->folders()->next()->folders();
+    while (const auto label = labels->next())
+        for (const DefaultFolder kind : session->leftOutFolders())
+            leftOut += session->isDefaultFolder(*label, kind) ? label->name() + " " : "";
+    EXPECT_EQ(leftOut, "Entwürfe Trash ");
+}
+
 TEST_F(MboxTest, readsTheTimeInTheLineBetweenMessages) {
     constexpr std::int64_t kMoment = 978404645;  // 2001-01-02 03:04:05
     const auto check = [](const NotedTime& time, const std::vector<const char*>& lines) {
