@@ -223,7 +223,8 @@ class MenuItem {
 class PopupMenu {
  public:
     virtual ~PopupMenu() = default;
-    /// Adds an item at the end. It lives as long as the menu.
+    /// Adds an item at the end. It lives as long as the menu. Its access key is a letter of the
+    /// caption that no other item has.
     virtual MenuItem& addItem(const std::string& caption) = 0;
     /// Adds a line at the end. It is shown only between two visible items.
     virtual void addSeparator() = 0;
@@ -266,6 +267,7 @@ class Window {
     virtual void setShortcut(Shortcut shortcut, std::function<void()> act) = 0;
 
     /// In the text of a button, "&" makes the next letter its access key; "&&" is a literal "&".
+    /// A button without one gets a free letter when the window is shown.
     virtual Label& addLabel(const Rect& bounds, const std::string& text) = 0;
     virtual Picture& addPicture(const Rect& bounds, TreeImage image) = 0;
     virtual Button& addButton(const Rect& bounds, const std::string& text) = 0;

@@ -93,6 +93,19 @@ TEST_F(Controls, AreReachedByTabInTheOrderOfTheirCreation) {
     EXPECT_TRUE(driver_.hasFocus(third));
 }
 
+TEST_F(Controls, ButtonsHaveAccessKeys) {
+    std::string pressed;
+    for (const char* caption : {"Go", "Group && go", "&Remove", "Rest"})
+        window_->addButton({0, 0, 1000, 250}, caption).onClick = [&pressed, caption] {
+            pressed += caption + std::string(";");
+        };
+    window_->addOptionButton({0, 500, 1000, 250}, "Options").onClick = [&] { pressed += "O;"; };
+    window_->show();
+    for (const char* keys : {"Alt+G", "Alt+R", "Alt+E", "Alt+U", "Alt+O"})
+        driver_.press(*window_, keys);
+    EXPECT_EQ(pressed, "Go;&Remove;Rest;Group && go;O;");
+}
+
 TEST_F(Controls, PicturesShowTheirImage) {
     const auto all = {TreeImage::Contact, TreeImage::Many, TreeImage::One, TreeImage::Two,
                       TreeImage::Three};

@@ -70,7 +70,7 @@ class Driver {
     virtual void close(Window& window) = 0;
     /// Presses a key while the window is active.
     virtual void press(Window& window, Key key) = 0;
-    /// Presses a key with modifiers, such as "Ctrl+Shift+Z", "F2", "Esc" or "/".
+    /// Presses a key with modifiers, such as "Ctrl+Shift+Z", "Alt+R", "F2", "Esc" or "/".
     virtual void press(Window& window, const std::string& keys) = 0;
 
     /// In twips of the inner area.

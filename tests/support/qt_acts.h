@@ -2,6 +2,7 @@
 // The driver's actions on Qt widgets.
 
 #include <QIcon>
+#include <QLabel>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
@@ -103,6 +104,11 @@ inline TreeImage imageIn(QWidget& widget) {
 template <class Shown>
 std::string shownText(const Shown& shown) {
     return shown.text().replace(QRegularExpression("&(.)"), "\\1").toStdString();
+}
+
+/// A label shows "&" as it is.
+inline std::string shownText(const QLabel& label) {
+    return label.text().toStdString();
 }
 
 }  // namespace pelk

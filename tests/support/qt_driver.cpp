@@ -41,7 +41,7 @@ Widget* findInActiveWindow(const std::string& text) {
             window = other;
     if (window != nullptr)
         for (Widget* widget : window->findChildren<Widget*>())
-            if (widget->text().toStdString() == text)
+            if (shownText(*widget) == text)
                 return widget;
     return nullptr;
 }
@@ -101,6 +101,10 @@ class QtDriver : public Driver {
         const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
         QTest::keyClick(widget.windowHandle(), key.key(), key.keyboardModifiers());
         settle();
+        // Qt shows a button pressed by its access key as held down for a moment.
+        for (const QAbstractButton* button : widget.findChildren<QAbstractButton*>())
+            while (button->isDown())
+                QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     Rect boundsOf(Control& control) override {
         const QWidget& widget = native<QWidget>(control);

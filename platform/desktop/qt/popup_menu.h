@@ -22,6 +22,8 @@ class QtPopupMenu : public PopupMenu {
     void openBelow(Control& control) override;
 
  private:
+    void markAccessKeys();
+
     QMenu menu_;
     Dialogs& dialogs_;
     std::vector<std::unique_ptr<MenuItem>> items_;

@@ -7,6 +7,7 @@
 #include <QWindow>
 #include <utility>
 
+#include "platform/desktop/qt/access_key_marks.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/list_view.h"
 #include "platform/desktop/qt/popup_menu.h"
@@ -98,6 +99,7 @@ void QtWindow::show() {
 
 void QtWindow::bringToFront() {
     const bool shown = frame_->isVisible();
+    markAccessKeys(*frame_);
     frame_->setWindowState(frame_->windowState() & ~Qt::WindowMinimized);
     frame_->show();
     if (shown)

@@ -2,26 +2,15 @@
 
 #include <utility>
 
+#include "platform/access_keys.h"
 #include "platform/guard.h"
 #include "platform/windows/controls/native_control.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
 
-namespace {
-
-/// In a menu, "&" would mark an access key.
-std::wstring shownAsItIs(const std::string& caption) {
-    std::wstring text;
-    for (const wchar_t letter : toWide(caption))
-        text += letter == L'&' ? L"&&" : std::wstring(1, letter);
-    return text;
-}
-
-}  // namespace
-
-void Win32PopupMenu::Item::setCaption(const std::string& caption) {
-    text = shownAsItIs(caption);
+void Win32PopupMenu::Item::setCaption(const std::string& text) {
+    caption = withoutAccessKey(text);
 }
 
 MenuItem& Win32PopupMenu::addItem(const std::string& caption) {
@@ -45,6 +34,10 @@ void Win32PopupMenu::openBelow(Control& control) {
 
 /// The numbers of the items count from 1.
 void Win32PopupMenu::fill(HMENU menu) const {
+    std::vector<std::string> captions;
+    for (const auto& item : items_)
+        captions.push_back(item == nullptr ? "" : item->caption);
+    captions = withAccessKeys(std::move(captions));
     bool separates = false;
     for (std::size_t number = 1; number <= items_.size(); ++number) {
         const Item* const item = items_[number - 1].get();
@@ -56,7 +49,7 @@ void Win32PopupMenu::fill(HMENU menu) const {
         AppendMenuW(menu,
                     MF_STRING | (item->enabled ? MF_ENABLED : MF_GRAYED) |
                         (item->checked ? MF_CHECKED : MF_UNCHECKED),
-                    number, item->text.c_str());
+                    number, toWide(captions[number - 1]).c_str());
     }
 }
 

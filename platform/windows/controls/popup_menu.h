@@ -26,13 +26,13 @@ class Win32PopupMenu : public PopupMenu {
  private:
     class Item : public MenuItem {
      public:
-        explicit Item(const std::string& caption) { setCaption(caption); }
+        explicit Item(const std::string& text) { setCaption(text); }
         void setVisible(bool shown) override { visible = shown; }
-        void setCaption(const std::string& caption) override;
+        void setCaption(const std::string& text) override;
         void setEnabled(bool usable) override { enabled = usable; }
         void setChecked(bool marked) override { checked = marked; }
 
-        std::wstring text;
+        std::string caption;
         bool visible = true;
         bool enabled = true;
         bool checked = false;

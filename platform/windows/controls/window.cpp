@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/guard.h"
+#include "platform/windows/controls/access_key_marks.h"
 #include "platform/windows/controls/dialog_template.h"
 #include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/controls/list_view.h"
@@ -105,6 +106,7 @@ void Win32Window::show() {
 }
 
 void Win32Window::bringToFront() {
+    markAccessKeys(handle_);
     if (!knownSize_)
         placeInMiddle();
     ShowWindow(handle_, IsIconic(handle_) ? SW_RESTORE : SW_SHOW);

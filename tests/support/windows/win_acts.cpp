@@ -25,13 +25,14 @@ constexpr MouseMessages kMouseMessages[] = {
     {WM_LBUTTONDBLCLK, WM_LBUTTONUP, MK_LBUTTON},
 };
 
-/// Holds the keys of a mouse message (MK_CONTROL, MK_SHIFT), and no others of them.
-void holdKeys(WPARAM held) {
+/// Holds the keys of a mouse message (MK_CONTROL, MK_SHIFT) and Alt, or releases them.
+void holdKeys(WPARAM held, bool alt = false) {
     BYTE keys[256] = {};
     GetKeyboardState(keys);
     constexpr BYTE kDown = 0x80;
     keys[VK_CONTROL] = (held & MK_CONTROL) != 0 ? kDown : BYTE{0};
     keys[VK_SHIFT] = (held & MK_SHIFT) != 0 ? kDown : BYTE{0};
+    keys[VK_MENU] = alt ? kDown : BYTE{0};
     SetKeyboardState(keys);
 }
 
@@ -104,6 +105,15 @@ void CALLBACK useMenuIfOpen(HWND, UINT, UINT_PTR timer, DWORD) {
     chooseItem(menu);
 }
 
+/// Windows sends F10 and keys with Alt as system keys.
+void pressSystemKey(HWND window, WPARAM key, bool alt) {
+    constexpr LPARAM kAlt = 1 << 29;
+    constexpr DWORD wasDownAndGoesUp = 0xC0000000;
+    const LPARAM context = alt ? kAlt : 0;
+    PostMessageW(window, WM_SYSKEYDOWN, key, context | 1);
+    PostMessageW(window, WM_SYSKEYUP, key, static_cast<LPARAM>(wasDownAndGoesUp | 1U) | context);
+}
+
 template <class Act>
 std::vector<std::string> useMenuOpenedBy(const Act& act, MenuUse use) {
     menuUse = std::move(use);
@@ -161,18 +171,23 @@ void pressKey(HWND window, WPARAM key) {
 }
 
 void pressKeys(HWND window, const std::string& keys) {
-    const bool control = keys.find("Ctrl+") != std::string::npos;
-    const bool shift = keys.find("Shift+") != std::string::npos;
     const std::string name = keys.substr(keys.rfind('+') + 1);
     if (name == "/") {
         PostMessageW(window, WM_CHAR, '/', 1);
         return handleMessages();
     }
-    holdKeys((control ? MK_CONTROL : 0) | (shift ? MK_SHIFT : 0));
-    pressKey(window, name == "Esc" ? VK_ESCAPE
+    const auto key = name == "Esc" ? VK_ESCAPE
                      : name.size() == 1
                          ? static_cast<WPARAM>(name[0])
-                         : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1))));
+                         : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1)));
+    const bool alt = keys.starts_with("Alt+");
+    holdKeys((keys.find("Ctrl+") != std::string::npos ? MK_CONTROL : 0) |
+                 (keys.find("Shift+") != std::string::npos ? MK_SHIFT : 0),
+             alt);
+    if (alt || key == VK_F10)
+        pressSystemKey(window, key, alt);
+    else
+        pressKey(window, key);
     handleMessages();
     holdKeys(0);
 }
