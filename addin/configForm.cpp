@@ -53,6 +53,7 @@ configForm::configForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     }
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };
+    window->setDefaultButton(okButton);
 }
 
 void configForm::showModal() {

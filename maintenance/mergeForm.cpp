@@ -56,6 +56,7 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     Delcmd.onClick = [this] { delcmdClick(); };
     MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };
     mergeButton.onClick = [this] { mergeButtonClick(); };
+    window->setDefaultButton(mergeButton);
     cancelButton.onClick = [this] { window->hide(); };
 }
 

@@ -185,8 +185,8 @@ class TreeView : public Control {
     /// Called when the user selects a node with the mouse or the keyboard. Pressing the right
     /// button selects the node under the pointer.
     std::function<void(TreeNode&)> onSelect;
-    /// Called when the user releases the right button over the tree or presses the menu key while a
-    /// node is selected. The handler opens a `PopupMenu` at the point given.
+    /// Called when the user releases the right button over the tree or presses the menu key or F10
+    /// while a node is selected. The handler opens a `PopupMenu` at the point given.
     std::function<void(ScreenPoint)> onMenuRequest;
     /// Called when the user presses the Delete key in the tree.
     std::function<void()> onDeleteKey;
@@ -265,6 +265,9 @@ class Window {
     /// focus. Without an act, Esc asks to close the window as its close button does, and the other
     /// keys go to the focused control. In a text box, undo and redo concern its text.
     virtual void setShortcut(Shortcut shortcut, std::function<void()> act) = 0;
+    /// Enter presses the button, unless it is disabled or the focused control uses the key itself,
+    /// as another button does. The button belongs to this window.
+    virtual void setDefaultButton(Button& button) = 0;
 
     /// In the text of a button, "&" makes the next letter its access key; "&&" is a literal "&".
     /// A button without one gets a free letter when the window is shown.

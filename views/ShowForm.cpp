@@ -43,12 +43,12 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       presTree(window->addTreeView({})),
       dLabel1(window->addLabel(labelIn(0), "")),
       dLabel2(window->addLabel(labelIn(1), "")),
-      refreshButton(window->addButton(kButtonBounds, "Refresh")),
+      refreshButton(window->addButton(kButtonBounds, "&Refresh")),
       Picture1(window->addPicture(pictureIn(0), TreeImage::Contact)),
-      namesRadio(window->addOptionButton(radioIn(0), "Group by names")),
+      namesRadio(window->addOptionButton(radioIn(0), "Group by &names")),
       Picture2(window->addPicture(pictureIn(1), TreeImage::Many)),
-      domainsRadio(window->addOptionButton(radioIn(1), "Group by domains")),
-      gotoButton(window->addButton(kButtonBounds, "GoTo")),
+      domainsRadio(window->addOptionButton(radioIn(1), "Group by &domains")),
+      gotoButton(window->addButton(kButtonBounds, "&GoTo")),
       ui_(ui),
       language_(language),
       domains_(presTree, language_),
@@ -75,6 +75,8 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     domainsRadio.onClick = [this] { group(false); };
     gotoButton.onClick = [this] { gotoButtonClick(); };
     refreshButton.onClick = [this] { refreshButtonClick(); };
+    window->setShortcut(Shortcut::Refresh, [this] { refreshButtonClick(); });
+    window->setShortcut(Shortcut::Rename, [this] { renameKeyPressed(); });
 }
 
 void ShowForm::startShowing() {
@@ -137,8 +139,10 @@ void ShowForm::formResize() {
         setTop(*control, inner.height - kLowerRow);
 }
 
-/// Searches all nodes, children included, in the order in which they were added.
+/// Searches all nodes, children included, in the order in which they were added. Afterwards the
+/// keys are for the tree.
 void ShowForm::gotoButtonClick() {
+    presTree.focus();
     const std::string answer =
         ui_.dialogs.input("", "Enter the first letters of the contact you want to find:", "");
     if (answer.empty())

@@ -64,6 +64,7 @@ class ShowForm {
     void expand(TreeNode& node);
     void gotoButtonClick();
     void refreshButtonClick();
+    void renameKeyPressed();
 
     // Menu commands on the selected node, in ShowFormCommands.cpp.
     MenuItem& addMenuItem(const std::string& caption, void (ShowForm::*command)(TreeNode&));

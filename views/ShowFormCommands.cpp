@@ -50,6 +50,12 @@ void ShowForm::openMenu(ScreenPoint where) {
     showmenu_.open(where);
 }
 
+void ShowForm::renameKeyPressed() {
+    TreeNode* const node = presTree.selected();
+    if (node != nullptr && groupedByNames_ && node->isTopLevel())
+        renameMenuItemClick(*node);
+}
+
 void ShowForm::deleteKeyPressed() {
     TreeNode* const node = presTree.selected();
     if (node != nullptr && (!groupedByNames_ || node->isTopLevel()))

@@ -106,6 +106,26 @@ TEST_F(Controls, ButtonsHaveAccessKeys) {
     EXPECT_EQ(pressed, "Go;&Remove;Rest;Group && go;O;");
 }
 
+TEST_F(Controls, EnterPressesTheDefaultButtonUnlessAnotherHasTheFocus) {
+    std::string pressed;
+    Button& other = window_->addButton({0, 0, 1000, 250}, "Other");
+    Button& standard = window_->addButton({0, 500, 1000, 250}, "OK");
+    TextBox& box = window_->addTextBox({0, 1000, 1000, 250});
+    Slider& slider = window_->addSlider({0, 1500, 1000, 250});
+    other.onClick = [&] { pressed += "other;"; };
+    standard.onClick = [&] { pressed += "default;"; };
+    window_->setDefaultButton(standard);
+    window_->show();
+    for (Control* focused : std::initializer_list<Control*>{&box, &slider, &other, &box}) {
+        driver_.giveFocus(*focused);
+        driver_.press(*window_, Key::Enter);
+    }
+    EXPECT_EQ(pressed, "default;default;other;default;");
+    standard.setEnabled(false);
+    driver_.press(*window_, Key::Enter);
+    EXPECT_EQ(pressed, "default;default;other;default;");
+}
+
 TEST_F(Controls, PicturesShowTheirImage) {
     const auto all = {TreeImage::Contact, TreeImage::Many, TreeImage::One, TreeImage::Two,
                       TreeImage::Three};

@@ -388,6 +388,10 @@ TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {
     platform_.dialogs.expectMessage("Nothing to choose from.");
     window_->show();
     EXPECT_EQ(driver_.menuAt(tree_, {1}), Captions());
+    int menus = 0;
+    tree_.onMenuRequest = [&menus](ScreenPoint) { ++menus; };
+    driver_.press(*window_, "F10");
+    EXPECT_EQ(menus, 1);
 }
 
 }  // namespace

@@ -56,6 +56,21 @@ TEST_F(ShowFormTest, goToSelectsTheFirstMatchInTheOrderOfInsertion) {
     EXPECT_EQ(foundBy("loading"), "Carl (carl@a)") << "a placeholder is nobody";
 }
 
+TEST_F(ShowFormTest, obeysKeys) {
+    EXPECT_EQ(foundBy("bob"), "bob (bob@a)");
+    EXPECT_TRUE(driver.hasFocus(form.presTree));
+    core.dialogs.expectInput("Rename", "Enter the new name of the contact", "bob (bob@a)", "Rob");
+    driver.press(*form.window, "F2");
+    EXPECT_EQ(driver.rows(form.presTree)[2].text, "Rob");
+    driver.press(*form.window, "F5");
+    EXPECT_EQ(driver.rows(form.presTree)[3].text, "Rob (bob@a)");
+    driver.press(*form.window, "Alt+D");
+    EXPECT_TRUE(driver.isChecked(form.domainsRadio));
+    driver.press(*form.window, "F2");
+    driver.press(*form.window, "Esc");
+    EXPECT_FALSE(driver.isVisible(*form.window));
+}
+
 TEST_F(ShowFormTest, laysOutItsControlsFromTheBottomEdge) {
     driver.resize(*form.window, {7000, 5000});
     const Size inner = form.window->innerSize();

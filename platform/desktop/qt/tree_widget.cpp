@@ -175,7 +175,7 @@ void TreeWidget::keyPressEvent(QKeyEvent* event) {
         expand(currentIndex());
     else if (event->key() == Qt::Key_Delete)
         onDeleteKey();
-    else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+    else if (event->key() == Qt::Key_F10)
         menuKeyPressed();
     else if (!enterPressed(*event))
         afterwardsTell([&] { QTreeView::keyPressEvent(event); });

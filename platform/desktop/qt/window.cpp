@@ -2,7 +2,9 @@
 
 #include <QCloseEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QWindow>
 #include <utility>
@@ -34,6 +36,13 @@ class QtWindow::Frame : public QWidget {
             window_.hidden();
     }
     void closeEvent(QCloseEvent* event) override { event->setAccepted(window_.closeRequested()); }
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        for (QPushButton* button : findChildren<QPushButton*>())
+            if (isEnter && button->isDefault())
+                return button->click();
+        QWidget::keyPressEvent(event);
+    }
 
  private:
     QtWindow& window_;
@@ -155,6 +164,10 @@ void QtWindow::setBusyPointer(bool busy) {
 
 void QtWindow::setShortcut(Shortcut shortcut, std::function<void()> act) {
     shortcuts_.set(shortcut, std::move(act));
+}
+
+void QtWindow::setDefaultButton(Button& button) {
+    dynamic_cast<QPushButton&>(dynamic_cast<NativeWidget&>(button).nativeWidget()).setDefault(true);
 }
 
 Label& QtWindow::addLabel(const Rect& bounds, const std::string& text) {

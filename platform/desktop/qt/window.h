@@ -31,6 +31,7 @@ class QtWindow : public Window, public NativeWidget {
     bool isVisible() const override;
     void setBusyPointer(bool busy) override;
     void setShortcut(Shortcut shortcut, std::function<void()> act) override;
+    void setDefaultButton(Button& button) override;
 
     Label& addLabel(const Rect& bounds, const std::string& text) override;
     Picture& addPicture(const Rect& bounds, TreeImage image) override;

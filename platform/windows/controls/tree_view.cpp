@@ -127,6 +127,11 @@ LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
             return leftPressed(point, wparam) ? 0 : callNative(message, wparam, lparam);
         case WM_LBUTTONDBLCLK:
             return leftPressed(point, wparam) ? 0 : doubleClicked(point, wparam, lparam);
+        case WM_SYSKEYDOWN:
+            if (wparam != VK_F10)
+                return callNative(message, wparam, lparam);
+            menuRequested({-1, -1});
+            return 0;
         // The native tree would wait for the button's release in a loop of its own.
         case WM_RBUTTONDOWN:
         case WM_RBUTTONDBLCLK:

@@ -188,6 +188,11 @@ void Win32Window::setShortcut(Shortcut shortcut, std::function<void()> act) {
     shortcuts_.set(shortcut, std::move(act));
 }
 
+void Win32Window::setDefaultButton(Button& button) {
+    const HWND control = dynamic_cast<NativeHandle&>(button).handle();
+    SendMessageW(handle_, DM_SETDEFID, static_cast<WPARAM>(GetDlgCtrlID(control)), 0);
+}
+
 ControlPlace Win32Window::nextPlace() const {
     return {handle_, kFirstControl + static_cast<int>(controls_.size()), look_};
 }

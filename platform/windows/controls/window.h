@@ -31,6 +31,7 @@ class Win32Window : public Window, public NativeHandle {
 
     void setBusyPointer(bool busy) override;
     void setShortcut(Shortcut shortcut, std::function<void()> act) override;
+    void setDefaultButton(Button& button) override;
 
     Label& addLabel(const Rect& bounds, const std::string& text) override;
     Picture& addPicture(const Rect& bounds, TreeImage image) override;
