@@ -88,7 +88,7 @@ void Forms::openContact(const Database& database, const std::string& address) {
 }
 
 void Forms::openFind(const Database& database, int sourceId) {
-    findForm& form = created(find, ui_.toolkit, ui_.dialogs);
+    findForm& form = created(find, ui_.toolkit, ui_.dialogs, platform_.language);
     form.db = &database;
     form.sourceId = sourceId;
     form.showResult = [this, &database](const std::vector<int>& path) {

@@ -3,34 +3,42 @@
 #include <optional>
 
 #include "links/link_search.h"
+#include "views/contact_text.h"
 #include "views/fast_tree.h"
 
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{5400, 5400};
+constexpr Size kInnerSize{5400, 5710};
 constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
 constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
 constexpr Rect kLabelBounds{kFormMargin, kFormMargin, kWidth, 300};
-constexpr int kListTop = 520;
+constexpr int kSearchTop = 520;
+constexpr int kListTop = 830;
 constexpr Rect kListBounds{kFormMargin, kListTop, kWidth, kButtonTop - kFormMargin - kListTop};
 
 }  // namespace
 
-findForm::findForm(Toolkit& toolkit, Dialogs& dialogs)
+findForm::findForm(Toolkit& toolkit, Dialogs& dialogs, const Language& language)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({}, "Select the contact to which you want to find the best link(s)")),
       listTree(window->addTreeView({})),
+      search(*window, listTree, "Search names and addresses"),
       okButton(window->addButton({}, "OK")),
       cancelButton(window->addButton({}, "Cancel")),
       layout_(*window, kInnerSize),
-      dialogs_(dialogs) {
+      dialogs_(dialogs),
+      contactNodes_(listTree, db, language) {
     window->setCaption("Find a contact");
     layout_.add(Label1, kLabelBounds, kAnchorTop);
+    search.place(layout_, kFormMargin, kSearchTop, kWidth);
     layout_.add(listTree, kListBounds, kAnchorFill);
     layout_.add(okButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
     layout_.add(cancelButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     listTree.onSelect = [this](TreeNode&) { okButton.setEnabled(true); };
+    search.setTarget(contactNodes_);
+    search.onShown = [this] { okButton.setEnabled(true); };
+    window->setShortcut(Shortcut::Find, [this] { search.focus(); });
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };
 }
@@ -42,10 +50,12 @@ void findForm::fillList() {
     TreeModel& list = listTree.model();
     db->forEachContact([&list](const Contact& contact) {
         TreeNode& node = list.add(list.root(), contact.name);
+        list.setKey(node, contactKey(contact.id));
         list.setTag(node, contact.id);
         list.setImage(node, TreeImage::Contact);
     });
     list.sortChildren(list.root());
+    search.searchAgain();
 }
 
 void findForm::okButtonClick() {

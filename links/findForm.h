@@ -9,12 +9,13 @@
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "views/form_layout.h"
+#include "views/tree_search.h"
 
 namespace pelk {
 
 class findForm {
  public:
-    findForm(Toolkit& toolkit, Dialogs& dialogs);
+    findForm(Toolkit& toolkit, Dialogs& dialogs, const Language& language);
 
     /// Set before `fillList`; the database outlives the form's use of it.
     const Database* db = nullptr;
@@ -32,6 +33,7 @@ class findForm {
     const std::unique_ptr<Window> window;
     Label& Label1;
     TreeView& listTree;
+    SearchField search;
     Button& okButton;
     Button& cancelButton;
 
@@ -40,6 +42,7 @@ class findForm {
 
     FormLayout layout_;
     Dialogs& dialogs_;
+    ContactNodes contactNodes_;
 };
 
 }  // namespace pelk

@@ -8,13 +8,14 @@
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{5400, 5800};
+constexpr Size kInnerSize{5400, 6110};
 constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
 constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
 constexpr int kProgressHeight = 260;
 constexpr int kProgressTop = kButtonTop - kFormMargin - kProgressHeight;
 constexpr Rect kLabelBounds{kFormMargin, kFormMargin, kWidth, 300};
-constexpr int kTreeTop = 520;
+constexpr int kSearchTop = 520;
+constexpr int kTreeTop = 830;
 constexpr Rect kTreeBounds{kFormMargin, kTreeTop, kWidth, kProgressTop - kFormMargin - kTreeTop};
 constexpr Rect kProgressBounds{kFormMargin, kProgressTop, kWidth, kProgressHeight};
 
@@ -27,15 +28,18 @@ findFormDomain::findFormDomain(const UserInterface& ui, const Language& language
     : window(ui.toolkit.createWindow()),
       Label1(window->addLabel({}, "Select the domain to which you want to find the best link(s).")),
       presTree(window->addTreeView({})),
+      searchField(*window, presTree, "Search names and addresses"),
       ProgressBar1(window->addProgressBar({})),
       okButton(window->addButton({}, "OK")),
       stopButton(window->addButton({}, "Stop!")),
       cancelButton(window->addButton({}, "Cancel")),
       layout_(*window, kInnerSize),
       ui_(ui),
-      domains_(presTree, language) {
+      domains_(presTree, language),
+      addressLeaves_(presTree, domains_, db, language) {
     window->setCaption("Best link(s)");
     layout_.add(Label1, kLabelBounds, kAnchorTop);
+    searchField.place(layout_, kFormMargin, kSearchTop, kWidth);
     layout_.add(presTree, kTreeBounds, kAnchorFill);
     layout_.add(ProgressBar1, kProgressBounds, kAnchorBottom);
     layout_.add(okButton, bottomButton(kInnerSize, 3), kAnchorBottomRight);
@@ -46,6 +50,9 @@ findFormDomain::findFormDomain(const UserInterface& ui, const Language& language
     presTree.onExpand = [this](TreeNode& node) { domains_.expand(node, *db); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onSelect = [this](TreeNode&) { okButton.setEnabled(!searching_); };
+    searchField.setTarget(addressLeaves_);
+    searchField.onShown = [this] { okButton.setEnabled(!searching_); };
+    window->setShortcut(Shortcut::Find, [this] { searchField.focus(); });
     okButton.onClick = [this] { okButtonClick(); };
     stopButton.onClick = [this] { stopRequested_ = true; };
     cancelButton.onClick = [this] { close(); };
@@ -59,6 +66,7 @@ void findFormDomain::fillTreeDomains() {
     okButton.setEnabled(false);
     revision_ = db->revision();
     domains_.fill(*db);
+    searchField.searchAgain();
 }
 
 void findFormDomain::refresh() {

@@ -13,6 +13,7 @@
 #include "platform/user_interface.h"
 #include "views/domains_tree.h"
 #include "views/form_layout.h"
+#include "views/tree_search.h"
 
 namespace pelk {
 
@@ -42,6 +43,7 @@ class findFormDomain : private DomainSearchProgress {
     const std::unique_ptr<Window> window;
     Label& Label1;
     TreeView& presTree;
+    SearchField searchField;
     ProgressBar& ProgressBar1;
     Button& okButton;
     Button& stopButton;
@@ -61,6 +63,7 @@ class findFormDomain : private DomainSearchProgress {
     FormLayout layout_;
     UserInterface ui_;
     DomainsTree domains_;
+    AddressLeaves addressLeaves_;
     /// The revision of the document that the tree shows.
     std::uint64_t revision_ = 0;
     bool searching_ = false;

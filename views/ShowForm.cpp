@@ -33,6 +33,12 @@ constexpr Rect radioIn(int column) {
             kRowHeight};
 }
 
+/// The strip above the tree has the search field at its left.
+constexpr int kUpperStrip = 330;
+constexpr int kUpperStripTop = 40 - kUpperStrip;
+constexpr Rect kSearchBounds{kMargin, kUpperStripTop, 3000, 250};
+constexpr Rect kHitsBounds{kMargin + 3000 + kMargin, kUpperStripTop, 1500, 250};
+
 constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButtonWidth,
                              kRowHeight};
 
@@ -49,9 +55,12 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       Picture2(window->addPicture(pictureIn(1), TreeImage::Many)),
       domainsRadio(window->addOptionButton(radioIn(1), "Group by &domains")),
       gotoButton(window->addButton(kButtonBounds, "&GoTo")),
+      search(*window, presTree, "Search names and addresses"),
       ui_(ui),
       language_(language),
       domains_(presTree, language_),
+      contactNodes_(presTree, database, language_),
+      addressLeaves_(presTree, domains_, database, language_),
       showmenu_(window->addPopupMenu()),
       mergeMenuItem_(addMenuItem("Merge contacts", &ShowForm::mergeMenuItemClick)),
       renameMenuItem_(addMenuItem("Rename", &ShowForm::renameMenuItemClick)),
@@ -65,6 +74,11 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     window->onResize = [this] { formResize(); };
     window->setMinimumInnerSize(kMinimumInnerSize);
     window->setInnerSize(kInnerSize);
+    window->setStrips(kUpperStrip, 0);
+    window->setShortcut(Shortcut::Find, [this] { search.focus(); });
+    search.box.setBounds(kSearchBounds);
+    search.status.setBounds(kHitsBounds);
+    search.setTarget(contactNodes_);
     formResize();
     presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
@@ -84,6 +98,7 @@ void ShowForm::startShowing() {
     showTotals();
     namesRadio.setChecked(true);
     fillTree();
+    search.setTarget(contactNodes_);
     strongestWeight_ = database->strongestWeight();
 }
 
@@ -106,6 +121,7 @@ void ShowForm::refresh() {
         fillTree();
     else
         fillTreeDomains();
+    search.searchAgain();
 }
 
 void ShowForm::group(bool byNames) {
@@ -113,6 +129,7 @@ void ShowForm::group(bool byNames) {
         return;
     groupedByNames_ = byNames;
     refresh();
+    byNames ? search.setTarget(contactNodes_) : search.setTarget(addressLeaves_);
 }
 
 void ShowForm::expand(TreeNode& node) {
@@ -152,8 +169,10 @@ void ShowForm::gotoButtonClick() {
         if (isPlaceholder(*node) || !language_.startsWith(node->text(), answer))
             continue;
         presTree.select(node);
+        search.say("");
         return;
     }
+    search.say(kNothingFound);
 }
 
 void ShowForm::refreshButtonClick() {

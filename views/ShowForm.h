@@ -13,6 +13,7 @@
 #include "platform/language.h"
 #include "platform/user_interface.h"
 #include "views/domains_tree.h"
+#include "views/tree_search.h"
 
 namespace pelk {
 
@@ -56,6 +57,7 @@ class ShowForm {
     Picture& Picture2;
     OptionButton& domainsRadio;
     Button& gotoButton;
+    SearchField search;
 
  private:
     void formResize();
@@ -85,6 +87,8 @@ class ShowForm {
     UserInterface ui_;
     const Language& language_;
     DomainsTree domains_;
+    ContactNodes contactNodes_;
+    AddressLeaves addressLeaves_;
     PopupMenu& showmenu_;
     MenuItem& mergeMenuItem_;
     MenuItem& renameMenuItem_;

@@ -122,6 +122,7 @@ void ShowForm::deleteContact(int id) {
     if (TreeNode* const own = tree.find(contactKey(id)))
         tree.remove(*own);
     showTotals();
+    search.searchAgain();
 }
 
 void ShowForm::deleteDomain(const TreeNode& node) {

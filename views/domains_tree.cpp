@@ -1,5 +1,7 @@
 #include "views/domains_tree.h"
 
+#include <algorithm>
+
 #include "views/fast_tree.h"
 #include "views/placeholder.h"
 
@@ -30,23 +32,30 @@ std::vector<std::string> pathOf(const TreeNode& node) {
     return texts;
 }
 
+/// Whether the node is the address, or a domain that the address is in.
+bool leadsTo(const TreeNode& node, const MailAddress& address) {
+    const std::string& local = address.parts.front();
+    if (isAddressLeaf(node))
+        return std::get<std::string>(node.tag()).starts_with(local + "@");
+    const std::vector<std::string> labels = pathOf(node);
+    return address.parts.size() > labels.size() &&
+           std::equal(labels.rbegin(), labels.rend(), address.parts.rbegin());
+}
+
 }  // namespace
 
 void DomainsTree::fill(const Database& database) {
     fastClear(tree_);
     const RedrawSuspension suspension(tree_);
     TreeModel& model = tree_.model();
-    read(database);
-    for (const std::string& label : topLevelDomains(addresses_))
+    for (const std::string& label : topLevelDomains(addresses(database)))
         model.setKey(addLabel(model, model.root(), label), label);
 }
 
 void DomainsTree::expand(TreeNode& node, const Database& database) {
     if (isFilled(node))
         return;
-    if (revision_ != database.revision())
-        read(database);
-    const std::vector<DomainEntry> entries = entriesBelow(addresses_, pathOf(node));
+    const std::vector<DomainEntry> entries = entriesBelow(addresses(database), pathOf(node));
     const RedrawSuspension suspension(tree_);
     TreeModel& model = tree_.model();
     model.removeChildren(node);
@@ -59,9 +68,26 @@ void DomainsTree::expand(TreeNode& node, const Database& database) {
     model.sortChildren(node);
 }
 
-void DomainsTree::read(const Database& database) {
-    addresses_ = mailAddresses(database, language_);
+const std::vector<MailAddress>& DomainsTree::addresses(const Database& database) {
+    if (database_ != &database || revision_ != database.revision())
+        addresses_ = mailAddresses(database, language_);
+    database_ = &database;
     revision_ = database.revision();
+    return addresses_;
+}
+
+TreeNode* DomainsTree::leafOf(const MailAddress& address, const Database& database) {
+    TreeNode* node = &tree_.model().root();
+    while (node != nullptr && !isAddressLeaf(*node)) {
+        if (!node->children().empty() && isPlaceholder(*node->children().front()))
+            expand(*node, database);
+        const std::vector<TreeNode*>& below = node->children();
+        const auto next = std::find_if(below.begin(), below.end(), [&](const TreeNode* child) {
+            return leadsTo(*child, address);
+        });
+        node = next == below.end() ? nullptr : *next;
+    }
+    return node;
 }
 
 std::string domainOf(const TreeNode& node) {

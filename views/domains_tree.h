@@ -27,14 +27,18 @@ class DomainsTree {
     /// filled already. An address leaf has the whole address as tag. Requires: the tree was filled
     /// from the same database.
     void expand(TreeNode& node, const Database& database);
+    /// Returns all addresses that have a domain.
+    const std::vector<MailAddress>& addresses(const Database& database);
+    /// Returns the leaf of an address, after filling the labels above it; null when the tree has
+    /// none. Requires: as for `expand`.
+    TreeNode* leafOf(const MailAddress& address, const Database& database);
 
  private:
-    void read(const Database& database);
-
     TreeView& tree_;
     const Language& language_;
     std::vector<MailAddress> addresses_;
-    /// The revision of the database that `addresses_` was read from.
+    /// The database and the revision that `addresses_` was read from.
+    const Database* database_ = nullptr;
     std::uint64_t revision_ = 0;
 };
 

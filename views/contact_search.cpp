@@ -1,0 +1,27 @@
+#include "views/contact_search.h"
+
+#include "views/contact_text.h"
+
+namespace pelk {
+
+std::vector<int> ContactSearch::find(const Database& database, std::string_view query) {
+    if (database_ != &database || revision_ != database.revision())
+        read(database);
+    std::vector<int> found;
+    for (const std::size_t text : words_.find(query))
+        found.push_back(ids_[text]);
+    return found;
+}
+
+void ContactSearch::read(const Database& database) {
+    words_.clear();
+    ids_.clear();
+    database.forEachContact([this](const Contact& contact) {
+        words_.add(describe(contact));
+        ids_.push_back(contact.id);
+    });
+    database_ = &database;
+    revision_ = database.revision();
+}
+
+}  // namespace pelk
