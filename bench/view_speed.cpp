@@ -105,7 +105,7 @@ class ViewSpeed {
     }
     void openView() {
         database_ = store_.storage.loadDatabase().database;
-        form_ = std::make_unique<ShowForm>(UserInterface{toolkit_, dialogs_, display_},
+        form_ = std::make_unique<ShowForm>(UserInterface{toolkit_, dialogs_, display_, settings_},
                                            store_.platform.language);
         form_->database = database_.get();
         form_->startShowing();
@@ -208,6 +208,7 @@ class ViewSpeed {
     SilentDialogs dialogs_;
     QtToolkit toolkit_;
     QtDisplay display_;
+    ForgetfulSettings settings_;
     std::unique_ptr<Database> database_;
     std::unique_ptr<ShowForm> form_;
     std::vector<std::string> texts_;

@@ -4,6 +4,7 @@
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/display.h"
+#include "platform/settings.h"
 
 namespace pelk {
 
@@ -12,6 +13,7 @@ struct UserInterface {
     Toolkit& toolkit;
     Dialogs& dialogs;
     Display& display;
+    Settings& settings;
 };
 
 }  // namespace pelk

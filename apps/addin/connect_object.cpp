@@ -43,8 +43,8 @@ ConnectMode modeIn(const VARIANT& value) {
 
 ConnectObject::ConnectObject() {
     guarded(dialogs_, [this] {
-        connect_.emplace(UserInterface{toolkit_, dialogs_, display_}, platform_.services(),
-                         Connect::Loading::OnFirstUse);
+        connect_.emplace(UserInterface{toolkit_, dialogs_, display_, settings_},
+                         platform_.services(), Connect::Loading::OnFirstUse);
     });
 }
 

@@ -17,6 +17,7 @@
 #include "platform/windows/controls/display.h"
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/mail/automation_client.h"
+#include "platform/windows/registry_settings.h"
 #include "platform/windows/windows_platform.h"
 
 namespace pelk {
@@ -59,6 +60,7 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     WindowsPlatform platform_;
     Win32Dialogs dialogs_;
     Win32Display display_;
+    RegistrySettings settings_;
     Win32Toolkit toolkit_{dialogs_, platform_.language()};
     std::unique_ptr<AutomationClient> client_;
     /// Empty when the constructor could not create it.

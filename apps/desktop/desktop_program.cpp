@@ -20,6 +20,7 @@
 #include "platform/desktop/qt/dialogs.h"
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/settings_file.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "platform/guard.h"
 
@@ -37,15 +38,16 @@ std::optional<FolderLock> lockDatabase(const Platform& platform) {
 }
 
 /// Beside the database when that is elsewhere than usual, so that it belongs to that database.
-std::string choicesFile(const Arguments& arguments, const UserPlaces& places) {
+std::string choicesFile(const Arguments& arguments, const UserPlaces& places,
+                        const std::string& name) {
     const std::string& folder = arguments.dataFolder.empty() ? places.config : arguments.dataFolder;
-    return folder.empty() ? folder : folder + "/pelk/window.ini";
+    return folder.empty() ? folder : folder + "/pelk/" + name;
 }
 
 MainWindowOffers offersFor(const Arguments& arguments, ServerMail& servers) {
     MainWindowOffers offers;
     offers.places = currentUserPlaces();
-    offers.choices = MailChoices(choicesFile(arguments, offers.places));
+    offers.choices = MailChoices(choicesFile(arguments, offers.places, "window.ini"));
     if (const std::string example = exampleMail(); !example.empty() && !offers.places.cache.empty())
         offers.showExample = [example, data = offers.places.cache + "/pelk-example"] {
             showExampleMail(example, data);
@@ -77,7 +79,8 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     QtDisplay display;
-    Connect connect({toolkit, dialogs, display}, platform);
+    SettingsFile settings(choicesFile(arguments, currentUserPlaces(), "forms.ini"));
+    Connect connect({toolkit, dialogs, display, settings}, platform);
     connect.OnConnection(window);
     if (isOnServer)
         guarded(dialogs, [&] { openServer(arguments, window, servers); });

@@ -41,12 +41,13 @@ inline std::unique_ptr<Database> emptyDatabase() {
 class CorePlatform : public TestPlatform {
  public:
     RecordedDisplay display;
+    ForgetfulSettings settings;
     MemoryFiles files;
     FixedShell shell;
     FixedClock clock;
     const std::unique_ptr<Crypto> crypto = makeCrypto();
 
-    UserInterface ui() { return {toolkit(), dialogs, display}; }
+    UserInterface ui() { return {toolkit(), dialogs, display, settings}; }
     const Platform& platform() const { return platform_; }
     Storage& storage() { return storage_; }
 

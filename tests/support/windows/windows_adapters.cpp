@@ -4,11 +4,22 @@
 
 #include "platform/windows/cng_crypto.h"
 #include "platform/windows/msxml_document.h"
+#include "platform/windows/registry_settings.h"
 #include "platform/windows/windows_files.h"
 #include "platform/windows/windows_language.h"
 #include "tests/support/adapters.h"
 
 namespace pelk {
+namespace {
+
+constexpr const wchar_t* kTestKey = L"Software\\Pelk-test";
+
+struct TestSettings : RegistrySettings {
+    TestSettings() : RegistrySettings(kTestKey) {}
+    ~TestSettings() override { RegDeleteTreeW(HKEY_CURRENT_USER, kTestKey); }
+};
+
+}  // namespace
 
 std::unique_ptr<Language> makeLanguage() {
     return std::make_unique<WindowsLanguage>(L"en-US");
@@ -20,6 +31,10 @@ std::unique_ptr<Crypto> makeCrypto() {
 
 std::unique_ptr<FileSystem> makeFiles() {
     return std::make_unique<WindowsFiles>();
+}
+
+std::unique_ptr<Settings> makeSettings(const std::string&) {
+    return std::make_unique<TestSettings>();
 }
 
 std::unique_ptr<XmlDocument> makeXmlDocument() {
