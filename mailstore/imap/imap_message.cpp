@@ -1,6 +1,7 @@
 #include "mailstore/imap/imap_message.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "mailstore/content_type.h"
 #include "mailstore/gmail_labels.h"
@@ -64,8 +65,10 @@ MailPerson ImapMessage::recipient(int index) {
     return (*recipients_)[static_cast<std::size_t>(index) - 1];
 }
 
+/// Parsing the type takes longer than everything else, and few messages can be reports.
 bool ImapMessage::isReport() const {
-    return pelk::isReport(ContentType(header_));
+    return ::strcasestr(header_.first("Content-Type").c_str(), "report") != nullptr &&
+           pelk::isReport(ContentType(header_));
 }
 
 }  // namespace pelk
