@@ -188,7 +188,10 @@ class DiskSession : public MailSession {
     std::vector<DefaultFolder> leftOutFolders() override { return leftOutFoldersOf(options_); }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
-        const FolderPlace& place = dynamic_cast<DiskFolder&>(folder).location();
+        const auto* const own = dynamic_cast<DiskFolder*>(&folder);
+        if (own == nullptr)
+            return false;
+        const FolderPlace& place = own->location();
         if (place.labelled)
             return folderOfLabel(place.label) == kind;
         return place.atTop && isFolderCalled(options_, place.name, kind) && !named_.isNamed(place);

@@ -13,14 +13,15 @@ const char* const kHelp =
 Usage:
   pelk [MAIL...]           open the mail window on mbox files, Maildir folders,
                            message files, the folders of a mail program, or
-                           the imaps:// address of an account on a server;
+                           the imaps:// addresses of accounts on servers;
                            without MAIL on the mail that was opened last, or on
                            a list of the mail on this computer
   pelk stores              list the mail of the mail programs on this computer:
                            program, account, folders, size, last change, path
   pelk scan MAIL...        count the e-mails that are newer than the last scan
-  pelk scan imaps://USER@HOST[:PORT][/FOLDER]
-                           count the e-mails of an account on an IMAP server
+  pelk scan imaps://USER@HOST[:PORT][/FOLDER]...
+                           count the e-mails of accounts on IMAP servers, and
+                           of mail on this computer if paths are given, too
   pelk contacts            list all contacts
   pelk relations CONTACT   list a contact's relations, strongest first: class,
                            weight, id, name
@@ -66,7 +67,8 @@ Options:
                    e-mails since DATE that were counted before count again
   --password-command COMMAND
                    with a mail server: run COMMAND, and use the first line of
-                   its output as the password
+                   its output as the password; COMMAND finds the address of
+                   the server in $PELK_SERVER
   --copies         with scan: count an e-mail in every folder that contains it
   --name NAME      with merge: the name of the merged contact
   --yes            really delete the contacts of a domain, or the database

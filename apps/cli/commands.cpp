@@ -19,6 +19,7 @@
 #include "db/date_stamp.h"
 #include "mailstore/imap/imap_account.h"
 #include "mailstore/imap/imap_session.h"
+#include "mailstore/imap/mixed_session.h"
 #include "mailstore/mail_store.h"
 #include "scan/scan_notes.h"
 
@@ -27,18 +28,22 @@ namespace {
 
 constexpr std::size_t kStrongestShown = 20;
 
+std::unique_ptr<MailSession> openServer(const std::string& url, const Arguments& arguments) {
+    const ImapAccount account = readImapAddress(url);
+    ImapServerOptions server;
+    server.secret = [command = arguments.passwordCommand, url] {
+        return runPasswordCommand(command, url);
+    };
+    return openImapSession(account, std::move(server), arguments.mail);
+}
+
 std::unique_ptr<MailSession> openMail(const Arguments& arguments) {
     const std::vector<std::string>& mail = arguments.operands;
-    if (std::none_of(mail.begin(), mail.end(), isImapAddress))
-        return openMailSession(mail, arguments.mail);
-    if (mail.size() > 1)
-        throw UsageError("a mail server is scanned alone, without other mail");
-    const ImapAccount account = readImapAddress(mail[0]);
-    if (arguments.passwordCommand.empty())
+    if (arguments.passwordCommand.empty() && std::any_of(mail.begin(), mail.end(), isImapAddress))
         throw UsageError("a mail server needs --password-command");
-    ImapServerOptions server;
-    server.secret = [command = arguments.passwordCommand] { return runPasswordCommand(command); };
-    return openImapSession(account, std::move(server), arguments.mail);
+    return openMixedSession(mail, arguments.mail, [&arguments](const std::string& url) {
+        return openServer(url, arguments);
+    });
 }
 
 void scan(CommandRun& run) {

@@ -29,6 +29,13 @@ std::string readOutput(int descriptor) {
     return output;
 }
 
+std::string quotedForShell(const std::string& text) {
+    std::string quoted = "'";
+    for (const char c : text)
+        quoted += c == '\'' ? "'\\''" : std::string(1, c);
+    return quoted + "'";
+}
+
 void requireDone(int status) {
     const std::string name = "The password command";
     if (WIFSIGNALED(status))
@@ -40,8 +47,9 @@ void requireDone(int status) {
 
 }  // namespace
 
-std::string runPasswordCommand(const std::string& command) {
-    std::FILE* const pipe = ::popen(command.c_str(), "re");
+std::string runPasswordCommand(const std::string& command, const std::string& url) {
+    const std::string whole = "export PELK_SERVER=" + quotedForShell(url) + "\n" + command;
+    std::FILE* const pipe = ::popen(whole.c_str(), "re");
     if (pipe == nullptr)
         throw Error("The password command cannot be run.");
     std::string output = readOutput(::fileno(pipe));

@@ -59,9 +59,11 @@ MainWindowOffers offersFor(const Arguments& arguments, ServerMail& servers) {
     return offers;
 }
 
-void openServer(const Arguments& arguments, MainWindow& window, ServerMail& servers) {
+void openServers(const Arguments& arguments, MainWindow& window, ServerMail& servers) {
     if (!arguments.passwordCommand.empty())
-        servers.know(arguments.operands.front(), runPasswordCommand(arguments.passwordCommand));
+        for (const std::string& mail : arguments.operands)
+            if (isImapAddress(mail))
+                servers.know(mail, runPasswordCommand(arguments.passwordCommand, mail));
     window.open(arguments.operands);
 }
 
@@ -83,7 +85,7 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     Connect connect({toolkit, dialogs, display, settings}, platform);
     connect.OnConnection(window);
     if (isOnServer)
-        guarded(dialogs, [&] { openServer(arguments, window, servers); });
+        guarded(dialogs, [&] { openServers(arguments, window, servers); });
     else if (arguments.operands.empty())
         guarded(dialogs, [&window] { window.openLastChoice(); });
     QApplication::exec();

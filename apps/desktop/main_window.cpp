@@ -16,7 +16,7 @@
 #include "apps/desktop/command_bar.h"
 #include "apps/desktop/first_page.h"
 #include "apps/desktop/mail_view.h"
-#include "mailstore/imap/imap_account.h"
+#include "mailstore/imap/mixed_session.h"
 #include "platform/guard.h"
 
 namespace pelk {
@@ -155,13 +155,11 @@ void MainWindow::showMail(const std::vector<std::string>& paths) {
 }
 
 std::unique_ptr<MailSession> MainWindow::openSession(const std::vector<std::string>& paths) const {
-    if (std::none_of(paths.begin(), paths.end(), isImapAddress))
-        return openMailSession(paths, options_);
-    if (paths.size() > 1)
-        throw Error("A mail server is opened alone, without other mail.");
-    if (!offers_.openServer)
-        throw Error("The mail on a server cannot be opened here.");
-    return offers_.openServer(paths.front(), options_);
+    return openMixedSession(paths, options_, [this](const std::string& url) {
+        if (!offers_.openServer)
+            throw Error("The mail on a server cannot be opened here.");
+        return offers_.openServer(url, options_);
+    });
 }
 
 void MainWindow::showFirstPage() {
@@ -192,8 +190,11 @@ void MainWindow::openFile() {
 }
 
 void MainWindow::addServer() {
-    if (const std::optional<std::string> store = offers_.addServer())
-        open({*store});
+    if (const std::optional<std::string> store = offers_.addServer()) {
+        MailChoice mail = paths_;
+        mail.push_back(*store);
+        open(mail);
+    }
 }
 
 /// Deletes the previous page later, because one of its buttons may have called this; or with the

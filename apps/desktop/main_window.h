@@ -37,8 +37,8 @@ struct MainWindowOffers {
 
 class MainWindow : public QMainWindow, public MailClient {
  public:
-    /// Shows the mail at these paths, or of one mail server given as a URL; without a path, a list
-    /// of the mail on this computer. Throws `Error` when a path holds no mail.
+    /// Shows the mail at these paths and on the mail servers given as URLs; without any, a list of
+    /// the mail on this computer. Throws `Error` when a path holds no mail.
     MainWindow(const std::vector<std::string>& paths, MailStoreOptions options, Dialogs& dialogs,
                MainWindowOffers offers = {});
 

@@ -17,7 +17,8 @@ namespace pelk {
 namespace {
 
 /// The fields that determine the people, time, kind and fingerprint of a message. The server itself
-/// says when a message came, so `Received` is not among them: it is longer than all others together.
+/// says when a message came, so `Received` is not among them: it is longer than all others
+/// together.
 constexpr const char* kFields =
     "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Content-Type "
     "X-Gmail-Labels)]";

@@ -63,6 +63,7 @@ class ImapFolder : public StoredFolder {
         : shared_(std::move(shared)), node_(std::move(node)) {}
 
     const MailboxNode& node() const { return *node_; }
+    bool isOf(const Shared& session) const { return shared_.get() == &session; }
 
     std::string name() override { return node_->name; }
     std::string place() override { return node_->place; }
@@ -166,9 +167,10 @@ class ImapSession : public MailSession {
     std::vector<DefaultFolder> leftOutFolders() override { return leftOutFoldersOf(options_); }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
-        const MailboxNode& node = dynamic_cast<ImapFolder&>(folder).node();
-        if (node.isStore)
+        const auto* const own = dynamic_cast<ImapFolder*>(&folder);
+        if (own == nullptr || !own->isOf(*shared_) || own->node().isStore)
             return false;
+        const MailboxNode& node = own->node();
         return named_.contains(kind) ? node.purpose == kind
                                      : node.atTop && isFolderCalled(options_, node.name, kind);
     }

@@ -198,7 +198,10 @@ TEST_F(ServerMailTest, opensAnAccountAndRemembersIt) {
     EXPECT_EQ(window.session()->folders()->next()->name(), "jane@127.0.0.1");
     EXPECT_EQ(offers.choices.recent(), std::vector<MailChoice>{{url}});
     EXPECT_EQ(keyring.passwords[url], "s3cret-word");
-    EXPECT_THROW(window.open({url, dovecot.mail()}), Error);
+    window.open({url, dovecot.mail()});
+    const auto stores = window.session()->folders();
+    EXPECT_EQ(stores->next()->name(), "mail");
+    EXPECT_EQ(stores->next()->name(), "jane@127.0.0.1");
 }
 
 TEST_F(ServerMailTest, asksForAPasswordThatIsUnknownOrRefused) {

@@ -22,8 +22,7 @@ TEST_F(CliTest, scansAMailServer) {
             "The mail server 127.0.0.1 refuses to let jane in: Authentication "
             "failed.");
     expectRefused(scan, 2, "a mail server needs --password-command; see pelk --help");
-    expectRefused(scan + "Inbox", 2,
-                  "a mail server is scanned alone, without other mail; see pelk --help");
+    expectRefused(scan + "Inbox", 2, "a mail server needs --password-command; see pelk --help");
     EXPECT_FALSE(std::filesystem::exists(database));
     const std::string right = scan + "--password-command 'echo s3cret-word; echo more'";
     const Outcome first = run(right);
@@ -31,6 +30,21 @@ TEST_F(CliTest, scansAMailServer) {
     EXPECT_EQ(first.errors, "");
     expectSays(right, "e-mails counted: 0\n");
     EXPECT_TRUE(std::filesystem::exists(folder.path() + "/data/pelk/pelk-imap.db"));
+    // Two accounts, each with its own password, and a file.
+    Dovecot other;
+    other.folder.write("mail/new/1600000001.x.h", "From: c@x.org\nTo: d@x.org\n\nHi\n");
+    other.start();
+    const std::string path = other.folder.write("box",
+                                                "From a@x Tue Jan  2 03:04:05 2001\n"
+                                                "From: e@x.org\nTo: f@x.org\n\nHi\n");
+    const std::string both = "scan imap://jane@127.0.0.1:" + std::to_string(other.port) + " " +
+                             path + " imap://jane@127.0.0.1:" + std::to_string(dovecot.port) +
+                             " --password-command 'case $PELK_SERVER in *" +
+                             std::to_string(other.port) +
+                             ") echo s3cret-word;; *) printf s3cret-;"
+                             " echo word;; esac'";
+    expectSays(both, "e-mails counted: 2\n");
+    expectSays(both, "e-mails counted: 0\n");
 }
 
 }  // namespace
