@@ -72,6 +72,9 @@ class Storage {
     /// Returns the path of the folder of the user's file. The folder need not exist.
     std::string databaseFolder();
 
+    /// Returns the path of the user's file, which need not exist.
+    std::string databasePath() { return nameFile(); }
+
     /// Returns the text of the encrypted file with that name in the database's folder; nothing when
     /// there is none. Throws `DamagedData`, or `Error` when the file cannot be read.
     std::optional<std::string> readBeside(const std::string& name);

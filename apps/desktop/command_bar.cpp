@@ -1,7 +1,6 @@
 #include "apps/desktop/command_bar.h"
 
 #include <QAction>
-#include <QMenu>
 #include <QPointer>
 #include <QToolBar>
 #include <QToolButton>
@@ -36,11 +35,13 @@ class MenuButton : public CommandButton {
 
 class MenuPopup : public CommandPopup {
  public:
-    MenuPopup(QMenu& menu, Dialogs& dialogs) : menu_(menu), dialogs_(dialogs) {}
+    MenuPopup(QMenu& menu, QMenu& other, Dialogs& dialogs)
+        : menu_(menu), other_(other), dialogs_(dialogs) {}
 
     std::unique_ptr<CommandButton> addButton(std::string_view caption, std::string_view tag,
                                              std::function<void()> clicked) override {
-        QAction* const action = menu_.addAction(toText(caption));
+        QAction* const action = menu_.addAction(withAccessKey(toText(caption)));
+        other_.addAction(action);
         action->setObjectName(toText(tag));
         QObject::connect(
             action, &QAction::triggered, action,
@@ -49,13 +50,28 @@ class MenuPopup : public CommandPopup {
     }
 
  private:
+    /// Marks the first letter of the caption that no other entry uses.
+    QString withAccessKey(QString caption) {
+        caption.replace('&', QStringLiteral("&&"));
+        for (qsizetype at = 0; at < caption.size(); ++at) {
+            const QChar letter = caption[at].toLower();
+            if (!letter.isLetter() || accessKeys_.contains(letter))
+                continue;
+            accessKeys_ += letter;
+            return caption.insert(at, '&');
+        }
+        return caption;
+    }
+
     QMenu& menu_;
+    QMenu& other_;
     Dialogs& dialogs_;
+    QString accessKeys_;
 };
 
 }  // namespace
 
-std::unique_ptr<CommandPopup> addToolBarPopup(QMainWindow& window, Dialogs& dialogs,
+std::unique_ptr<CommandPopup> addToolBarPopup(QMainWindow& window, QMenu& menu, Dialogs& dialogs,
                                               std::string_view bar, std::string_view caption,
                                               std::string_view tag) {
     auto* const toolBar = window.findChild<QToolBar*>(toText(bar));
@@ -68,7 +84,7 @@ std::unique_ptr<CommandPopup> addToolBarPopup(QMainWindow& window, Dialogs& dial
     button->setPopupMode(QToolButton::InstantPopup);
     button->setMenu(new QMenu(button));
     toolBar->addWidget(button);
-    return std::make_unique<MenuPopup>(*button->menu(), dialogs);
+    return std::make_unique<MenuPopup>(*button->menu(), menu, dialogs);
 }
 
 }  // namespace pelk

@@ -5,6 +5,7 @@
 #include <new>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "addin/Connect.h"
 #include "addin/product.h"
@@ -16,6 +17,7 @@
 #include "db/no_data_folder.h"
 #include "mailstore/imap/imap_account.h"
 #include "platform/desktop/desktop_platform.h"
+#include "platform/desktop/desktop_shell.h"
 #include "platform/desktop/folder_lock.h"
 #include "platform/desktop/qt/dialogs.h"
 #include "platform/desktop/qt/display.h"
@@ -37,6 +39,15 @@ std::optional<FolderLock> lockDatabase(const Platform& platform) {
     }
 }
 
+/// Empty when there is no folder for it.
+std::string databasePath(const Platform& platform) {
+    try {
+        return Storage(platform).databasePath();
+    } catch (const NoDataFolder&) {
+        return {};
+    }
+}
+
 /// Beside the database when that is elsewhere than usual, so that it belongs to that database.
 std::string choicesFile(const Arguments& arguments, const UserPlaces& places,
                         const std::string& name) {
@@ -53,6 +64,7 @@ MainWindowOffers offersFor(const Arguments& arguments, ServerMail& servers) {
             showExampleMail(example, data);
         };
     offers.addServer = [&servers] { return servers.add(); };
+    offers.openHelp = openHelpPage;
     offers.openServer = [&servers](const std::string& url, const MailStoreOptions& options) {
         return servers.open(url, options);
     };
@@ -76,8 +88,10 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     // A server may ask for a password, or be out of reach for a while: the window comes first.
     const bool isOnServer =
         std::any_of(arguments.operands.begin(), arguments.operands.end(), isImapAddress);
+    MainWindowOffers offers = offersFor(arguments, servers);
+    offers.database = databasePath(platform);
     MainWindow window(isOnServer ? MailChoice() : arguments.operands, arguments.mail, dialogs,
-                      offersFor(arguments, servers));
+                      std::move(offers));
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     QtDisplay display;

@@ -15,6 +15,7 @@ class MailChoices {
     /// creates nothing.
     explicit MailChoices(std::string file) : file_(std::move(file)) {}
 
+    const std::string& file() const { return file_; }
     /// Returns the last choices, the latest first, each once. Empty if they cannot be read.
     std::vector<MailChoice> recent() const;
     /// Adds the choice as the latest one, and removes the oldest if there are more than eight.

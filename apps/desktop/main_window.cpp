@@ -4,6 +4,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
@@ -13,10 +14,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/desktop/about_box.h"
 #include "apps/desktop/command_bar.h"
 #include "apps/desktop/first_page.h"
 #include "apps/desktop/mail_view.h"
 #include "mailstore/imap/mixed_session.h"
+#include "platform/desktop/qt/plain_tool_tip.h"
 #include "platform/guard.h"
 
 namespace pelk {
@@ -43,6 +46,12 @@ QString entryText(const MailChoice& choice) {
     return text.replace('&', QStringLiteral("&&"));
 }
 
+/// Shortens a path in the user's home.
+QString withTilde(const QString& path) {
+    const QString home = QDir::homePath();
+    return path.startsWith(home + '/') ? '~' + path.mid(home.size()) : path;
+}
+
 std::vector<std::string> localPaths(const QMimeData& data) {
     std::vector<std::string> paths;
     for (const QUrl& url : data.urls())
@@ -58,16 +67,18 @@ MainWindow::MainWindow(const std::vector<std::string>& paths, MailStoreOptions o
     : options_(std::move(options)),
       dialogs_(dialogs),
       offers_(std::move(offers)),
-      status_(new QLabel) {
+      viewState_(readViewState(offers_.choices.file())),
+      status_(new QLabel),
+      forMail_(new QActionGroup(this)) {
     setWindowTitle(QStringLiteral("Pelk mail"));
-    status_->setTextFormat(Qt::PlainText);
-    statusBar()->addWidget(status_);
-    buildMenu();
+    buildStatusBar();
+    buildMenus();
     auto* const bar = addToolBar(QStringLiteral("Standard"));
     bar->setObjectName(QStringLiteral("Standard"));
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    resize(kWindowSize);
+    if (!restoreGeometry(viewState_.window))
+        resize(kWindowSize);
     setAcceptDrops(true);
     if (paths.empty())
         showFirstPage();
@@ -93,7 +104,7 @@ std::unique_ptr<MailSession> MainWindow::session() {
 
 std::unique_ptr<CommandPopup> MainWindow::addPopup(std::string_view bar, std::string_view caption,
                                                    std::string_view tag) {
-    return addToolBarPopup(*this, dialogs_, bar, caption, tag);
+    return addToolBarPopup(*this, *commands_, dialogs_, bar, caption, tag);
 }
 
 void MainWindow::tell(const std::string& text) {
@@ -102,7 +113,15 @@ void MainWindow::tell(const std::string& text) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
+    guarded(dialogs_, [this] { saveViewState(); });
     QApplication::quit();
+}
+
+void MainWindow::saveViewState() {
+    viewState_.window = saveGeometry();
+    const std::string& file = offers_.choices.file();
+    if (viewState_ != readViewState(file))
+        writeViewState(file, viewState_);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
@@ -122,7 +141,28 @@ void MainWindow::dropEvent(QDropEvent* event) {
         Qt::QueuedConnection);
 }
 
-void MainWindow::buildMenu() {
+void MainWindow::buildStatusBar() {
+    status_->setTextFormat(Qt::PlainText);
+    statusBar()->addWidget(status_, 1);
+    if (offers_.database.empty())
+        return;
+    auto* const database = new QLabel;
+    database->setTextFormat(Qt::PlainText);
+    const QString name = toName(offers_.database);
+    database->setText(QStringLiteral("Database: ") + withTilde(name));
+    database->setToolTip(plainToolTip(name));
+    statusBar()->addPermanentWidget(database);
+}
+
+void MainWindow::buildMenus() {
+    buildFileMenu();
+    buildEditMenu();
+    buildViewMenu();
+    commands_ = menuBar()->addMenu(QStringLiteral("&Pelk"));
+    buildHelpMenu();
+}
+
+void MainWindow::buildFileMenu() {
     QMenu& menu = *menuBar()->addMenu(QStringLiteral("&File"));
     addToMenu(menu, QStringLiteral("&Mail on this computer"), {}, [this] { showFirstPage(); });
     addToMenu(menu, QStringLiteral("&Open..."), QKeySequence::Open, [this] { openFolder(); });
@@ -135,11 +175,85 @@ void MainWindow::buildMenu() {
     addToMenu(menu, QStringLiteral("&Quit"), QKeySequence::Quit, [this] { close(); });
 }
 
-void MainWindow::addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
-                           const std::function<void()>& act) {
+void MainWindow::buildEditMenu() {
+    QMenu& menu = *menuBar()->addMenu(QStringLiteral("&Edit"));
+    addToMenu(menu, QStringLiteral("&Copy"), QKeySequence::Copy, [this] { copy(); });
+    addForMail(menu, QStringLiteral("&Find"), QKeySequence::Find,
+               [](MailView& view) { view.find(); });
+}
+
+void MainWindow::buildViewMenu() {
+    QMenu& menu = *menuBar()->addMenu(QStringLiteral("&View"));
+    QAction* const folders = addForMail(menu, QStringLiteral("&Folders"), {}, {});
+    folders->setCheckable(true);
+    folders->setChecked(viewState_.showsFolders);
+    connect(folders, &QAction::triggered, this,
+            [this](bool shown) { mailView()->showFolders(shown); });
+    QMenu& sort = *menu.addMenu(QStringLiteral("&Sort by"));
+    const auto addSort = [&](const QString& caption, int column, Qt::SortOrder order) {
+        addForMail(sort, caption, {},
+                   [column, order](MailView& view) { view.sortBy(column, order); });
+    };
+    addSort(QStringLiteral("&From"), MessageRows::kFrom, Qt::AscendingOrder);
+    addSort(QStringLiteral("&Subject"), MessageRows::kSubject, Qt::AscendingOrder);
+    addSort(QStringLiteral("&Date, latest first"), MessageRows::kDate, Qt::DescendingOrder);
+    addSort(QStringLiteral("&Order of the folder"), -1, Qt::AscendingOrder);
+    addForMail(menu, QStringLiteral("&Read again"), QKeySequence::Refresh,
+               [this](MailView&) { showMail(paths_); });
+}
+
+void MainWindow::buildHelpMenu() {
+    QMenu& menu = *menuBar()->addMenu(QStringLiteral("&Help"));
+    if (offers_.openHelp) {
+        addToMenu(menu, QStringLiteral("&Contents"), QKeySequence::HelpContents,
+                  [this] { offers_.openHelp("index.html"); });
+        addToMenu(menu, QStringLiteral("&Keyboard"), {},
+                  [this] { offers_.openHelp("keyboard.html"); });
+        menu.addSeparator();
+    }
+    addToMenu(menu, QStringLiteral("&About Pelk"), {}, [this] { showAbout(); });
+}
+
+void MainWindow::showAbout() {
+    std::function<void(const std::string&)> openHelp;
+    if (offers_.openHelp)
+        openHelp = [this](const std::string& page) {
+            guarded(dialogs_, [&] { offers_.openHelp(page); });
+        };
+    AboutBox(this, openHelp).exec();
+}
+
+QAction* MainWindow::addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                               const std::function<void()>& act) {
     QAction* const action = menu.addAction(caption);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, [this, act] { guarded(dialogs_, act); });
+    return action;
+}
+
+/// Adds an entry that is available while mail is open.
+QAction* MainWindow::addForMail(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                                const std::function<void(MailView&)>& act) {
+    QAction* const action = addToMenu(menu, caption, keys, [this, act] {
+        if (MailView* const view = mailView(); view != nullptr && act)
+            act(*view);
+    });
+    forMail_->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    forMail_->addAction(action);
+    return action;
+}
+
+/// Null while the first page is shown.
+MailView* MainWindow::mailView() const {
+    return dynamic_cast<MailView*>(centralWidget());
+}
+
+/// A text field copies its own selection.
+void MainWindow::copy() const {
+    if (auto* const field = qobject_cast<QLineEdit*>(focusWidget()))
+        field->copy();
+    else if (const MailView* const view = mailView())
+        view->copy();
 }
 
 void MainWindow::fillRecent(QMenu& menu) {
@@ -150,7 +264,7 @@ void MainWindow::fillRecent(QMenu& menu) {
 }
 
 void MainWindow::showMail(const std::vector<std::string>& paths) {
-    setCentral(new MailView(*openSession(paths), *status_, dialogs_));
+    setCentral(new MailView(*openSession(paths), {*status_, dialogs_, language_, viewState_}));
     paths_ = paths;
 }
 
@@ -206,6 +320,7 @@ void MainWindow::setCentral(QWidget* widget) {
         old->deleteLater();
     }
     setCentralWidget(widget);
+    forMail_->setEnabled(mailView() != nullptr);
     // Only the visible page takes the focus. Both pages begin with a tree.
     widget->show();
     widget->findChild<QTreeView*>()->setFocus();

@@ -1,6 +1,7 @@
 #pragma once
 // The mail window of the desktop: a small mail client that shows mail and holds the menu.
 
+#include <QActionGroup>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
@@ -11,12 +12,16 @@
 #include <vector>
 
 #include "apps/desktop/mail_choices.h"
+#include "apps/desktop/mail_view_state.h"
 #include "mailstore/discovery/user_places.h"
 #include "mailstore/mail_store.h"
+#include "platform/desktop/locale_language.h"
 #include "platform/dialogs.h"
 #include "platform/mail_client.h"
 
 namespace pelk {
+
+class MailView;
 
 /// What the window offers besides the mail that is open.
 struct MainWindowOffers {
@@ -33,6 +38,11 @@ struct MainWindowOffers {
         openServer;
     /// Shows the example mail; empty where there is none. May throw `Error`.
     std::function<void()> showExample;
+    /// Opens the page of the help with this file name. If empty, the window offers no help. May
+    /// throw `Error`.
+    std::function<void(const std::string&)> openHelp;
+    /// The path of the database; empty where there is none.
+    std::string database;
 };
 
 class MainWindow : public QMainWindow, public MailClient {
@@ -62,10 +72,21 @@ class MainWindow : public QMainWindow, public MailClient {
     void dropEvent(QDropEvent* event) override;
 
  private:
-    void buildMenu();
-    void addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
-                   const std::function<void()>& act);
+    void buildMenus();
+    void buildFileMenu();
+    void buildEditMenu();
+    void buildViewMenu();
+    void buildHelpMenu();
+    void showAbout();
+    void buildStatusBar();
+    QAction* addToMenu(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                       const std::function<void()>& act);
     void fillRecent(QMenu& menu);
+    MailView* mailView() const;
+    QAction* addForMail(QMenu& menu, const QString& caption, const QKeySequence& keys,
+                        const std::function<void(MailView&)>& act);
+    void copy() const;
+    void saveViewState();
     std::unique_ptr<MailSession> openSession(const std::vector<std::string>& paths) const;
     void showMail(const std::vector<std::string>& paths);
     void showFirstPage();
@@ -78,7 +99,12 @@ class MainWindow : public QMainWindow, public MailClient {
     const MailStoreOptions options_;
     Dialogs& dialogs_;
     MainWindowOffers offers_;
+    const LocaleLanguage language_;
+    MailViewState viewState_;
     QLabel* status_;
+    QMenu* commands_ = nullptr;
+    /// The entries that need open mail.
+    QActionGroup* forMail_;
 };
 
 }  // namespace pelk

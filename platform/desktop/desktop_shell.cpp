@@ -27,14 +27,14 @@ std::string usualDataFolder() {
     return home.empty() ? home : home + "/.local/share";
 }
 
-/// Returns the first page of the help, from where it is installed or built. Empty when it is in
+/// Returns the path of a page of the help, where it is installed or built. Empty when it is in
 /// neither.
-std::string firstHelpPage() {
+std::string pathOfPage(const std::string& name) {
     std::error_code error;
     const std::filesystem::path prefix =
         std::filesystem::read_symlink("/proc/self/exe", error).parent_path().parent_path();
     for (const char* folder : {"share/doc/pelk/help", "share/help"})
-        if (const std::filesystem::path page = prefix / folder / "index.html";
+        if (const std::filesystem::path page = prefix / folder / name;
             std::filesystem::is_regular_file(page, error))
             return page.string();
     return {};
@@ -55,7 +55,11 @@ std::optional<std::string> DesktopShell::applicationDataFolderName() {
 }
 
 void DesktopShell::openHelp() {
-    const std::string page = firstHelpPage();
+    openHelpPage("index.html");
+}
+
+void openHelpPage(const std::string& name) {
+    const std::string page = pathOfPage(name);
     if (page.empty())
         throw Error("The help is not installed.");
     if (!QProcess::startDetached("xdg-open", {QString::fromStdString(page)}))

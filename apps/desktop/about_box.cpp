@@ -1,0 +1,98 @@
+#include "apps/desktop/about_box.h"
+
+#include <openssl/crypto.h>
+
+#include <QDialogButtonBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "addin/product.h"
+#include "apps/desktop/licence.h"
+#include "mailstore/library_versions.h"
+#include "platform/desktop/qt/images.h"
+
+namespace pelk {
+namespace {
+
+constexpr int kIconSize = 64;
+constexpr int kLicenceColumns = 78;
+constexpr int kLicenceRows = 12;
+
+QLabel* plainLabel(const QString& text) {
+    auto* const label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    label->setText(text);
+    return label;
+}
+
+QLabel* heading() {
+    QLabel* const label =
+        plainLabel(QString::fromUtf8(kProductName) + ' ' + QString::fromUtf8(kProductVersion));
+    QFont font = label->font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    label->setFont(font);
+    return label;
+}
+
+QLayout* titleRow() {
+    auto* const row = new QHBoxLayout;
+    auto* const icon = new QLabel;
+    icon->setPixmap(programIcon().pixmap(kIconSize));
+    row->addWidget(icon);
+    auto* const texts = new QVBoxLayout;
+    texts->addWidget(heading());
+    texts->addWidget(
+        plainLabel(QStringLiteral("A contact management and a connections finder tool.")));
+    row->addLayout(texts, 1);
+    return row;
+}
+
+QString libraries() {
+    QStringList names{QStringLiteral("Qt ") + qVersion()};
+    for (const std::string& name : mailLibraries())
+        names += QString::fromStdString(name);
+    names += QStringLiteral("OpenSSL ") + OpenSSL_version(OPENSSL_VERSION_STRING);
+    names += QStringLiteral("libetpan, pugixml, QtKeychain");
+    return QStringLiteral("Libraries: ") + names.join(QStringLiteral(", "));
+}
+
+QPlainTextEdit* licence() {
+    auto* const text = new QPlainTextEdit(QString::fromUtf8(kLicence));
+    text->setReadOnly(true);
+    text->setAccessibleName(QStringLiteral("Licence"));
+    text->setMinimumSize(text->fontMetrics().averageCharWidth() * kLicenceColumns,
+                         text->fontMetrics().lineSpacing() * kLicenceRows);
+    return text;
+}
+
+}  // namespace
+
+AboutBox::AboutBox(QWidget* parent, std::function<void(const std::string&)> openHelp)
+    : QDialog(parent), openHelp_(std::move(openHelp)) {
+    setWindowTitle(QStringLiteral("About Pelk"));
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(titleRow());
+    if (openHelp_) {
+        auto* const links = new QLabel(QStringLiteral(
+            "<a href=\"index.html\">Help</a> &nbsp; <a href=\"privacy.html\">Your data</a> &nbsp; "
+            "<a href=\"trouble.html\">If something goes wrong</a>"));
+        connect(links, &QLabel::linkActivated, this,
+                [this](const QString& page) { openHelp_(page.toStdString()); });
+        layout->addWidget(links);
+    }
+    layout->addWidget(plainLabel(libraries()));
+    layout->addWidget(licence(), 1);
+    auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
+    layout->addWidget(buttons);
+}
+
+}  // namespace pelk
