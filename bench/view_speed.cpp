@@ -72,7 +72,11 @@ class SilentDialogs : public Dialogs {
         std::fprintf(stderr, "%s\n", text.c_str());
         std::exit(1);
     }
-    std::string input(const std::string&, const std::string&, const std::string&) override {
+    bool confirm(const std::string& question, const std::string&) override {
+        return message(question, Buttons::OkCancel) == Answer::Ok;
+    }
+    std::string input(const std::string&, const std::string&, const std::string&,
+                      std::size_t) override {
         return answer;
     }
     std::string openFile(const std::string&, const std::string&) override { return {}; }

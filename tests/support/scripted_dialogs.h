@@ -16,6 +16,10 @@ class ScriptedDialogs : public Dialogs {
  public:
     ~ScriptedDialogs() override { expectAllShown(); }
 
+    /// What the last question said below its text, and what the last input box selected.
+    std::string consequence;
+    std::string selected;
+
     void expectMessage(const std::string& text, Buttons buttons = Buttons::Ok,
                        Answer answer = Answer::Ok) {
         script_.push_back({"message \"" + text + "\" " + nameOf(buttons), answer, ""});
@@ -38,8 +42,15 @@ class ScriptedDialogs : public Dialogs {
     Answer message(const std::string& text, Buttons buttons) override {
         return next("message \"" + text + "\" " + nameOf(buttons), closing(buttons)).answer;
     }
+    /// The script lists the question like any message; the rest is in `consequence`.
+    bool confirm(const std::string& question, const std::string& text) override {
+        consequence = text;
+        return message(question, Buttons::OkCancel) == Answer::Ok;
+    }
+    using Dialogs::input;
     std::string input(const std::string& title, const std::string& prompt,
-                      const std::string& initial) override {
+                      const std::string& initial, std::size_t length) override {
+        selected = initial.substr(0, length);
         return next(inputCall(title, prompt, initial), Answer::Cancel).text;
     }
     std::string openFile(const std::string& title, const std::string& filter) override {

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QTimer>
 
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/file_dialog.h"
@@ -72,20 +74,30 @@ Answer answerOf(int button) {
     }
 }
 
-}  // namespace
-
-Answer QtDialogs::message(const std::string& text, Buttons buttons) {
+/// Shows a message box. Without a default button, Qt chooses one.
+Answer ask(const std::string& text, Buttons buttons, QMessageBox::StandardButton byDefault) {
     const PointerForBox pointer;
     QMessageBox box(QMessageBox::NoIcon, kProgramName, QString::fromStdString(text),
                     standardButtons(buttons), owner());
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(byDefault);
     box.setEscapeButton(closingButton(buttons));
     box.setWindowIcon(programIcon());
     return answerOf(box.exec());
 }
 
+}  // namespace
+
+Answer QtDialogs::message(const std::string& text, Buttons buttons) {
+    return ask(text, buttons, QMessageBox::NoButton);
+}
+
+bool QtDialogs::confirm(const std::string& question, const std::string& consequence) {
+    return ask(question + "\n" + consequence, Buttons::OkCancel, QMessageBox::Cancel) == Answer::Ok;
+}
+
 std::string QtDialogs::input(const std::string& title, const std::string& prompt,
-                             const std::string& initial) {
+                             const std::string& initial, std::size_t selected) {
     const PointerForBox pointer;
     QInputDialog box(owner());
     box.setWindowTitle(title.empty() ? kProgramName : QString::fromStdString(title));
@@ -95,6 +107,11 @@ std::string QtDialogs::input(const std::string& title, const std::string& prompt
     for (QLabel* label : box.findChildren<QLabel*>())
         label->setTextFormat(Qt::PlainText);
     box.resize(kInputLetters * box.fontMetrics().averageCharWidth(), box.sizeHint().height());
+    // The box selects all of the text when it opens.
+    const auto letters = QString::fromStdString(initial.substr(0, selected)).size();
+    QTimer::singleShot(0, &box, [line = box.findChild<QLineEdit*>(), letters] {
+        line->setSelection(0, static_cast<int>(letters));
+    });
     return box.exec() == QDialog::Accepted ? box.textValue().toStdString() : std::string();
 }
 

@@ -49,9 +49,10 @@ void placeWindow(HWND box, SIZE size) {
 
 }  // namespace
 
-void Box::addLine(std::wstring initial) {
+void Box::addLine(std::wstring initial, std::size_t selected) {
     hasLine_ = true;
     line_ = std::move(initial);
+    selected_ = selected;
 }
 
 int Box::show() {
@@ -122,14 +123,15 @@ void Box::build(HWND box) {
     }
     int left = margin + width - buttonsWidth;
     for (const BoxButton& button : buttons_) {
-        const bool first = &button == &buttons_.front();
-        const DWORD style = (first ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | WS_TABSTOP;
+        const bool isDefault = button.id == default_;
+        const DWORD style = (isDefault ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON) | WS_TABSTOP;
         const HWND native = createControl(box, {L"BUTTON", style}, look_, button.id);
         SetWindowTextW(native, button.text);
         place(native, {left, bottom, left + buttonSize.cx, bottom + buttonSize.cy});
         left += static_cast<int>(buttonSize.cx) + margin;
-        if (first)
-            SendMessageW(box, DM_SETDEFID, static_cast<WPARAM>(button.id), 0);
+        if (!isDefault)
+            continue;
+        SendMessageW(box, DM_SETDEFID, static_cast<WPARAM>(button.id), 0);
         if (focus == nullptr)
             focus = native;
     }
@@ -138,6 +140,9 @@ void Box::build(HWND box) {
                        static_cast<DWORD>(GetWindowLongPtrW(box, GWL_EXSTYLE)));
     placeWindow(box, {frame.right - frame.left, frame.bottom - frame.top});
     SendMessageW(box, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
+    // Moving the focus has selected all of the text.
+    if (hasLine_)
+        SendMessageW(focus, EM_SETSEL, 0, static_cast<LPARAM>(selected_));
 }
 
 }  // namespace pelk

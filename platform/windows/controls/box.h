@@ -2,6 +2,7 @@
 // A modal box with a text, optional text box and buttons. The system's message box cannot be closed
 // when it asks yes or no, and has no text box.
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -17,15 +18,19 @@ struct BoxButton {
 
 class Box {
  public:
-    /// Enter presses the first button. `closing` is the answer when the user closes the box.
+    /// Enter presses the first button unless another is the default. `closing` is the answer when
+    /// the user closes the box.
     Box(std::wstring title, std::wstring text, std::vector<BoxButton> buttons, int closing)
         : title_(std::move(title)),
           text_(std::move(text)),
           buttons_(std::move(buttons)),
-          closing_(closing) {}
+          closing_(closing),
+          default_(buttons_.front().id) {}
 
-    /// Adds a text box.
-    void addLine(std::wstring initial);
+    /// Makes the button with this id the one that Enter presses.
+    void setDefault(int button) { default_ = button; }
+    /// Adds a text box in which the first `selected` characters are selected.
+    void addLine(std::wstring initial, std::size_t selected);
     /// Returns the text when the box was closed.
     const std::wstring& line() const { return line_; }
 
@@ -41,8 +46,10 @@ class Box {
     std::wstring text_;
     std::vector<BoxButton> buttons_;
     int closing_;
+    int default_;
     bool hasLine_ = false;
     std::wstring line_;
+    std::size_t selected_ = 0;
     Look look_;
 };
 

@@ -60,11 +60,18 @@ Answer Win32Dialogs::message(const std::string& text, Buttons buttons) {
     return answerOf(Box(kProgramName, toWide(text), shown, shown.back().id).show());
 }
 
+bool Win32Dialogs::confirm(const std::string& question, const std::string& consequence) {
+    const PointerForBox pointer;
+    Box box(kProgramName, toWide(question + "\n" + consequence), {kOk, kCancel}, IDCANCEL);
+    box.setDefault(IDCANCEL);
+    return box.show() == IDOK;
+}
+
 std::string Win32Dialogs::input(const std::string& title, const std::string& prompt,
-                                const std::string& initial) {
+                                const std::string& initial, std::size_t selected) {
     const PointerForBox pointer;
     Box box(title.empty() ? kProgramName : toWide(title), toWide(prompt), {kOk, kCancel}, IDCANCEL);
-    box.addLine(toWide(initial));
+    box.addLine(toWide(initial), toWide(initial.substr(0, selected)).size());
     return box.show() == IDOK ? toUtf8(box.line()) : std::string();
 }
 

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QTimer>
 
 #include "platform/desktop/qt/dialogs.h"
@@ -82,6 +83,28 @@ TEST(QtDialogs, InputReturnsTheLineOrNothing) {
         box.close();
     });
     EXPECT_EQ(dialogs.input("", "?", "as"), "");
+}
+
+TEST(QtDialogs, ConfirmShowsTheConsequenceAndPreparesToCancel) {
+    for (const bool agreed : {false, true}) {
+        whenShown<QMessageBox>([agreed](QMessageBox& box) {
+            EXPECT_EQ(box.text(), "Delete <b>?\na: 1");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_TRUE(box.defaultButton() == box.button(QMessageBox::Cancel));
+            box.button(agreed ? QMessageBox::Ok : QMessageBox::Cancel)->click();
+        });
+        EXPECT_EQ(QtDialogs().confirm("Delete <b>?", "a: 1"), agreed);
+    }
+}
+
+TEST(QtDialogs, InputSelectsWhatTypingReplaces) {
+    whenShown<QInputDialog>([](QInputDialog& box) {
+        auto* const line = box.findChild<QLineEdit*>();
+        EXPECT_EQ(line->selectedText(), "Åsa");
+        line->insert("Eva");
+        box.accept();
+    });
+    EXPECT_EQ(QtDialogs().input("Rename", "?", "Åsa (a@x)", 4), "Eva (a@x)");
 }
 
 TEST(QtDisplay, BusyPointerIsNotCountedAndRestsDuringBoxes) {

@@ -101,6 +101,29 @@ TEST(WinDialogs, InputReturnsTheLineOrNothing) {
     EXPECT_EQ(dialogs.input("", "?", "as"), "");
 }
 
+TEST(WinDialogs, ConfirmShowsTheConsequenceAndPreparesToCancel) {
+    for (const bool agreed : {false, true}) {
+        whenShown([agreed](HWND box) {
+            EXPECT_EQ(textOfWindow(GetDlgItem(box, kTextId)), L"Delete &?\na: 1");
+            EXPECT_EQ(GetFocus(), GetDlgItem(box, IDCANCEL));
+            if (agreed)
+                PostMessageW(GetDlgItem(box, IDOK), BM_CLICK, 0, 0);
+            else
+                PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+        });
+        EXPECT_EQ(Win32Dialogs().confirm("Delete &?", "a: 1"), agreed);
+    }
+}
+
+TEST(WinDialogs, InputSelectsWhatTypingReplaces) {
+    whenShown([](HWND) {
+        for (const wchar_t letter : {L'E', L'v'})
+            PostMessageW(GetFocus(), WM_CHAR, letter, 1);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_RETURN, 1);
+    });
+    EXPECT_EQ(Win32Dialogs().input("Rename", "?", "\xC3\x85sa (a@x)", 4), "Ev (a@x)");
+}
+
 TEST(WinDialogs, BoxesKeepTheUserFromAllWindowsAndFreeThemAgain) {
     TestPlatform platform;
     Win32Dialogs dialogs;
