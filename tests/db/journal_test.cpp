@@ -54,8 +54,7 @@ class History {
         ASSERT_EQ(back ? database_.undo() : database_.redo(), possible);
         now_ += possible ? back ? -1 : 1 : 0;
         ASSERT_EQ(database_.xml(), texts_[now_]);
-        const int highest = std::min<int>(static_cast<int>(database_.totalContacts()) + 1, 30);
-        ASSERT_EQ(indexFault(database_, highest), "");
+        ASSERT_EQ(indexFault(database_, kIds), "");
     }
     /// Whether undoing all steps brings back the oldest text that the journal reaches.
     bool undoesAll() {
@@ -92,7 +91,7 @@ TEST(Journal, returnsToTheFirstDocumentAfterTenThousandEdits) {
 
 TEST(Journal, undoesAndRedoesSmallSteps) {
     RandomEdits edits(2029);
-    for (int round = 0; round < 40; ++round) {
+    for (int round = 0; round < 20; ++round) {
         Database database = load(edits.brokenDocument());
         History history(edits, database);
         for (int act = 0; act < 100; ++act) {
