@@ -71,8 +71,19 @@ void Storage::keepBackup() {
     const std::string path = nameFile();
     if (!platform_.files.fileExists(path))
         return;
-    keepCopy(platform_.files.readWholeFile(path), path + ".bak", 1);
+    keepCopy(platform_.files.readWholeFile(path), backupFile(), 1);
     backupKept_ = true;
+}
+
+OpenedDatabase Storage::readBackup() {
+    const std::string path = backupFile();
+    if (!platform_.files.fileExists(path))
+        return {};
+    return withRightCount(importDatabase(path));
+}
+
+std::string Storage::backupFile() {
+    return nameFile() + ".bak";
 }
 
 /// Stores the content as the backup of that age, from 1 for the newest to `kCopies`. Stores the

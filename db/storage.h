@@ -53,6 +53,13 @@ class Storage {
     /// first such change. Throws `Error` when the copy fails.
     void keepBackup();
 
+    /// Returns the database in "pelk.db.bak"; one that is null when there is no such file. Throws
+    /// `DamagedData`, or `Error` when the file cannot be read.
+    OpenedDatabase readBackup();
+
+    /// Returns the path of "pelk.db.bak".
+    std::string backupFile();
+
     /// Writes the database to a file of the user's choice, as atomically as `saveDatabase`. Throws
     /// `Error`.
     void exportDatabase(const Database& database, const std::string& path);

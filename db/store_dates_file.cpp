@@ -140,11 +140,16 @@ bool StoreDatesFile::takeMatching(const Database& database) {
     return true;
 }
 
+/// The latest state tells nothing of the database if it knows no store of that time: the user has
+/// deleted the database, scanned anew and restored an old one.
 StoreDates StoreDatesFile::assume(const std::string& date) const {
     StoreDates dates;
     if (date == kNeverScanned)
         return dates;
-    if (fileIsUsable_ && !states_.empty()) {
+    const auto wasCounted = [&date](const StoreDate& store) { return store.first <= date; };
+    if (fileIsUsable_ && !states_.empty() &&
+        std::any_of(states_.back().dates.all().begin(), states_.back().dates.all().end(),
+                    wasCounted)) {
         dates = states_.back().dates;
         dates.forgetAfter(date);
     } else {

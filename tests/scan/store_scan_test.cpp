@@ -94,6 +94,24 @@ TEST(StoreScan, appliesAnOlderDatabasesDateToTheStoresOfItsFirstScan) {
     EXPECT_EQ(scene.times(), "011");
 }
 
+TEST(StoreScan, countsNothingTwiceAfterTheReturnOfADeletedDatabase) {
+    Scene scene;
+    scene.client.stores = {folderAt("/one", {scene.next(10)})};
+    scene.scan();
+    const std::string before = scene.database->xml();
+    scene.database->replaceContent(std::move(*emptyDatabase()));
+    // More scans than there are states in the file.
+    for (int second = 2000; second < 9000; second += 1000) {
+        scene.setTime(second);
+        scene.scan();
+    }
+    EXPECT_EQ(scene.times(), "1");
+    scene.database->replaceContent(std::move(*loadDocument(before)));
+    scene.client.stores[0].items.push_back(scene.next(1500));
+    scene.scan();
+    EXPECT_EQ(scene.times(), "11");
+}
+
 TEST(StoreScan, recognisesTheSameMailAtANewPlace) {
     Scene scene;
     std::vector<MemoryItem> items;
