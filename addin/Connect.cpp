@@ -108,6 +108,16 @@ void Connect::PelkButtonAbout_Click() {
     forms_.openAbout();
 }
 
+void Connect::undo() {
+    if (database_)
+        forms_.undo(*database_);
+}
+
+void Connect::redo() {
+    if (database_)
+        forms_.redo(*database_);
+}
+
 void Connect::openScanForm() {
     forms_.openScan(requireDatabase(), *mailClient_);
 }

@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <span>
+#include <string>
 
 #include "addin/forms.h"
 #include "db/storage.h"
@@ -48,6 +49,15 @@ class Connect {
     void abandonSearch() { forms_.abandonSearch(); }
     /// Removes the buttons from the menu, unloads the forms and releases the mail client.
     void OnDisconnection();
+
+    /// Undo or redo the last step of the user, save, and update the open forms. Do nothing when
+    /// there is none.
+    void undo();
+    void redo();
+    /// Return what such a command would concern, as in "delete of example.org"; empty when there is
+    /// nothing to undo or redo.
+    std::string undoName() const { return database_ ? database_->undoName() : std::string(); }
+    std::string redoName() const { return database_ ? database_->redoName() : std::string(); }
 
     /// All commands, in the order of the menu.
     static std::span<const Command> commands();

@@ -5,6 +5,7 @@
 
 #include "db/thresholds.h"
 #include "maintenance/saved_change.h"
+#include "maintenance/threshold_edit.h"
 #include "platform/form_sizes.h"
 
 namespace pelk {
@@ -76,8 +77,7 @@ void configForm::okButtonClick() {
         dialogs_.message(kUnacceptableThresholds, Buttons::Ok);
         return;
     }
-    database->setThresholds(strong, weak);
-    tellIfUnsaved(dialogs_, [this] { saveChange(*database, storage_); });
+    tellIfUnsaved(dialogs_, [&] { changeThresholds(*database, storage_, strong, weak); });
     window->hide();
 }
 

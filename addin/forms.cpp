@@ -3,6 +3,7 @@
 #include "db/date_stamp.h"
 #include "maintenance/contact_edits.h"
 #include "maintenance/saved_change.h"
+#include "maintenance/undo.h"
 
 namespace pelk {
 namespace {
@@ -52,12 +53,37 @@ void Forms::openView(Database& database) {
     form.renameContact = [this, &database](int id, const std::string& name) {
         tellIfUnsaved(ui_.dialogs, [&] { renameContact(database, storage_, id, name); });
     };
-    form.deleteContacts = [this, &database](const std::vector<int>& ids) {
-        tellIfUnsaved(ui_.dialogs, [&] { deleteContacts(database, storage_, ids); });
+    form.deleteContacts = [this, &database](const std::vector<int>& ids, const std::string& what) {
+        tellIfUnsaved(ui_.dialogs, [&] { deleteContacts(database, storage_, ids, what); });
     };
     form.databaseChanged = [this] { refreshBesideView(); };
+    form.undo = [this, &database] { undo(database); };
+    form.redo = [this, &database] { redo(database); };
+    setUndoKeys(*form.window, database);
     form.startShowing();
     form.show();
+}
+
+void Forms::undo(Database& database) {
+    if (database.undoName().empty())
+        return;
+    tellIfUnsaved(ui_.dialogs, [&] { undoStep(database, storage_); });
+    refreshIfOpen(view);
+    refreshBesideView();
+}
+
+void Forms::redo(Database& database) {
+    if (database.redoName().empty())
+        return;
+    tellIfUnsaved(ui_.dialogs, [&] { redoStep(database, storage_); });
+    refreshIfOpen(view);
+    refreshBesideView();
+}
+
+/// Lets the user undo and redo from a form.
+void Forms::setUndoKeys(Window& window, Database& database) {
+    window.setShortcut(Shortcut::Undo, [this, &database] { undo(database); });
+    window.setShortcut(Shortcut::Redo, [this, &database] { redo(database); });
 }
 
 void Forms::openMerge(Database& database, int contactId, const std::string& text) {
@@ -67,6 +93,7 @@ void Forms::openMerge(Database& database, int contactId, const std::string& text
         refreshIfOpen(view);
         refreshBesideView();
     };
+    setUndoKeys(*form.window, database);
     form.addContact(contactId, text);
 }
 
@@ -131,6 +158,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
 void Forms::openOthers(Database& database) {
     OthersForm& form = created(others, ui_, storage_);
     form.database = &database;
+    setUndoKeys(*form.window, database);
     form.configure = [this, &database] { openConfiguration(database); };
     form.databaseChanged = [this] {
         refreshIfOpen(view);

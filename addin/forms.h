@@ -38,6 +38,10 @@ class Forms {
     void openOthers(Database& database);
     void openAbout();
 
+    /// Undo or redo the last step, save, and update all open forms. Do nothing when there is none.
+    void undo(Database& database);
+    void redo(Database& database);
+
     /// Ends a running search, and with it the handler that runs it. Called when the forms cannot be
     /// unloaded yet because one of their handlers is running.
     void abandonSearch();
@@ -73,6 +77,7 @@ class Forms {
     void openFindDomain(const Database& database, const std::string& sourceDomain);
     void openConfiguration(Database& database);
     void refreshBesideView();
+    void setUndoKeys(Window& window, Database& database);
 
     UserInterface ui_;
     Platform platform_;

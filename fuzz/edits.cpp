@@ -74,9 +74,24 @@ class Edits {
     void step() {
         const std::uint64_t revision = database_->revision();
         const std::string before = database_->xml();
+        if (number(1) == 0) {
+            requireUndo(before);
+            return;
+        }
         edit();
         require(database_->revision() > revision || database_->xml() == before,
                 "every edit raises the revision");
+    }
+
+    void requireUndo(const std::string& before) {
+        database_->inStep("edit", [this] { edit(); });
+        const std::string after = database_->xml();
+        if (!database_->undo())
+            return;
+        require(database_->xml() == before, "an undo returns to the same bytes", before);
+        requireIndexes();
+        database_->redo();
+        require(database_->xml() == after, "a redo returns to the same bytes", after);
     }
 
     void edit() {

@@ -1,23 +1,32 @@
 #include "maintenance/OthersForm.h"
 
+#include <cstddef>
 #include <exception>
+#include <utility>
 
 #include "maintenance/database_import.h"
+#include "maintenance/database_restore.h"
 #include "platform/form_sizes.h"
+#include "views/deletion_text.h"
 
 namespace pelk {
 namespace {
 
 constexpr int kGap = 120;
 constexpr Size kButtonSize{2 * kFormButton.width, kFormButton.height};
-constexpr int kButtons = 5;
-constexpr Size kInnerSize{kButtonSize.width + 2 * kWideMargin,
-                          kButtons* kButtonSize.height + (kButtons - 1) * kGap + 2 * kWideMargin};
+constexpr int kButtons = 6;
+/// Wide enough for paths, which do not wrap.
+constexpr int kWidth = 6000;
+constexpr int kTextHeight = 560;
 
 constexpr Rect buttonAt(int row) {
-    return {kWideMargin, kWideMargin + row * (kGap + kButtonSize.height), kButtonSize.width,
-            kButtonSize.height};
+    return {(kWidth - kButtonSize.width) / 2, kWideMargin + row * (kGap + kButtonSize.height),
+            kButtonSize.width, kButtonSize.height};
 }
+
+constexpr Rect kTextBounds{kWideMargin, buttonAt(kButtons).top, kWidth - 2 * kWideMargin,
+                           kTextHeight};
+constexpr Size kInnerSize{kWidth, kTextBounds.top + kTextHeight + kWideMargin / 2};
 
 constexpr const char* kFileFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
 
@@ -30,6 +39,8 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
       importButton(window->addButton(buttonAt(2), "Import a database")),
       delButton(window->addButton(buttonAt(3), "Delete database")),
       closeButton(window->addButton(buttonAt(4), "Close")),
+      restoreButton(window->addButton(buttonAt(5), "Restore the last copy...")),
+      doneLabel(window->addLabel(kTextBounds, "")),
       ui_(ui),
       storage_(storage) {
     window->setCaption("Other options");
@@ -42,12 +53,21 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
     importButton.onClick = [this] { importButtonClick(); };
     delButton.onClick = [this] { delButtonClick(); };
     closeButton.onClick = [this] { window->hide(); };
+    restoreButton.onClick = [this] { restoreButtonClick(); };
+}
+
+void OthersForm::show() {
+    doneLabel.setText("");
+    window->show();
 }
 
 void OthersForm::exportButtonClick() {
     const std::string path = ui_.dialogs.saveFile("Exporting the database", kFileFilter);
-    if (!path.empty())
-        storage_.exportDatabase(*database, path);
+    if (path.empty())
+        return;
+    storage_.exportDatabase(*database, path);
+    doneLabel.setText("Exported " + sizeText(database->contactCount(), database->relationCount()) +
+                      " to\n" + path);
 }
 
 void OthersForm::importButtonClick() {
@@ -65,11 +85,17 @@ void OthersForm::importButtonClick() {
 }
 
 void OthersForm::importFile(const std::string& path) {
+    const std::size_t contacts = database->contactCount();
+    const std::size_t relations = database->relationCount();
     const ImportResult result = importDatabaseFile(*database, path, storage_, *this);
     const std::string failed = "Error while loading file " + path;
     switch (result.outcome) {
         case ImportOutcome::Imported:
             databaseChanged();
+            doneLabel.setText("Imported " +
+                              sizeText(database->contactCount() - contacts,
+                                       database->relationCount() - relations) +
+                              " that were new, from\n" + path);
             if (!result.fault.empty())
                 ui_.dialogs.message(result.fault, Buttons::Ok);
             break;
@@ -88,7 +114,7 @@ void OthersForm::setImporting(bool importing) {
     importing_ = importing;
     ui_.display.setBusyPointer(importing);
     for (Button* const button :
-         {&configButton, &exportButton, &importButton, &delButton, &closeButton})
+         {&configButton, &exportButton, &importButton, &delButton, &closeButton, &restoreButton})
         button->setEnabled(!importing);
 }
 
@@ -101,11 +127,33 @@ void OthersForm::itemStarted() {
 }
 
 void OthersForm::delButtonClick() {
-    if (ui_.dialogs.message("Do you really want to delete the contacts database?",
-                            Buttons::OkCancel) != Answer::Ok)
+    if (!ui_.dialogs.confirm("Do you really want to delete the contacts database?",
+                             deletionText(*database)))
         return;
+    const std::string size = sizeText(database->contactCount(), database->relationCount());
     deleteDatabase(*database, storage_);
     databaseChanged();
+    doneLabel.setText("Deleted " + size + ". The copy from before is\n" + storage_.backupFile());
+}
+
+void OthersForm::restoreButtonClick() {
+    OpenedDatabase copy = storage_.readBackup();
+    if (!copy.database) {
+        ui_.dialogs.message(
+            "There is no copy yet. Pelk keeps one before it deletes, merges or "
+            "imports contacts for the first time after its start.",
+            Buttons::Ok);
+        return;
+    }
+    const std::string content = contentText(*copy.database);
+    if (!ui_.dialogs.confirm("Do you want to restore the last copy of the database?",
+                             "It holds " + content + ". Now there are " + contentText(*database) +
+                                 ". Undo brings them back."))
+        return;
+    const std::string kept = restoreCopy(*database, std::move(*copy.database), storage_);
+    databaseChanged();
+    doneLabel.setText("Restored " + content + "." +
+                      (kept.empty() ? "" : " The database from before is\n" + kept));
 }
 
 }  // namespace pelk

@@ -23,7 +23,7 @@ class OthersForm : private ImportGuide {
     /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
 
-    void show() { window->show(); }
+    void show();
 
     const std::unique_ptr<Window> window;
     Button& configButton;
@@ -31,11 +31,15 @@ class OthersForm : private ImportGuide {
     Button& importButton;
     Button& delButton;
     Button& closeButton;
+    Button& restoreButton;
+    /// Says what the last command did, and where.
+    Label& doneLabel;
 
  private:
     void exportButtonClick();
     void importButtonClick();
     void delButtonClick();
+    void restoreButtonClick();
     void importFile(const std::string& path);
     void setImporting(bool importing);
 

@@ -18,12 +18,18 @@ std::string requireName(const std::string& text) {
 }  // namespace
 
 void renameContact(Database& database, Storage& storage, int id, const std::string& name) {
-    if (database.renameContact(id, requireName(name)))
-        saveChange(database, storage);
+    const std::string newName = requireName(name);
+    if (!database.contact(id))
+        return;
+    database.inStep("rename of " + database.nameOf(id),
+                    [&] { database.renameContact(id, newName); });
+    saveChange(database, storage);
 }
 
-void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids) {
-    changeWithBackup(database, storage, [&ids](Database& changed) { changed.removeContacts(ids); });
+void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids,
+                    const std::string& what) {
+    changeWithBackup(database, storage, "delete of " + what,
+                     [&ids](Database& changed) { changed.removeContacts(ids); });
 }
 
 bool mergeContacts(Database& database, Storage& storage, const std::vector<int>& ids,
@@ -32,9 +38,9 @@ bool mergeContacts(Database& database, Storage& storage, const std::vector<int>&
     const std::vector<int> contacts = contactsToFold(database, ids);
     if (contacts.size() < 2)
         return false;
-    changeWithBackup(database, storage, [&contacts, &newName](Database& changed) {
-        foldContacts(changed, contacts, newName);
-    });
+    changeWithBackup(
+        database, storage, "merge into " + newName,
+        [&contacts, &newName](Database& changed) { foldContacts(changed, contacts, newName); });
     return true;
 }
 

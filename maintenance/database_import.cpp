@@ -31,6 +31,17 @@ ImportedFile readFile(const std::string& path, Storage& storage) {
     return {std::move(database), {}};
 }
 
+/// Gives the answer of all questions in an import that has come to its end.
+class Decliner : public ImportGuide {
+ public:
+    bool confirmsMerge(const std::string&) override { return false; }
+};
+
+/// Returns the last part of a path on any platform.
+std::string fileName(const std::string& path) {
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
 /// The import is complete by now, and a second one would count every weight twice. So a failure to
 /// write the copy does not fail the import.
 ImportResult writePlainCopy(const Database& database, Storage& storage) {
@@ -60,12 +71,19 @@ ImportResult importDatabaseFile(Database& current, const std::string& path, Stor
         throw Error(
             "The database has been changed during the import. Nothing was imported; please "
             "import the file again.");
-    replaceWithBackup(current, storage, std::move(*merged));
+    // The edits are made again, so that undoing them takes no copy of the whole database.
+    Decliner decliner;
+    changeAndSaveWithBackup(
+        current, storage, "import of " + fileName(path),
+        [&](Database& database) { importMerge(database, *file.database, decliner); });
     return writePlainCopy(current, storage);
 }
 
 void deleteDatabase(Database& current, Storage& storage) {
-    replaceWithBackup(current, storage, std::move(*storage.parse(std::string(kEmptiedDocument))));
+    const std::unique_ptr<Database> empty = storage.parse(std::string(kEmptiedDocument));
+    changeAndSaveWithBackup(
+        current, storage, "delete of the database",
+        [&empty](Database& database) { database.replaceContent(std::move(*empty)); });
 }
 
 OpenedDatabase readDocument(std::string xml, Storage& storage) {

@@ -28,14 +28,15 @@ struct ImportResult {
     std::string fault;
 };
 
-/// Merges the database of an exported file into the current one: keeps a backup, saves, and writes
-/// the plain copy. Outcomes other than `Imported` change nothing. Throws `Error`, with nothing
-/// changed, when the database is full, has been edited during the import, or cannot be saved.
+/// Merges the database of an exported file into the current one, in one step that can be undone:
+/// keeps a backup, saves, and writes the plain copy. Outcomes other than `Imported` change nothing.
+/// Throws `Error`, with nothing changed, when the database is full, has been edited during the
+/// import, or cannot be saved.
 ImportResult importDatabaseFile(Database& current, const std::string& path, Storage& storage,
                                 ImportGuide& guide);
 
-/// Keeps a backup, empties the database and saves it. Throws `Error`, with nothing changed, when a
-/// step fails.
+/// Keeps a backup, empties the database in one step that can be undone, and saves it. Throws
+/// `Error`, with nothing changed, when anything fails.
 void deleteDatabase(Database& current, Storage& storage);
 
 /// Reads a plain document. Throws `Error`, which names the fault, when the text is not a sound

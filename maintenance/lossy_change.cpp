@@ -1,22 +1,23 @@
 #include "maintenance/lossy_change.h"
 
-#include <utility>
-
 #include "maintenance/saved_change.h"
 
 namespace pelk {
 
-void changeWithBackup(Database& database, Storage& storage,
+void changeWithBackup(Database& database, Storage& storage, const std::string& name,
                       const std::function<void(Database&)>& change) {
     storage.keepBackup();
-    change(database);
+    database.inStep(name, [&] { change(database); });
     saveChange(database, storage);
 }
 
-void replaceWithBackup(Database& database, Storage& storage, Database&& content) {
+void changeAndSaveWithBackup(Database& database, Storage& storage, const std::string& name,
+                             const std::function<void(Database&)>& change) {
     storage.keepBackup();
-    storage.saveDatabase(content);
-    database.replaceContent(std::move(content));
+    database.inStep(name, [&] {
+        change(database);
+        storage.saveDatabase(database);
+    });
 }
 
 }  // namespace pelk

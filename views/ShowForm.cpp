@@ -69,7 +69,8 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       detailsMenuItem_(addMenuItem("More details", &ShowForm::detailsMenuItemClick)),
       findAllMenuItem_(addMenuItem("Find all possible links", &ShowForm::findAllMenuItemClick)),
       copyMenuItem_(addMenuItem("Copy to clipboard", &ShowForm::copyMenuItemClick)),
-      viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)) {
+      viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)),
+      undoItems_(showmenu_) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
     window->setMinimumInnerSize(kMinimumInnerSize);
@@ -85,6 +86,8 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
     presTree.onDeleteKey = [this] { deleteKeyPressed(); };
+    undoItems_.undo = [this] { undo(); };
+    undoItems_.redo = [this] { redo(); };
     namesRadio.onClick = [this] { group(true); };
     domainsRadio.onClick = [this] { group(false); };
     gotoButton.onClick = [this] { gotoButtonClick(); };

@@ -14,6 +14,7 @@
 #include "platform/user_interface.h"
 #include "views/domains_tree.h"
 #include "views/tree_search.h"
+#include "views/undo_items.h"
 
 namespace pelk {
 
@@ -32,9 +33,12 @@ class ShowForm {
     std::function<void(const std::string& domain)> findDomainLinks;
     /// Change the database and save it.
     std::function<void(int contactId, const std::string& name)> renameContact;
-    std::function<void(const std::vector<int>& ids)> deleteContacts;
+    std::function<void(const std::vector<int>& ids, const std::string& what)> deleteContacts;
     /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
+    /// Undo and redo the user's last step.
+    std::function<void()> undo;
+    std::function<void()> redo;
 
     /// Groups by names, and fills the tree and the totals. Strengths shown from now on are relative
     /// to the relation that is strongest now.
@@ -98,6 +102,7 @@ class ShowForm {
     MenuItem& findAllMenuItem_;
     MenuItem& copyMenuItem_;
     MenuItem& viewMenuItem_;
+    UndoItems undoItems_;
     bool groupedByNames_ = true;
     std::int64_t strongestWeight_ = 0;
 };

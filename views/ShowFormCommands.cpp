@@ -4,6 +4,7 @@
 
 #include "views/ShowForm.h"
 #include "views/contact_text.h"
+#include "views/deletion_text.h"
 #include "views/domains.h"
 #include "views/domains_tree.h"
 
@@ -47,6 +48,7 @@ void ShowForm::openMenu(ScreenPoint where) {
     detailsMenuItem_.setVisible(groupedByNames_ && !isContact);
     findAllMenuItem_.setVisible(!groupedByNames_);
     viewMenuItem_.setVisible(!groupedByNames_ && isAddressLeaf(*node));
+    undoItems_.update(*database);
     showmenu_.open(where);
 }
 
@@ -77,14 +79,16 @@ void ShowForm::mergeMenuItemClick(TreeNode&) {
 /// The node shows the new name without the addresses until the tree is filled again. This is on
 /// purpose: it marks the contact that was just renamed.
 void ShowForm::renameMenuItemClick(TreeNode& node) {
-    const std::string answer =
-        ui_.dialogs.input("Rename", "Enter the new name of the contact", node.text());
-    if (answer.empty())
-        return;
     const int id = contactOf(node);
-    if (isGone(id))
+    const std::string shown = node.text();
+    const auto nameIn = [this, id](const std::string& text) {
+        return withoutAddresses(text, database->contact(id).value_or(Contact()));
+    };
+    const std::string answer = ui_.dialogs.input("Rename", "Enter the new name of the contact",
+                                                 shown, nameIn(shown).size());
+    if (answer.empty() || answer == shown || isGone(id))
         return;
-    renameContact(id, answer);
+    renameContact(id, nameIn(answer));
     databaseChanged();
     const std::string name = database->nameOf(id);
     presTree.model().setText(node, name);
@@ -110,11 +114,12 @@ bool ShowForm::isGone(int contactId) {
 }
 
 void ShowForm::deleteContact(int id) {
-    if (ui_.dialogs.message("Do you want to delete this contact ?", Buttons::OkCancel) !=
-            Answer::Ok ||
+    const std::string name = nameForUser(*database, id);
+    if (!ui_.dialogs.confirm("Do you want to delete this contact ?",
+                             deletionText(*database, name, {id})) ||
         isGone(id))
         return;
-    deleteContacts({id});
+    deleteContacts({id}, name);
     databaseChanged();
     TreeModel& tree = presTree.model();
     for (TreeNode* const related : relatedNodesOf(tree, id))
@@ -128,11 +133,11 @@ void ShowForm::deleteContact(int id) {
 void ShowForm::deleteDomain(const TreeNode& node) {
     const std::string domain = domainOf(node);
     requireDeletableDomain(domain);
-    if (ui_.dialogs.message(isAddressLeaf(node) ? "Do you want to delete this contact?"
-                                                : "Do you want to delete this domain?",
-                            Buttons::OkCancel) != Answer::Ok)
+    if (!ui_.dialogs.confirm(isAddressLeaf(node) ? "Do you want to delete this contact?"
+                                                 : "Do you want to delete this domain?",
+                             deletionText(*database, domain, contactsToDelete(*database, domain))))
         return;
-    deleteContacts(contactsToDelete(*database, domain));
+    deleteContacts(contactsToDelete(*database, domain), domain);
     databaseChanged();
     refresh();
 }

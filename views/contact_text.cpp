@@ -2,12 +2,27 @@
 
 namespace pelk {
 
-std::string describe(const Contact& contact) {
-    std::string text = contact.name + " (";
+namespace {
+
+std::string addressText(const Contact& contact) {
+    std::string text = " (";
     for (const std::string& address : contact.addresses) {
         text += address;
         text += &address == &contact.addresses.back() ? ')' : '/';
     }
+    return text;
+}
+
+}  // namespace
+
+std::string describe(const Contact& contact) {
+    return contact.name + addressText(contact);
+}
+
+std::string withoutAddresses(std::string text, const Contact& contact) {
+    const std::string addresses = addressText(contact);
+    if (text.ends_with(addresses))
+        text.resize(text.size() - addresses.size());
     return text;
 }
 

@@ -11,6 +11,10 @@ namespace pelk {
 /// on purpose.
 std::string describe(const Contact& contact);
 
+/// Returns a text from a user without the contact's own addresses at its end, as `describe` adds
+/// them.
+std::string withoutAddresses(std::string text, const Contact& contact);
+
 /// Returns the key of the contact's top-level node.
 std::string contactKey(int id);
 

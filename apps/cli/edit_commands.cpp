@@ -8,8 +8,8 @@
 
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_text.h"
-#include "db/thresholds.h"
 #include "maintenance/contact_edits.h"
+#include "maintenance/threshold_edit.h"
 #include "views/domains.h"
 
 namespace pelk {
@@ -99,11 +99,8 @@ void thresholdsCommand(CommandRun& run) {
     if (!operands.empty()) {
         const int strong = readPercentage(operands[0]);
         const int weak = readPercentage(operands[1]);
-        if (!areAcceptable(strong, weak))
-            throw Error(kUnacceptableThresholds);
         run.lock();
-        run.database().setThresholds(strong, weak);
-        run.storage().saveDatabase(run.database());
+        changeThresholds(run.database(), run.storage(), strong, weak);
     }
     printThresholds(std::cout, run.database().thresholds(), run.arguments().json);
 }

@@ -209,6 +209,66 @@ TEST_F(FormsTest, noFormShowsOrEditsADeletedContact) {
     EXPECT_EQ(shownRows(driver, forms.find->listTree), "Ann, Bob, Dee, Eve");
 }
 
+TEST_F(FormsTest, undoesAndRedoesInAllOpenForms) {
+    const std::string before = database->xml();
+    openContact({1}, 0);
+    expectAgreement("Do you want to delete this contact ?");
+    choose({2}, "Delete");
+    const std::string gone = "No contact has the address cy@c any more.";
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
+    EXPECT_EQ(database->undoName(), "delete of Cy");
+    driver.press(*forms.view->window, "Ctrl+Z");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), "Cy (cy@c)");
+    EXPECT_EQ(driver.rows(tree()).size(), 5U);
+    EXPECT_EQ(saved()->xml(), before);
+    driver.chooseAt(tree(), {1}, "Redo delete of Cy");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
+    EXPECT_EQ(driver.menuAt(tree(), {1}).back(), "Undo delete of Cy");
+    driver.press(*forms.view->window, "Ctrl+Z");
+    core.files.failAt = core.files.steps + 1;
+    core.dialogs.expectMessage(
+        "/data/pelk/pelk.db cannot be written. The change stands in memory only, and will be "
+        "saved with the next change.");
+    driver.press(*forms.view->window, "Ctrl+Y");
+    EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
+    EXPECT_EQ(driver.textOf(forms.view->dLabel2), "Total contacts: 4");
+}
+
+TEST_F(FormsTest, saysWhatTheOtherOptionsHaveDoneAndRestoresTheLastCopy) {
+    openOthers();
+    OthersForm& form = *forms.others;
+    core.dialogs.expectMessage(
+        "There is no copy yet. Pelk keeps one before it deletes, merges or imports contacts for "
+        "the first time after its start.");
+    driver.click(form.restoreButton);
+    expectFile("Exporting the database", "/out.db");
+    driver.click(form.exportButton);
+    EXPECT_EQ(driver.textOf(form.doneLabel), "Exported 5 contacts, 4 relations to\n/out.db");
+    expectFile("Importing a database", "/out.db");
+    driver.click(form.importButton);
+    EXPECT_EQ(driver.textOf(form.doneLabel),
+              "Imported 0 contacts, 0 relations that were new, from\n/out.db");
+    core.storage().saveDatabase(*database);
+    const std::string before = database->xml();
+    core.files.files["/data/pelk/pelk.db.bak"] = core.files.files["/data/pelk/pelk.db"];
+    expectAgreement("Do you really want to delete the contacts database?");
+    driver.click(form.delButton);
+    EXPECT_EQ(core.dialogs.consequence,
+              "The database: 5 contacts, 4 relations. Undo brings them back.");
+    EXPECT_EQ(driver.textOf(form.doneLabel),
+              "Deleted 5 contacts, 4 relations. The copy from before is\n/data/pelk/pelk.db.bak");
+    EXPECT_TRUE(driver.showsWholeText(form.doneLabel));
+    expectAgreement("Do you want to restore the last copy of the database?");
+    driver.click(form.restoreButton);
+    EXPECT_EQ(core.dialogs.consequence,
+              "It holds 5 contacts, 4 relations, e-mails up to 2026-11-20 00:00:00. Now there are "
+              "0 contacts, 0 relations, never scanned. Undo brings them back.");
+    EXPECT_EQ(saved()->xml(), before);
+    EXPECT_EQ(driver.rows(tree()).size(), 5U);
+    EXPECT_TRUE(driver.showsWholeText(form.doneLabel));
+    EXPECT_EQ(database->undoName(), "restore of the last copy");
+}
+
 TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {
     openContact({1}, 1);
     driver.expand(tree(), {0});

@@ -8,7 +8,9 @@
 
 #include "maintenance/contact_edits.h"
 #include "maintenance/database_import.h"
+#include "maintenance/database_restore.h"
 #include "maintenance/saved_change.h"
+#include "maintenance/undo.h"
 #include "platform/utf8.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/message_of.h"
@@ -52,6 +54,11 @@ constexpr Edit kEdits[] = {
      }},
     {"deleteDatabase",
      [](Database& database, Storage& storage) { deleteDatabase(database, storage); }},
+    {"restore",
+     [](Database& database, Storage& storage) {
+         storage.exportDatabase(*emptyDatabase(), "/data/pelk/pelk.db.bak");
+         EXPECT_NE(restoreCopy(database, std::move(*storage.readBackup().database), storage), "");
+     }},
     {"load",
      [](Database& database, Storage& storage) {
          OpenedDatabase loaded = readDocument(std::string(kEmptiedDocument), storage);
@@ -108,6 +115,21 @@ TEST_P(DestructiveEdit, changesNothingWhenAnyStepFails) {
             << "changed without a backup, step " << step;
         ASSERT_LT(step, 40);
     }
+}
+
+TEST_P(DestructiveEdit, isUndoneAndRedoneToTheByte) {
+    Storage storage = begin();
+    const std::string before = file();
+    GetParam().run(*database, storage);
+    const std::string after = file();
+    // A command that loads a document ends then.
+    if (database->undoName().empty())
+        return;
+    EXPECT_TRUE(undoStep(*database, storage));
+    EXPECT_EQ(file(), before);
+    EXPECT_TRUE(redoStep(*database, storage));
+    EXPECT_EQ(file(), after);
+    EXPECT_FALSE(redoStep(*database, storage));
 }
 
 INSTANTIATE_TEST_SUITE_P(Edits, DestructiveEdit, ::testing::ValuesIn(kEdits),

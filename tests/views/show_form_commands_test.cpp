@@ -110,7 +110,9 @@ TEST_F(CommandsTest, renamesAContactAndSavesIt) {
     };
     driver.expand(form.presTree, {0});
     rename("bob (bob@a)", "");
+    rename("bob (bob@a)", "bob (bob@a)");
     EXPECT_EQ(changes, 0);
+    EXPECT_EQ(core.dialogs.selected, "bob");
     rename("bob (bob@a)", "Robert <3");
     EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, Robert <3, Carl (carl@a), Zoe (zoe@a)");
     EXPECT_EQ(rows({0}), "Robert <3 medium, Carl weak, Zoe strong");
@@ -118,6 +120,8 @@ TEST_F(CommandsTest, renamesAContactAndSavesIt) {
     EXPECT_EQ(changes, 1);
     driver.click(form.refreshButton);
     EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, Carl (carl@a), Robert <3 (bob@a), Zoe (zoe@a)");
+    rename("Carl (carl@a)", "Karl (carl@a)");
+    EXPECT_EQ(saved()->contact(4)->name, "Karl");
 }
 
 TEST_F(CommandsTest, deletesAContactByMenuAndByKey) {
@@ -127,6 +131,7 @@ TEST_F(CommandsTest, deletesAContactByMenuAndByKey) {
     const char* question = "Do you want to delete this contact ?";
     expectQuestion(question, Answer::Cancel);
     driver.chooseAt(form.presTree, {3}, "Delete");
+    EXPECT_EQ(core.dialogs.consequence, "Carl: 1 contact, 2 relations. Undo brings them back.");
     EXPECT_EQ(changes, 0);
     core.files.files["/data/pelk/pelk.db"] = "before";
     expectQuestion(question, Answer::Ok);
@@ -153,6 +158,7 @@ TEST_F(CommandsTest, deletesADomainOrTheOwnerOfAnAddress) {
     groupByDomains();
     expectQuestion("Do you want to delete this domain?", Answer::Cancel);
     driver.chooseAt(form.presTree, {0}, "Delete");
+    EXPECT_EQ(core.dialogs.consequence, "a: 6 contacts, 4 relations. Undo brings them back.");
     EXPECT_EQ(changes, 0);
     openDomain({0});
     EXPECT_EQ(rows({0}), "a (Ann), bob (bob), carl (Carl), xbob (Near), zoe (Zoe)");

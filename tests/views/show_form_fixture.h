@@ -46,8 +46,8 @@ class ShowFormTest : public ::testing::Test {
             tellIfUnsaved(core.dialogs,
                           [&] { renameContact(*database, core.storage(), id, name); });
         };
-        form.deleteContacts = [this](const std::vector<int>& ids) {
-            deleteContacts(*database, core.storage(), ids);
+        form.deleteContacts = [this](const std::vector<int>& ids, const std::string& what) {
+            deleteContacts(*database, core.storage(), ids, what);
         };
         form.databaseChanged = [this] { ++changes; };
         form.startShowing();
