@@ -87,7 +87,7 @@ void Forms::setUndoKeys(Window& window, Database& database) {
 }
 
 void Forms::openMerge(Database& database, int contactId, const std::string& text) {
-    mergeForm& form = created(merge, ui_.toolkit, ui_.dialogs, storage_);
+    mergeForm& form = created(merge, ui_.toolkit, ui_.dialogs, storage_, platform_.language);
     form.database = &database;
     form.databaseChanged = [this] {
         refreshIfOpen(view);

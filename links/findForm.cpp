@@ -37,7 +37,10 @@ findForm::findForm(Toolkit& toolkit, Dialogs& dialogs, const Language& language)
     layout_.add(cancelButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     listTree.onSelect = [this](TreeNode&) { okButton.setEnabled(true); };
     search.setTarget(contactNodes_);
-    search.onShown = [this] { okButton.setEnabled(true); };
+    search.onShown = [this](bool shown) {
+        if (shown)
+            okButton.setEnabled(true);
+    };
     window->setShortcut(Shortcut::Find, [this] { search.focus(); });
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };

@@ -51,7 +51,10 @@ findFormDomain::findFormDomain(const UserInterface& ui, const Language& language
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onSelect = [this](TreeNode&) { okButton.setEnabled(!searching_); };
     searchField.setTarget(addressLeaves_);
-    searchField.onShown = [this] { okButton.setEnabled(!searching_); };
+    searchField.onShown = [this](bool shown) {
+        if (shown)
+            okButton.setEnabled(!searching_);
+    };
     window->setShortcut(Shortcut::Find, [this] { searchField.focus(); });
     okButton.onClick = [this] { okButtonClick(); };
     stopButton.onClick = [this] { stopRequested_ = true; };

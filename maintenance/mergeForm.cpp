@@ -6,6 +6,7 @@
 #include "maintenance/contact_edits.h"
 #include "maintenance/merge_name.h"
 #include "maintenance/saved_change.h"
+#include "views/contact_text.h"
 
 namespace pelk {
 namespace {
@@ -25,7 +26,7 @@ constexpr const char* kColumnHeader = "ABCABCABCABCABCABCABCABCABCABCABCABCABC";
 }  // namespace
 
 /// The repeated word "to" in the first label is kept on purpose: users and the help know the text.
-mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
+mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage, const Language& language)
     : window(toolkit.createWindow()),
       Label1(window->addLabel({},
                               "Select the contacts that belong to to the same person from the "
@@ -40,9 +41,13 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
       MergeName(window->addTextBox({})),
       mergeButton(window->addButton({}, "&Merge")),
       cancelButton(window->addButton({}, "&Cancel")),
+      search(*window, listView, "Search for a contact to add"),
+      foundLabel(window->addLabel({}, "")),
+      addButton(window->addButton({}, "&Add")),
       layout_(*window, kInnerSize),
       dialogs_(dialogs),
-      storage_(storage) {
+      storage_(storage),
+      mergeSearch_(foundLabel, searched_, language) {
     window->setCaption("Merge contacts");
     layout_.add(Label1, kTopLabelBounds, kAnchorTop);
     layout_.add(listView, kListBounds, kAnchorFill);
@@ -52,6 +57,7 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     layout_.add(MergeName, kNameBounds, kAnchorBottom);
     layout_.add(mergeButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     layout_.add(cancelButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
+    placeSearch();
     listView.setColumnHeader(kColumnHeader);
     Delcmd.onClick = [this] { delcmdClick(); };
     MergeName.onChange = [this] { mergeButton.setEnabled(!MergeName.text().empty()); };
@@ -60,7 +66,37 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage)
     cancelButton.onClick = [this] { window->hide(); };
 }
 
+/// The search stands in a strip above the given controls.
+void mergeForm::placeSearch() {
+    constexpr int kStrip = 700;
+    constexpr int kFoundTop = 380 - kStrip;
+    constexpr int kAddLeft = kInnerSize.width - kFormMargin - kFormButton.width;
+    window->setStrips(kStrip, 0);
+    search.place(layout_, kFormMargin, 80 - kStrip, kWidth);
+    layout_.add(foundLabel,
+                {kFormMargin, kFoundTop, kAddLeft - 2 * kFormMargin, kFormButton.height},
+                kAnchorTop);
+    layout_.add(addButton, {kAddLeft, kFoundTop, kFormButton.width, kFormButton.height},
+                {.left = 1});
+    addButton.setEnabled(false);
+    search.setTarget(mergeSearch_);
+    search.setEnter([this] { addFound(); });
+    search.onShown = [this](bool shown) {
+        addButton.setEnabled(shown);
+        if (!shown)
+            mergeSearch_.showNone();
+    };
+    addButton.onClick = [this] { addFound(); };
+    window->setShortcut(Shortcut::Find, [this] { search.focus(); });
+}
+
+void mergeForm::addFound() {
+    if (const std::optional<Contact> found = mergeSearch_.shown())
+        addContact(found->id, describe(*found));
+}
+
 void mergeForm::addContact(int id, const std::string& text) {
+    searched_ = database;
     if (!window->isVisible())
         load();
     const std::string tag = std::to_string(id);
@@ -73,6 +109,7 @@ void mergeForm::addContact(int id, const std::string& text) {
 void mergeForm::load() {
     while (!listView.rows().empty())
         listView.removeRow(listView.rows().size() - 1);
+    search.clear();
     suggested_.clear();
     MergeName.setText("");
     mergeButton.setEnabled(false);

@@ -8,6 +8,7 @@
 
 #include "db/database.h"
 #include "db/storage.h"
+#include "maintenance/merge_search.h"
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "views/form_layout.h"
@@ -16,7 +17,7 @@ namespace pelk {
 
 class mergeForm {
  public:
-    mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage);
+    mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage, const Language& language);
 
     /// Set before `addContact`; outlives the form's use of it.
     Database* database = nullptr;
@@ -38,8 +39,13 @@ class mergeForm {
     TextBox& MergeName;
     Button& mergeButton;
     Button& cancelButton;
+    SearchField search;
+    Label& foundLabel;
+    Button& addButton;
 
  private:
+    void placeSearch();
+    void addFound();
     void load();
     void suggestName();
     std::vector<int> ids() const;
@@ -49,6 +55,9 @@ class mergeForm {
     FormLayout layout_;
     Dialogs& dialogs_;
     Storage& storage_;
+    /// The database as the search sees it.
+    const Database* searched_ = nullptr;
+    MergeSearch mergeSearch_;
     /// The name that the form has filled in, see `suggestName`.
     std::string suggested_;
 };

@@ -47,6 +47,8 @@ void SearchField::search() {
             clear();
             shows_.focus();
         };
+    if (onShown)
+        onShown(false);
 }
 
 void SearchField::searchAgain() {
@@ -60,7 +62,7 @@ void SearchField::showHit(std::size_t hit) {
     target_->show(hit);
     status.setText(std::to_string(hit + 1) + " of " + std::to_string(hits_));
     if (onShown)
-        onShown();
+        onShown(true);
 }
 
 /// Searches again, because the database may have changed since.

@@ -45,8 +45,8 @@ class SearchField {
     void say(const std::string& text) { status.setText(text); }
     void focus() { box.focus(); }
 
-    /// Called after a hit was shown.
-    std::function<void()> onShown;
+    /// Called after each search and after each hit shown, with whether one is shown.
+    std::function<void(bool shown)> onShown;
 
     TextBox& box;
     Label& status;

@@ -147,6 +147,29 @@ TEST_F(FormsTest, mergesTheContactsThatAreSelectedTogether) {
               "Ann (ann@b.a), Bob (bob@b.a/cy@c), Dee (dee@c), Eve (eve@e)");
 }
 
+TEST_F(FormsTest, findsTheContactsToMergeAndThoseToLink) {
+    collect({0});
+    mergeForm& merge = *forms.merge;
+    driver.type(merge.search.box, "@b.a");
+    EXPECT_EQ(driver.textOf(merge.foundLabel), "Ann (ann@b.a)");
+    driver.press(*merge.window, Key::Down);
+    EXPECT_EQ(driver.textOf(merge.search.status), "2 of 2");
+    driver.press(*merge.window, Key::Enter);
+    driver.type(merge.search.box, "EVE");
+    driver.click(merge.addButton);
+    EXPECT_EQ(driver.rowsOf(merge.listView),
+              (Rows{"Ann (ann@b.a)", "Bob (bob@b.a)", "Eve (eve@e)"}));
+    driver.giveFocus(merge.search.box);
+    driver.press(*merge.window, Key::Escape);
+    EXPECT_EQ(driver.textOf(merge.foundLabel), "");
+    EXPECT_FALSE(driver.isEnabled(merge.addButton));
+
+    choose({3}, "Find the best link");
+    driver.type(forms.find->search.box, "cy@");
+    EXPECT_EQ(driver.selectedText(forms.find->listTree), "Cy");
+    EXPECT_TRUE(driver.isEnabled(forms.find->okButton));
+}
+
 TEST_F(FormsTest, showsHowStrongARelationIs) {
     driver.expand(tree(), {0});
     choose({0, 1}, "More details");
