@@ -19,7 +19,7 @@ namespace pelk {
 namespace {
 
 constexpr int kIconSize = 64;
-constexpr int kLicenceColumns = 78;
+constexpr int kBesideText = 40;
 constexpr int kLicenceRows = 12;
 
 QLabel* plainLabel(const QString& text) {
@@ -67,8 +67,10 @@ QPlainTextEdit* licence() {
     auto* const text = new QPlainTextEdit(QString::fromUtf8(kLicence));
     text->setReadOnly(true);
     text->setAccessibleName(QStringLiteral("Licence"));
-    text->setMinimumSize(text->fontMetrics().averageCharWidth() * kLicenceColumns,
-                         text->fontMetrics().lineSpacing() * kLicenceRows);
+    // So wide that no line wraps.
+    const QFontMetrics letters = text->fontMetrics();
+    text->setMinimumSize(letters.size(0, text->toPlainText()).width() + kBesideText,
+                         letters.lineSpacing() * kLicenceRows);
     return text;
 }
 

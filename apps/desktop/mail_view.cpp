@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
-#include <QShortcut>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include "platform/guard.h"
@@ -21,6 +21,17 @@ int dateWidth() {
     return QFontMetrics(QApplication::font()).horizontalAdvance(widest) + 24;
 }
 
+/// Esc clears the text.
+class SearchField : public QLineEdit {
+ protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape)
+            clear();
+        else
+            QLineEdit::keyPressEvent(event);
+    }
+};
+
 /// Shows the hourglass while it exists.
 class BusyPointer {
  public:
@@ -37,7 +48,7 @@ MailView::MailView(MailSession& session, const MailViewPlace& place)
       folders_(session),
       messages_(place.language),
       folderView_(new QTreeView),
-      search_(new QLineEdit),
+      search_(new SearchField),
       messageView_(new QTableView) {
     addWidget(folderView_);
     addWidget(makeMessages());
@@ -71,9 +82,6 @@ QWidget* MailView::makeMessages() {
     connect(search_, &QLineEdit::textChanged, this,
             [this](const QString& text) { messages_.search(text); });
     connect(search_, &QLineEdit::returnPressed, this, [this] { messageView_->setFocus(); });
-    auto* const escape = new QShortcut(Qt::Key_Escape, search_);
-    escape->setContext(Qt::WidgetShortcut);
-    connect(escape, &QShortcut::activated, search_, &QLineEdit::clear);
     layout->addWidget(search_);
     layout->addWidget(messageView_, 1);
     buildTable();

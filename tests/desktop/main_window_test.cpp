@@ -2,11 +2,17 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QStatusBar>
+#include <QTableView>
 #include <QTest>
 #include <QTreeView>
 
@@ -73,6 +79,20 @@ class MainWindowTest : public ::testing::Test {
         QMenu* const file = window->menuBar()->actions().at(0)->menu();
         emit file->aboutToShow();
         for (QAction* action : file->findChildren<QAction*>())
+            if (QString(action->text()).remove('&') == caption)
+                return action;
+        return nullptr;
+    }
+    QTableView& messages() const { return *window->centralWidget()->findChild<QTableView*>(); }
+    /// The subjects that the list shows, in order.
+    std::string subjects() const {
+        std::string text;
+        for (int row = 0; row < messages().model()->rowCount(); ++row)
+            text += messages().model()->index(row, 1).data().toString().toStdString() + " ";
+        return text;
+    }
+    QAction* menuEntry(const QString& caption) const {
+        for (QAction* action : window->menuBar()->findChildren<QAction*>())
             if (QString(action->text()).remove('&') == caption)
                 return action;
         return nullptr;
@@ -147,6 +167,69 @@ TEST_F(MainWindowTest, saysThatThereIsNoMailAndOffersWhatThereIs) {
     clickAt(*button("Look at the example"), {5, 5});
     EXPECT_EQ(examples, 1);
     EXPECT_FALSE(std::filesystem::exists(folder.path() + "/config"));
+}
+
+TEST_F(MainWindowTest, searchesSortsAndOpensMessages) {
+    const auto mail = [](const std::string& from, const std::string& subject) {
+        return "From a Tue Mar  4 09:12:00 2025\nFrom: " + from +
+               " <a@a.example>\nSubject: " + subject + "\n\n<b>Hi</b>\n\n";
+    };
+    const std::string box =
+        folder.write("a box", mail("Zoë Berg", "b") + mail("Åsa", "c") + mail("bob", "Re: zoe"));
+    openWindow({box});
+    EXPECT_EQ(subjects(), "b c Re: zoe ");
+    QLineEdit& search = *window->centralWidget()->findChild<QLineEdit*>();
+    menuEntry("Find")->trigger();
+    QTest::keyClicks(QApplication::focusWidget(), "ZOE");
+    EXPECT_EQ(subjects(), "b Re: zoe ");
+    QTest::keyClicks(&search, " berg");
+    EXPECT_EQ(subjects(), "b ");
+    EXPECT_EQ(window->statusBar()->findChild<QLabel*>()->text(), "1 of 3 messages found");
+    QTest::keyClick(&search, Qt::Key_Return);
+    messages().setCurrentIndex(messages().model()->index(0, 0));
+    menuEntry("Copy")->trigger();
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Zoë Berg\tb\t"));
+    QTest::keyClick(&messages(), Qt::Key_Return);
+    auto* const opened = window->findChild<QPlainTextEdit*>();
+    EXPECT_EQ(opened->toPlainText(), "<b>Hi</b>\n\n") << "no markup of a message is interpreted";
+    EXPECT_EQ(opened->window()->windowTitle(), "b");
+    opened->window()->close();
+
+    QTest::keyClick(&search, Qt::Key_Escape);
+    menuEntry("From")->trigger();
+    EXPECT_EQ(subjects(), "c Re: zoe b ");
+    EXPECT_EQ(messages().currentIndex().row(), 2) << "the message stays current";
+    window->close();
+    openWindow({box});
+    EXPECT_EQ(subjects(), "c Re: zoe b ") << "the order is remembered";
+    menuEntry("Order of the folder")->trigger();
+    EXPECT_EQ(subjects(), "b c Re: zoe ");
+    folder.write("a box", mail("Ann", "new"));
+    menuEntry("Read again")->trigger();
+    EXPECT_EQ(subjects(), "new ");
+}
+
+TEST_F(MainWindowTest, hasMenusWithoutClashes) {
+    openWindow();
+    EXPECT_FALSE(menuEntry("Find")->isEnabled()) << "no mail is open";
+    const auto popup = window->addPopup("Standard", "Pelk", "menu");
+    std::string clicked;
+    for (const char* caption : {"View your community", "Check", "Vote & check"})
+        popup->addButton(caption, caption, [&clicked, caption] { clicked += caption; });
+    window->findChild<QAction*>("Check")->trigger();
+    EXPECT_EQ(clicked, "Check");
+    const auto accessKey = [](const QString& text) {
+        return QRegularExpression("(?<!&)&([^&])").match(text).captured(1).toLower();
+    };
+    for (const QMenu* menu : window->menuBar()->findChildren<QMenu*>()) {
+        QSet<QString> keys;
+        for (const QAction* action : menu->actions()) {
+            const QString key = action->isSeparator() ? QString() : accessKey(action->text());
+            EXPECT_TRUE(action->isSeparator() || !key.isEmpty()) << action->text().toStdString();
+            EXPECT_FALSE(keys.contains(key) && !key.isEmpty()) << action->text().toStdString();
+            keys.insert(key);
+        }
+    }
 }
 
 TEST_F(MainWindowTest, opensWhatIsDropped) {
