@@ -89,6 +89,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Qt loads its platform plug-in at run time.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS qt6-wayland)
+# Names of people in Chinese, Japanese and Korean letters.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS fonts-noto-cjk)
 execute_process(COMMAND dpkg --print-architecture OUTPUT_VARIABLE architecture
   OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
 set(CPACK_DEBIAN_FILE_NAME pelk_${PROJECT_VERSION}_${architecture}.deb)

@@ -26,7 +26,8 @@ MailViewState readViewState(const std::string& file) {
 void writeViewState(const std::string& file, const MailViewState& state) {
     if (file.empty())
         return;
-    QSettings settings(QFile::decodeName(file.c_str()), QSettings::IniFormat);
+    const QString name = QFile::decodeName(file.c_str());
+    QSettings settings(name, QSettings::IniFormat);
     settings.setValue(kWindow, state.window);
     settings.setValue(kColumns, state.columns);
     settings.setValue(kWidths, state.widths);
@@ -35,6 +36,8 @@ void writeViewState(const std::string& file, const MailViewState& state) {
     if (settings.status() != QSettings::NoError)
         throw Error("Pelk cannot remember how the mail window looks: " + file +
                     " cannot be written.");
+    // The file may also say where the user's mail is.
+    QFile::setPermissions(name, QFile::ReadOwner | QFile::WriteOwner);
 }
 
 }  // namespace pelk
