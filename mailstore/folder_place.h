@@ -81,6 +81,10 @@ bool anyFolder(
     const FolderPlace& top, const std::function<bool(const FolderPlace&)>& visit,
     const std::function<void(const Error&)>& unreadable = [](const Error&) {});
 
+/// Returns `FolderPlace::canonical` of the file or directory at `path`. Throws an `Error` if it
+/// does not exist or cannot be reached.
+std::string canonicalPlace(const std::string& path);
+
 /// Returns the name under which a directory is shown, given its name on disk.
 std::string directoryTitle(const std::string& name);
 

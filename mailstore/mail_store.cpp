@@ -194,7 +194,11 @@ class DiskSession : public MailSession {
         const FolderPlace& place = own->location();
         if (place.labelled)
             return folderOfLabel(place.label) == kind;
-        return place.atTop && isFolderCalled(options_, place.name, kind) && !named_.isNamed(place);
+        if (named_.isNamed(place))
+            return false;
+        const auto known = options_.purposes.find(purposeKey(place.canonical));
+        return (known != options_.purposes.end() && known->second == kind) ||
+               (place.atTop && isFolderCalled(options_, place.name, kind));
     }
 
  private:

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "mailstore/folder_purposes.h"
 #include "mailstore/item_kind.h"
 #include "platform/mail_client.h"
 
@@ -51,6 +52,8 @@ struct MailStoreOptions {
     /// Whether items in folders for drafts and for junk are counted.
     bool countDrafts = false;
     bool countJunk = false;
+    /// Default folders in addition to those that go by their names.
+    FolderPurposes purposes = {};
 };
 
 /// Returns the default folders whose items are not counted.
@@ -62,7 +65,8 @@ bool isFolderCalled(const MailStoreOptions& options, const std::string& name, De
 /// that is given twice, or is inside another one, is listed once. Throws an `Error` that names the
 /// path if one does not exist, cannot be read or holds no mail of a known kind.
 ///
-/// Default folders go by their names. They are directly below a path that the user gave, below an
+/// Default folders go by the settings of the mail program, if the options have them, or by their
+/// names. The latter are directly below a path that the user gave, below an
 /// account in it, or below a folder such as INBOX or [Gmail] there. A path that the user gave is
 /// never a default folder itself.
 ///

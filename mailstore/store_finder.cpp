@@ -79,30 +79,6 @@ struct Free {
     void operator()(char* text) const { std::free(text); }
 };
 
-/// Returns the path for `FolderPlace::canonical`.
-std::string canonicalPlace(const std::string& path) {
-    const std::unique_ptr<char, Free> real(::realpath(path.c_str(), nullptr));
-    if (!real)
-        failReading(path);
-    std::string place;
-    std::filesystem::path onDisk = "/";
-    for (const std::filesystem::path& part : std::filesystem::path(real.get()).relative_path()) {
-        const std::string name = part.string();
-        const bool inMaildir = name.starts_with('.') && isMaildir(onDisk.string());
-        onDisk /= part;
-        if (inMaildir && isMaildir(onDisk.string())) {
-            for (const std::string& level : splitMaildirName(name))
-                place += "/." + level;
-        } else {
-            std::error_code error;
-            const bool isDirectory = std::filesystem::is_directory(onDisk, error);
-            if (name != (isDirectory ? kCacheSubfolders : kGearyFile))
-                place += "/" + (isDirectory ? companionOwner(name).value_or(name) : name);
-        }
-    }
-    return place.empty() ? "/" : place;
-}
-
 FolderPlace directoryStore(FolderPlace place, const struct stat& status) {
     place.kind = FolderPlace::Kind::Directory;
     place.trail.push_back({status.st_dev, status.st_ino});
@@ -132,6 +108,29 @@ FolderPlace fileStore(FolderPlace place) {
 }
 
 }  // namespace
+
+std::string canonicalPlace(const std::string& path) {
+    const std::unique_ptr<char, Free> real(::realpath(path.c_str(), nullptr));
+    if (!real)
+        failReading(path);
+    std::string place;
+    std::filesystem::path onDisk = "/";
+    for (const std::filesystem::path& part : std::filesystem::path(real.get()).relative_path()) {
+        const std::string name = part.string();
+        const bool inMaildir = name.starts_with('.') && isMaildir(onDisk.string());
+        onDisk /= part;
+        if (inMaildir && isMaildir(onDisk.string())) {
+            for (const std::string& level : splitMaildirName(name))
+                place += "/." + level;
+        } else {
+            std::error_code error;
+            const bool isDirectory = std::filesystem::is_directory(onDisk, error);
+            if (name != (isDirectory ? kCacheSubfolders : kGearyFile))
+                place += "/" + (isDirectory ? companionOwner(name).value_or(name) : name);
+        }
+    }
+    return place.empty() ? "/" : place;
+}
 
 FolderPlace findStore(const std::string& path) {
     FolderPlace place;

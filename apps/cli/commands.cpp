@@ -12,6 +12,7 @@
 #include "apps/cli/exchange_commands.h"
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
+#include "apps/cli/mail_options.h"
 #include "apps/cli/password_command.h"
 #include "apps/cli/stores_command.h"
 #include "apps/cli/terminal_progress.h"
@@ -41,7 +42,7 @@ std::unique_ptr<MailSession> openMail(const Arguments& arguments) {
     const std::vector<std::string>& mail = arguments.operands;
     if (arguments.passwordCommand.empty() && std::any_of(mail.begin(), mail.end(), isImapAddress))
         throw UsageError("a mail server needs --password-command");
-    return openMixedSession(mail, arguments.mail, [&arguments](const std::string& url) {
+    return openMixedSession(mail, mailOptions(arguments), [&arguments](const std::string& url) {
         return openServer(url, arguments);
     });
 }

@@ -9,6 +9,7 @@
 
 #include "addin/Connect.h"
 #include "addin/product.h"
+#include "apps/cli/mail_options.h"
 #include "apps/cli/password_command.h"
 #include "apps/desktop/example_mail.h"
 #include "apps/desktop/keyring.h"
@@ -90,8 +91,8 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
         std::any_of(arguments.operands.begin(), arguments.operands.end(), isImapAddress);
     MainWindowOffers offers = offersFor(arguments, servers);
     offers.database = databasePath(platform);
-    MainWindow window(isOnServer ? MailChoice() : arguments.operands, arguments.mail, dialogs,
-                      std::move(offers));
+    MainWindow window(isOnServer ? MailChoice() : arguments.operands, mailOptions(arguments),
+                      dialogs, std::move(offers));
     const std::optional<FolderLock> lock = lockDatabase(platform);
     window.show();
     QtDisplay display;

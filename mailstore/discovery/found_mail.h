@@ -21,6 +21,10 @@ struct FoundMail {
     /// Whether `path` is only a usual place for mail that no settings name. Such an entry is hidden
     /// if it has no mail.
     bool isGuess = false;
+    /// The folders for deleted items and for mail to be sent, as the program's settings name them:
+    /// the names from the top of the account, with "/" between them. Empty if no setting does.
+    std::string deletedItems = {};
+    std::string outbox = {};
 };
 
 using MailList = std::vector<FoundMail>;

@@ -122,6 +122,24 @@ MailList findMail(const UserPlaces& places) {
     return list;
 }
 
+FolderPurposes purposesIn(const MailList& list) {
+    FolderPurposes purposes;
+    const auto add = [&purposes](const FoundMail& mail, const std::string& name,
+                                 DefaultFolder kind) {
+        if (!name.empty())
+            purposes[purposeKey(canonicalPlace(mail.path) + "/" + name)] = kind;
+    };
+    for (const FoundMail& mail : list) {
+        try {
+            add(mail, mail.deletedItems, DefaultFolder::DeletedItems);
+            add(mail, mail.outbox, DefaultFolder::Outbox);
+        } catch (const Error&) {
+            // Opening this mail reports the fault to the user.
+        }
+    }
+    return purposes;
+}
+
 MailExtent measureMail(const FoundMail& mail, const std::function<bool()>& isCancelled) {
     Measure measure(isCancelled);
     MailExtent& extent = measure.extent;

@@ -7,6 +7,7 @@
 
 #include "mailstore/discovery/found_mail.h"
 #include "mailstore/discovery/user_places.h"
+#include "mailstore/folder_purposes.h"
 
 namespace pelk {
 
@@ -14,6 +15,10 @@ namespace pelk {
 /// same place occur once; absent ones do not occur. Fast because it reads no mail. Does not throw
 /// an `Error`. Any thread may call it.
 MailList findMail(const UserPlaces& places);
+
+/// Returns the default folders that the settings of mail programs name, for
+/// `MailStoreOptions::purposes`. Leaves out what is not there or cannot be read.
+FolderPurposes purposesIn(const MailList& list);
 
 struct MailExtent {
     /// Why none of the mail can be read; empty if it can.

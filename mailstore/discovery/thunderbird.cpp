@@ -1,6 +1,7 @@
 // Layout: https://kb.mozillazine.org/Files_and_folders_in_the_profile_-_Thunderbird, and
 // nsMsgAccountManager and nsMsgIncomingServer in the sources of Thunderbird.
 
+#include <charconv>
 #include <sstream>
 #include <utility>
 
@@ -38,6 +39,20 @@ struct Profile {
     /// Whether accounts need the name of their profile to be distinguished.
     bool isOneOfSeveral = false;
 };
+
+/// Decodes %20 and the like (RFC 3986, 2.1).
+std::string withoutEscapes(const std::string& uri) {
+    std::string text;
+    for (std::size_t at = 0; at < uri.size(); ++at) {
+        int byte = static_cast<unsigned char>(uri[at]);
+        const char* const digits = uri.data() + at + 1;
+        if (uri[at] == '%' && uri.size() - at > 2 &&
+            std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2)
+            at += 2;
+        text += static_cast<char>(byte);
+    }
+    return text;
+}
 
 class Accounts {
  public:
@@ -85,7 +100,19 @@ class Accounts {
                         isOnServer ? profile_.program +
                                          " keeps no messages of this account on this computer; "
                                          "they are on the mail server."
-                                   : std::string()});
+                                   : std::string(),
+                        false,
+                        pref(prefix + "trash_folder_name"),
+                        outboxOf(prefix)});
+    }
+
+    /// The setting is the URI of a folder in one account: "mailbox://nobody@Local%20Folders/Later".
+    std::string outboxOf(const std::string& prefix) const {
+        const std::string uri = withoutEscapes(pref("mail.default_sendlater_uri"));
+        const std::string account =
+            "://" + pref(prefix + "userName") + "@" + pref(prefix + "hostname") + "/";
+        const std::size_t found = uri.find(account);
+        return found == std::string::npos ? std::string() : uri.substr(found + account.size());
     }
 
     /// A path relative to the profile stays valid when the home directory is moved.

@@ -124,6 +124,38 @@ TEST_F(DiscoveryTest, followsTheSettingsOfThunderbird) {
                   "mail server.\n");
 }
 
+TEST_F(DiscoveryTest, namesTheDefaultFoldersOfThunderbird) {
+    write(".thunderbird/profiles.ini", "[Profile0]\nIsRelative=1\nPath=p\n");
+    writeProfile(".thunderbird/p",
+                 {"type\", \"imap\"\nuserName\", \"j\"\nhostname\", \"x.org\"\ndirectory-rel\", "
+                  "\"[ProfD]ImapMail/x\"\ntrash_folder_name\", \"INBOX/Gelöscht\"",
+                  "type\", \"none\"\nuserName\", \"nobody\"\nhostname\", \"Local Folders\"\n"
+                  "directory-rel\", \"[ProfD]Mail/Local Folders\"",
+                  "type\", \"pop3\"\ndirectory\", \"/gone\"\ntrash_folder_name\", \"Away\""});
+    write(".thunderbird/p/prefs.js", readSettingsFile(home + "/.thunderbird/p/prefs.js") +
+                                         "user_pref(\"mail.default_sendlater_uri\", "
+                                         "\"mailbox://nobody@Local%20Folders/For later\");\n");
+    for (const char* const folder : {"ImapMail/x/INBOX", "ImapMail/x/INBOX.sbd/Gel&APY-scht",
+                                     "Mail/Local Folders/For later", "Mail/Local Folders/Away"})
+        write(std::string(".thunderbird/p/") + folder, kBox);
+    MailStoreOptions options;
+    options.purposes = purposesIn(findMail({home, home + "/.config", {}, {}, {}, {}}));
+    std::string leftOut;
+    const auto session = openMailSession({home + "/.thunderbird/p"}, options);
+    const std::function<void(MailFolders&)> walk = [&](MailFolders& folders) {
+        while (const auto folder = folders.next()) {
+            for (const DefaultFolder kind : session->leftOutFolders())
+                if (session->isDefaultFolder(*folder, kind))
+                    leftOut += folder->name() + std::to_string(static_cast<int>(kind)) + " ";
+            walk(*folder->folders());
+        }
+    };
+    walk(*session->folders());
+    EXPECT_EQ(leftOut,
+              "Gel&APY-scht" + std::to_string(static_cast<int>(DefaultFolder::DeletedItems)) +
+                  " For later" + std::to_string(static_cast<int>(DefaultFolder::Outbox)) + " ");
+}
+
 TEST_F(DiscoveryTest, findsTheRelativesOfThunderbird) {
     for (const char* root :
          {"snap/thunderbird/common/.thunderbird", ".var/app/org.mozilla.Thunderbird/.thunderbird",
