@@ -31,7 +31,7 @@ QString textOf(const MessageRows::Row& row, int column) {
 
 }  // namespace
 
-MessageList::MessageList(const Language& language) : language_(language), rows_(language) {
+MessageList::MessageList(const Language& language) : rows_(language) {
     connect(&reading_, &QTimer::timeout, this, [this] { readOn(); });
 }
 
@@ -52,7 +52,7 @@ void MessageList::showFolder(StoredFolder& folder) {
 }
 
 void MessageList::search(const QString& text) {
-    words_ = foldedWords(language_, text.toStdString());
+    query_ = text.simplified().toStdString();
     order();
 }
 
@@ -76,14 +76,13 @@ void MessageList::order() {
 /// Messages that are found while the reading goes on are added at the end. The sort follows when
 /// all have been read.
 void MessageList::readOn() {
-    const std::size_t before = rows_.readCount();
     rows_.readOn(kReadingTime);
     if (rows_.isDone() || !isOrdered())
         reading_.stop();
     if (rows_.isDone() && sortColumn_ >= 0)
         arrange();
     else
-        addFound(before);
+        addFound();
 }
 
 void MessageList::arrange() {
@@ -95,24 +94,26 @@ void MessageList::arrange() {
         shown_.resize(rows_.count());
         std::iota(shown_.begin(), shown_.end(), 0);
     }
-    if (!words_.empty())
-        std::erase_if(shown_, [this](std::size_t number) {
-            return number >= rows_.readCount() || !rows_.matches(number, words_);
-        });
+    if (!query_.empty())
+        keepFound();
     endResetModel();
     if (onState)
         onState();
 }
 
-void MessageList::addFound(std::size_t from) {
-    std::vector<std::size_t> found;
-    for (std::size_t number = from; !words_.empty() && number < rows_.readCount(); ++number)
-        if (rows_.matches(number, words_))
-            found.push_back(number);
-    if (!found.empty()) {
-        const int first = rowCount();
-        beginInsertRows({}, first, first + static_cast<int>(found.size()) - 1);
-        shown_.insert(shown_.end(), found.begin(), found.end());
+void MessageList::keepFound() {
+    std::vector<bool> isFound(rows_.count());
+    for (const std::size_t number : rows_.find(query_))
+        isFound[number] = true;
+    std::erase_if(shown_, [&isFound](std::size_t number) { return !isFound[number]; });
+}
+
+/// The search finds the messages in the order of the reading, so the new ones are the last.
+void MessageList::addFound() {
+    const auto had = static_cast<std::ptrdiff_t>(shown_.size());
+    if (const auto& found = rows_.find(query_); found.size() > shown_.size()) {
+        beginInsertRows({}, rowCount(), static_cast<int>(found.size()) - 1);
+        shown_.insert(shown_.end(), found.begin() + had, found.end());
         endInsertRows();
     }
     if (onState)
@@ -136,7 +137,7 @@ QString MessageList::stateText() const {
     const std::size_t all = rows_.count();
     QString text =
         number(all) + (all == 1 ? QStringLiteral(" message") : QStringLiteral(" messages"));
-    if (!words_.empty())
+    if (!query_.empty())
         text = QStringLiteral("%1 of %2 found").arg(number(shown_.size()), text);
     if (!isOrdered() || rows_.readCount() == all)
         return text;

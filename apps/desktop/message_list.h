@@ -51,19 +51,20 @@ class MessageList : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-    bool isOrdered() const { return !words_.empty() || sortColumn_ >= 0; }
+    bool isOrdered() const { return !query_.empty() || sortColumn_ >= 0; }
     void order();
     void readOn();
     void arrange();
-    void addFound(std::size_t from);
+    void keepFound();
+    void addFound();
 
-    const Language& language_;
     mutable MessageRows rows_;
     /// The numbers of the messages in the order of the rows.
     std::vector<std::size_t> shown_;
     /// All messages in the order of the sort; empty until they have been sorted.
     std::vector<std::size_t> sorted_;
-    std::vector<std::string> words_;
+    /// Empty if it has no words.
+    std::string query_;
     int sortColumn_ = -1;
     bool descending_ = false;
     QTimer reading_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <sstream>
 #include <string_view>
 
 namespace pelk {
@@ -17,12 +16,10 @@ constexpr std::chrono::seconds kSlowFailure{2};
 void MessageRows::take(StoredFolder& folder) {
     folder_ = &folder;
     rows_.clear();
-    folded_.clear();
+    search_.clear();
     read_ = 0;
     gaveUp_ = false;
-    const auto count = static_cast<std::size_t>(folder.itemCount());
-    rows_.resize(count);
-    folded_.resize(count);
+    rows_.resize(static_cast<std::size_t>(folder.itemCount()));
 }
 
 const MessageRows::Row& MessageRows::row(std::size_t number) {
@@ -41,23 +38,17 @@ void MessageRows::read(std::size_t number) {
         row.fault = error.what();
         row.summary.kind = ItemKind::Report;
     }
-    folded_[number] = language_.folded(row.summary.from + '\n' + row.summary.subject);
 }
 
 void MessageRows::readOn(std::chrono::milliseconds time) {
     const Steady::time_point end = Steady::now() + time;
     while (!isDone() && Steady::now() < end) {
         const Steady::time_point begun = Steady::now();
-        gaveUp_ = !row(read_).fault.empty() && Steady::now() - begun > kSlowFailure;
+        const Row& next = row(read_);
+        gaveUp_ = !next.fault.empty() && Steady::now() - begun > kSlowFailure;
+        search_.add(next.summary.from + '\n' + next.summary.subject);
         ++read_;
     }
-}
-
-bool MessageRows::matches(std::size_t number, const std::vector<std::string>& foldedWords) const {
-    return rows_[number].isRead &&
-           std::all_of(foldedWords.begin(), foldedWords.end(), [&](const std::string& word) {
-               return folded_[number].find(word) != std::string::npos;
-           });
 }
 
 std::vector<std::size_t> MessageRows::sortedBy(Column column, bool descending) const {
@@ -77,14 +68,6 @@ std::vector<std::size_t> MessageRows::sortedBy(Column column, bool descending) c
     if (descending)
         std::reverse(order.begin(), order.end());
     return order;
-}
-
-std::vector<std::string> foldedWords(const Language& language, const std::string& text) {
-    std::istringstream stream(language.folded(text));
-    std::vector<std::string> words;
-    for (std::string word; stream >> word;)
-        words.push_back(word);
-    return words;
 }
 
 }  // namespace pelk

@@ -8,6 +8,7 @@
 
 #include "mailstore/mail_store.h"
 #include "platform/language.h"
+#include "views/word_search.h"
 
 namespace pelk {
 
@@ -23,7 +24,7 @@ class MessageRows {
     };
 
     /// `language` outlives this object.
-    explicit MessageRows(const Language& language) : language_(language) {}
+    explicit MessageRows(const Language& language) : language_(language), search_(language) {}
 
     /// Takes the messages of the folder, which must exist until another is taken. Throws `Error`
     /// and holds no messages when the folder cannot be read.
@@ -42,9 +43,9 @@ class MessageRows {
     /// it does when a server is gone.
     bool isDone() const { return gaveUp_ || read_ == rows_.size(); }
 
-    /// Returns whether sender and subject contain all words. `folded` is the result of
-    /// `Language::folded`. A message that has not been read matches nothing.
-    bool matches(std::size_t number, const std::vector<std::string>& foldedWords) const;
+    /// Returns the numbers of the messages that `readOn` has come past and whose sender and subject
+    /// contain all words of the query, as `WordSearch::find` does.
+    const std::vector<std::size_t>& find(const std::string& query) { return search_.find(query); }
     /// Returns the numbers of all messages in the order of the column.
     std::vector<std::size_t> sortedBy(Column column, bool descending) const;
 
@@ -54,13 +55,9 @@ class MessageRows {
     const Language& language_;
     StoredFolder* folder_ = nullptr;
     std::vector<Row> rows_;
-    /// Sender and subject, folded, of the messages that have been read.
-    std::vector<std::string> folded_;
+    WordSearch search_;
     std::size_t read_ = 0;
     bool gaveUp_ = false;
 };
-
-/// Returns the words of a search, folded.
-std::vector<std::string> foldedWords(const Language& language, const std::string& text);
 
 }  // namespace pelk
