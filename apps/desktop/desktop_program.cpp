@@ -99,6 +99,9 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     SettingsFile settings(choicesFile(arguments, currentUserPlaces(), "forms.ini"));
     Connect connect({toolkit, dialogs, display, settings}, platform);
     connect.OnConnection(window);
+    window.setUndo({[&connect] { connect.undo(); }, [&connect] { connect.redo(); },
+                    [&connect] { return connect.undoName(); },
+                    [&connect] { return connect.redoName(); }});
     if (isOnServer)
         guarded(dialogs, [&] { openServers(arguments, window, servers); });
     else if (arguments.operands.empty())

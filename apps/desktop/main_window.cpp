@@ -176,7 +176,8 @@ void MainWindow::buildFileMenu() {
 }
 
 void MainWindow::buildEditMenu() {
-    QMenu& menu = *menuBar()->addMenu(QStringLiteral("&Edit"));
+    edit_ = menuBar()->addMenu(QStringLiteral("&Edit"));
+    QMenu& menu = *edit_;
     addToMenu(menu, QStringLiteral("&Copy"), QKeySequence::Copy, [this] { copy(); });
     addForMail(menu, QStringLiteral("&Find"), QKeySequence::Find,
                [](MailView& view) { view.find(); });

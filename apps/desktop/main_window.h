@@ -13,6 +13,7 @@
 
 #include "apps/desktop/mail_choices.h"
 #include "apps/desktop/mail_view_state.h"
+#include "apps/desktop/undo_entries.h"
 #include "mailstore/discovery/user_places.h"
 #include "mailstore/mail_store.h"
 #include "platform/desktop/locale_language.h"
@@ -58,6 +59,9 @@ class MainWindow : public QMainWindow, public MailClient {
     /// Shows the mail that was chosen last, if any was.
     void openLastChoice();
 
+    /// Adds Undo and Redo to the menu Edit. Called once.
+    void setUndo(const UndoCommands& commands) { addUndoEntries(*edit_, dialogs_, commands); }
+
     /// Throws `Error` when no mail is open.
     std::unique_ptr<MailSession> session() override;
     std::unique_ptr<CommandPopup> addPopup(std::string_view bar, std::string_view caption,
@@ -102,6 +106,7 @@ class MainWindow : public QMainWindow, public MailClient {
     const LocaleLanguage language_;
     MailViewState viewState_;
     QLabel* status_;
+    QMenu* edit_ = nullptr;
     QMenu* commands_ = nullptr;
     /// The entries that need open mail.
     QActionGroup* forMail_;

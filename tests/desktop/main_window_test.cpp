@@ -232,6 +232,24 @@ TEST_F(MainWindowTest, hasMenusWithoutClashes) {
     }
 }
 
+TEST_F(MainWindowTest, namesTheStepThatItUndoes) {
+    openWindow();
+    std::string step;
+    std::string acts;
+    window->setUndo({[&] { acts += "u"; }, [&] { throw Error("The disk is full."); },
+                     [&] { return step; }, [] { return std::string("merge"); }});
+    QMenu& edit = *window->menuBar()->actions().at(1)->menu();
+    emit edit.aboutToShow();
+    EXPECT_FALSE(menuEntry("Undo")->isEnabled());
+    step = "rename of A & B";
+    emit edit.aboutToShow();
+    EXPECT_EQ(shownText(*edit.actions().at(0)), "Undo rename of A & B");
+    edit.actions().at(0)->trigger();
+    EXPECT_EQ(acts, "u");
+    dialogs.expectMessage("The disk is full.");
+    menuEntry("Redo merge")->trigger();
+}
+
 TEST_F(MainWindowTest, opensWhatIsDropped) {
     const std::string box = folder.write("a box", kMail);
     openWindow();
