@@ -79,6 +79,11 @@ FirstPage::FirstPage(const UserPlaces& places, FirstPageActs acts, Dialogs& dial
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     layout->addWidget(heading());
+    QLabel* const welcome = plainLabel();
+    welcome->setText(QStringLiteral(
+        "Pelk counts the e-mails between people and shows who is close to whom. First choose the "
+        "mail, then \"Check for new e-mails\" and \"View your community\" in the menu Pelk."));
+    layout->addWidget(welcome);
     layout->addWidget(state_);
     layout->addWidget(makeTable(), 1);
     // Room for a path and a fault, so that the table keeps its size.
