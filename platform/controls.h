@@ -251,12 +251,19 @@ class Window {
     /// tops from the inner area's height on.
     virtual void setStrips(int above, int below) = 0;
 
-    /// Shows the window without making it modal and brings it to the front.
+    /// Shows the window without making it modal and brings it to the front. It belongs to the
+    /// window of the program that was active: it stays in front of that one.
     virtual void show() = 0;
     /// Shows the window, blocks input to all others, and returns when it is hidden.
     virtual void showModal() = 0;
     virtual void hide() = 0;
     virtual bool isVisible() const = 0;
+    /// Returns the window's place on the screen as a text for `setPlace`.
+    virtual std::string place() const = 0;
+    /// Sets where the hidden window appears when it is shown next; any other text is ignored. It
+    /// always appears within the screen and no larger. Without a place it appears over the window
+    /// that is active then.
+    virtual void setPlace(const std::string& place) = 0;
 
     /// Shows the hourglass pointer over this window, or the normal one. Calls do not nest.
     virtual void setBusyPointer(bool busy) = 0;
@@ -287,6 +294,8 @@ class Window {
     /// Called when the user wants to close the window; false keeps it open. Without a handler the
     /// window is hidden.
     std::function<bool()> onCloseRequest;
+    /// Called when the window has been hidden, by the user or by code.
+    std::function<void()> onHide;
 };
 
 /// Creates windows.

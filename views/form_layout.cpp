@@ -1,7 +1,5 @@
 #include "views/form_layout.h"
 
-#include <algorithm>
-
 namespace pelk {
 
 FormLayout::FormLayout(Window& window, Size design) : window_(window), design_(design) {
@@ -17,8 +15,8 @@ void FormLayout::add(Control& control, const Rect& bounds, const Anchor& anchor)
 
 void FormLayout::apply() {
     const Size inner = window_.innerSize();
-    const int wider = std::max(0, inner.width - design_.width);
-    const int higher = std::max(0, inner.height - design_.height);
+    const int wider = inner.width - design_.width;
+    const int higher = inner.height - design_.height;
     for (const auto& [control, bounds, anchor] : items_)
         control->setBounds({bounds.left + anchor.left * wider, bounds.top + anchor.top * higher,
                             bounds.width + anchor.width * wider,

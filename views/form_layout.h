@@ -1,5 +1,6 @@
 #pragma once
-// Moves and stretches the controls of a form when the user makes its window larger.
+// Moves and stretches the controls of a form when its window has another size than designed: larger
+// by the user, or smaller on a small screen.
 
 #include <vector>
 

@@ -195,6 +195,35 @@ TEST_F(Windows, RunTheActsOfTheirShortcutsWhateverHasTheFocus) {
     driver_.press(*window_, "F5");
 }
 
+TEST_F(Windows, AppearWithinTheScreenAndWhereTheyWereLast) {
+    window_->setMinimumInnerSize({90000, 90000});
+    window_->setInnerSize({90000, 90000});
+    int hidings = 0;
+    window_->onHide = [&hidings] { ++hidings; };
+    window_->show();
+    driver_.settle();
+    EXPECT_LT(window_->innerSize().width, 90000);
+    EXPECT_LT(window_->innerSize().height, 90000);
+    driver_.close(*window_);
+    window_->hide();
+    EXPECT_EQ(hidings, 1);
+
+    const auto other = platform_.toolkit().createWindow();
+    other->setPlace("40 60 500 400");
+    other->setPlace("nowhere");
+    other->setPlace("40 60 500 400");
+    other->show();
+    driver_.settle();
+    EXPECT_EQ(other->place(), "40 60 500 400");
+    other->hide();
+    other->setPlace("-50000 50000 500 400");
+    other->show();
+    driver_.settle();
+    const std::string moved = other->place();
+    EXPECT_FALSE(moved.starts_with('-')) << moved;
+    EXPECT_TRUE(moved.ends_with(" 500 400")) << moved;
+}
+
 TEST_F(Windows, AreBusyButWhereTheArrowIsKept) {
     const auto other = platform_.toolkit().createWindow();
     Button& outside = other->addButton({0, 0, 1000, 250}, "outside");

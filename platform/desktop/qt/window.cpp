@@ -10,13 +10,16 @@
 #include <utility>
 
 #include "platform/desktop/qt/access_key_marks.h"
+#include "platform/desktop/qt/accessible_names.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/list_view.h"
 #include "platform/desktop/qt/popup_menu.h"
 #include "platform/desktop/qt/simple_controls.h"
 #include "platform/desktop/qt/tree_view.h"
 #include "platform/desktop/qt/value_controls.h"
+#include "platform/desktop/qt/window_placing.h"
 #include "platform/guard.h"
+#include "platform/window_place.h"
 
 namespace pelk {
 
@@ -103,12 +106,17 @@ void QtWindow::setStrips(int above, int below) {
 }
 
 void QtWindow::show() {
+    if (!frame_->isVisible())
+        ownByActiveWindow(*frame_);
     bringToFront();
 }
 
 void QtWindow::bringToFront() {
     const bool shown = frame_->isVisible();
     markAccessKeys(*frame_);
+    nameControls(*frame_);
+    if (!shown)
+        placeWindow(*frame_, std::exchange(wantedPlace_, std::nullopt));
     frame_->setWindowState(frame_->windowState() & ~Qt::WindowMinimized);
     frame_->show();
     if (shown)
@@ -140,10 +148,7 @@ void QtWindow::setModal(bool modal) {
     frame_->setWindowModality(modal ? Qt::ApplicationModal : Qt::NonModal);
     if (!modal)
         return;
-    frame_->winId();  // creates the native window
-    QWindow* const active = QGuiApplication::focusWindow();
-    if (active != frame_->windowHandle())
-        frame_->windowHandle()->setTransientParent(active);
+    ownByActiveWindow(*frame_);
 }
 
 void QtWindow::hide() {
@@ -152,6 +157,14 @@ void QtWindow::hide() {
 
 bool QtWindow::isVisible() const {
     return frame_->isVisible();
+}
+
+std::string QtWindow::place() const {
+    return textOfPlace(placeOf(*frame_));
+}
+
+void QtWindow::setPlace(const std::string& place) {
+    wantedPlace_ = placeIn(place);
 }
 
 void QtWindow::setBusyPointer(bool busy) {
@@ -243,6 +256,8 @@ bool QtWindow::closeRequested() {
 }
 
 void QtWindow::hidden() {
+    if (const auto handler = onHide)
+        guarded(dialogs_, handler);
     if (modalLoop_ != nullptr)
         modalLoop_->quit();
 }

@@ -5,6 +5,7 @@
 #include <QEventLoop>
 #include <QWidget>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/desktop/qt/control.h"
@@ -29,6 +30,8 @@ class QtWindow : public Window, public NativeWidget {
     void showModal() override;
     void hide() override;
     bool isVisible() const override;
+    std::string place() const override;
+    void setPlace(const std::string& place) override;
     void setBusyPointer(bool busy) override;
     void setShortcut(Shortcut shortcut, std::function<void()> act) override;
     void setDefaultButton(Button& button) override;
@@ -69,6 +72,7 @@ class QtWindow : public Window, public NativeWidget {
     /// The size last passed to `onResize` or set by code; none before the window is first shown.
     QSize knownSize_;
     bool settingSize_ = false;
+    std::optional<Rect> wantedPlace_;
     /// While the window is modal, the loop that waits until it is hidden.
     QEventLoop* modalLoop_ = nullptr;
 };

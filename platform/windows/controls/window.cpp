@@ -1,9 +1,12 @@
 #include "platform/windows/controls/window.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/guard.h"
+#include "platform/window_place.h"
 #include "platform/windows/controls/access_key_marks.h"
+#include "platform/windows/controls/accessible_names.h"
 #include "platform/windows/controls/dialog_template.h"
 #include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/controls/list_view.h"
@@ -12,6 +15,7 @@
 #include "platform/windows/controls/simple_controls.h"
 #include "platform/windows/controls/tree_view.h"
 #include "platform/windows/controls/value_controls.h"
+#include "platform/windows/controls/window_placing.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
@@ -45,6 +49,7 @@ Win32Window::~Win32Window() {
     navigation_.reset();
     SetWindowLongPtrW(handle_, DWLP_USER, 0);
     forgetStripsOf(handle_);
+    releaseOwnedBy(handle_);
     DestroyWindow(handle_);
 }
 
@@ -102,31 +107,19 @@ SIZE Win32Window::frameSize(SIZE inner) const {
 
 void Win32Window::show() {
     ModalSession::windowShown(handle_);
+    if (!isVisible())
+        ownByActiveWindow();
     bringToFront();
 }
 
 void Win32Window::bringToFront() {
     markAccessKeys(handle_);
-    if (!knownSize_)
-        placeInMiddle();
+    nameControls(handle_);
+    if (!isVisible())
+        placeWindow(handle_, knownSize_.has_value(), std::exchange(wantedPlace_, std::nullopt));
     ShowWindow(handle_, IsIconic(handle_) ? SW_RESTORE : SW_SHOW);
     SetForegroundWindow(handle_);
     sizeChanged();
-}
-
-/// Centres the window on the screen that the user works on.
-void Win32Window::placeInMiddle() const {
-    const HWND active = GetActiveWindow();
-    MONITORINFO monitor = {};
-    monitor.cbSize = sizeof monitor;
-    GetMonitorInfoW(
-        MonitorFromWindow(active != nullptr ? active : handle_, MONITOR_DEFAULTTOPRIMARY),
-        &monitor);
-    const SIZE frame = frameSize(size_);
-    const RECT& space = monitor.rcWork;
-    SetWindowPos(handle_, nullptr, std::max(space.left, (space.left + space.right - frame.cx) / 2),
-                 std::max(space.top, (space.top + space.bottom - frame.cy) / 2), 0, 0,
-                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Win32Window::showModal() {
@@ -152,6 +145,15 @@ void Win32Window::setOwner(HWND owner) const {
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
+/// A window of the host might be destroyed first, and this one with it, so only ours are owners.
+void Win32Window::ownByActiveWindow() const {
+    const HWND active = GetActiveWindow();
+    const bool isOurs = active != nullptr && GetWindowLongPtrW(active, DWLP_DLGPROC) ==
+                                                 reinterpret_cast<LONG_PTR>(&procedure);
+    if (isOurs && !isOwnedBy(active, handle_))
+        setOwner(active);
+}
+
 /// WM_QUIT belongs to the host and is left for its own loop.
 void Win32Window::runUntilHidden() const {
     MSG message;
@@ -172,11 +174,22 @@ void Win32Window::hide() {
         modal_.reset();
         PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the modal loop
     }
+    const bool wasVisible = isVisible();
     ShowWindow(handle_, SW_HIDE);
+    if (const auto handler = onHide; handler && wasVisible)
+        guarded(dialogs_, handler);
 }
 
 bool Win32Window::isVisible() const {
     return IsWindowVisible(handle_) != FALSE;
+}
+
+std::string Win32Window::place() const {
+    return textOfPlace(placeOf(handle_));
+}
+
+void Win32Window::setPlace(const std::string& place) {
+    wantedPlace_ = placeIn(place);
 }
 
 void Win32Window::setBusyPointer(bool busy) {
@@ -291,7 +304,9 @@ INT_PTR Win32Window::handleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return TRUE;
         case WM_GETMINMAXINFO: {
             const SIZE least = frameSize(minimum_);
-            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {least.cx, least.cy};
+            const SIZE screen = screenSizeOf(handle_);
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {std::min(least.cx, screen.cx),
+                                                                     std::min(least.cy, screen.cy)};
             return TRUE;
         }
         case WM_SETCURSOR:

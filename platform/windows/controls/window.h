@@ -28,6 +28,8 @@ class Win32Window : public Window, public NativeHandle {
     void showModal() override;
     void hide() override;
     bool isVisible() const override;
+    std::string place() const override;
+    void setPlace(const std::string& place) override;
 
     void setBusyPointer(bool busy) override;
     void setShortcut(Shortcut shortcut, std::function<void()> act) override;
@@ -62,9 +64,9 @@ class Win32Window : public Window, public NativeHandle {
 
     SIZE frameSize(SIZE inner) const;
     void resizeTo(SIZE inner);
-    void placeInMiddle() const;
     void bringToFront();
     void setOwner(HWND owner) const;
+    void ownByActiveWindow() const;
     void runUntilHidden() const;
     void sizeChanged();
     void closeRequested();
@@ -87,6 +89,7 @@ class Win32Window : public Window, public NativeHandle {
     /// The size last passed to `onResize` or set by code; none before the window is first shown.
     std::optional<SIZE> knownSize_;
     bool settingSize_ = false;
+    std::optional<Rect> wantedPlace_;
     /// Set while the window is modal.
     std::unique_ptr<ModalSession> modal_;
 };
