@@ -137,7 +137,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
         form.db = &database;
         form.sourceDomain = sourceDomain;
         form.showResult = [this, &database](const DomainLinks& found) {
-            ShowFindFormDomains& result = created(domainLinks, ui_.toolkit);
+            ShowFindFormDomains& result = created(domainLinks, ui_.toolkit, platform_.language);
             result.db = &database;
             result.sourceDomain = found.source;
             result.targetDomain = found.target;

@@ -1,11 +1,5 @@
 #include "links/ShowFindFormDomains.h"
 
-#include <algorithm>
-
-#include "links/best_chains.h"
-#include "links/staircase.h"
-#include "views/fast_tree.h"
-
 namespace pelk {
 namespace {
 
@@ -17,57 +11,46 @@ constexpr Rect kShortestBounds{kFormMargin, kButtonTop, kShortestWidth, kFormBut
 
 }  // namespace
 
-ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit)
+ShowFindFormDomains::ShowFindFormDomains(Toolkit& toolkit, const Language& language)
     : window(toolkit.createWindow()),
       presTree(window->addTreeView({})),
       shortestButton(window->addButton({}, "Show the best link")),
       okButton(window->addButton({}, "OK")),
-      layout_(*window, kInnerSize) {
+      search(*window, presTree, "Show only chains with"),
+      foundOrder(window->addOptionButton({}, "As &found")),
+      costOrder(window->addOptionButton({}, "&Cheapest first")),
+      layout_(*window, kInnerSize),
+      chainsTree_(presTree, db, language) {
     window->setCaption("All possible links between domains");
     layout_.add(presTree, kTreeBounds, kAnchorFill);
     layout_.add(shortestButton, kShortestBounds, {.top = 1});
     layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
-    shortestButton.onClick = [this] { shortestButtonClick(); };
+    shortestButton.onClick = [this] { chainsTree_.showBest(); };
     okButton.onClick = [this] { window->hide(); };
+    placeStrip();
+}
+
+/// The strip above the tree limits and orders the chains.
+void ShowFindFormDomains::placeStrip() {
+    constexpr int kStrip = 330;
+    constexpr int kTop = 40 - kStrip;
+    constexpr int kOrderWidth = 1300;
+    constexpr int kOrderLeft = kInnerSize.width - 2 * kOrderWidth;
+    constexpr int kMargin = 60;
+    window->setStrips(kStrip, 0);
+    search.place(layout_, kMargin, kTop, kOrderLeft - 2 * kMargin);
+    layout_.add(foundOrder, {kOrderLeft, kTop, kOrderWidth, 250}, {.left = 1});
+    layout_.add(costOrder, {kOrderLeft + kOrderWidth, kTop, kOrderWidth, 250}, {.left = 1});
+    search.setTarget(chainsTree_);
+    foundOrder.setChecked(true);
+    foundOrder.onClick = [this] { chainsTree_.setOrder(ChainOrder::AsFound); };
+    costOrder.onClick = [this] { chainsTree_.setOrder(ChainOrder::CheapestFirst); };
+    window->setShortcut(Shortcut::Find, [this] { search.focus(); });
 }
 
 void ShowFindFormDomains::fill(const std::vector<LinkChain>& chains) {
-    chains_ = chains;
-    maxWeight_ = std::max(maxWeight_, db->strongestWeight());
-    fastClear(presTree);
-    const RedrawSuspension suspension(presTree);
-    TreeModel& tree = presTree.model();
-    TreeNode& root = tree.add(tree.root(), sourceDomain + "<->" + targetDomain);
-    tree.setImage(root, TreeImage::Many);
-    for (const LinkChain& chain : chains) {
-        TreeNode& first = addStaircase(presTree, root, chain.ids, *db, maxWeight_, StairKeys::None);
-        tree.setTag(first, chain.cost);
-    }
-    presTree.setExpanded(root, true);
-}
-
-void ShowFindFormDomains::refresh() {
-    maxWeight_ = std::max(maxWeight_, db->strongestWeight());
-    TreeModel& tree = presTree.model();
-    const std::vector<TreeNode*>& shown = tree.firstByIndex()->children();
-    for (std::size_t at = 0; at < chains_.size(); ++at)
-        showChain(tree, *shown[at], chains_[at].ids, *db, maxWeight_);
-}
-
-/// Expands every chain of the lowest cost and collapses the others.
-void ShowFindFormDomains::shortestButtonClick() {
-    TreeNode* const root = presTree.model().firstByIndex();
-    if (root == nullptr)
-        return;
-    const RedrawSuspension suspension(presTree);
-    std::vector<int> costs;
-    for (TreeNode* const first : root->children()) {
-        setChainExpanded(presTree, *first, false);
-        costs.push_back(std::get<int>(first->tag()));
-    }
-    presTree.setExpanded(*root, true);
-    for (const std::size_t best : bestChains(costs))
-        setChainExpanded(presTree, *root->children()[best], true);
+    chainsTree_.fill(sourceDomain + "<->" + targetDomain, chains);
+    search.clear();
 }
 
 }  // namespace pelk

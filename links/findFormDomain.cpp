@@ -99,6 +99,9 @@ void findFormDomain::search(const std::string& targetDomain) {
     std::optional<DomainLinks> links;
     try {
         links = findDomainLinks(*db, sourceDomain, targetDomain, *this);
+        // The bar stays full until the result is on the screen.
+        if (!links->chains.empty())
+            showResult(*links);
     } catch (const SearchAbandoned&) {
         // The form has been closed or is about to be destroyed: there is nothing to show.
     } catch (const std::exception&) {
@@ -112,8 +115,6 @@ void findFormDomain::search(const std::string& targetDomain) {
         ui_.dialogs.message(noDomainLinksMessage(sourceDomain, targetDomain), Buttons::Ok);
         return;
     }
-    if (links)
-        showResult(*links);
     window->setBusyPointer(false);
 }
 

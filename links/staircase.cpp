@@ -7,31 +7,32 @@
 #include "views/contacts_tree.h"
 
 namespace pelk {
-namespace {
 
-std::string describeById(const Database& database, int id) {
+std::string describeContact(const Database& database, int id) {
     const std::optional<Contact> contact = database.contact(id);
     return contact ? describe(*contact)
                    : "Contact " + std::to_string(id) + " is no longer in the database.";
 }
 
-}  // namespace
-
 TreeNode& addStaircase(TreeView& tree, TreeNode& parent, const std::vector<int>& chain,
                        const Database& database, std::int64_t strongest, StairKeys keys) {
+    TreeNode& first = tree.model().add(parent);
+    addStairsBelow(tree, first, chain, database, strongest, keys);
+    return first;
+}
+
+void addStairsBelow(TreeView& tree, TreeNode& first, const std::vector<int>& chain,
+                    const Database& database, std::int64_t strongest, StairKeys keys) {
     TreeModel& model = tree.model();
-    TreeNode* step = &parent;
-    TreeNode* first = nullptr;
-    for (const int id : chain) {
-        step = &model.add(*step);
+    TreeNode* step = &first;
+    for (std::size_t at = 0; at < chain.size(); ++at) {
+        if (at > 0)
+            step = &model.add(*step);
         if (keys == StairKeys::Contacts)
-            model.setKey(*step, contactKey(id));
-        if (first == nullptr)
-            first = step;
+            model.setKey(*step, contactKey(chain[at]));
     }
-    showChain(model, *first, chain, database, strongest);
-    setChainExpanded(tree, *first, true);
-    return *first;
+    showChain(model, first, chain, database, strongest);
+    setChainExpanded(tree, first, true);
 }
 
 void showChain(TreeModel& tree, TreeNode& first, const std::vector<int>& chain,
@@ -41,7 +42,7 @@ void showChain(TreeModel& tree, TreeNode& first, const std::vector<int>& chain,
     for (std::size_t at = 0; at < chain.size(); ++at) {
         if (at > 0)
             step = step->children().front();
-        tree.setText(*step, describeById(database, chain[at]));
+        tree.setText(*step, describeContact(database, chain[at]));
         const std::optional<Relation> relation =
             at > 0 ? database.relationOfPair(chain[at - 1], chain[at]) : std::nullopt;
         if (relation) {

@@ -3,6 +3,7 @@
 // before it.
 
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "db/database.h"
@@ -17,6 +18,13 @@ enum class StairKeys { None, Contacts };
 /// the chain is not empty.
 TreeNode& addStaircase(TreeView& tree, TreeNode& parent, const std::vector<int>& chain,
                        const Database& database, std::int64_t strongest, StairKeys keys);
+
+/// Adds the rest of a chain below its first node, and otherwise does as `addStaircase`.
+void addStairsBelow(TreeView& tree, TreeNode& first, const std::vector<int>& chain,
+                    const Database& database, std::int64_t strongest, StairKeys keys);
+
+/// Returns the text of a contact's node: its description, or that it has been deleted.
+std::string describeContact(const Database& database, int id);
 
 /// Updates the texts, images and colours of a chain's nodes from the database, without expanding or
 /// collapsing any. Each node but the first shows the strength of the relation to the node above,

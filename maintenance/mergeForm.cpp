@@ -81,11 +81,7 @@ void mergeForm::placeSearch() {
     addButton.setEnabled(false);
     search.setTarget(mergeSearch_);
     search.setEnter([this] { addFound(); });
-    search.onShown = [this](bool shown) {
-        addButton.setEnabled(shown);
-        if (!shown)
-            mergeSearch_.showNone();
-    };
+    search.onShown = [this](bool shown) { addButton.setEnabled(shown); };
     addButton.onClick = [this] { addFound(); };
     window->setShortcut(Shortcut::Find, [this] { search.focus(); });
 }

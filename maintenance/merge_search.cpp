@@ -5,6 +5,7 @@
 namespace pelk {
 
 std::size_t MergeSearch::find(const std::string& query) {
+    showNone();
     ids_ = contacts_.find(*database_, query);
     return ids_.size();
 }

@@ -20,11 +20,13 @@ class MergeSearch : public SearchTarget {
 
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
-    void showNone();
+    void noQuery() override { showNone(); }
     /// Returns the contact that is shown; nothing if there is none, or no longer.
     std::optional<Contact> shown() const;
 
  private:
+    void showNone();
+
     Label& line_;
     const Database* const& database_;
     ContactSearch contacts_;

@@ -38,6 +38,8 @@ void SearchField::textChanged() {
 void SearchField::search() {
     const std::string query = box.text();
     const bool hasWords = query.find_first_not_of(' ') != std::string::npos;
+    if (!hasWords)
+        target_->noQuery();
     hits_ = hasWords ? target_->find(query) : 0;
     shown_ = 0;
     status.setText(hasWords && hits_ == 0 ? kNothingFound : "");

@@ -18,6 +18,8 @@ class SearchTarget {
     virtual std::size_t find(const std::string& query) = 0;
     /// Shows a hit of the last search, counted from 0.
     virtual void show(std::size_t hit) = 0;
+    /// Called when the query has become empty, perhaps again.
+    virtual void noQuery() {}
 };
 
 /// The first hit is shown while the user types. Enter and Down show the next one, Up shows the one
@@ -45,7 +47,7 @@ class SearchField {
     void say(const std::string& text) { status.setText(text); }
     void focus() { box.focus(); }
 
-    /// Called after each search and after each hit shown, with whether one is shown.
+    /// Called after each search with false, and after each hit shown with true.
     std::function<void(bool shown)> onShown;
 
     TextBox& box;

@@ -133,6 +133,16 @@ void QtTreeView::Items::redrawResumed() {
     suspended_ = false;
     for (const auto& [node, expanded] : std::exchange(wishes_, {}))
         view_.expandNow(*node, expanded);
+    if (std::exchange(changed_, false))
+        view_.widget_.scheduleDelayedItemsLayout();
+}
+
+/// Qt measures the rows in view again after each changed node that it is told of.
+void QtTreeView::Items::changed(TreeNode& node) {
+    if (suspended_)
+        changed_ = true;
+    else
+        TreeItemModel::changed(node);
 }
 
 /// Layout finds out which nodes have expanders. A node that is being filled gets its layout

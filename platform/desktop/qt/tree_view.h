@@ -37,6 +37,7 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
         void redrawSuspended() override { suspended_ = true; }
         void redrawResumed() override;
+        void changed(TreeNode& node) override;
         void forgotten(const TreeNode& node) override {
             dropWish(node);
             TreeItemModel::forgotten(node);
@@ -51,6 +52,8 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
 
         QtTreeView& view_;
         bool suspended_ = false;
+        /// Set when a node has changed while redraw was suspended.
+        bool changed_ = false;
         std::unordered_map<const TreeNode*, bool> wishes_;
     };
 
