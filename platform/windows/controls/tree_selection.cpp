@@ -85,12 +85,12 @@ void TreeSelection::forget(const TreeNode& node) {
         anchor_ = nullptr;
 }
 
-/// Returns the node whose image or text is there.
+/// Returns the node whose image, text or detail is there.
 TreeNode* TreeSelection::nodeAt(POINT point) const {
     TVHITTESTINFO hit = {};
     hit.pt = point;
     SendMessageW(tree_, TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
-    return (hit.flags & TVHT_ONITEM) != 0 ? items_.nodeOf(hit.hItem) : nullptr;
+    return (hit.flags & (TVHT_ONITEM | TVHT_ONITEMRIGHT)) != 0 ? items_.nodeOf(hit.hItem) : nullptr;
 }
 
 void TreeSelection::toggle(TreeNode& node) {
