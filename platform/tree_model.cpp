@@ -82,16 +82,38 @@ bool TreeModel::setKey(TreeNode& node, std::string key) {
 }
 
 void TreeModel::sortChildren(TreeNode& node) {
+    reorder(node, alphabetical(node.children_));
+}
+
+void TreeModel::sortChildren(TreeNode& node,
+                             const std::function<std::int64_t(const TreeNode&)>& rankOf) {
+    std::vector<std::pair<std::int64_t, TreeNode*>> ranked;
+    ranked.reserve(node.children_.size());
+    for (TreeNode* const child : alphabetical(node.children_))
+        ranked.emplace_back(rankOf(*child), child);
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const auto& one, const auto& other) { return one.first > other.first; });
+    std::vector<TreeNode*> sorted;
+    sorted.reserve(ranked.size());
+    for (const auto& [rank, child] : ranked)
+        sorted.push_back(child);
+    reorder(node, std::move(sorted));
+}
+
+std::vector<TreeNode*> TreeModel::alphabetical(const std::vector<TreeNode*>& nodes) const {
     std::vector<std::string_view> texts;
-    texts.reserve(node.children_.size());
-    for (const TreeNode* child : node.children_)
-        texts.emplace_back(child->text_);
+    texts.reserve(nodes.size());
+    for (const TreeNode* node : nodes)
+        texts.emplace_back(node->text_);
     const std::vector<std::size_t> order = language_.alphabeticalOrder(texts);
     std::vector<TreeNode*> sorted;
     sorted.reserve(order.size());
     for (const std::size_t position : order)
-        sorted.push_back(node.children_[position]);
+        sorted.push_back(nodes[position]);
+    return sorted;
+}
 
+void TreeModel::reorder(TreeNode& node, std::vector<TreeNode*> sorted) {
     const bool shown = isShown(node) && node.shownCount_ > 0;
     if (shown)
         announce(node);

@@ -10,6 +10,7 @@
 //   added while redraw was suspended; resuming it announces them in one step.
 
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <memory_resource>
 #include <optional>
@@ -138,6 +139,8 @@ class TreeModel {
     /// Sorts the children alphabetically by text. Children added or renamed later stay where they
     /// are until the next call.
     void sortChildren(TreeNode& node);
+    /// Sorts the children by descending rank, those of equal rank alphabetically.
+    void sortChildren(TreeNode& node, const std::function<std::int64_t(const TreeNode&)>& rankOf);
 
     /// Returns the node with that key, or null.
     TreeNode* find(std::string_view key) const;
@@ -151,6 +154,8 @@ class TreeModel {
     void resumeRedraw();
 
  private:
+    std::vector<TreeNode*> alphabetical(const std::vector<TreeNode*>& nodes) const;
+    void reorder(TreeNode& node, std::vector<TreeNode*> sorted);
     bool isShown(const TreeNode& node) const;
     void announce(TreeNode& parent);
     void forget(TreeNode& node);

@@ -2,6 +2,7 @@
 
 #include "views/contacts_tree.h"
 #include "views/placeholder.h"
+#include "views/relation_totals.h"
 
 namespace pelk {
 namespace {
@@ -33,11 +34,13 @@ constexpr Rect radioIn(int column) {
             kRowHeight};
 }
 
-/// The strip above the tree has the search field at its left.
+/// The strip above the tree has the search field at its left and the options at its right.
 constexpr int kUpperStrip = 330;
 constexpr int kUpperStripTop = 40 - kUpperStrip;
 constexpr Rect kSearchBounds{kMargin, kUpperStripTop, 3000, 250};
 constexpr Rect kHitsBounds{kMargin + 3000 + kMargin, kUpperStripTop, 1500, 250};
+constexpr Rect kOptionsBounds{kInnerSize.width - kMargin - kButtonWidth, kUpperStripTop,
+                              kButtonWidth, 250};
 
 constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButtonWidth,
                              kRowHeight};
@@ -56,6 +59,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       domainsRadio(window->addOptionButton(radioIn(1), "Group by &domains")),
       gotoButton(window->addButton(kButtonBounds, "&GoTo")),
       search(*window, presTree, "Search names and addresses"),
+      options(*window, ui.settings),
       ui_(ui),
       language_(language),
       domains_(presTree, language_),
@@ -70,6 +74,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       findAllMenuItem_(addMenuItem("Find all possible links", &ShowForm::findAllMenuItemClick)),
       copyMenuItem_(addMenuItem("Copy to clipboard", &ShowForm::copyMenuItemClick)),
       viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)),
+      goMenuItem_(addMenuItem("Go to this contact", &ShowForm::goMenuItemClick)),
       undoItems_(showmenu_) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
@@ -80,11 +85,15 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     search.box.setBounds(kSearchBounds);
     search.status.setBounds(kHitsBounds);
     search.setTarget(contactNodes_);
+    options.button.setBounds(kOptionsBounds);
+    options.onChange = [this] { optionsChanged(); };
     formResize();
     presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
+    presTree.onActivate = [this](TreeNode& node) { activate(node); };
+    presTree.detailOf = [this](const TreeNode& node) { return detailOf(node); };
     presTree.onDeleteKey = [this] { deleteKeyPressed(); };
     undoItems_.undo = [this] { undo(); };
     undoItems_.redo = [this] { redo(); };
@@ -100,9 +109,9 @@ void ShowForm::startShowing() {
     groupedByNames_ = true;
     showTotals();
     namesRadio.setChecked(true);
+    strongestWeight_ = database->strongestWeight();
     fillTree();
     search.setTarget(contactNodes_);
-    strongestWeight_ = database->strongestWeight();
 }
 
 void ShowForm::showTotals() {
@@ -111,7 +120,7 @@ void ShowForm::showTotals() {
 }
 
 void ShowForm::fillTree() {
-    fillContactsTree(presTree, *database);
+    fillContactsTree(presTree, *database, relationView());
 }
 
 void ShowForm::fillTreeDomains() {
@@ -139,7 +148,23 @@ void ShowForm::expand(TreeNode& node) {
     if (!groupedByNames_)
         domains_.expand(node, *database);
     else if (const int* const id = std::get_if<int>(&node.tag()); id != nullptr && !isFilled(node))
-        fillRelatedContacts(presTree, node, *database, *id, strongestWeight_);
+        fillRelatedContacts(presTree, node, *database, *id, strongestWeight_, relationView());
+}
+
+void ShowForm::optionsChanged() {
+    refresh();
+}
+
+RelationView ShowForm::relationView() const {
+    return {*database, options.relations(), strongestWeight_};
+}
+
+std::string ShowForm::detailOf(const TreeNode& node) const {
+    const int* const id = std::get_if<int>(&node.tag());
+    if (id == nullptr)
+        return {};
+    return node.isTopLevel() ? contactDetail(*database, *id)
+                             : relatedDetail(*database, std::get<int>(node.parent()->tag()), *id);
 }
 
 void ShowForm::formResize() {

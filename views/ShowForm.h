@@ -15,6 +15,7 @@
 #include "views/domains_tree.h"
 #include "views/tree_search.h"
 #include "views/undo_items.h"
+#include "views/view_options.h"
 
 namespace pelk {
 
@@ -62,12 +63,16 @@ class ShowForm {
     OptionButton& domainsRadio;
     Button& gotoButton;
     SearchField search;
+    ViewOptions options;
 
  private:
     void formResize();
     void showTotals();
     void group(bool byNames);
     void expand(TreeNode& node);
+    void optionsChanged();
+    RelationView relationView() const;
+    std::string detailOf(const TreeNode& node) const;
     void gotoButtonClick();
     void refreshButtonClick();
     void renameKeyPressed();
@@ -84,6 +89,8 @@ class ShowForm {
     void findAllMenuItemClick(TreeNode& node);
     void copyMenuItemClick(TreeNode& node);
     void viewMenuItemClick(TreeNode& node);
+    void goMenuItemClick(TreeNode& node);
+    void activate(TreeNode& node);
     bool isGone(int contactId);
     void deleteContact(int id);
     void deleteDomain(const TreeNode& node);
@@ -102,6 +109,7 @@ class ShowForm {
     MenuItem& findAllMenuItem_;
     MenuItem& copyMenuItem_;
     MenuItem& viewMenuItem_;
+    MenuItem& goMenuItem_;
     UndoItems undoItems_;
     bool groupedByNames_ = true;
     std::int64_t strongestWeight_ = 0;

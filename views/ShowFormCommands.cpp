@@ -7,6 +7,7 @@
 #include "views/deletion_text.h"
 #include "views/domains.h"
 #include "views/domains_tree.h"
+#include "views/placeholder.h"
 
 namespace pelk {
 namespace {
@@ -46,6 +47,7 @@ void ShowForm::openMenu(ScreenPoint where) {
     deleteMenuItem_.setVisible(isContact || !groupedByNames_);
     findMenuItem_.setVisible(isContact);
     detailsMenuItem_.setVisible(groupedByNames_ && !isContact);
+    goMenuItem_.setVisible(groupedByNames_ && !isContact);
     findAllMenuItem_.setVisible(!groupedByNames_);
     viewMenuItem_.setVisible(!groupedByNames_ && isAddressLeaf(*node));
     undoItems_.update(*database);
@@ -161,6 +163,17 @@ void ShowForm::copyMenuItemClick(TreeNode& node) {
 
 void ShowForm::viewMenuItemClick(TreeNode& node) {
     openContact(std::get<std::string>(node.tag()));
+}
+
+/// A contact may be missing from the tree because of the options.
+void ShowForm::goMenuItemClick(TreeNode& node) {
+    if (TreeNode* const contact = presTree.model().find(contactKey(contactOf(node))))
+        presTree.select(contact);
+}
+
+void ShowForm::activate(TreeNode& node) {
+    if (groupedByNames_ && !node.isTopLevel() && !isPlaceholder(node))
+        goMenuItemClick(node);
 }
 
 }  // namespace pelk

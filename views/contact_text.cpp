@@ -15,6 +15,13 @@ std::string addressText(const Contact& contact) {
 
 }  // namespace
 
+std::string joinedAddresses(const Contact& contact) {
+    if (contact.addresses.empty())
+        return {};
+    const std::string text = addressText(contact);
+    return text.substr(2, text.size() - 3);
+}
+
 std::string describe(const Contact& contact) {
     return contact.name + addressText(contact);
 }

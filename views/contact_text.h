@@ -15,6 +15,9 @@ std::string describe(const Contact& contact);
 /// them.
 std::string withoutAddresses(std::string text, const Contact& contact);
 
+/// Returns the addresses with slashes between them: a@x/b@y.
+std::string joinedAddresses(const Contact& contact);
+
 /// Returns the key of the contact's top-level node.
 std::string contactKey(int id);
 

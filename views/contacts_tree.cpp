@@ -1,6 +1,7 @@
 #include "views/contacts_tree.h"
 
 #include <string>
+#include <unordered_map>
 
 #include "views/contact_text.h"
 #include "views/fast_tree.h"
@@ -9,13 +10,23 @@
 namespace pelk {
 
 void fillContactsTree(TreeView& tree, const Database& database) {
+    fillContactsTree(tree, database, {database, {}, 0});
+}
+
+void fillContactsTree(TreeView& tree, const Database& database, const RelationView& view) {
     fastClear(tree);
     const RedrawSuspension suspension(tree);
     TreeModel& model = tree.model();
-    database.forEachContact([&model](const Contact& contact) {
-        model.add(addContactNode(model, model.root(), contact));
+    database.forEachContact([&](const Contact& contact) {
+        if (view.showsContact(contact.id))
+            model.add(addContactNode(model, model.root(), contact));
     });
-    model.sortChildren(model.root());
+    if (view.isByName())
+        model.sortChildren(model.root());
+    else
+        model.sortChildren(model.root(), [&view](const TreeNode& node) {
+            return view.rankOfContact(std::get<int>(node.tag()));
+        });
 }
 
 TreeNode& addContactNode(TreeModel& tree, TreeNode& parent, const Contact& contact) {
@@ -28,17 +39,30 @@ TreeNode& addContactNode(TreeModel& tree, TreeNode& parent, const Contact& conta
 
 void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
                          std::int64_t strongest) {
+    fillRelatedContacts(tree, node, database, contactId, strongest, {database, {}, strongest});
+}
+
+void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
+                         std::int64_t strongest, const RelationView& view) {
     const RedrawSuspension suspension(tree);
     TreeModel& model = tree.model();
     model.removeChildren(node);
     const Thresholds thresholds = database.thresholds();
+    std::unordered_map<const TreeNode*, std::int64_t> ranks;
     for (const Relation& relation : database.relationsOf(contactId)) {
         const int relatedId = relation.partnerOf(contactId);
+        if (!view.shows(relation.weight))
+            continue;
         TreeNode& child = model.add(node, database.nameOf(relatedId));
         model.setTag(child, relatedId);
         showStrength(model, child, relation.weight, strongest, thresholds);
+        if (!view.isByName())
+            ranks.emplace(&child, view.rankOf(relation.weight));
     }
-    model.sortChildren(node);
+    if (view.isByName())
+        model.sortChildren(node);
+    else
+        model.sortChildren(node, [&ranks](const TreeNode& child) { return ranks.at(&child); });
 }
 
 void showStrength(TreeModel& tree, TreeNode& node, double weight, std::int64_t strongest,

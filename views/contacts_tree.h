@@ -5,12 +5,15 @@
 
 #include "db/database.h"
 #include "platform/controls.h"
+#include "views/relation_view.h"
 
 namespace pelk {
 
 /// Fills the tree with all contacts in alphabetical order, each with a placeholder to expand. The
 /// nodes are those of `addContactNode`.
 void fillContactsTree(TreeView& tree, const Database& database);
+/// Fills the tree with the contacts that `view` shows, in its order.
+void fillContactsTree(TreeView& tree, const Database& database, const RelationView& view);
 
 /// Adds a contact as the last child of `parent`. The node gets the contact's description as text,
 /// its key, and its id as tag.
@@ -22,6 +25,9 @@ TreeNode& addContactNode(TreeModel& tree, TreeNode& parent, const Contact& conta
 /// added before that remain.
 void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
                          std::int64_t strongest);
+/// Does the same with the relations that `view` shows, in its order.
+void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
+                         std::int64_t strongest, const RelationView& view);
 
 /// Gives a node the image and colour for a relation of that weight.
 void showStrength(TreeModel& tree, TreeNode& node, double weight, std::int64_t strongest,

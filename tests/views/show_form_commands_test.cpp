@@ -63,7 +63,7 @@ TEST_F(CommandsTest, offersTheMenuThatFitsTheNode) {
                         "Copy to clipboard"}));
     driver.expand(form.presTree, {0});
     EXPECT_EQ(driver.menuAt(form.presTree, {0, 1}),
-              (Captions{"More details", "Copy to clipboard"}));
+              (Captions{"More details", "Copy to clipboard", "Go to this contact"}));
     groupByDomains();
     EXPECT_EQ(driver.menuAt(form.presTree, {0}),
               (Captions{"Delete", "Find all possible links", "Copy to clipboard"}));

@@ -1,0 +1,88 @@
+// What the relations view says beside its nodes, and its options.
+
+#include "tests/views/show_form_fixture.h"
+
+namespace pelk {
+namespace {
+
+class OptionsTest : public ShowFormTest {
+ protected:
+    std::string details(const TreeNode& parent) {
+        std::string all;
+        for (const TreeNode* const node : parent.children())
+            all += (all.empty() ? "" : " | ") + form.presTree.detail(*node);
+        return all;
+    }
+    const TreeNode& root() { return form.presTree.model().root(); }
+    void choose(const std::string& item) {
+        driver.chooseIn(form.options.button, item);
+        driver.settle();
+    }
+};
+
+TEST_F(OptionsTest, DetailsTellContactsApart) {
+    EXPECT_EQ(details(root()),
+              "3 relations, 310 e-mails | no relations | 1 relation, 100 e-mails | "
+              "2 relations, 17 e-mails | 1 relation, 200 e-mails");
+    EXPECT_EQ(details(*root().children()[0]), "") << "the placeholder";
+    EXPECT_EQ(expanded(2), "Ann medium");
+    EXPECT_EQ(details(*root().children()[2]), "100 e-mails, a@a/a@b");
+    expanded(3);
+    EXPECT_EQ(details(*root().children()[3]), "10 e-mails, a@a/a@b | 7 e-mails, carl@a");
+}
+
+TEST_F(OptionsTest, SortContactsAndTheirRelations) {
+    choose("Sort by e-mails");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), Zoe (zoe@a), bob (bob@a), Carl (carl@a), Anouk (");
+    EXPECT_EQ(expanded(0), "Zoe strong, bob medium, Carl weak");
+    database->addMailBetween(5, 4);
+    choose("Sort by strength");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), Zoe (zoe@a), bob (bob@a), Anouk (, Carl (carl@a)")
+        << "equal strengths by name";
+    EXPECT_EQ(expanded(0), "Zoe strong, bob medium, Carl weak");
+    choose("Sort by name");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, bob (bob@a), Carl (carl@a), Zoe (zoe@a)");
+}
+
+TEST_F(OptionsTest, HideWeakRelations) {
+    choose("Show medium and strong");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), bob (bob@a), Zoe (zoe@a)");
+    EXPECT_EQ(expanded(0), "bob medium, Zoe strong");
+    choose("Show strong");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), Zoe (zoe@a)");
+    EXPECT_EQ(expanded(0), "Zoe strong");
+    EXPECT_EQ(foundBy("carl"), "");
+    choose("Show all");
+    EXPECT_EQ(driver.rows(form.presTree).size(), 5U);
+}
+
+TEST_F(OptionsTest, AreRemembered) {
+    choose("Sort by e-mails");
+    choose("Show strong");
+    choose("Domains by registered name");
+    ShowForm later(core.ui(), core.language());
+    EXPECT_EQ(later.options.relations().order, RelationOrder::ByMails);
+    EXPECT_EQ(later.options.relations().filter, RelationFilter::Strong);
+    EXPECT_TRUE(later.options.byRegisteredName());
+    choose("*Domains by registered name");
+    EXPECT_FALSE(ShowForm(core.ui(), core.language()).options.byRegisteredName());
+    core.settings.write("viewOrder", "9");
+    ShowForm foreign(core.ui(), core.language());
+    EXPECT_EQ(foreign.options.relations().order, RelationOrder::ByName);
+}
+
+TEST_F(OptionsTest, ARelatedContactLeadsToItsOwnNode) {
+    driver.expand(form.presTree, {0});
+    driver.chooseAt(form.presTree, {0, 2}, "Go to this contact");
+    EXPECT_EQ(driver.selectedText(form.presTree), "Zoe (zoe@a)");
+    driver.doubleClickRow(form.presTree, {0, 0});
+    EXPECT_EQ(driver.selectedText(form.presTree), "bob (bob@a)");
+    driver.clickRow(form.presTree, {0, 1});
+    driver.press(*form.window, Key::Enter);
+    EXPECT_EQ(driver.selectedText(form.presTree), "Carl (carl@a)");
+    driver.press(*form.window, Key::Enter);
+    EXPECT_EQ(driver.selectedText(form.presTree), "Carl (carl@a)");
+}
+
+}  // namespace
+}  // namespace pelk

@@ -1,0 +1,50 @@
+#pragma once
+// The options of the relations view: a button that opens a menu. The choices are remembered.
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/controls.h"
+#include "platform/settings.h"
+#include "views/relation_view.h"
+
+namespace pelk {
+
+class ViewOptions {
+ public:
+    /// Adds the button and its menu to the window. Both references must outlive this object.
+    ViewOptions(Window& window, Settings& settings);
+    ViewOptions(const ViewOptions&) = delete;
+    ViewOptions& operator=(const ViewOptions&) = delete;
+
+    RelationChoice relations() const {
+        return {RelationOrder{orders_.chosen}, RelationFilter{filters_.chosen}};
+    }
+    /// Whether domains are grouped by registered name rather than label by label.
+    bool byRegisteredName() const { return registered_.chosen != 0; }
+
+    /// Called when the user has made another choice.
+    std::function<void()> onChange;
+
+    Button& button;
+    PopupMenu& menu;
+
+ private:
+    /// Menu items, one of which is checked; a single item is checked or not.
+    struct Group {
+        const char* key;
+        std::vector<MenuItem*> items;
+        int chosen = 0;
+    };
+
+    void add(Group& group, const std::vector<const char*>& captions);
+    void choose(Group& group, int choice);
+
+    Settings& settings_;
+    Group orders_{"viewOrder", {}};
+    Group filters_{"viewFilter", {}};
+    Group registered_{"viewDomains", {}};
+};
+
+}  // namespace pelk
