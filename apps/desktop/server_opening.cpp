@@ -4,6 +4,7 @@
 #include <system_error>
 #include <thread>
 
+#include "apps/desktop/server_wait.h"
 #include "mailstore/imap/imap_session.h"
 
 namespace pelk {
@@ -20,7 +21,8 @@ ServerOpening::ServerOpening(const ImapAccount& account, const std::string& pass
         [account, password, options] {
             ImapServerOptions server;
             server.secret = [password] { return password; };
-            server.limit = kLimit;
+            const auto wait = std::make_shared<ServerWait>(account.host);
+            server.patience = {kLimit, [wait](auto waited) { return wait->goesOn(waited); }};
             return openImapSession(account, std::move(server), options);
         });
     session_ = task->get_future();

@@ -62,7 +62,7 @@ void addServerAccount(MailList& list, const UserPlaces& places, const std::strin
                         valueIn(sections, "network", "ImapServer"),
                     path,
                     "KMail keeps the mail of this account in a database of its own, which Pelk "
-                    "cannot read. It is on the mail server as well.",
+                    "cannot read. The mail is on the server, too: add that as a mail server.",
                     {}});
 }
 

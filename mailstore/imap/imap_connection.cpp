@@ -67,8 +67,8 @@ struct SessionFree {
 
 class ImapConnection::Talk {
  public:
-    Talk(const ImapAccount& account, const std::string& secret, std::chrono::seconds limit)
-        : account_(account), network_(account.host, account.port, limit) {
+    Talk(const ImapAccount& account, const std::string& secret, const Patience& patience)
+        : account_(account), network_(account.host, account.port, patience) {
         keepMailOffTheDisk();
         if (account_.tls)
             network_.startTls();
@@ -329,8 +329,8 @@ class ImapConnection::Talk {
 };
 
 ImapConnection::ImapConnection(const ImapAccount& account, const std::string& secret,
-                               std::chrono::seconds limit)
-    : talk_(std::make_unique<Talk>(account, secret, limit)) {}
+                               const Patience& patience)
+    : talk_(std::make_unique<Talk>(account, secret, patience)) {}
 
 ImapConnection::~ImapConnection() = default;
 

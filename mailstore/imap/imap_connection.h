@@ -70,10 +70,8 @@ enum class Detail {
 class ImapConnection {
  public:
     /// Connects and logs in. Throws `LoginRefused` if the server refuses the password, and `Error`
-    /// instead of sending the secret unencrypted to another computer. `limit` is how long the
-    /// server may be silent.
-    ImapConnection(const ImapAccount& account, const std::string& secret,
-                   std::chrono::seconds limit);
+    /// instead of sending the secret unencrypted to another computer.
+    ImapConnection(const ImapAccount& account, const std::string& secret, const Patience& patience);
     ~ImapConnection();
     ImapConnection(const ImapConnection&) = delete;
     ImapConnection& operator=(const ImapConnection&) = delete;

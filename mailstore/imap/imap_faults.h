@@ -23,4 +23,10 @@ class LoginRefused : public Error {
     using Error::Error;
 };
 
+/// The user ended a wait for the server.
+class Cancelled : public Error {
+ public:
+    using Error::Error;
+};
+
 }  // namespace pelk

@@ -20,7 +20,7 @@ void ImapServer::connect() {
     try {
         if (!secret_)
             secret_ = options_.secret();
-        connection_ = std::make_unique<ImapConnection>(account_, *secret_, options_.limit);
+        connection_ = std::make_unique<ImapConnection>(account_, *secret_, options_.patience);
         wasConnected_ = true;
     } catch (const ConnectionLost&) {
         throw;
@@ -53,6 +53,23 @@ void ImapServer::noteBroken(const BrokenAnswer& broken, int tries) {
     if (++broken_ >= kMostBroken)
         down_ = broken.what();
     throw Error(broken.what());
+}
+
+void ImapServer::noteCancelled(const Cancelled& cancelled) {
+    connection_.reset();
+    down_ = cancelled.what();
+}
+
+std::unique_lock<std::mutex> ImapServer::lock() {
+    constexpr std::chrono::milliseconds kBetweenTries{10};
+    const Wait wait(options_.patience);
+    std::unique_lock guard(inUse_, std::try_to_lock);
+    while (!guard.owns_lock()) {
+        wait.requireGoingOn();
+        std::this_thread::sleep_for(kBetweenTries);
+        guard.try_lock();
+    }
+    return guard;
 }
 
 ExaminedMailbox ImapServer::examine(const std::string& mailbox) {

@@ -2,6 +2,7 @@
 // A mail server. Connects on first use, and again after a lost connection.
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -16,8 +17,7 @@ struct ImapServerOptions {
     /// Returns the password or, for OAuth 2, the token. Called before the first connection. Throws
     /// `Error` if there is none.
     std::function<std::string()> secret;
-    /// How long the server may be silent.
-    std::chrono::seconds limit{60};
+    Patience patience = {};
     /// The pause before the second try; the third follows after twice that time.
     std::chrono::milliseconds pause{1000};
 };
@@ -41,7 +41,7 @@ class ImapServer {
     /// fail or `act` throws one; at once if the server is known to be out of reach.
     template <typename Act>
     auto with(const Act& act) {
-        const std::lock_guard guard(inUse_);
+        const std::unique_lock guard = lock();
         for (int tries = 1;; ++tries) {
             try {
                 connect();
@@ -52,6 +52,9 @@ class ImapServer {
                 noteLost(lost, tries);
             } catch (const BrokenAnswer& broken) {
                 noteBroken(broken, tries);
+            } catch (const Cancelled& cancelled) {
+                noteCancelled(cancelled);
+                throw;
             }
         }
     }
@@ -65,6 +68,15 @@ class ImapServer {
         });
     }
 
+    /// Waits for the end of a call on another thread, as patiently as for the server. Throws
+    /// `Cancelled` if the user ends the wait; the other call then ends soon.
+    template <typename Result>
+    void waitFor(const std::future<Result>& call) {
+        for (const Wait wait(options_.patience);
+             call.wait_for(Wait::kStep) == std::future_status::timeout;)
+            wait.requireGoingOn();
+    }
+
     /// Opens a folder and returns its numbering and size.
     ExaminedMailbox examine(const std::string& mailbox);
 
@@ -74,6 +86,9 @@ class ImapServer {
     /// later calls.
     void noteLost(const ConnectionLost& lost, int tries);
     void noteBroken(const BrokenAnswer& broken, int tries);
+    /// Makes all later calls fail: the user would have to end one wait after the other.
+    void noteCancelled(const Cancelled& cancelled);
+    std::unique_lock<std::mutex> lock();
     void enter(ImapConnection& connection, const std::string& mailbox, std::uint32_t uidValidity);
 
     std::mutex inUse_;

@@ -65,10 +65,10 @@ void MailboxMessages::noteGivenOut(std::size_t index, ImapMessage& message) {
 /// Also starts to fetch the next batch, because messages are mostly read in order. The fetching
 /// thread frees the previous batch: freeing its memory here would make both threads wait.
 void MailboxMessages::takeBatch(std::size_t index) {
+    if (coming_.valid())
+        server_.waitFor(coming_);
     Batch done = std::exchange(batch_, {});
     std::future<Batch> coming = std::move(coming_);
-    if (coming.valid())
-        coming.wait();
     batch_ = coming.valid() && comingBegin_ == index ? coming.get() : fetchBatch(index);
     batchBegin_ = index;
     comingBegin_ = index + batch_.size();

@@ -10,7 +10,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <future>
 #include <system_error>
+#include <thread>
+#include <utility>
 
 #include "mailstore/imap/imap_faults.h"
 #include "mailstore/imap/tls.h"
@@ -27,22 +30,47 @@ struct AddressesFree {
 };
 using Addresses = std::unique_ptr<addrinfo, AddressesFree>;
 
-Addresses lookUp(const std::string& host, std::uint16_t port) {
+struct Found {
+    int fault = 0;
+    Addresses list;
+};
+
+Found lookUp(const std::string& host, std::uint16_t port) {
     addrinfo hints{};
     hints.ai_socktype = SOCK_STREAM;
     addrinfo* list = nullptr;
     const int fault = ::getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &list);
-    if (fault != 0)
+    return {fault, Addresses(list)};
+}
+
+/// Nothing can interrupt a look-up, so after a wait that is too long, its thread is left alone.
+Addresses lookUp(const std::string& host, std::uint16_t port, const Patience& patience) {
+    auto task =
+        std::make_shared<std::packaged_task<Found()>>([host, port] { return lookUp(host, port); });
+    std::future<Found> coming = task->get_future();
+    try {
+        std::thread([task] { (*task)(); }).detach();
+    } catch (const std::system_error&) {
+        (*task)();
+    }
+    const Wait wait(patience);
+    while (coming.wait_for(Wait::kStep) != std::future_status::ready) {
+        wait.requireGoingOn();
+        if (wait.isOver())
+            throw ConnectionLost("The mail server " + host + " cannot be found: no answer for " +
+                                 std::to_string(patience.limit.count()) + " seconds.");
+    }
+    Found found = coming.get();
+    if (found.fault != 0)
         throw ConnectionLost("The mail server " + host +
-                             " cannot be found: " + ::gai_strerror(fault) + ".");
-    return Addresses(list);
+                             " cannot be found: " + ::gai_strerror(found.fault) + ".");
+    return std::move(found.list);
 }
 
 }  // namespace
 
-NetworkStream::NetworkStream(const std::string& host, std::uint16_t port,
-                             std::chrono::seconds limit)
-    : host_(host), limit_(limit) {
+NetworkStream::NetworkStream(const std::string& host, std::uint16_t port, const Patience& patience)
+    : host_(host), patience_(patience) {
     try {
         connect(port);
     } catch (...) {
@@ -58,7 +86,7 @@ NetworkStream::~NetworkStream() {
 }
 
 void NetworkStream::connect(std::uint16_t port) {
-    const Addresses list = lookUp(host_, port);
+    const Addresses list = lookUp(host_, port, patience_);
     int reason = ECONNREFUSED;
     for (const addrinfo* address = list.get(); address != nullptr; address = address->ai_next)
         if (tryAddress(*address, reason))
@@ -133,20 +161,18 @@ std::size_t NetworkStream::repeat(short events, const Call& call) {
 }
 
 void NetworkStream::await(short events) {
-    using std::chrono::milliseconds;
-    const auto end = std::chrono::steady_clock::now() + limit_;
+    const Wait wait(patience_);
     for (;;) {
-        const auto left = std::chrono::ceil<milliseconds>(end - std::chrono::steady_clock::now());
         pollfd wanted{socket_, events, 0};
-        const int ready =
-            ::poll(&wanted, 1, static_cast<int>(std::max(left, milliseconds(0)).count()));
+        const int ready = ::poll(&wanted, 1, static_cast<int>(Wait::kStep.count()));
         if (ready > 0)
             return;
         if (ready < 0 && errno != EINTR)
             failLost(errno);
-        if (left <= milliseconds(0))
+        wait.requireGoingOn();
+        if (wait.isOver())
             throw ConnectionLost("The mail server " + host_ + " has not answered for " +
-                                 std::to_string(limit_.count()) + " seconds.");
+                                 std::to_string(patience_.limit.count()) + " seconds.");
     }
 }
 

@@ -1,11 +1,12 @@
 #pragma once
 // A TCP connection to a server, with or without encryption.
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
+
+#include "mailstore/imap/patience.h"
 
 struct addrinfo;
 
@@ -13,11 +14,12 @@ namespace pelk {
 
 class TlsLayer;
 
-/// Every function throws `ConnectionLost` if the connection breaks or transfers nothing within
-/// `limit`, and `Error` if encryption fails. Only one thread at a time may call.
+/// Every function throws `ConnectionLost` if the connection breaks or transfers nothing for too
+/// long, `Cancelled` if the user ends a wait, and `Error` if encryption fails. Only one thread at a
+/// time may call.
 class NetworkStream {
  public:
-    NetworkStream(const std::string& host, std::uint16_t port, std::chrono::seconds limit);
+    NetworkStream(const std::string& host, std::uint16_t port, const Patience& patience);
     ~NetworkStream();
     NetworkStream(const NetworkStream&) = delete;
     NetworkStream& operator=(const NetworkStream&) = delete;
@@ -44,7 +46,7 @@ class NetworkStream {
     [[noreturn]] void failLost(int reason) const;
 
     const std::string host_;
-    const std::chrono::seconds limit_;
+    const Patience patience_;
     int socket_ = -1;
     std::unique_ptr<TlsLayer> tls_;
 };

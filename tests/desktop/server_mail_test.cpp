@@ -8,13 +8,17 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
+#include <QThread>
+#include <future>
 #include <map>
 
 #include "apps/desktop/main_window.h"
 #include "apps/desktop/server_dialog.h"
 #include "apps/desktop/server_mail.h"
+#include "apps/desktop/server_wait.h"
 #include "tests/imap/dovecot.h"
 #include "tests/support/message_of.h"
 #include "tests/support/qt_acts.h"
@@ -153,6 +157,22 @@ TEST(ServerDialog, saysWhyATestFailsAndCanStopIt) {
     click(dialog, "OK");
     EXPECT_EQ(dialog.result(), QDialog::Accepted);
     EXPECT_EQ(dialog.password(), "secret");
+}
+
+TEST(ServerWait, endsOnAllThreadsWhenTheUserCancels) {
+    ServerWait wait("mail.x.org");
+    EXPECT_TRUE(wait.goesOn(std::chrono::milliseconds(0)));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    inNext<QProgressDialog>([](QProgressDialog& box) {
+        EXPECT_EQ(box.labelText(), "Waiting for mail.x.org...");
+        box.cancel();
+    });
+    for (int calls = 0; wait.goesOn(std::chrono::seconds(1)); QThread::msleep(1))
+        ASSERT_LT(++calls, 5000);
+    EXPECT_FALSE(std::async(std::launch::async, [&] {
+                     return wait.goesOn(std::chrono::milliseconds(0));
+                 }).get());
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 class ServerMailTest : public ::testing::Test {

@@ -25,7 +25,7 @@ inline std::unique_ptr<MailSession> openAt(const std::string& address,
                                            const std::string& password = kPassword) {
     ImapServerOptions options;
     options.secret = [password] { return password; };
-    options.limit = std::chrono::seconds(2);
+    options.patience.limit = std::chrono::seconds(2);
     options.pause = std::chrono::milliseconds(1);
     return openImapSession(readImapAddress(address), std::move(options), {});
 }

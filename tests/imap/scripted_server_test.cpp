@@ -178,6 +178,29 @@ TEST(HostileServer, isWaitedForOnlySoLong) {
               "The mail server 127.0.0.1 has not answered for 2 seconds.");
 }
 
+TEST(SilentServer, isWaitedForNoLongerThanTheUserWants) {
+    std::atomic<bool> silent = false;
+    ScriptedServer server(mailbox([&](const std::string& command) -> std::string {
+        silent = command.starts_with("UID FETCH");
+        while (silent)
+            ::usleep(1000);
+        return {};
+    }));
+    ImapServerOptions options;
+    options.secret = [] { return kPassword; };
+    options.patience.goesOn = [&](std::chrono::milliseconds) { return !silent; };
+    const auto session =
+        openImapSession(readImapAddress("imap://jane@127.0.0.1:" + std::to_string(server.port())),
+                        std::move(options), {});
+    const auto folder = session->folders()->next()->folders()->next();
+    for (int tries = 0; tries < 2; ++tries) {
+        EXPECT_EQ(messageOf([&] { folder->mailItem(1); }),
+                  "The mail server is no longer waited for. Open the mail again to go on.");
+        silent = false;
+    }
+    EXPECT_EQ(server.connections(), 1);
+}
+
 /// A changing folder, scanned several times into one database.
 class Changing {
  public:
@@ -223,7 +246,7 @@ TEST(FolderMarks, narrowWhatIsAskedForAndNeverWhatCounts) {
     folder.validity = 8;
     EXPECT_EQ(folder.scan(), "0 UID 1:*") << "the messages are renumbered";
     EXPECT_EQ(folder.scan(), "0 UID 4:*");
-    folder.counting.database->setDate("2026-01-01T00:00:00");
+    folder.counting.database->setDate("2020-01-01T00:00:00");
     EXPECT_EQ(folder.scan(), "3 UID 1:*") << "the database is one from before the first scan";
     folder.counting.core.files.files["/data/pelk/pelk-imap.db"][30] ^= 1;
     EXPECT_EQ(folder.scan(), "0 UID 1:*");

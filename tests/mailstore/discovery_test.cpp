@@ -210,8 +210,8 @@ TEST_F(DiscoveryTest, findsWhatTheProgramsOfDesktopsKeep) {
                   "~/.var/app/org.gnome.Evolution/data/evolution/mail/local" +
                   one +
                   "KMail | jane@x.org | ~/.config/akonadi_imap_resource_2rc | KMail keeps the mail "
-                  "of this account in a database of its own, which Pelk cannot read. It is on the "
-                  "mail server as well.\n"
+                  "of this account in a database of its own, which Pelk cannot read. The mail is "
+                  "on the server, too: add that as a mail server.\n"
                   "KMail | local-mail | ~/.local/share/local-mail" +
                   one + "KMail | My box | ~/box | 1 " + kSize +
                   "\n"
