@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "links/link_search.h"
-#include "views/contact_text.h"
 #include "views/fast_tree.h"
 
 namespace pelk {
@@ -53,7 +52,6 @@ void findForm::fillList() {
     TreeModel& list = listTree.model();
     db->forEachContact([&list](const Contact& contact) {
         TreeNode& node = list.add(list.root(), contact.name);
-        list.setKey(node, contactKey(contact.id));
         list.setTag(node, contact.id);
         list.setImage(node, TreeImage::Contact);
     });

@@ -28,6 +28,11 @@ void SearchField::clear() {
     search();
 }
 
+void SearchField::focus() {
+    box.focus();
+    target_->prepare();
+}
+
 void SearchField::textChanged() {
     search();
     if (hits_ > 0)

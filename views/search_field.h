@@ -20,6 +20,8 @@ class SearchTarget {
     virtual void show(std::size_t hit) = 0;
     /// Called when the query has become empty, perhaps again.
     virtual void noQuery() {}
+    /// Reads what is searched, so that the first search is as quick as the others.
+    virtual void prepare() {}
 };
 
 /// The first hit is shown while the user types. Enter and Down show the next one, Up shows the one
@@ -45,7 +47,7 @@ class SearchField {
     void clear();
     /// Shows a text in place of the number of hits, until the next search.
     void say(const std::string& text) { status.setText(text); }
-    void focus() { box.focus(); }
+    void focus();
 
     /// Called after each search with false, and after each hit shown with true.
     std::function<void(bool shown)> onShown;

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <tuple>
 #include <unordered_map>
-
-#include "views/contact_text.h"
+#include <unordered_set>
 
 namespace pelk {
 namespace {
@@ -33,10 +32,12 @@ void sortByDomain(std::vector<MailAddress>& addresses) {
 
 std::size_t ContactNodes::find(const std::string& query) {
     rows_.clear();
-    for (const int id : contacts_.find(*database_, query))
-        if (const TreeNode* const node = tree_.model().find(contactKey(id)))
+    const std::vector<int> found = contacts_.find(*database_, query);
+    const std::unordered_set<int> ids(found.begin(), found.end());
+    for (const TreeNode* const node : tree_.model().root().children())
+        if (const int* const id = std::get_if<int>(&node->tag());
+            id != nullptr && ids.contains(*id))
             rows_.push_back(node->row());
-    std::sort(rows_.begin(), rows_.end());
     return rows_.size();
 }
 
@@ -45,14 +46,18 @@ void ContactNodes::show(std::size_t hit) {
 }
 
 std::size_t AddressLeaves::find(const std::string& query) {
-    if (read_ != database_ || revision_ != database_->revision())
-        read();
+    prepare();
     hits_ = words_.find(query);
     return hits_.size();
 }
 
 void AddressLeaves::show(std::size_t hit) {
     tree_.select(domains_.leafOf(addresses_[hits_[hit]], *database_));
+}
+
+void AddressLeaves::prepare() {
+    if (read_ != database_ || revision_ != database_->revision())
+        read();
 }
 
 void AddressLeaves::read() {

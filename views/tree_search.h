@@ -13,8 +13,8 @@
 
 namespace pelk {
 
-/// Finds contacts in a tree with a top-level node for each, whose key is that of `contactKey`. The
-/// hits have the order of the nodes.
+/// Finds contacts in a tree with a top-level node for each, whose tag is the contact's id. The hits
+/// have the order of the nodes.
 class ContactNodes : public SearchTarget {
  public:
     /// The references must outlive this object; `database` is the form's, which may set it later.
@@ -23,6 +23,7 @@ class ContactNodes : public SearchTarget {
 
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
+    void prepare() override { contacts_.prepare(*database_); }
 
  private:
     TreeView& tree_;
@@ -43,6 +44,7 @@ class AddressLeaves : public SearchTarget {
     std::size_t find(const std::string& query) override;
     /// Fills the domains of the address, and selects its leaf.
     void show(std::size_t hit) override;
+    void prepare() override;
 
  private:
     void read();
