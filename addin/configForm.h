@@ -23,10 +23,13 @@ class configForm {
 
     const std::unique_ptr<Window> window;
     Label& Label1;
+    /// The thresholds as numbers that can be typed.
+    TextBox& maxBox;
     Slider& maxSlider;
     Label& maxValueLabel;
     Label& Label4;
     Label& Label3;
+    TextBox& minBox;
     Slider& minSlider;
     Label& minValueLabel;
     Label& Label2;
@@ -35,6 +38,8 @@ class configForm {
 
  private:
     void showValues();
+    void showNumbers();
+    void typed(const TextBox& box, Slider& slider);
     void okButtonClick();
 
     Dialogs& dialogs_;

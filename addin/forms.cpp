@@ -15,13 +15,21 @@ void refreshIfOpen(const std::unique_ptr<Form>& form) {
         form->refresh();
 }
 
+/// An open form is hidden first, so that its place is remembered.
+template <typename Form>
+void closeAndDestroy(std::unique_ptr<Form>& form) {
+    if (form && form->window->isVisible())
+        form->window->hide();
+    form.reset();
+}
+
 }  // namespace
 
 void Forms::openScan(Database& database, MailClient& mailClient) {
     const std::string first = database.date() == kNeverScanned
                                   ? "You must first scan your mailbox."
                                   : "Only newer e-mails will be scanned.";
-    ParseForm& form = created(scan, ui_, platform_, storage_);
+    ParseForm& form = created(scan, "ParseForm", ui_, platform_, storage_);
     form.database = &database;
     form.mailClient = &mailClient;
     form.openView = [this, &database] {
@@ -35,7 +43,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
 }
 
 void Forms::openView(Database& database) {
-    ShowForm& form = created(view, ui_, platform_.language);
+    ShowForm& form = created(view, "ShowForm", ui_, platform_.language);
     form.database = &database;
     form.mergeContact = [this, &database](int id, const std::string& text) {
         openMerge(database, id, text);
@@ -87,7 +95,8 @@ void Forms::setUndoKeys(Window& window, Database& database) {
 }
 
 void Forms::openMerge(Database& database, int contactId, const std::string& text) {
-    mergeForm& form = created(merge, ui_.toolkit, ui_.dialogs, storage_, platform_.language);
+    mergeForm& form =
+        created(merge, "mergeForm", ui_.toolkit, ui_.dialogs, storage_, platform_.language);
     form.database = &database;
     form.databaseChanged = [this] {
         refreshIfOpen(view);
@@ -98,14 +107,14 @@ void Forms::openMerge(Database& database, int contactId, const std::string& text
 }
 
 void Forms::openDetails(const Database& database, int contactId, int relatedId) {
-    DetailsForm& form = created(details, ui_.toolkit);
+    DetailsForm& form = created(details, "DetailsForm", ui_.toolkit);
     form.database = &database;
     form.fillInfo(contactId, relatedId);
     form.show();
 }
 
 void Forms::openContact(const Database& database, const std::string& address) {
-    ShowFormSingle& form = created(contact, ui_.toolkit, ui_.display);
+    ShowFormSingle& form = created(contact, "ShowFormSingle", ui_.toolkit, ui_.display);
     form.database = &database;
     form.openDetails = [this, &database](int id, int relatedId) {
         openDetails(database, id, relatedId);
@@ -115,11 +124,11 @@ void Forms::openContact(const Database& database, const std::string& address) {
 }
 
 void Forms::openFind(const Database& database, int sourceId) {
-    findForm& form = created(find, ui_.toolkit, ui_.dialogs, platform_.language);
+    findForm& form = created(find, "findForm", ui_.toolkit, ui_.dialogs, platform_.language);
     form.db = &database;
     form.sourceId = sourceId;
     form.showResult = [this, &database](const std::vector<int>& path) {
-        ShowFindFormSimple& result = created(links, ui_.toolkit);
+        ShowFindFormSimple& result = created(links, "ShowFindFormSimple", ui_.toolkit);
         result.db = &database;
         result.path = path;
         result.fill();
@@ -132,12 +141,13 @@ void Forms::openFind(const Database& database, int sourceId) {
 /// During a search, brings the form to the front unchanged, and tells the user why another search
 /// does not start.
 void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
-    findFormDomain& form = created(findDomain, ui_, platform_.language);
+    findFormDomain& form = created(findDomain, "findFormDomain", ui_, platform_.language);
     if (!form.isSearching()) {
         form.db = &database;
         form.sourceDomain = sourceDomain;
         form.showResult = [this, &database](const DomainLinks& found) {
-            ShowFindFormDomains& result = created(domainLinks, ui_.toolkit, platform_.language);
+            ShowFindFormDomains& result =
+                created(domainLinks, "ShowFindFormDomains", ui_.toolkit, platform_.language);
             result.db = &database;
             result.sourceDomain = found.source;
             result.targetDomain = found.target;
@@ -156,7 +166,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
 }
 
 void Forms::openOthers(Database& database) {
-    OthersForm& form = created(others, ui_, storage_);
+    OthersForm& form = created(others, "OthersForm", ui_, storage_);
     form.database = &database;
     setUndoKeys(*form.window, database);
     form.configure = [this, &database] { openConfiguration(database); };
@@ -168,13 +178,13 @@ void Forms::openOthers(Database& database) {
 }
 
 void Forms::openConfiguration(Database& database) {
-    configForm& form = created(configuration, ui_.toolkit, ui_.dialogs, storage_);
+    configForm& form = created(configuration, "configForm", ui_.toolkit, ui_.dialogs, storage_);
     form.database = &database;
     form.showModal();
 }
 
 void Forms::openAbout() {
-    created(about, ui_.toolkit).show();
+    created(about, "aboutForm", ui_.toolkit).show();
 }
 
 /// Updates all forms but the relations view, which updates itself after its own commands.
@@ -193,19 +203,26 @@ void Forms::abandonSearch() {
         findDomain->abandonSearch();
 }
 
+void Forms::rememberPlace(Window& window, const char* form) {
+    const std::string key = std::string("place") + form;
+    if (const auto place = ui_.settings.read(key))
+        window.setPlace(*place);
+    window.onHide = [this, &window, key] { ui_.settings.write(key, window.place()); };
+}
+
 void Forms::unload() {
-    about.reset();
-    configuration.reset();
-    others.reset();
-    domainLinks.reset();
-    findDomain.reset();
-    links.reset();
-    find.reset();
-    contact.reset();
-    details.reset();
-    merge.reset();
-    view.reset();
-    scan.reset();
+    closeAndDestroy(about);
+    closeAndDestroy(configuration);
+    closeAndDestroy(others);
+    closeAndDestroy(domainLinks);
+    closeAndDestroy(findDomain);
+    closeAndDestroy(links);
+    closeAndDestroy(find);
+    closeAndDestroy(contact);
+    closeAndDestroy(details);
+    closeAndDestroy(merge);
+    closeAndDestroy(view);
+    closeAndDestroy(scan);
 }
 
 }  // namespace pelk

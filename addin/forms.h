@@ -64,9 +64,11 @@ class Forms {
 
  private:
     template <typename Form, typename... Arguments>
-    static Form& created(std::unique_ptr<Form>& form, Arguments&... arguments) {
-        if (!form)
+    Form& created(std::unique_ptr<Form>& form, const char* name, Arguments&... arguments) {
+        if (!form) {
             form = std::make_unique<Form>(arguments...);
+            rememberPlace(*form->window, name);
+        }
         return *form;
     }
 
@@ -77,6 +79,8 @@ class Forms {
     void openFindDomain(const Database& database, const std::string& sourceDomain);
     void openConfiguration(Database& database);
     void refreshBesideView();
+    /// Restores where the form was last, now and after each time it is hidden.
+    void rememberPlace(Window& window, const char* form);
     void setUndoKeys(Window& window, Database& database);
 
     UserInterface ui_;

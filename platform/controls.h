@@ -175,6 +175,11 @@ class TreeView : public Control {
     /// Expands or collapses a node without calling a handler. While redraw is suspended, the native
     /// tree may do so when redraw resumes.
     virtual void setExpanded(TreeNode& node, bool expanded) = 0;
+    /// Returns the node of the uppermost row in view, or null if the tree is empty; `scrollToTop`
+    /// moves a node's row there, as far as the tree can be scrolled. Requires: the node's ancestors
+    /// are expanded.
+    virtual TreeNode* firstVisible() = 0;
+    virtual void scrollToTop(TreeNode& node) = 0;
     /// Repaints everything.
     virtual void repaint() = 0;
 

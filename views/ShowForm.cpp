@@ -3,6 +3,7 @@
 #include "views/contacts_tree.h"
 #include "views/placeholder.h"
 #include "views/relation_totals.h"
+#include "views/tree_state.h"
 
 namespace pelk {
 namespace {
@@ -106,12 +107,15 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
 }
 
 void ShowForm::startShowing() {
+    const TreeState before(presTree);
     groupedByNames_ = true;
     showTotals();
     namesRadio.setChecked(true);
     strongestWeight_ = database->strongestWeight();
     fillTree();
     search.setTarget(contactNodes_);
+    if (window->isVisible())
+        before.restore(presTree, [this](TreeNode& node) { expand(node); });
 }
 
 void ShowForm::showTotals() {
@@ -129,10 +133,12 @@ void ShowForm::fillTreeDomains() {
 
 void ShowForm::refresh() {
     showTotals();
+    const TreeState before(presTree);
     if (groupedByNames_)
         fillTree();
     else
         fillTreeDomains();
+    before.restore(presTree, [this](TreeNode& node) { expand(node); });
     search.searchAgain();
 }
 
@@ -177,6 +183,11 @@ void ShowForm::formResize() {
         bounds.top = top;
         control.setBounds(bounds);
     };
+    for (Button* button : {&refreshButton, &gotoButton}) {
+        Rect bounds = button->bounds();
+        bounds.left = inner.width - kMargin - kButtonWidth;
+        button->setBounds(bounds);
+    }
     for (Control* control : std::initializer_list<Control*>{&dLabel1, &dLabel2, &refreshButton})
         setTop(*control, inner.height - kUpperRow);
     for (Control* control : std::initializer_list<Control*>{&Picture1, &namesRadio, &Picture2,

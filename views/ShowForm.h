@@ -47,7 +47,8 @@ class ShowForm {
     /// Rebuilds the tree as contacts, or as domains.
     void fillTree();
     void fillTreeDomains();
-    /// Rebuilds the tree in its current grouping, and the totals.
+    /// Rebuilds the tree in its current grouping, and the totals. What is expanded, selected and in
+    /// view stays so.
     void refresh();
     /// Shows the form modelessly.
     void show() { window->show(); }

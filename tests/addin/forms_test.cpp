@@ -347,6 +347,20 @@ TEST_F(FormsTest, setsThresholdsThatDoNotCross) {
     set(29, 30);
     EXPECT_EQ(database->thresholds().strong, 30);
     set(31, 30);
+    driver.later([this] {
+        configForm& form = *forms.configuration;
+        driver.type(form.maxBox, "70");
+        EXPECT_EQ(driver.valueOf(form.maxSlider), 70);
+        EXPECT_EQ(driver.textOf(form.maxValueLabel), "70");
+        driver.type(form.maxBox, "170");
+        core.dialogs.expectMessage("A threshold is a whole number from 0 to 100.");
+        driver.press(*form.window, Key::Enter);
+        driver.move(form.maxSlider, 69);
+        EXPECT_EQ(driver.textOf(form.maxBox), "69");
+        driver.press(*form.window, Key::Enter);
+    });
+    driver.click(forms.others->configButton);
+    EXPECT_EQ(saved()->thresholds().strong, 69);
     for (Label* label : {&forms.configuration->Label1, &forms.configuration->Label2,
                          &forms.configuration->Label3, &forms.configuration->Label4})
         EXPECT_TRUE(driver.showsWholeText(*label)) << driver.textOf(*label);

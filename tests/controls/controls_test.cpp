@@ -116,7 +116,7 @@ TEST_F(Controls, EnterPressesTheDefaultButtonUnlessAnotherHasTheFocus) {
     standard.onClick = [&] { pressed += "default;"; };
     window_->setDefaultButton(standard);
     window_->show();
-    for (Control* focused : std::initializer_list<Control*>{&box, &slider, &other, &box}) {
+    for (Control* focused : std::initializer_list<Control*>{&standard, &slider, &other, &box}) {
         driver_.giveFocus(*focused);
         driver_.press(*window_, Key::Enter);
     }

@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/shortcuts.h"
+
 namespace pelk {
 namespace {
 
@@ -102,6 +104,23 @@ TEST(Help, showsEachPictureThatItHas) {
         EXPECT_TRUE(readFile(file.path()).starts_with("\x89PNG")) << file.path();
         EXPECT_GT(file.file_size(), 1000U) << file.path();
     }
+}
+
+TEST(Help, listsTheKeysOfTheProgramAndNoOthers) {
+    std::set<std::string> expected = {"F10"};
+    for (const ShortcutKey& key : kShortcutKeys)
+        expected.insert(std::string(key.keys));
+    // Of the mail window, which takes Qt's standard keys.
+    const std::map<std::string, std::string> standard = {
+        {"Open", "Ctrl+O"}, {"Quit", "Ctrl+Q"}, {"Copy", "Ctrl+C"},
+        {"Find", "Ctrl+F"}, {"Refresh", "F5"},  {"HelpContents", "F1"}};
+    for (const std::string& key : allMatches(sources(), "QKeySequence::(\\w+),"))
+        expected.insert(standard.contains(key) ? standard.at(key) : key);
+    std::set<std::string> listed;
+    for (const std::string& cell : allMatches(pages().at("keyboard.html"), "<tr><td>(.*?)</td>"))
+        for (const std::string& key : allMatches(cell, "(Ctrl\\+[A-Za-z+]+|F\\d+|Esc)"))
+            listed.insert(key);
+    EXPECT_EQ(listed, expected);
 }
 
 TEST(Help, pagesAreTrueSayEnoughAndCanBeFound) {

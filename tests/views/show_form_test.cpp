@@ -32,9 +32,9 @@ TEST_F(ShowFormTest, usesCurrentThresholdsAndTheStrongestRelationAtOpening) {
     form.database = database.get();
     EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe strong");
     driver.click(form.refreshButton);
-    EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe strong") << "it is not measured again";
+    EXPECT_EQ(rows({0}), "bob weak, Carl weak, Zoe strong") << "it is not measured again";
     open();
-    EXPECT_EQ(expanded(0), "bob weak, Carl weak, Zoe weak") << "200 of 400";
+    EXPECT_EQ(rows({0}), "bob weak, Carl weak, Zoe weak") << "200 of 400";
 }
 
 TEST_F(ShowFormTest, refreshShowsWhatHasChanged) {
@@ -43,6 +43,28 @@ TEST_F(ShowFormTest, refreshShowsWhatHasChanged) {
     driver.click(form.refreshButton);
     EXPECT_EQ(driver.rows(form.presTree).size(), 6U);
     EXPECT_EQ(driver.rows(form.presTree)[0].text, "Aaron (aaron@a)");
+}
+
+TEST_F(ShowFormTest, refreshKeepsWhatIsExpandedSelectedAndInView) {
+    for (int id = 0; id < 100; ++id)
+        database->addContact("X" + std::to_string(100 + id), std::to_string(id) + "@x");
+    driver.click(form.refreshButton);
+    expanded(3);
+    driver.clickRow(form.presTree, {3, 0});
+    form.presTree.scrollToTop(*form.presTree.model().root().children()[3]);
+    database->addContact("Aaron", "aaron@a");
+    driver.click(form.refreshButton);
+    EXPECT_EQ(rows({4}), "Ann weak, Carl weak");
+    EXPECT_EQ(driver.selectedText(form.presTree), "Ann");
+    EXPECT_EQ(form.presTree.firstVisible()->text(), "Carl (carl@a)");
+    driver.collapse(form.presTree, {4});
+
+    driver.click(form.domainsRadio);
+    driver.expand(form.presTree, {0});
+    const std::string labels = rows({0});
+    driver.click(form.refreshButton);
+    EXPECT_EQ(rows({0}), labels);
+    driver.collapse(form.presTree, {0});
 }
 
 TEST_F(ShowFormTest, goToSelectsTheFirstMatchInTheOrderOfInsertion) {
@@ -85,6 +107,10 @@ TEST_F(ShowFormTest, laysOutItsControlsFromTheBottomEdge) {
          std::initializer_list<Control*>{&form.namesRadio, &form.domainsRadio, &form.gotoButton,
                                          &form.refreshButton, &form.dLabel1, &form.dLabel2})
         EXPECT_TRUE(driver.showsWholeText(*control));
+    for (Button* button : {&form.refreshButton, &form.gotoButton}) {
+        const Rect bounds = driver.boundsOf(*button);
+        EXPECT_NEAR(bounds.left + bounds.width, inner.width - 60, 30);
+    }
     for (Label* label : {&form.dLabel1, &form.dLabel2})
         EXPECT_NEAR(driver.boundsOf(*label).top, inner.height - 550, 20);
 }

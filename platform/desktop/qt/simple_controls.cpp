@@ -6,6 +6,7 @@
 
 #include "platform/desktop/qt/images.h"
 #include "platform/guard.h"
+#include "platform/spoken_text.h"
 
 namespace pelk {
 
@@ -39,6 +40,9 @@ void PictureWidget::paintEvent(QPaintEvent*) {
 QtPicture::QtPicture(QWidget& parent, const TwipScale& scale, TreeImage image)
     : QtControl(parent, scale) {
     widget_.setImage(image);
+    // Tells screen readers that it is a picture, and of what.
+    widget_.setPixmap(treeIcon(image).pixmap(1));
+    widget_.setAccessibleName(QString::fromStdString(describeImage(image)));
 }
 
 QtButton::QtButton(QWidget& parent, const TwipScale& scale, const std::string& text,

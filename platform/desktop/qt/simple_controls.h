@@ -30,9 +30,9 @@ class QtLabel : public QtControl<Label, TextWidget> {
 };
 
 /// An image of the tree, as large as fits.
-class PictureWidget : public QWidget {
+class PictureWidget : public QLabel {
  public:
-    PictureWidget(QWidget* parent) : QWidget(parent) {}
+    PictureWidget(QWidget* parent) : QLabel(parent) {}
     void setImage(TreeImage image) { image_ = image; }
 
  protected:

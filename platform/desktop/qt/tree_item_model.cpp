@@ -5,6 +5,7 @@
 #include "platform/desktop/qt/colors.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/readable_color.h"
+#include "platform/spoken_text.h"
 
 namespace pelk {
 
@@ -65,6 +66,8 @@ QVariant TreeItemModel::data(const QModelIndex& index, int role) const {
             return treeIcon(node.image());
         case Qt::ForegroundRole:
             return node.color() ? QVariant(shownColor(*node.color())) : QVariant();
+        case Qt::AccessibleTextRole:
+            return QString::fromStdString(spokenText(node));
         case Qt::AccessibleDescriptionRole:
             return QString::fromStdString(view_.detail(node));
         default:

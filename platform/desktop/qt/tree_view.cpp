@@ -123,6 +123,15 @@ std::vector<TreeNode*> QtTreeView::selectedNodes() {
     return nodes;
 }
 
+TreeNode* QtTreeView::firstVisible() {
+    const QModelIndex index = widget_.indexAt({widget_.viewport()->rect().left() + 1, 1});
+    return index.isValid() ? &items_.nodeAt(index) : nullptr;
+}
+
+void QtTreeView::scrollToTop(TreeNode& node) {
+    widget_.scrollTo(items_.indexOf(node), QAbstractItemView::PositionAtTop);
+}
+
 void QtTreeView::repaint() {
     widget_.viewport()->repaint();
 }

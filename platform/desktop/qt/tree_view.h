@@ -24,6 +24,8 @@ class QtTreeView : public QtControl<TreeView, TreeWidget> {
     void allowMultipleSelection() override;
     std::vector<TreeNode*> selectedNodes() override;
     void setExpanded(TreeNode& node, bool expanded) override;
+    TreeNode* firstVisible() override;
+    void scrollToTop(TreeNode& node) override;
     void repaint() override;
 
  private:

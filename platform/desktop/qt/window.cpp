@@ -180,7 +180,9 @@ void QtWindow::setShortcut(Shortcut shortcut, std::function<void()> act) {
 }
 
 void QtWindow::setDefaultButton(Button& button) {
-    dynamic_cast<QPushButton&>(dynamic_cast<NativeWidget&>(button).nativeWidget()).setDefault(true);
+    auto& widget = dynamic_cast<QPushButton&>(dynamic_cast<NativeWidget&>(button).nativeWidget());
+    widget.setAutoDefault(false);  // else it is the default no longer once it has lost the focus
+    widget.setDefault(true);
 }
 
 Label& QtWindow::addLabel(const Rect& bounds, const std::string& text) {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/readable_color.h"
+#include "platform/spoken_text.h"
 #include "platform/windows/controls/colors.h"
 #include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/controls/tree_detail.h"
@@ -21,6 +22,12 @@ constexpr WPARAM kRedrawOn = static_cast<WPARAM>(-1);
 
 int CALLBACK compareRows(LPARAM one, LPARAM other, LPARAM) {
     return reinterpret_cast<TreeNode*>(one)->row() - reinterpret_cast<TreeNode*>(other)->row();
+}
+
+/// The native tree's text is all that a screen reader gets.
+bool isScreenReaderRunning() {
+    BOOL running = FALSE;
+    return SystemParametersInfoW(SPI_GETSCREENREADER, 0, &running, 0) && running;
 }
 
 bool isBelow(const TreeNode* node, const TreeNode& ancestor) {
@@ -200,7 +207,9 @@ void TreeItems::rebuild() {
 void TreeItems::fillIn(TVITEMW& item) const {
     const TreeNode& node = *reinterpret_cast<const TreeNode*>(item.lParam);
     if ((item.mask & TVIF_TEXT) != 0)
-        lstrcpynW(item.pszText, toWide(node.text()).c_str(), item.cchTextMax);
+        lstrcpynW(item.pszText,
+                  toWide(isScreenReaderRunning() ? spokenText(node) : node.text()).c_str(),
+                  item.cchTextMax);
     if ((item.mask & TVIF_IMAGE) != 0)
         item.iImage = static_cast<int>(node.image());
     if ((item.mask & TVIF_SELECTEDIMAGE) != 0)

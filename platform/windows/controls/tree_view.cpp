@@ -58,6 +58,15 @@ void Win32TreeView::select(TreeNode* node) {
         SendMessageW(handle(), TVM_ENSUREVISIBLE, 0, asParameter(item));
 }
 
+TreeNode* Win32TreeView::firstVisible() {
+    const LRESULT item = SendMessageW(handle(), TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0);
+    return item == 0 ? nullptr : items_.nodeOf(reinterpret_cast<HTREEITEM>(item));
+}
+
+void Win32TreeView::scrollToTop(TreeNode& node) {
+    SendMessageW(handle(), TVM_SELECTITEM, TVGN_FIRSTVISIBLE, asParameter(items_.itemOf(node)));
+}
+
 void Win32TreeView::repaint() {
     RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
 }

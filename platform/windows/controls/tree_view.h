@@ -28,6 +28,8 @@ class Win32TreeView : public Win32Control<TreeView> {
     void allowMultipleSelection() override { selection_.allowSeveral(); }
     std::vector<TreeNode*> selectedNodes() override { return selection_.nodes(); }
     void setExpanded(TreeNode& node, bool expanded) override { items_.setExpanded(node, expanded); }
+    TreeNode* firstVisible() override;
+    void scrollToTop(TreeNode& node) override;
     void repaint() override;
 
     LRESULT notified(NMHDR& header) override;
