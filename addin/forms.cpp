@@ -76,16 +76,22 @@ void Forms::undo(Database& database) {
     if (database.undoName().empty())
         return;
     tellIfUnsaved(ui_.dialogs, [&] { undoStep(database, storage_); });
-    refreshIfOpen(view);
-    refreshBesideView();
+    showStep(database);
 }
 
 void Forms::redo(Database& database) {
     if (database.redoName().empty())
         return;
     tellIfUnsaved(ui_.dialogs, [&] { redoStep(database, storage_); });
+    showStep(database);
+}
+
+/// Shows in all forms what an undo or a redo has changed.
+void Forms::showStep(const Database& database) {
     refreshIfOpen(view);
     refreshBesideView();
+    if (others)
+        others->doneLabel.setText(lastStepText(database));
 }
 
 /// Lets the user undo and redo from a form.
@@ -181,6 +187,8 @@ void Forms::openConfiguration(Database& database) {
     configForm& form = created(configuration, "configForm", ui_.toolkit, ui_.dialogs, storage_);
     form.database = &database;
     form.showModal();
+    if (view)
+        view->showLastStep();
 }
 
 void Forms::openAbout() {

@@ -81,6 +81,7 @@ class Forms {
     void refreshBesideView();
     /// Restores where the form was last, now and after each time it is hidden.
     void rememberPlace(Window& window, const char* form);
+    void showStep(const Database& database);
     void setUndoKeys(Window& window, Database& database);
 
     UserInterface ui_;

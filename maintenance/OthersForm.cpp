@@ -133,7 +133,7 @@ void OthersForm::delButtonClick() {
     const std::string size = sizeText(database->contactCount(), database->relationCount());
     deleteDatabase(*database, storage_);
     databaseChanged();
-    doneLabel.setText("Deleted " + size + ". The copy from before is\n" + storage_.backupFile());
+    doneLabel.setText("Deleted " + size + ". The last copy is\n" + storage_.backupFile());
 }
 
 void OthersForm::restoreButtonClick() {
@@ -153,7 +153,7 @@ void OthersForm::restoreButtonClick() {
     const std::string kept = restoreCopy(*database, std::move(*copy.database), storage_);
     databaseChanged();
     doneLabel.setText("Restored " + content + "." +
-                      (kept.empty() ? "" : " The database from before is\n" + kept));
+                      (kept.empty() ? "" : "\nThe database from before: " + kept));
 }
 
 }  // namespace pelk

@@ -43,8 +43,15 @@ constexpr Rect kHitsBounds{kMargin + 3000 + kMargin, kUpperStripTop, 1500, 250};
 constexpr Rect kOptionsBounds{kInnerSize.width - kMargin - kButtonWidth, kUpperStripTop,
                               kButtonWidth, 250};
 
+constexpr int kLowerStrip = 250;
+
 constexpr Rect kButtonBounds{kInnerSize.width - kMargin - kButtonWidth, 0, kButtonWidth,
                              kRowHeight};
+
+PopupMenu& belowLine(PopupMenu& menu) {
+    menu.addSeparator();
+    return menu;
+}
 
 }  // namespace
 
@@ -61,6 +68,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       gotoButton(window->addButton(kButtonBounds, "&GoTo")),
       search(*window, presTree, "Search names and addresses"),
       options(*window, ui.settings),
+      lastStepLabel(window->addLabel({}, "")),
       ui_(ui),
       language_(language),
       domains_(presTree, language_),
@@ -76,18 +84,23 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       copyMenuItem_(addMenuItem("Copy to clipboard", &ShowForm::copyMenuItemClick)),
       viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)),
       goMenuItem_(addMenuItem("Go to this contact", &ShowForm::goMenuItemClick)),
-      undoItems_(showmenu_) {
+      undoItems_(showmenu_),
+      optionsUndoItems_(belowLine(options.menu)) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
     window->setMinimumInnerSize(kMinimumInnerSize);
     window->setInnerSize(kInnerSize);
-    window->setStrips(kUpperStrip, 0);
+    window->setStrips(kUpperStrip, kLowerStrip);
     window->setShortcut(Shortcut::Find, [this] { search.focus(); });
     search.box.setBounds(kSearchBounds);
     search.status.setBounds(kHitsBounds);
     search.setTarget(contactNodes_);
     options.button.setBounds(kOptionsBounds);
     options.onChange = [this] { optionsChanged(); };
+    options.button.onClick = [this] {
+        optionsUndoItems_.update(*database);
+        options.menu.openBelow(options.button);
+    };
     formResize();
     presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
@@ -96,8 +109,10 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     presTree.onActivate = [this](TreeNode& node) { activate(node); };
     presTree.detailOf = [this](const TreeNode& node) { return detailOf(node); };
     presTree.onDeleteKey = [this] { deleteKeyPressed(); };
-    undoItems_.undo = [this] { undo(); };
-    undoItems_.redo = [this] { redo(); };
+    for (UndoItems* const items : {&undoItems_, &optionsUndoItems_}) {
+        items->undo = [this] { undo(); };
+        items->redo = [this] { redo(); };
+    }
     namesRadio.onClick = [this] { group(true); };
     domainsRadio.onClick = [this] { group(false); };
     gotoButton.onClick = [this] { gotoButtonClick(); };
@@ -121,6 +136,7 @@ void ShowForm::startShowing() {
 void ShowForm::showTotals() {
     dLabel1.setText("Total parsed mails: " + database->totalMails());
     dLabel2.setText("Total contacts: " + std::to_string(database->contactCount()));
+    showLastStep();
 }
 
 void ShowForm::fillTree() {
@@ -193,6 +209,7 @@ void ShowForm::formResize() {
     for (Control* control : std::initializer_list<Control*>{&Picture1, &namesRadio, &Picture2,
                                                             &domainsRadio, &gotoButton})
         setTop(*control, inner.height - kLowerRow);
+    lastStepLabel.setBounds({kMargin, inner.height, inner.width - 2 * kMargin, kRowHeight});
 }
 
 /// Searches all nodes, children included, in the order in which they were added. Afterwards the

@@ -50,6 +50,8 @@ class ShowForm {
     /// Rebuilds the tree in its current grouping, and the totals. What is expanded, selected and in
     /// view stays so.
     void refresh();
+    /// Updates the line about the user's last step.
+    void showLastStep() { lastStepLabel.setText(lastStepText(*database)); }
     /// Shows the form modelessly.
     void show() { window->show(); }
 
@@ -65,6 +67,8 @@ class ShowForm {
     Button& gotoButton;
     SearchField search;
     ViewOptions options;
+    /// In the strip below: what was done last, and how to undo it.
+    Label& lastStepLabel;
 
  private:
     void formResize();
@@ -112,6 +116,8 @@ class ShowForm {
     MenuItem& viewMenuItem_;
     MenuItem& goMenuItem_;
     UndoItems undoItems_;
+    /// The same entries in the menu of the options.
+    UndoItems optionsUndoItems_;
     bool groupedByNames_ = true;
     std::int64_t strongestWeight_ = 0;
 };

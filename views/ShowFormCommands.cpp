@@ -92,6 +92,7 @@ void ShowForm::renameMenuItemClick(TreeNode& node) {
         return;
     renameContact(id, nameIn(answer));
     databaseChanged();
+    showLastStep();
     const std::string name = database->nameOf(id);
     presTree.model().setText(node, name);
     for (TreeNode* const related : relatedNodesOf(presTree.model(), id))

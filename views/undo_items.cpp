@@ -25,6 +25,15 @@ std::string stepCaption(const std::string& act, const std::string& step) {
     return act + " " + step.substr(0, end) + "...";
 }
 
+std::string lastStepText(const Database& database) {
+    // Every new step forgets those that were undone.
+    if (const std::string undone = database.redoName(); !undone.empty())
+        return stepCaption("Undone:", undone) + ". Ctrl+Y does it again.";
+    if (const std::string done = database.undoName(); !done.empty())
+        return stepCaption("Done:", done) + ". Ctrl+Z undoes it.";
+    return {};
+}
+
 UndoItems::UndoItems(PopupMenu& menu)
     : undoItem_(menu.addItem("Undo")), redoItem_(menu.addItem("Redo")) {
     undoItem_.onClick = [this] { undo(); };

@@ -28,7 +28,6 @@ ViewOptions::ViewOptions(Window& window, Settings& settings)
     add(filters_, {"Show all", "Show medium and strong", "Show strong"});
     menu.addSeparator();
     add(registered_, {"Domains by registered name"});
-    button.onClick = [this] { menu.openBelow(button); };
 }
 
 void ViewOptions::add(Group& group, const std::vector<const char*>& captions) {

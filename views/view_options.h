@@ -13,7 +13,8 @@ namespace pelk {
 
 class ViewOptions {
  public:
-    /// Adds the button and its menu to the window. Both references must outlive this object.
+    /// Adds the button and its menu to the window. The owner opens the menu when the button is
+    /// clicked. Both references must outlive this object.
     ViewOptions(Window& window, Settings& settings);
     ViewOptions(const ViewOptions&) = delete;
     ViewOptions& operator=(const ViewOptions&) = delete;

@@ -239,14 +239,18 @@ TEST_F(FormsTest, undoesAndRedoesInAllOpenForms) {
     choose({2}, "Delete");
     const std::string gone = "No contact has the address cy@c any more.";
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
-    EXPECT_EQ(database->undoName(), "delete of Cy");
+    EXPECT_EQ(driver.textOf(forms.view->lastStepLabel), "Done: delete of Cy. Ctrl+Z undoes it.");
+    EXPECT_TRUE(driver.showsWholeText(forms.view->lastStepLabel));
     driver.press(*forms.view->window, "Ctrl+Z");
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), "Cy (cy@c)");
     EXPECT_EQ(driver.rows(tree()).size(), 5U);
+    EXPECT_EQ(driver.textOf(forms.view->lastStepLabel),
+              "Undone: delete of Cy. Ctrl+Y does it again.");
     EXPECT_EQ(saved()->xml(), before);
     driver.chooseAt(tree(), {1}, "Redo delete of Cy");
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
     EXPECT_EQ(driver.menuAt(tree(), {1}).back(), "Undo delete of Cy");
+    EXPECT_EQ(driver.menuOf(forms.view->options.button).back(), "Undo delete of Cy");
     driver.press(*forms.view->window, "Ctrl+Z");
     core.files.failAt = core.files.steps + 1;
     core.dialogs.expectMessage(
@@ -279,7 +283,7 @@ TEST_F(FormsTest, saysWhatTheOtherOptionsHaveDoneAndRestoresTheLastCopy) {
     EXPECT_EQ(core.dialogs.consequence,
               "The database: 5 contacts, 4 relations. Undo brings them back.");
     EXPECT_EQ(driver.textOf(form.doneLabel),
-              "Deleted 5 contacts, 4 relations. The copy from before is\n/data/pelk/pelk.db.bak");
+              "Deleted 5 contacts, 4 relations. The last copy is\n/data/pelk/pelk.db.bak");
     EXPECT_TRUE(driver.showsWholeText(form.doneLabel));
     expectAgreement("Do you want to restore the last copy of the database?");
     driver.click(form.restoreButton);
@@ -289,7 +293,10 @@ TEST_F(FormsTest, saysWhatTheOtherOptionsHaveDoneAndRestoresTheLastCopy) {
     EXPECT_EQ(saved()->xml(), before);
     EXPECT_EQ(driver.rows(tree()).size(), 5U);
     EXPECT_TRUE(driver.showsWholeText(form.doneLabel));
-    EXPECT_EQ(database->undoName(), "restore of the last copy");
+    driver.press(*form.window, "Ctrl+Z");
+    EXPECT_EQ(driver.textOf(form.doneLabel),
+              "Undone: restore of the last copy. Ctrl+Y does it again.");
+    EXPECT_EQ(database->contactCount(), 0U);
 }
 
 TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {
