@@ -27,7 +27,7 @@ install_missing() {
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev libpugixml-dev
   libssl-dev libsqlite3-dev zlib1g-dev liblzma-dev libzstd-dev libetpan-dev
-  qtkeychain-qt6-dev)
+  qtkeychain-qt6-dev publicsuffix)
 
 # The tests need their library, and a mail server to read from.
 test_packages=(libgtest-dev dovecot-imapd)

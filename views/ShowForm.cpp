@@ -96,7 +96,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     search.status.setBounds(kHitsBounds);
     search.setTarget(contactNodes_);
     options.button.setBounds(kOptionsBounds);
-    options.onChange = [this] { optionsChanged(); };
+    options.onChange = [this] { refresh(); };
     options.button.onClick = [this] {
         optionsUndoItems_.update(*database);
         options.menu.openBelow(options.button);
@@ -144,7 +144,8 @@ void ShowForm::fillTree() {
 }
 
 void ShowForm::fillTreeDomains() {
-    domains_.fill(*database);
+    options.byRegisteredName() ? domains_.fillByRegisteredName(*database)
+                               : domains_.fill(*database);
 }
 
 void ShowForm::refresh() {
@@ -173,15 +174,13 @@ void ShowForm::expand(TreeNode& node) {
         fillRelatedContacts(presTree, node, *database, *id, strongestWeight_, relationView());
 }
 
-void ShowForm::optionsChanged() {
-    refresh();
-}
-
 RelationView ShowForm::relationView() const {
     return {*database, options.relations(), strongestWeight_};
 }
 
-std::string ShowForm::detailOf(const TreeNode& node) const {
+std::string ShowForm::detailOf(const TreeNode& node) {
+    if (!groupedByNames_)
+        return domains_.detailOf(node, *database);
     const int* const id = std::get_if<int>(&node.tag());
     if (id == nullptr)
         return {};

@@ -75,9 +75,8 @@ class ShowForm {
     void showTotals();
     void group(bool byNames);
     void expand(TreeNode& node);
-    void optionsChanged();
     RelationView relationView() const;
-    std::string detailOf(const TreeNode& node) const;
+    std::string detailOf(const TreeNode& node);
     void gotoButtonClick();
     void refreshButtonClick();
     void renameKeyPressed();

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "views/email_parser.h"
+#include "views/registered_domain.h"
 
 namespace pelk {
 namespace {
@@ -31,7 +32,7 @@ std::vector<MailAddress> mailAddresses(const Database& database, const Language&
     std::vector<MailAddress> addresses;
     forEachAddress(database, [&](const Contact& contact, const std::string& address) {
         if (std::optional<std::vector<std::string>> parts = splitAddress(address, language))
-            addresses.push_back({address, std::move(*parts), contact.name});
+            addresses.push_back({address, std::move(*parts), contact.name, contact.id});
     });
     return addresses;
 }
@@ -43,6 +44,32 @@ std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& address
         if (seen.insert(address.parts.back()).second)
             labels.push_back(address.parts.back());
     return labels;
+}
+
+std::vector<std::string> registeredDomains(const std::vector<MailAddress>& addresses) {
+    std::vector<std::string> names;
+    std::unordered_set<std::string> seen;
+    std::unordered_set<std::string> seenDomains;
+    for (const MailAddress& address : addresses) {
+        std::string domain = address.parts.at(1);
+        for (std::size_t part = 2; part < address.parts.size(); ++part)
+            domain += "." + address.parts[part];
+        if (!seenDomains.insert(domain).second)
+            continue;
+        std::string name(registeredDomain(domain));
+        if (seen.insert(name).second)
+            names.push_back(std::move(name));
+    }
+    return names;
+}
+
+std::size_t contactsBelow(const std::vector<MailAddress>& addresses,
+                          const std::vector<std::string>& labels) {
+    std::unordered_set<int> owners;
+    for (const MailAddress& address : addresses)
+        if (isBelow(address.parts, labels))
+            owners.insert(address.ownerId);
+    return owners.size();
 }
 
 std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,

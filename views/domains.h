@@ -20,12 +20,13 @@ struct DomainEntry {
     bool isAddress() const { return !address.empty(); }
 };
 
-/// A parsed address and the name of the contact who has it.
+/// A parsed address, and the name and id of the contact who has it.
 struct MailAddress {
     std::string whole;
     /// The local part, then the labels of the domain from left to right.
     std::vector<std::string> parts;
     std::string owner;
+    int ownerId = 0;
 };
 
 /// Returns all addresses that have a domain, parsed, in document order. Parsing costs far more than
@@ -34,6 +35,15 @@ std::vector<MailAddress> mailAddresses(const Database& database, const Language&
 
 /// Returns the distinct last labels of all addresses, in order of first appearance.
 std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& addresses);
+
+/// Returns the distinct registered names of all addresses (see `registeredDomain`), in order of
+/// first appearance.
+std::vector<std::string> registeredDomains(const std::vector<MailAddress>& addresses);
+
+/// Returns the number of contacts who have an address below a domain, whose labels are given as for
+/// `entriesBelow`.
+std::size_t contactsBelow(const std::vector<MailAddress>& addresses,
+                          const std::vector<std::string>& labels);
 
 /// Returns the entries directly below a domain, in order of first appearance. `labels` are the
 /// domain's from left to right: b, a for b.a. When two contacts share an address, only the first is

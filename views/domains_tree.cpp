@@ -4,6 +4,7 @@
 
 #include "views/fast_tree.h"
 #include "views/placeholder.h"
+#include "views/relation_totals.h"
 
 namespace pelk {
 namespace {
@@ -23,13 +24,22 @@ void addAddress(TreeModel& tree, TreeNode& parent, const DomainEntry& entry) {
     tree.setTag(node, entry.address);
 }
 
-/// Returns the texts of the node and its ancestors, which are the domain's labels from left to
-/// right.
+/// Adds the labels of a node's text, which is one label or a registered name.
+void addLabels(const std::string& text, std::vector<std::string>& labels) {
+    std::size_t start = 0;
+    for (std::size_t dot = text.find('.'); dot != std::string::npos; dot = text.find('.', start)) {
+        labels.push_back(text.substr(start, dot - start));
+        start = dot + 1;
+    }
+    labels.push_back(text.substr(start));
+}
+
+/// Returns the labels of the domain that the node and its ancestors show, from left to right.
 std::vector<std::string> pathOf(const TreeNode& node) {
-    std::vector<std::string> texts;
+    std::vector<std::string> labels;
     for (const TreeNode* step = &node; step->parent() != nullptr; step = step->parent())
-        texts.push_back(step->text());
-    return texts;
+        addLabels(step->text(), labels);
+    return labels;
 }
 
 /// Whether the node is the address, or a domain that the address is in.
@@ -52,6 +62,25 @@ void DomainsTree::fill(const Database& database) {
         model.setKey(addLabel(model, model.root(), label), label);
 }
 
+void DomainsTree::fillByRegisteredName(const Database& database) {
+    fastClear(tree_);
+    const RedrawSuspension suspension(tree_);
+    TreeModel& model = tree_.model();
+    for (const std::string& name : registeredDomains(addresses(database)))
+        model.setKey(addLabel(model, model.root(), name), name);
+    model.sortChildren(model.root());
+}
+
+std::string DomainsTree::detailOf(const TreeNode& node, const Database& database) {
+    if (isAddressLeaf(node) || isPlaceholder(node))
+        return {};
+    const std::vector<MailAddress>& all = addresses(database);
+    const auto [count, isNew] = contactCounts_.try_emplace(domainOf(node));
+    if (isNew)
+        count->second = contactsBelow(all, pathOf(node));
+    return counted(static_cast<std::int64_t>(count->second), "contact");
+}
+
 void DomainsTree::expand(TreeNode& node, const Database& database) {
     if (isFilled(node))
         return;
@@ -69,8 +98,10 @@ void DomainsTree::expand(TreeNode& node, const Database& database) {
 }
 
 const std::vector<MailAddress>& DomainsTree::addresses(const Database& database) {
-    if (database_ != &database || revision_ != database.revision())
-        addresses_ = mailAddresses(database, language_);
+    if (database_ == &database && revision_ == database.revision())
+        return addresses_;
+    addresses_ = mailAddresses(database, language_);
+    contactCounts_.clear();
     database_ = &database;
     revision_ = database.revision();
     return addresses_;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <variant>
 #include <vector>
 
@@ -23,12 +24,17 @@ class DomainsTree {
     /// Fills the tree with the top-level domains, in order of first appearance in the document,
     /// each with a placeholder to expand.
     void fill(const Database& database);
+    /// Fills the tree with the registered names of all domains instead, in alphabetical order. What
+    /// lies below a name is the same as in the other tree.
+    void fillByRegisteredName(const Database& database);
     /// Fills a label's node with the entries directly below it, in alphabetical order, unless it is
     /// filled already. An address leaf has the whole address as tag. Requires: the tree was filled
     /// from the same database.
     void expand(TreeNode& node, const Database& database);
     /// Returns all addresses that have a domain.
     const std::vector<MailAddress>& addresses(const Database& database);
+    /// Returns "5 contacts" for a label that is in the tree, and nothing for an address.
+    std::string detailOf(const TreeNode& node, const Database& database);
     /// Returns the leaf of an address, after filling the labels above it; null when the tree has
     /// none. Requires: as for `expand`.
     TreeNode* leafOf(const MailAddress& address, const Database& database);
@@ -37,6 +43,8 @@ class DomainsTree {
     TreeView& tree_;
     const Language& language_;
     std::vector<MailAddress> addresses_;
+    /// By domain. Counted once each, because a tree asks whenever it paints.
+    std::unordered_map<std::string, std::size_t> contactCounts_;
     /// The database and the revision that `addresses_` was read from.
     const Database* database_ = nullptr;
     std::uint64_t revision_ = 0;

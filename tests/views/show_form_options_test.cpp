@@ -71,6 +71,35 @@ TEST_F(OptionsTest, AreRemembered) {
     EXPECT_EQ(foreign.options.relations().order, RelationOrder::ByName);
 }
 
+TEST_F(OptionsTest, GroupDomainsByRegisteredName) {
+    database = loadDocument(
+        "<pelkDB totalMails='0' totalContacts='4' maxInd='50' minInd='5'><contacts>"
+        "<contact id='1' name='Ann'><emails><email value='ann@mail.intel.com'/>"
+        "<email value='a@intel.com'/></emails></contact>"
+        "<contact id='2' name='Bob'><emails><email value='bob@bbc.co.uk'/></emails></contact>"
+        "<contact id='3' name='Eve'><emails><email value='eve@sales.intel.com'/></emails></contact>"
+        "<contact id='4' name='Ida'><emails><email value='ida@[10.0.0.1]'/></emails></contact>"
+        "</contacts><relations/></pelkDB>");
+    open();
+    driver.click(form.domainsRadio);
+    EXPECT_EQ(rows(), "com, uk, 1]");
+    EXPECT_EQ(details(root()), "2 contacts | 1 contact | 1 contact");
+    choose("Domains by registered name");
+    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk, intel.com");
+    EXPECT_EQ(details(root()), "1 contact | 1 contact | 2 contacts");
+    EXPECT_EQ(expanded(2), "a (Ann), mail, sales");
+    EXPECT_EQ(details(*root().children()[2]), "1 contact | 1 contact");
+    std::string domain;
+    form.findDomainLinks = [&](const std::string& asked) { domain = asked; };
+    driver.chooseAt(form.presTree, {2, 1}, "Find all possible links");
+    EXPECT_EQ(domain, "mail.intel.com");
+    driver.type(form.search.box, "eve");
+    EXPECT_EQ(driver.selectedText(form.presTree), "eve (Eve)");
+    core.dialogs.expectMessage("Do you want to delete this domain?", Buttons::OkCancel, Answer::Ok);
+    driver.chooseAt(form.presTree, {2}, "Delete");
+    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk");
+}
+
 TEST_F(OptionsTest, ARelatedContactLeadsToItsOwnNode) {
     driver.expand(form.presTree, {0});
     driver.chooseAt(form.presTree, {0, 2}, "Go to this contact");
