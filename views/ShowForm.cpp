@@ -198,7 +198,7 @@ void ShowForm::formResize() {
         bounds.top = top;
         control.setBounds(bounds);
     };
-    for (Button* button : {&refreshButton, &gotoButton}) {
+    for (Button* button : {&options.button, &refreshButton, &gotoButton}) {
         Rect bounds = button->bounds();
         bounds.left = inner.width - kMargin - kButtonWidth;
         button->setBounds(bounds);
