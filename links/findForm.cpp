@@ -41,6 +41,7 @@ findForm::findForm(Toolkit& toolkit, Dialogs& dialogs, const Language& language)
             okButton.setEnabled(true);
     };
     window->setShortcut(Shortcut::Find, [this] { search.focus(); });
+    listTree.onActivate = [this](TreeNode&) { okButtonClick(); };
     okButton.onClick = [this] { okButtonClick(); };
     cancelButton.onClick = [this] { window->hide(); };
 }

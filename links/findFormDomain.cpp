@@ -56,6 +56,10 @@ findFormDomain::findFormDomain(const UserInterface& ui, const Language& language
             okButton.setEnabled(!searching_);
     };
     window->setShortcut(Shortcut::Find, [this] { searchField.focus(); });
+    presTree.onActivate = [this](TreeNode&) {
+        if (!searching_)
+            okButtonClick();
+    };
     okButton.onClick = [this] { okButtonClick(); };
     stopButton.onClick = [this] { stopRequested_ = true; };
     cancelButton.onClick = [this] { close(); };
