@@ -29,7 +29,7 @@ class Wait {
     void requireGoingOn() const {
         if (patience_.goesOn && !patience_.goesOn(waited()))
             throw Cancelled(
-                "The mail server is no longer waited for. Open the mail again to go on.");
+                "Waiting for the mail server was cancelled. Open the mail again to go on.");
     }
 
  private:

@@ -195,7 +195,7 @@ TEST(SilentServer, isWaitedForNoLongerThanTheUserWants) {
     const auto folder = session->folders()->next()->folders()->next();
     for (int tries = 0; tries < 2; ++tries) {
         EXPECT_EQ(messageOf([&] { folder->mailItem(1); }),
-                  "The mail server is no longer waited for. Open the mail again to go on.");
+                  "Waiting for the mail server was cancelled. Open the mail again to go on.");
         silent = false;
     }
     EXPECT_EQ(server.connections(), 1);
