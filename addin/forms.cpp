@@ -32,9 +32,13 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
     ParseForm& form = created(scan, "ParseForm", ui_, platform_, storage_);
     form.database = &database;
     form.mailClient = &mailClient;
-    form.openView = [this, &database] {
+    std::string summary;
+    form.tell = [&summary](const std::string& text) { summary = text; };
+    form.openView = [this, &database, &summary] {
         refreshBesideView();
         openView(database);
+        if (!summary.empty())
+            view->lastStepLabel.setText(summary);
     };
     form.showModal(first +
                        " This process may take a while. The deleted and outbox folders will NOT "

@@ -81,7 +81,10 @@ void ParseForm::scan() {
     }
     setScanning(false);
     window->hide();
-    mailClient->tell(scanSummary(outcome));
+    const std::string summary = scanSummary(outcome);
+    mailClient->tell(summary);
+    if (tell)
+        tell(summary);
     if (const std::string message = scanMessage(outcome); !message.empty())
         ui_.dialogs.message(message, Buttons::Ok);
 }

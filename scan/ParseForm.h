@@ -23,6 +23,8 @@ class ParseForm : private ScanProgress {
     MailClient* mailClient = nullptr;
     /// Opens the relations view on the database.
     std::function<void()> openView;
+    /// Receives a line about each scan before that, to show it there.
+    std::function<void(const std::string&)> tell;
 
     /// Shows the form modally with these texts. Returns when it is closed.
     void showModal(const std::string& staticText, const std::string& dynamicText);

@@ -667,6 +667,8 @@ TEST_F(DomainLinksTest, showsInOpenFormsWhatAnEditHasChanged) {
     driver.later([this] { driver.clickButton("Start"); });
     forms.openScan(*database, mailClient);
     EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "a, c, e, x");
+    EXPECT_EQ(driver.textOf(forms.view->lastStepLabel),
+              "1 new e-mail, 1 new contact, 1 new relation.");
     expectAgreement("Do you really want to delete the contacts database?");
     openOthers();
     driver.click(forms.others->delButton);
