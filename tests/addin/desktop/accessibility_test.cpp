@@ -67,7 +67,7 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*findForm(kit, core.dialogs, core.language()).window);
     expectReadable(*ShowFindFormSimple(kit).window);
     expectReadable(*findFormDomain(core.ui(), core.language()).window);
-    expectReadable(*ShowFindFormDomains(kit).window);
+    expectReadable(*ShowFindFormDomains(kit, core.language()).window);
     expectReadable(*OthersForm(core.ui(), core.storage()).window);
     expectReadable(*configForm(kit, core.dialogs, core.storage()).window);
     expectReadable(*aboutForm(kit).window);
