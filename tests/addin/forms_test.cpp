@@ -629,8 +629,7 @@ TEST_F(DomainLinksTest, refusesAnotherSearchAndUpdatesTheDomainsAfterwards) {
 
 TEST_F(DomainLinksTest, showsInOpenFormsWhatAnEditHasChanged) {
     choose({3}, "Find the best link");
-    driver.clickRow(forms.find->listTree, {2});
-    driver.click(forms.find->okButton);
+    driver.doubleClickRow(forms.find->listTree, {2});
     openFor({0});
     search({1});
     driver.click(forms.domainLinks->shortestButton);

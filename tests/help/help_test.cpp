@@ -112,8 +112,8 @@ TEST(Help, listsTheKeysOfTheProgramAndNoOthers) {
         expected.insert(std::string(key.keys));
     // Of the mail window, which takes Qt's standard keys.
     const std::map<std::string, std::string> standard = {
-        {"Open", "Ctrl+O"}, {"Quit", "Ctrl+Q"}, {"Copy", "Ctrl+C"},
-        {"Find", "Ctrl+F"}, {"Refresh", "F5"},  {"HelpContents", "F1"}};
+        {"Open", "Ctrl+O"}, {"Quit", "Ctrl+Q"},     {"Copy", "Ctrl+C"}, {"Find", "Ctrl+F"},
+        {"Refresh", "F5"},  {"HelpContents", "F1"}, {"Undo", "Ctrl+Z"}, {"Redo", "Ctrl+Y"}};
     for (const std::string& key : allMatches(sources(), "QKeySequence::(\\w+),"))
         expected.insert(standard.contains(key) ? standard.at(key) : key);
     std::set<std::string> listed;
