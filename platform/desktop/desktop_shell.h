@@ -23,8 +23,8 @@ class DesktopShell : public Shell {
     std::string dataFolder_;
 };
 
-/// Opens a page of the help, which has that file name, in the user's browser. Throws `Error` when it
-/// is not installed or the browser does not start.
+/// Opens a page of the help, which has that file name, in the user's browser. Throws `Error` when
+/// it is not installed or the browser does not start.
 void openHelpPage(const std::string& name);
 
 class SystemClock : public Clock {
