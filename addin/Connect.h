@@ -54,8 +54,8 @@ class Connect {
     /// there is none.
     void undo();
     void redo();
-    /// Return what such a command would concern, as in "delete of example.org"; empty when there is
-    /// nothing to undo or redo.
+    /// Return what such a command would concern, as in "deletion of example.org"; empty when there
+    /// is nothing to undo or redo.
     std::string undoName() const { return database_ ? database_->undoName() : std::string(); }
     std::string redoName() const { return database_ ? database_->redoName() : std::string(); }
 

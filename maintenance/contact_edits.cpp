@@ -28,7 +28,7 @@ void renameContact(Database& database, Storage& storage, int id, const std::stri
 
 void deleteContacts(Database& database, Storage& storage, const std::vector<int>& ids,
                     const std::string& what) {
-    changeWithBackup(database, storage, "delete of " + what,
+    changeWithBackup(database, storage, "deletion of " + what,
                      [&ids](Database& changed) { changed.removeContacts(ids); });
 }
 

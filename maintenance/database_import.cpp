@@ -82,7 +82,7 @@ ImportResult importDatabaseFile(Database& current, const std::string& path, Stor
 void deleteDatabase(Database& current, Storage& storage) {
     const std::unique_ptr<Database> empty = storage.parse(std::string(kEmptiedDocument));
     changeAndSaveWithBackup(
-        current, storage, "delete of the database",
+        current, storage, "deletion of the database",
         [&empty](Database& database) { database.replaceContent(std::move(*empty)); });
 }
 

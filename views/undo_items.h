@@ -9,7 +9,7 @@
 
 namespace pelk {
 
-/// Returns the caption of such an entry: "Undo delete of example.org". Shortens long names.
+/// Returns the caption of such an entry: "Undo deletion of example.org". Shortens long names.
 std::string stepCaption(const std::string& act, const std::string& step);
 
 /// Returns the line for the user about the last step, and how to undo it or do it again; empty when
