@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "links/link_search.h"
+#include "views/contact_text.h"
 #include "views/fast_tree.h"
 
 namespace pelk {
@@ -34,6 +35,9 @@ findForm::findForm(Toolkit& toolkit, Dialogs& dialogs, const Language& language)
     layout_.add(listTree, kListBounds, kAnchorFill);
     layout_.add(okButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
     layout_.add(cancelButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
+    listTree.detailOf = [this](const TreeNode& node) {
+        return joinedAddresses(db->contact(std::get<int>(node.tag())).value_or(Contact()));
+    };
     listTree.onSelect = [this](TreeNode&) { okButton.setEnabled(true); };
     search.setTarget(contactNodes_);
     search.onShown = [this](bool shown) {

@@ -23,6 +23,7 @@ ShowFormSingle::ShowFormSingle(Toolkit& toolkit, Display& display)
     window->setCaption("Relations of a contact");
     layout_.add(presTree, {0, 0, kInnerSize.width, kInnerSize.height}, kAnchorFill);
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
+    presTree.detailOf = [this](const TreeNode& node) { return contactNodeDetail(node, *database); };
     detailsMenuItem_.onClick = [this] { detailsMenuItemClick(); };
     copyMenuItem_.onClick = [this] { copyMenuItemClick(); };
 }

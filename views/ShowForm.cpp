@@ -2,7 +2,6 @@
 
 #include "views/contacts_tree.h"
 #include "views/placeholder.h"
-#include "views/relation_totals.h"
 #include "views/tree_state.h"
 
 namespace pelk {
@@ -179,13 +178,8 @@ RelationView ShowForm::relationView() const {
 }
 
 std::string ShowForm::detailOf(const TreeNode& node) {
-    if (!groupedByNames_)
-        return domains_.detailOf(node, *database);
-    const int* const id = std::get_if<int>(&node.tag());
-    if (id == nullptr)
-        return {};
-    return node.isTopLevel() ? contactDetail(*database, *id)
-                             : relatedDetail(*database, std::get<int>(node.parent()->tag()), *id);
+    return groupedByNames_ ? contactNodeDetail(node, *database)
+                           : domains_.detailOf(node, *database);
 }
 
 void ShowForm::formResize() {

@@ -5,6 +5,7 @@
 
 #include "views/contact_text.h"
 #include "views/fast_tree.h"
+#include "views/relation_totals.h"
 #include "views/strength.h"
 
 namespace pelk {
@@ -63,6 +64,14 @@ void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& databas
         model.sortChildren(node);
     else
         model.sortChildren(node, [&ranks](const TreeNode& child) { return ranks.at(&child); });
+}
+
+std::string contactNodeDetail(const TreeNode& node, const Database& database) {
+    const int* const id = std::get_if<int>(&node.tag());
+    if (id == nullptr)
+        return {};
+    return node.isTopLevel() ? contactDetail(database, *id)
+                             : relatedDetail(database, std::get<int>(node.parent()->tag()), *id);
 }
 
 void showStrength(TreeModel& tree, TreeNode& node, double weight, std::int64_t strongest,

@@ -2,6 +2,7 @@
 // Shows contacts and their relations as nodes of a tree.
 
 #include <cstdint>
+#include <string>
 
 #include "db/database.h"
 #include "platform/controls.h"
@@ -28,6 +29,9 @@ void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& databas
 /// Does the same with the relations that `view` shows, in its order.
 void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& database, int contactId,
                          std::int64_t strongest, const RelationView& view);
+
+/// Returns the detail beside a node that one of these functions has added; empty for placeholders.
+std::string contactNodeDetail(const TreeNode& node, const Database& database);
 
 /// Gives a node the image and colour for a relation of that weight.
 void showStrength(TreeModel& tree, TreeNode& node, double weight, std::int64_t strongest,

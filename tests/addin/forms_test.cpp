@@ -167,6 +167,7 @@ TEST_F(FormsTest, findsTheContactsToMergeAndThoseToLink) {
     choose({3}, "Find the best link");
     driver.type(forms.find->search.box, "cy@");
     EXPECT_EQ(driver.selectedText(forms.find->listTree), "Cy");
+    EXPECT_EQ(forms.find->listTree.detail(*forms.find->listTree.selected()), "cy@c");
     EXPECT_TRUE(driver.isEnabled(forms.find->okButton));
 }
 
@@ -219,6 +220,8 @@ TEST_F(FormsTest, noFormShowsOrEditsADeletedContact) {
     driver.expand(tree(), {0});
     choose({0, 1}, "More details");
     EXPECT_EQ(shownRows(driver, forms.contact->presTree, {0}), "Ann medium, Bob medium");
+    const TreeNode& contact = *forms.contact->presTree.model().root().children().front();
+    EXPECT_EQ(forms.contact->presTree.detail(contact), "2 relations, 7 e-mails");
 
     expectAgreement("Do you want to delete this contact ?");
     choose({2}, "Delete");
@@ -239,18 +242,18 @@ TEST_F(FormsTest, undoesAndRedoesInAllOpenForms) {
     choose({2}, "Delete");
     const std::string gone = "No contact has the address cy@c any more.";
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
-    EXPECT_EQ(driver.textOf(forms.view->lastStepLabel), "Done: delete of Cy. Ctrl+Z undoes it.");
+    EXPECT_EQ(driver.textOf(forms.view->lastStepLabel), "Done: deletion of Cy. Ctrl+Z undoes it.");
     EXPECT_TRUE(driver.showsWholeText(forms.view->lastStepLabel));
     driver.press(*forms.view->window, "Ctrl+Z");
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), "Cy (cy@c)");
     EXPECT_EQ(driver.rows(tree()).size(), 5U);
     EXPECT_EQ(driver.textOf(forms.view->lastStepLabel),
-              "Undone: delete of Cy. Ctrl+Y does it again.");
+              "Undone: deletion of Cy. Ctrl+Y does it again.");
     EXPECT_EQ(saved()->xml(), before);
-    driver.chooseAt(tree(), {1}, "Redo delete of Cy");
+    driver.chooseAt(tree(), {1}, "Redo deletion of Cy");
     EXPECT_EQ(shownRows(driver, forms.contact->presTree), gone);
-    EXPECT_EQ(driver.menuAt(tree(), {1}).back(), "Undo delete of Cy");
-    EXPECT_EQ(driver.menuOf(forms.view->options.button).back(), "Undo delete of Cy");
+    EXPECT_EQ(driver.menuAt(tree(), {1}).back(), "Undo deletion of Cy");
+    EXPECT_EQ(driver.menuOf(forms.view->options.button).back(), "Undo deletion of Cy");
     driver.press(*forms.view->window, "Ctrl+Z");
     core.files.failAt = core.files.steps + 1;
     core.dialogs.expectMessage(
