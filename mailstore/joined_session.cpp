@@ -64,6 +64,7 @@ class JoinedSession : public MailSession {
                 if (std::find(told_.begin(), told_.end(), mark) == told_.end())
                     byPlace[mark.place] = mark;
         std::vector<FolderMark> marks;
+        marks.reserve(byPlace.size());
         for (const auto& [place, mark] : byPlace)
             marks.push_back(mark);
         return marks;
