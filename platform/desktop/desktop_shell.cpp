@@ -20,7 +20,7 @@ std::string environment(const char* name) {
 
 /// Empty when the environment does not say.
 std::string usualDataFolder() {
-    // The XDG Base Directory Specification requires that a relative path is ignored.
+    // The standard for XDG base directories requires that a relative path is ignored.
     if (std::string folder = environment("XDG_DATA_HOME"); folder.starts_with('/'))
         return folder;
     const std::string home = environment("HOME");

@@ -1,6 +1,7 @@
 #include "platform/desktop/qt/popup_menu.h"
 
 #include "platform/access_keys.h"
+#include "platform/desktop/qt/access_key_marks.h"
 #include "platform/desktop/qt/control.h"
 #include "platform/guard.h"
 
@@ -49,7 +50,7 @@ MenuItem& QtPopupMenu::addItem(const std::string& caption) {
 }
 
 void QtPopupMenu::open(ScreenPoint where) {
-    markAccessKeys();
+    markAccessKeys(menu_);
     if (!menu_.isEmpty())
         menu_.popup({where.x, where.y});
 }
@@ -58,16 +59,6 @@ void QtPopupMenu::openBelow(Control& control) {
     const QWidget& widget = dynamic_cast<NativeWidget&>(control).nativeWidget();
     const QPoint corner = widget.mapToGlobal(QPoint(0, widget.height()));
     open({corner.x(), corner.y()});
-}
-
-void QtPopupMenu::markAccessKeys() {
-    const QList<QAction*> actions = menu_.actions();
-    std::vector<std::string> captions;
-    for (const QAction* action : actions)
-        captions.push_back(action->text().toStdString());
-    captions = withAccessKeys(std::move(captions));
-    for (qsizetype at = 0; at < actions.size(); ++at)
-        actions[at]->setText(QString::fromStdString(captions[static_cast<std::size_t>(at)]));
 }
 
 }  // namespace pelk

@@ -22,8 +22,6 @@ class QtPopupMenu : public PopupMenu {
     void openBelow(Control& control) override;
 
  private:
-    void markAccessKeys();
-
     QMenu menu_;
     Dialogs& dialogs_;
     std::vector<std::unique_ptr<MenuItem>> items_;
