@@ -17,26 +17,31 @@ double relativeLuminance(const Color& color) {
     return 0.2126 * linear(color.red) + 0.7152 * linear(color.green) + 0.0722 * linear(color.blue);
 }
 
-/// The contrast ratio of WCAG 2, from 1 to 21.
+/// Returns the value a tenth of the way to `end`, and at least one step nearer.
+std::uint8_t towards(std::uint8_t value, std::uint8_t end) {
+    return static_cast<std::uint8_t>(value < end ? value + (end - value + 9) / 10
+                                                 : value - (value - end + 9) / 10);
+}
+
+}  // namespace
+
 double contrastRatio(const Color& one, const Color& other) {
     const auto [dark, light] = std::minmax({relativeLuminance(one), relativeLuminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
-}  // namespace
-
 Color readableColor(const Color& color, const Color& background) {
     // The luminance whose contrast ratio with black is about that with white.
     constexpr double kMiddleLuminance = 0.18;
+    constexpr Color kBlack{0, 0, 0};
     constexpr Color kWhite{255, 255, 255};
-    if (relativeLuminance(background) > kMiddleLuminance)
+    if (background == kWhite)
         return color;
-    const auto lighter = [](std::uint8_t part) {
-        return static_cast<std::uint8_t>(part + (255 - part + 9) / 10);
-    };
+    const Color end = relativeLuminance(background) > kMiddleLuminance ? kBlack : kWhite;
     Color readable = color;
-    while (readable != kWhite && contrastRatio(readable, background) < kMinimumContrast)
-        readable = {lighter(readable.red), lighter(readable.green), lighter(readable.blue)};
+    while (readable != end && contrastRatio(readable, background) < kMinimumContrast)
+        readable = {towards(readable.red, end.red), towards(readable.green, end.green),
+                    towards(readable.blue, end.blue)};
     return readable;
 }
 

@@ -6,8 +6,11 @@
 
 namespace pelk {
 
-/// Returns `color` unchanged on a light background. On a dark one it returns a lighter colour, with
-/// the contrast ratio of 4.5 that WCAG 2 requires of text at level AA.
+/// Returns the contrast ratio of two colours, from 1 to 21.
+double contrastRatio(const Color& one, const Color& other);
+
+/// Returns `color` unchanged on white. On any other background it returns a colour as much lighter
+/// or darker as the contrast ratio of 4.5 needs, which WCAG 2 requires of text at level AA.
 Color readableColor(const Color& color, const Color& background);
 
 /// Returns a colour for secondary text: `text` faded into `background` as far as the contrast ratio
