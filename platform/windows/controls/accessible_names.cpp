@@ -27,24 +27,27 @@ std::wstring placeholderOf(HWND box) {
     return hint;
 }
 
-/// Overrides what the system derives from the window: the text of a control that has none, and for
-/// a text box, whose text is its content, any label that happens to lie before it.
+std::wstring nameWithoutLabel(HWND control, HWND window) {
+    const std::wstring hint = isOfClass(control, L"Edit") ? placeholderOf(control) : L"";
+    return hint.empty() ? textOfWindow(window) : hint;
+}
+
+/// Overrides also the text of a control that has none.
 void setName(HWND control, const std::wstring& name) {
     if (!isOfClass(control, L"Edit"))
         SetWindowTextW(control, name.c_str());
+    setAccessibleName(control, name);
+}
+
+}  // namespace
+
+void setAccessibleName(HWND control, const std::wstring& name) {
     ComPtr<IAccPropServices> names;
     if (SUCCEEDED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
                                    IID_IAccPropServices, reinterpret_cast<void**>(names.put()))))
         names->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                               PROPID_ACC_NAME, name.c_str());
 }
-
-std::wstring nameWithoutLabel(HWND control, HWND window) {
-    const std::wstring hint = isOfClass(control, L"Edit") ? placeholderOf(control) : L"";
-    return hint.empty() ? textOfWindow(window) : hint;
-}
-
-}  // namespace
 
 void nameControls(HWND window) {
     std::wstring label;

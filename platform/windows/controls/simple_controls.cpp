@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "platform/guard.h"
+#include "platform/spoken_text.h"
+#include "platform/windows/controls/accessible_names.h"
 #include "platform/windows/controls/images.h"
 #include "platform/windows/controls/screen_dc.h"
 #include "platform/windows/controls/window_text.h"
@@ -76,7 +78,9 @@ void Win32Label::align() {
 }
 
 Win32Picture::Win32Picture(const ControlPlace& place, TreeImage image)
-    : Win32Control(place, {L"STATIC", SS_ICON | SS_CENTERIMAGE}), image_(image) {}
+    : Win32Control(place, {L"STATIC", SS_ICON | SS_CENTERIMAGE}), image_(image) {
+    setAccessibleName(handle(), toWide(describeImage(image)));
+}
 
 Win32Picture::~Win32Picture() {
     DestroyIcon(icon_);
