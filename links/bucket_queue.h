@@ -29,8 +29,14 @@ class BucketQueue {
         buckets_[bucket] = static_cast<std::int32_t>(entries_.size()) - 1;
     }
 
-    /// Removes all contacts at a distance and passes each to `visit`, in no particular order.
-    /// `visit` may add contacts at greater distances. Requires: `distance` is less than `end()`.
+    /// Whether contacts are in the queue at a distance. Requires: `distance` is less than `end()`.
+    bool hasAny(int distance) const {
+        return buckets_[static_cast<std::size_t>(distance)] != kNone;
+    }
+
+    /// Removes all contacts at a distance and passes each to `visit`, in no particular order. What
+    /// `visit` adds, at this distance or a greater one, stays in the queue. Requires: `distance` is
+    /// less than `end()`.
     template <typename Visit>
     void takeAll(int distance, const Visit& visit) {
         const auto bucket = static_cast<std::size_t>(distance);

@@ -69,4 +69,22 @@ void LinkGraph::dropOlderDuplicates() {
     edges_.resize(kept);
 }
 
+LinkGraph LinkGraph::without(const std::vector<int>& contacts) const {
+    std::vector<bool> isLeftOut(rowStart_.size());
+    for (const int id : contacts)
+        if (holds(id))
+            isLeftOut[static_cast<std::size_t>(id)] = true;
+    LinkGraph graph;
+    graph.contacts_ = contacts_;
+    graph.rowStart_.assign(1, 0);
+    for (int id = 0; id <= contacts_; ++id) {
+        for (const LinkEdge edge : edgesOf(id))
+            if (!isLeftOut[static_cast<std::size_t>(id)] &&
+                !isLeftOut[static_cast<std::size_t>(edge.to())])
+                graph.edges_.push_back(edge);
+        graph.rowStart_.push_back(static_cast<std::uint32_t>(graph.edges_.size()));
+    }
+    return graph;
+}
+
 }  // namespace pelk

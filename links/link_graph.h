@@ -44,6 +44,10 @@ class LinkGraph {
     /// last one counts, even when it is too weak for any chain.
     explicit LinkGraph(const Database& database);
 
+    /// Returns the graph without the edges of these contacts, which keep their numbers. Ignores ids
+    /// that the graph does not hold.
+    LinkGraph without(const std::vector<int>& contacts) const;
+
     /// The number of contacts; their ids are 1 to this number.
     int contacts() const { return contacts_; }
     bool holds(int id) const { return id >= 1 && id <= contacts_; }

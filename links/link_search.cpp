@@ -4,6 +4,7 @@
 #include <string>
 
 #include "links/CStack.h"
+#include "links/ranked_chains.h"
 
 namespace pelk {
 
@@ -27,10 +28,17 @@ std::optional<LinkChain> LinkSearch::find(int source, int target) {
     return chain;
 }
 
+std::vector<LinkChain> LinkSearch::findSeveral(int source, int target, std::size_t count) {
+    const std::optional<LinkChain> best = find(source, target);
+    return best ? rankChains(graph_, *best, count) : std::vector<LinkChain>();
+}
+
 void LinkSearch::readGraph() {
     if (revision_ == database_.revision())
         return;
     graph_ = LinkGraph(database_);
+    if (!without_.empty())
+        graph_ = graph_.without(without_);
     revision_ = database_.revision();
     source_ = 0;
 }

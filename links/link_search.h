@@ -1,8 +1,10 @@
 #pragma once
 // The best chain of relations from one contact to another: the one whose costs have the least sum.
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "db/database.h"
@@ -27,8 +29,10 @@ struct LinkChain {
 /// Not thread-safe: all calls on the thread that uses the database.
 class LinkSearch {
  public:
-    /// The database outlives the search.
-    explicit LinkSearch(const Database& database) : database_(database) {}
+    /// The database outlives the search. No chain meets the contacts in `without`: the search is
+    /// that of a database in which they have no relations.
+    explicit LinkSearch(const Database& database, std::vector<int> without = {})
+        : database_(database), without_(std::move(without)) {}
 
     /// Returns the cheapest chain; nothing when every chain costs `kNoLink` or more. Throws `Error`
     /// when the document is damaged (see `LinkGraph`) or an id is not a number of a contact.
@@ -37,6 +41,9 @@ class LinkSearch {
     /// to the source. Among several at that distance it is the highest-numbered one if no contact
     /// numbered above it is farther away, otherwise the lowest-numbered one.
     std::optional<LinkChain> find(int source, int target);
+    /// Returns the `count` cheapest chains, see `rankChains`. The first is that of `find`; there is
+    /// none when `find` returns nothing. Throws as `find` does.
+    std::vector<LinkChain> findSeveral(int source, int target, std::size_t count);
 
  private:
     void readGraph();
@@ -49,6 +56,7 @@ class LinkSearch {
     int distanceOf(int id) const { return distances_[static_cast<std::size_t>(id)]; }
 
     const Database& database_;
+    std::vector<int> without_;
     /// The revision of the document that `graph_` was read from.
     std::optional<std::uint64_t> revision_;
     LinkGraph graph_;
