@@ -21,6 +21,10 @@ LocalTime StoredMessage::creationTime() {
     return own ? *own : changed.value_or(LocalTime{});
 }
 
+std::optional<LocalTime> StoredMessage::sentTime() {
+    return localTime(NotedTime{dateFieldTime(header().first("Date"))});
+}
+
 /// A mail program writes an mbox again, but not a file with a single message. A change in the
 /// future counts as the present, which is later at the next scan.
 bool StoredMessage::isDatedAhead() {
@@ -94,7 +98,7 @@ std::optional<LocalTime> StoredMessage::findOwnTime() {
         return noted;
     if (const auto came = localTime(NotedTime{receivedFieldTime(header().first("Received"))}))
         return came;
-    return localTime(NotedTime{dateFieldTime(header().first("Date"))});
+    return sentTime();
 }
 
 const std::optional<MailPerson>& StoredMessage::sender() {

@@ -24,6 +24,7 @@ class StoredMessage : public MailItem {
     /// Returns the recorded time, else that of the topmost `Received` field, else that of `Date`.
     /// Never later than the last change of the file, because the message was there by then.
     LocalTime creationTime() override;
+    std::optional<LocalTime> sentTime() override;
     bool isDatedAhead() override;
     std::string messageId() override;
     std::uint64_t fingerprint() override;

@@ -51,6 +51,9 @@ class MailItem {
     virtual ~MailItem() = default;
     /// Returns when the item came into its store.
     virtual LocalTime creationTime() = 0;
+    /// Returns when the sender wrote the item, as its Date field (RFC 5322, 3.6.1) says, in the
+    /// user's time zone. Nothing when it has no such field, or that is not a date.
+    virtual std::optional<LocalTime> sentTime() { return std::nullopt; }
     /// Whether the item's own time is missing or later than the last change of its store.
     /// `creationTime` is then a guess, which may be later after the next change.
     virtual bool isDatedAhead() { return false; }

@@ -33,6 +33,10 @@ LocalTime ImapMessage::creationTime() {
     return own_ ? std::min(*own_, present_) : present_;
 }
 
+std::optional<LocalTime> ImapMessage::sentTime() {
+    return localTime(NotedTime{dateFieldTime(header_.first("Date"))});
+}
+
 bool ImapMessage::isDatedAhead() {
     return !own_ || *own_ > present_;
 }

@@ -22,6 +22,7 @@ class ImapMessage : public MailItem {
                 std::optional<DefaultFolder> label);
 
     LocalTime creationTime() override;
+    std::optional<LocalTime> sentTime() override;
     bool isDatedAhead() override;
     std::string messageId() override;
     std::uint64_t fingerprint() override;

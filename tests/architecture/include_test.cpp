@@ -21,11 +21,12 @@ namespace fs = std::filesystem;
 const std::map<std::string, std::set<std::string>> kArrows{
     {"platform", {}},
     {"db", {}},
-    {"scan", {"db"}},
-    {"views", {"db"}},
-    {"maintenance", {"views", "db"}},
+    {"history", {"db"}},
+    {"scan", {"history", "db"}},
+    {"views", {"history", "db"}},
+    {"maintenance", {"views", "history", "db"}},
     {"links", {"views", "db"}},
-    {"addin", {"db", "scan", "views", "maintenance", "links"}},
+    {"addin", {"db", "history", "scan", "views", "maintenance", "links"}},
 };
 
 /// Headers that `db/` and `platform/platform.h` must not include: the database returns or throws

@@ -105,6 +105,15 @@ TEST_F(StoredMessageTest, tellsWhenItCame) {
         << "the year 10000";
 }
 
+TEST_F(StoredMessageTest, tellsWhenItWasSent) {
+    EXPECT_EQ(item("Received: by a; 5 May 1999 10:00:00 +0000\n"
+                   "Date: Tue, 2 Jan 2001 03:04:05 -0100\n\n")
+                  ->sentTime(),
+              (LocalTime{2001, 1, 2, 5, 4, 5}));
+    EXPECT_EQ(item("Date: soon\n\n")->sentTime(), std::nullopt);
+    EXPECT_EQ(item("From: s@x\n\n")->sentTime(), std::nullopt);
+}
+
 TEST_F(StoredMessageTest, takesTheLineBetweenMessagesForTheUsersOwnClock) {
     const std::string written = "From - Sun Jul  1 10:00:00 2001\n";
     const std::string zoned = "From - Sun Jul  1 10:00:00 2001 +0000\n";

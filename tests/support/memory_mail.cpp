@@ -13,6 +13,7 @@ class Item : public MailItem {
  public:
     explicit Item(MemoryItem item) : item_(std::move(item)) {}
     LocalTime creationTime() override { return item_.created; }
+    std::optional<LocalTime> sentTime() override { return item_.sent; }
     bool isDatedAhead() override { return item_.isDatedAhead; }
     std::string messageId() override { return item_.id; }
     std::uint64_t fingerprint() override { return item_.print; }

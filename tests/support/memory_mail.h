@@ -28,6 +28,7 @@ struct MemoryItem {
     bool isDatedAhead = false;
     std::optional<DefaultFolder> label = {};
     bool refuses = false;
+    std::optional<LocalTime> sent = {};
 };
 
 struct MemoryFolder {

@@ -105,6 +105,7 @@ void addPeople(const Served& item, StandInMail& mail, const People& all) {
 Served serveItem(StandInMail& mail, const MemoryItem& item) {
     const Served served = makeObject();
     served->member(L"CreationTime", [item] { return dateOf(item.created); });
+    served->member(L"SentOn", [item] { return dateOf(item.sent.value_or(LocalTime{4501})); });
     addPeople(served, mail, item.recipients);
     if (item.isMail) {
         served->setKind(kMailInterface);

@@ -49,13 +49,13 @@ class AutomationItem : public MailItem {
         : item_(std::move(item)), addresses_(std::move(addresses)) {}
 
     LocalTime creationTime() override {
-        const Variant value = item_.call("CreationTime");
-        SYSTEMTIME time{};
-        if (value.vt != VT_DATE || VariantTimeToSystemTime(value.date, &time) == FALSE ||
-            time.wYear >= kNoDateYear)
+        const std::optional<LocalTime> time = timeIn("CreationTime");
+        if (!time)
             throw Error("An e-mail has no date of creation.");
-        return {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond};
+        return *time;
     }
+
+    std::optional<LocalTime> sentTime() override { return timeIn("SentOn"); }
 
     /// Only a reply knows whom the sender wants answers to go to. It is discarded without being
     /// shown or saved.
@@ -76,6 +76,17 @@ class AutomationItem : public MailItem {
     }
 
  private:
+    /// Returns the time in a property of the item; nothing when it holds none.
+    std::optional<LocalTime> timeIn(const char* property) {
+        const Variant value = item_.call(property);
+        SYSTEMTIME time{};
+        if (value.vt != VT_DATE || VariantTimeToSystemTime(value.date, &time) == FALSE ||
+            time.wYear >= kNoDateYear)
+            return std::nullopt;
+        return LocalTime{time.wYear, time.wMonth,  time.wDay,
+                         time.wHour, time.wMinute, time.wSecond};
+    }
+
     MailPerson person(const Dispatch& recipients, int index) {
         const Dispatch recipient = recipients.object("Item", "a recipient", {variantOf(index)});
         MailPerson person{textIfAny([&recipient] { return recipient.text("Name"); }),

@@ -1,0 +1,220 @@
+#include "history/history.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pelk {
+namespace {
+
+std::uint64_t keyOf(std::uint32_t number, std::uint32_t other) {
+    const auto [smaller, larger] = std::minmax(number, other);
+    return static_cast<std::uint64_t>(smaller) << 32 | larger;
+}
+
+}  // namespace
+
+void AddressRecord::add(const AddressRecord& later) {
+    sent += later.sent;
+    automatic += later.automatic;
+    if (!later.automaticBy.empty())
+        automaticBy = later.automaticBy;
+    if (!later.listBy.empty())
+        listBy = later.listBy;
+}
+
+void History::countMail(const std::string& from, const std::string& to, Day day) {
+    if (from == to)
+        return;
+    const auto number = static_cast<Number>(numberOf(from));
+    Pair& pair = pairOf(number, static_cast<Number>(numberOf(to)));
+    if (pair.one == number)
+        pair.exchange.addSent(day);
+    else
+        pair.exchange.addReceived(day);
+    ++revision_;
+}
+
+AddressRecord& History::record(const std::string& address) {
+    ++revision_;
+    return addresses_[numberOf(address)].record;
+}
+
+const AddressRecord* History::findRecord(const std::string& address) const {
+    const Address* const found = find(address);
+    return found != nullptr && !found->record.empty() ? &found->record : nullptr;
+}
+
+Exchange History::between(std::span<const std::string> side,
+                          std::span<const std::string> otherSide) const {
+    Exchange sum;
+    for (const std::string& address : side)
+        for (const std::string& other : otherSide)
+            if (const Pair* const pair = findPair(address, other))
+                sum.add(addresses_[pair->one].text == address ? pair->exchange
+                                                              : pair->exchange.reversed());
+    return sum;
+}
+
+void History::forEachPartner(
+    const std::string& address,
+    const std::function<void(const std::string& partner, const Exchange&)>& visit) const {
+    const Address* const found = find(address);
+    if (found == nullptr)
+        return;
+    for (const Number place : found->pairs) {
+        const Pair& pair = pairs_[place];
+        const bool isFirst = &addresses_[pair.one] == found;
+        if (!pair.exchange.empty())
+            visit(addresses_[isFirst ? pair.other : pair.one].text,
+                  isFirst ? pair.exchange : pair.exchange.reversed());
+    }
+}
+
+void History::forEachAddress(const std::function<void(const std::string& address)>& visit) const {
+    std::vector<std::string> all;
+    for (const Address& address : addresses_)
+        if (!address.record.empty() || hasExchange(address))
+            all.push_back(address.text);
+    std::sort(all.begin(), all.end());
+    for (const std::string& address : all)
+        visit(address);
+}
+
+void History::add(const History& other) {
+    HistoryChange change = additionOf(other);
+    swap(change);
+}
+
+void History::keepOnly(const std::function<bool(const std::string& address)>& remains) {
+    HistoryChange change = removalOfOthers(remains);
+    swap(change);
+}
+
+/// Creates the missing entries now, so that `swap` cannot fail.
+HistoryChange History::additionOf(const History& other) {
+    HistoryChange change;
+    std::vector<Number> numbers;
+    for (const Address& address : other.addresses_) {
+        const std::size_t number = numberOf(address.text);
+        numbers.push_back(static_cast<Number>(number));
+        if (address.record.empty())
+            continue;
+        AddressRecord sum = addresses_[number].record;
+        sum.add(address.record);
+        change.records_.emplace_back(numbers.back(), std::move(sum));
+    }
+    for (const Pair& added : other.pairs_) {
+        const Number one = numbers[added.one];
+        const Pair& pair = pairOf(one, numbers[added.other]);
+        Exchange sum = pair.exchange;
+        sum.add(pair.one == one ? added.exchange : added.exchange.reversed());
+        change.pairs_.emplace_back(static_cast<Number>(&pair - pairs_.data()), std::move(sum));
+    }
+    return change;
+}
+
+HistoryChange History::removalOfOthers(
+    const std::function<bool(const std::string& address)>& remains) const {
+    HistoryChange change;
+    std::vector<bool> isGone;
+    for (Number number = 0; number < addresses_.size(); ++number) {
+        isGone.push_back(!remains(addresses_[number].text));
+        if (isGone.back())
+            change.records_.emplace_back(number, AddressRecord());
+    }
+    for (Number place = 0; place < pairs_.size(); ++place)
+        if (isGone[pairs_[place].one] || isGone[pairs_[place].other])
+            change.pairs_.emplace_back(place, Exchange());
+    return change;
+}
+
+void History::swap(HistoryChange& change) noexcept {
+    for (auto& [place, exchange] : change.pairs_)
+        std::swap(pairs_[place].exchange, exchange);
+    for (auto& [number, record] : change.records_)
+        std::swap(addresses_[number].record, record);
+    ++revision_;
+}
+
+std::size_t History::numberOf(const std::string& address) {
+    const auto next = static_cast<Number>(addresses_.size());
+    const auto [found, isNew] = numbers_.try_emplace(address, next);
+    if (isNew)
+        addresses_.push_back({address, {}, {}});
+    return found->second;
+}
+
+void History::forEachExchange(const std::function<void(std::size_t number, std::size_t other,
+                                                       const Exchange&)>& visit) const {
+    for (const Pair& pair : pairs_)
+        if (!pair.exchange.empty())
+            visit(pair.one, pair.other, pair.exchange);
+}
+
+void History::addExchange(std::size_t number, std::size_t other, Exchange&& exchange) {
+    Pair& pair = pairOf(static_cast<Number>(number), static_cast<Number>(other));
+    if (pair.one != number)
+        exchange = exchange.reversed();
+    if (pair.exchange.empty())
+        pair.exchange = std::move(exchange);
+    else
+        pair.exchange.add(exchange);
+    ++revision_;
+}
+
+bool History::empty() const {
+    return std::all_of(pairs_.begin(), pairs_.end(),
+                       [](const Pair& pair) { return pair.exchange.empty(); }) &&
+           std::all_of(addresses_.begin(), addresses_.end(),
+                       [](const Address& address) { return address.record.empty(); });
+}
+
+bool History::hasExchange(const Address& address) const {
+    return std::any_of(address.pairs.begin(), address.pairs.end(),
+                       [this](Number place) { return !pairs_[place].exchange.empty(); });
+}
+
+const History::Address* History::find(const std::string& address) const {
+    const auto found = numbers_.find(address);
+    return found == numbers_.end() ? nullptr : &addresses_[found->second];
+}
+
+const History::Pair* History::findPair(const std::string& address, const std::string& other) const {
+    const auto one = numbers_.find(address);
+    const auto two = numbers_.find(other);
+    if (one == numbers_.end() || two == numbers_.end())
+        return nullptr;
+    const auto found = pairNumbers_.find(keyOf(one->second, two->second));
+    return found == pairNumbers_.end() ? nullptr : &pairs_[found->second];
+}
+
+/// Returns the pair of two addresses, a new one when there is none.
+History::Pair& History::pairOf(Number number, Number other) {
+    const auto next = static_cast<Number>(pairs_.size());
+    const auto [found, isNew] = pairNumbers_.try_emplace(keyOf(number, other), next);
+    if (isNew) {
+        pairs_.push_back({number, other, {}});
+        addresses_[number].pairs.push_back(next);
+        addresses_[other].pairs.push_back(next);
+    }
+    return pairs_[found->second];
+}
+
+bool operator==(const History& a, const History& b) {
+    const auto contains = [](const History& whole, const History& part) {
+        const auto sameRecord = [&whole](const History::Address& address) {
+            const AddressRecord* const record = whole.findRecord(address.text);
+            return address.record == (record != nullptr ? *record : AddressRecord());
+        };
+        const auto sameExchange = [&](const History::Pair& pair) {
+            const std::string& one = part.addresses_[pair.one].text;
+            const std::string& other = part.addresses_[pair.other].text;
+            return whole.between({&one, 1}, {&other, 1}) == pair.exchange;
+        };
+        return std::all_of(part.addresses_.begin(), part.addresses_.end(), sameRecord) &&
+               std::all_of(part.pairs_.begin(), part.pairs_.end(), sameExchange);
+    };
+    return contains(a, b) && contains(b, a);
+}
+
+}  // namespace pelk

@@ -1,0 +1,126 @@
+#pragma once
+// When people wrote to each other: e-mails per month and direction between each pair of addresses.
+//
+// Addresses are in lower case, and not ids of contacts, so that renaming, merging and importing
+// contacts need no second bookkeeping: the history of a contact is the sum over its addresses. It
+// holds only addresses of contacts of the database, at the time they were counted.
+//
+// Not thread-safe: one thread at a time uses a history.
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "history/exchange.h"
+
+namespace pelk {
+
+/// What the headers of an address's e-mails say of it.
+struct AddressRecord {
+    /// The e-mails that it sent, and how many of these were sent automatically: to subscribers, in
+    /// bulk, by a program.
+    std::uint32_t sent = 0;
+    std::uint32_t automatic = 0;
+    /// The header field that said so last; empty when none did.
+    std::string automaticBy;
+    /// The header field that names it as the address of a mailing list; empty when none did.
+    std::string listBy;
+
+    bool empty() const { return *this == AddressRecord(); }
+    /// Adds what later headers say of the same address.
+    void add(const AddressRecord& later);
+
+    friend bool operator==(const AddressRecord&, const AddressRecord&) = default;
+};
+
+/// Other values for some entries of a history, see `History::swap`.
+class HistoryChange {
+    friend class History;
+    std::vector<std::pair<std::uint32_t, Exchange>> pairs_;
+    std::vector<std::pair<std::uint32_t, AddressRecord>> records_;
+};
+
+class History {
+ public:
+    /// Counts an e-mail between two addresses. Does nothing when they are equal.
+    void countMail(const std::string& from, const std::string& to, Day day);
+    /// Returns the record of an address, a new one when there is none; valid until the next change.
+    AddressRecord& record(const std::string& address);
+    /// Returns the record of an address; null when there is none.
+    const AddressRecord* findRecord(const std::string& address) const;
+
+    /// Returns the e-mails between two sides, each given by its addresses. E-mails within a side do
+    /// not count.
+    Exchange between(std::span<const std::string> side,
+                     std::span<const std::string> otherSide) const;
+    /// Calls `visit` with each address that has exchanged e-mails with `address`, in no particular
+    /// order.
+    void forEachPartner(
+        const std::string& address,
+        const std::function<void(const std::string& partner, const Exchange&)>& visit) const;
+    /// Calls `visit` with each address that has a record or an exchange, in alphabetical order.
+    void forEachAddress(const std::function<void(const std::string& address)>& visit) const;
+
+    /// Adds all e-mails and records of another history.
+    void add(const History& other);
+    /// Forgets the addresses for which `remains` returns false, with all their exchanges.
+    void keepOnly(const std::function<bool(const std::string& address)>& remains);
+
+    /// Return what `swap` needs to do what `add` and `keepOnly` do.
+    HistoryChange additionOf(const History& other);
+    HistoryChange removalOfOthers(
+        const std::function<bool(const std::string& address)>& remains) const;
+    /// Exchanges the values of the change's entries with those of this history, so that a second
+    /// call reverts the first. Changes are to be reverted in the order of a stack.
+    void swap(HistoryChange& change) noexcept;
+
+    /// The addresses are numbered from 0; the numbers never change. These functions serve to write
+    /// and to read a history. Some addresses may have neither record nor exchange.
+    std::size_t addressCount() const { return addresses_.size(); }
+    const std::string& address(std::size_t number) const { return addresses_[number].text; }
+    const AddressRecord& recordOf(std::size_t number) const { return addresses_[number].record; }
+    std::size_t numberOf(const std::string& address);
+    /// Calls `visit` with each exchange, seen from the first address.
+    void forEachExchange(const std::function<void(std::size_t number, std::size_t other,
+                                                  const Exchange&)>& visit) const;
+    /// Adds e-mails between two different addresses, seen from the first one.
+    void addExchange(std::size_t number, std::size_t other, Exchange&& exchange);
+
+    bool empty() const;
+    /// A number that increases with every change.
+    std::uint64_t revision() const { return revision_; }
+
+    friend bool operator==(const History& a, const History& b);
+
+ private:
+    using Number = std::uint32_t;
+    struct Address {
+        std::string text;
+        AddressRecord record;
+        std::vector<Number> pairs;
+    };
+    struct Pair {
+        Number one = 0;
+        Number other = 0;
+        /// Seen from `one`; may be empty.
+        Exchange exchange;
+    };
+
+    const Address* find(const std::string& address) const;
+    const Pair* findPair(const std::string& address, const std::string& other) const;
+    Pair& pairOf(Number number, Number other);
+    bool hasExchange(const Address& address) const;
+
+    std::vector<Address> addresses_;
+    std::unordered_map<std::string, Number> numbers_;
+    std::vector<Pair> pairs_;
+    /// The places in `pairs_`, by the numbers of both addresses.
+    std::unordered_map<std::uint64_t, Number> pairNumbers_;
+    std::uint64_t revision_ = 0;
+};
+
+}  // namespace pelk
