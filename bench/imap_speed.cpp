@@ -39,7 +39,8 @@ std::size_t countBytes(std::uint16_t port) {
     server.send(
         "1 LOGIN jane s3cret-word\r\n2 EXAMINE INBOX\r\n3 UID FETCH 1:* (UID INTERNALDATE FLAGS "
         "BODYSTRUCTURE BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject "
-        "Date Content-Type X-Gmail-Labels)])\r\n");
+        "Date Content-Type X-Gmail-Labels List-Post X-Mailing-List X-BeenThere List-Id "
+        "List-Unsubscribe Precedence Auto-Submitted)])\r\n");
     std::size_t count = 0;
     std::string end;
     for (std::string bytes; end.find("\r\n3 OK") == std::string::npos;) {

@@ -37,4 +37,8 @@ std::vector<MailPerson> recipientsOf(const MessageHeader& header) {
     return all;
 }
 
+MailAutomation automationOf(const MessageHeader& header) {
+    return readAutomation([&header](std::string_view field) { return header.all(field); });
+}
+
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// The people whom the header of a message names.
+// The people whom the header of a message names, and the mailing lists and programs.
 
 #include <optional>
 #include <string_view>
@@ -18,5 +18,8 @@ std::optional<MailPerson> replyRecipientOf(const MessageHeader& header);
 
 /// Direct, copy and blind-copy recipients, in order.
 std::vector<MailPerson> recipientsOf(const MessageHeader& header);
+
+/// What the header says about mailing lists and automatic sending.
+MailAutomation automationOf(const MessageHeader& header);
 
 }  // namespace pelk

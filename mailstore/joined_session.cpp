@@ -48,6 +48,14 @@ class JoinedSession : public MailSession {
         });
     }
 
+    std::vector<std::string> ownAddresses() override {
+        std::vector<std::string> all;
+        for (const auto& session : sessions_)
+            for (std::string& address : session->ownAddresses())
+                all.push_back(std::move(address));
+        return all;
+    }
+
     void setMarks(const std::vector<FolderMark>& marks) override {
         told_ = marks;
         for (const auto& session : sessions_)

@@ -47,6 +47,7 @@ class DiskFolder : public StoredFolder {
     std::string name() override { return place_.name; }
     std::string place() override { return place_.canonical; }
     bool holdsMail() override { return true; }
+    bool isSentMail() override { return isSentMailName(place_.name); }
     std::unique_ptr<MailFolders> folders() override {
         return walk([place = place_, labelled = labelled_] {
             PlaceList list = listSubfolders(place);
@@ -186,6 +187,7 @@ class DiskSession : public MailSession {
     }
 
     std::vector<DefaultFolder> leftOutFolders() override { return leftOutFoldersOf(options_); }
+    std::vector<std::string> ownAddresses() override { return options_.ownAddresses; }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const auto* const own = dynamic_cast<DiskFolder*>(&folder);

@@ -54,6 +54,8 @@ struct MailStoreOptions {
     bool countJunk = false;
     /// Default folders in addition to those that go by their names.
     FolderPurposes purposes = {};
+    /// The addresses of the user's accounts.
+    std::vector<std::string> ownAddresses = {};
 };
 
 /// Returns the default folders whose items are not counted.

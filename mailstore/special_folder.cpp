@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "mailstore/mail_text.h"
@@ -157,6 +158,85 @@ constexpr Purpose kPurposes[] = {
     {kJunk, "Thư rác"},
 };
 
+// The English names first, then those in other languages, of the same programs.
+constexpr std::string_view kSentNames[] = {
+    "Sent",
+    "Sent Items",
+    "Sent Mail",
+    "Sent-Mail",
+    "Sent Messages",
+    // Arabic
+    "البريد المرسل",
+    "الرسائل المرسلة",
+    // Chinese, simplified and traditional
+    "已发送",
+    "已发送邮件",
+    "寄件備份",
+    // Czech
+    "Odeslané",
+    "Odeslaná pošta",
+    // Danish and Norwegian
+    "Sendt",
+    "Sendt post",
+    "Sendt e-post",
+    "Sendte elementer",
+    // Dutch
+    "Verzonden",
+    "Verzonden items",
+    "Verzonden berichten",
+    // Finnish
+    "Lähetetyt",
+    // French
+    "Envoyés",
+    "Messages envoyés",
+    "Éléments envoyés",
+    // German
+    "Gesendet",
+    "Gesendete Elemente",
+    "Gesendete Objekte",
+    "Gesendete Nachrichten",
+    // Greek
+    "Απεσταλμένα",
+    // Hungarian
+    "Elküldött",
+    "Elküldött levelek",
+    "Elküldött elemek",
+    // Indonesian
+    "Terkirim",
+    // Italian
+    "Inviati",
+    "Posta inviata",
+    // Japanese
+    "送信済み",
+    "送信済みメール",
+    "送信済みアイテム",
+    // Korean
+    "보낸편지함",
+    // Polish
+    "Wysłane",
+    "Elementy wysłane",
+    // Portuguese and Spanish
+    "Enviados",
+    "Enviadas",
+    "E-mails enviados",
+    "Itens enviados",
+    "Elementos enviados",
+    // Romanian
+    "Trimise",
+    "Mesaje trimise",
+    // Russian and Ukrainian
+    "Отправленные",
+    "Надіслані",
+    // Swedish
+    "Skickat",
+    "Skickade meddelanden",
+    // Turkish
+    "Gönderilmiş Postalar",
+    "Gönderilmiş Öğeler",
+    // Vietnamese
+    "Thư đã gửi",
+};
+
 }  // namespace
 
 std::optional<DefaultFolder> folderCalled(std::string_view name) {
@@ -168,6 +248,16 @@ std::optional<DefaultFolder> folderCalled(std::string_view name) {
     }();
     const auto found = byName.find(foldCase(name));
     return found == byName.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool isSentMailName(std::string_view name) {
+    static const auto names = [] {
+        std::unordered_set<std::string> set;
+        for (const std::string_view one : kSentNames)
+            set.insert(foldCase(one));
+        return set;
+    }();
+    return names.contains(foldCase(name));
 }
 
 bool isContainerName(std::string_view name) {

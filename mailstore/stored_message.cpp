@@ -65,9 +65,16 @@ MailPerson StoredMessage::recipient(int index) {
     return recipients()[static_cast<std::size_t>(index) - 1];
 }
 
+MailAutomation StoredMessage::automation() {
+    if (!automation_)
+        automation_ = automationOf(header());
+    return *automation_;
+}
+
 void StoredMessage::readPeople() {
     sender();
     recipients();
+    automation();
 }
 
 const MessageHeader& StoredMessage::header() {

@@ -32,8 +32,10 @@ class StoredMessage : public MailItem {
     std::optional<MailPerson> replyRecipient() override;
     int recipientCount() override;
     MailPerson recipient(int index) override;
+    MailAutomation automation() override;
 
-    /// Parses sender and recipients now, so that the functions above are quick later.
+    /// Parses sender, recipients and what `automation` returns now, so that the functions above are
+    /// quick later.
     void readPeople();
     /// Whether a caller has asked for a person.
     bool peopleWanted() const { return peopleWanted_; }
@@ -58,6 +60,7 @@ class StoredMessage : public MailItem {
     std::unique_ptr<const MessageHeader> header_;
     std::optional<std::optional<MailPerson>> sender_;
     std::optional<std::vector<MailPerson>> recipients_;
+    std::optional<MailAutomation> automation_;
     bool peopleWanted_ = false;
 };
 

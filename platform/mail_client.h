@@ -14,6 +14,7 @@
 
 #include "platform/clock.h"
 #include "platform/error.h"
+#include "platform/mail_automation.h"
 
 namespace pelk {
 
@@ -73,6 +74,9 @@ class MailItem {
     virtual int recipientCount() = 0;
     /// Returns recipient `index`, counted from 1.
     virtual MailPerson recipient(int index) = 0;
+    /// Returns what the header says about mailing lists and automatic sending; nothing when the
+    /// client does not show it.
+    virtual MailAutomation automation() { return {}; }
 };
 
 /// Up to where the items of a folder have been counted, as a mail server numbers them.
@@ -106,6 +110,8 @@ class MailFolder {
     virtual std::string place() { return {}; }
     /// Whether the folder is for e-mails rather than appointments or other items.
     virtual bool holdsMail() = 0;
+    /// Whether the folder is for e-mails that the user has sent.
+    virtual bool isSentMail() { return false; }
     /// By how many seconds the clock that stamps the items may be behind the user's.
     virtual int clockTolerance() { return 0; }
     virtual std::unique_ptr<MailFolders> folders() = 0;
@@ -127,6 +133,8 @@ class MailSession {
     }
     /// Whether `folder` is the session's default folder of that kind.
     virtual bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) = 0;
+    /// Returns the addresses of the user's accounts, if the client knows them.
+    virtual std::vector<std::string> ownAddresses() { return {}; }
     /// Told, before a scan, the marks of the last one. Items up to a mark have been counted, so the
     /// session need not read them: it may give them out as items from before all scans.
     virtual void setMarks(const std::vector<FolderMark>& /*marks*/) {}

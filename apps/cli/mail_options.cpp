@@ -6,7 +6,9 @@ namespace pelk {
 
 MailStoreOptions mailOptions(const Arguments& arguments) {
     MailStoreOptions options = arguments.mail;
-    options.purposes = purposesIn(findMail(currentUserPlaces()));
+    const MailList found = findMail(currentUserPlaces());
+    options.purposes = purposesIn(found);
+    options.ownAddresses = ownAddressesIn(found);
     return options;
 }
 

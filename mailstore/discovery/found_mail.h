@@ -25,6 +25,8 @@ struct FoundMail {
     /// the names from the top of the account, with "/" between them. Empty if no setting does.
     std::string deletedItems = {};
     std::string outbox = {};
+    /// The user's own addresses, as the program's settings name them.
+    std::vector<std::string> ownAddresses = {};
 };
 
 using MailList = std::vector<FoundMail>;

@@ -140,6 +140,13 @@ FolderPurposes purposesIn(const MailList& list) {
     return purposes;
 }
 
+std::vector<std::string> ownAddressesIn(const MailList& list) {
+    std::set<std::string> addresses;
+    for (const FoundMail& mail : list)
+        addresses.insert(mail.ownAddresses.begin(), mail.ownAddresses.end());
+    return {addresses.begin(), addresses.end()};
+}
+
 MailExtent measureMail(const FoundMail& mail, const std::function<bool()>& isCancelled) {
     Measure measure(isCancelled);
     MailExtent& extent = measure.extent;

@@ -20,6 +20,9 @@ MailList findMail(const UserPlaces& places);
 /// `MailStoreOptions::purposes`. Leaves out what is not there or cannot be read.
 FolderPurposes purposesIn(const MailList& list);
 
+/// Returns the user's own addresses that these settings name, for `MailStoreOptions::ownAddresses`.
+std::vector<std::string> ownAddressesIn(const MailList& list);
+
 struct MailExtent {
     /// Why none of the mail can be read; empty if it can.
     std::string fault;

@@ -63,10 +63,21 @@ class Accounts {
         MailList list;
         for (const std::string& key : keys())
             add(list, pref("mail.account." + key + ".server"));
+        for (FoundMail& mail : list)
+            mail.ownAddresses = ownAddresses();
         return list;
     }
 
  private:
+    /// Returns those of all accounts: an account may write into the folders of another one.
+    std::vector<std::string> ownAddresses() const {
+        std::vector<std::string> addresses;
+        for (const auto& [name, value] : prefs_)
+            if (name.starts_with("mail.identity.") && name.ends_with(".useremail"))
+                addresses.push_back(value);
+        return addresses;
+    }
+
     std::string pref(const std::string& name) const {
         const auto found = prefs_.find(name);
         return found == prefs_.end() ? std::string() : found->second;

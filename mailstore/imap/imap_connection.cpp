@@ -12,16 +12,26 @@
 #include "mailstore/imap/guarded_stream.h"
 #include "mailstore/imap/imap_faults.h"
 #include "mailstore/mail_text.h"
+#include "platform/mail_automation.h"
 
 namespace pelk {
 namespace {
 
-/// The fields that determine the people, time, kind and fingerprint of a message. The server itself
-/// says when a message came, so `Received` is not among them: it is longer than all others
-/// together.
-constexpr const char* kFields =
-    "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date Content-Type "
-    "X-Gmail-Labels)]";
+/// The fields that determine the people, time, kind and fingerprint of a message, and those about
+/// mailing lists and programs, which few messages have. The server itself says when a message came,
+/// so `Received` is not among them: it is longer than all others together.
+const std::string& headerFields() {
+    static const std::string fields = [] {
+        std::string text =
+            "BODY.PEEK[HEADER.FIELDS (Message-ID From Sender Reply-To To Cc Bcc Subject Date "
+            "Content-Type X-Gmail-Labels";
+        for (const std::string_view field : kAutomationFields)
+            (text += ' ') += field;
+        return text + ")]";
+    }();
+    return fields;
+}
+
 constexpr const char* kHeaderStart = "<0.262144>";
 constexpr std::size_t kPartStart = 64UL << 10;
 constexpr std::size_t kReadSize = 64UL << 10;
@@ -56,7 +66,7 @@ std::string textOf(const UidRange& range) {
 std::string fetchCommand(const UidRange& range, Detail detail) {
     const bool whole = detail == Detail::Whole;
     return "UID FETCH " + textOf(range) + " (UID INTERNALDATE FLAGS " +
-           (whole ? "BODYSTRUCTURE " : "") + kFields + (whole ? "" : kHeaderStart) + ")";
+           (whole ? "BODYSTRUCTURE " : "") + headerFields() + (whole ? "" : kHeaderStart) + ")";
 }
 
 struct SessionFree {
@@ -369,8 +379,8 @@ std::vector<FetchedHeader> ImapConnection::headers(const UidRange& range, Detail
 
 std::vector<FetchedHeader> ImapConnection::firstHeaders(std::uint32_t count) {
     return talk_->fetch(
-        "FETCH 1:" + std::to_string(count) + " (UID FLAGS BODYSTRUCTURE " + kFields + ")", {},
-        "show its first messages");
+        "FETCH 1:" + std::to_string(count) + " (UID FLAGS BODYSTRUCTURE " + headerFields() + ")",
+        {}, "show its first messages");
 }
 
 std::string ImapConnection::partStart(std::uint32_t uid, const std::string& section) {

@@ -69,6 +69,10 @@ MailPerson ImapMessage::recipient(int index) {
     return (*recipients_)[static_cast<std::size_t>(index) - 1];
 }
 
+MailAutomation ImapMessage::automation() {
+    return automationOf(header_);
+}
+
 /// Parsing the type takes longer than everything else, and few messages can be reports.
 bool ImapMessage::isReport() const {
     return ::strcasestr(header_.first("Content-Type").c_str(), "report") != nullptr &&

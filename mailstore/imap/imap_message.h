@@ -30,6 +30,7 @@ class ImapMessage : public MailItem {
     std::optional<MailPerson> replyRecipient() override;
     int recipientCount() override;
     MailPerson recipient(int index) override;
+    MailAutomation automation() override;
 
     const MessageHeader& header() const { return header_; }
     /// Returns whether the header declares a delivery report or a receipt.

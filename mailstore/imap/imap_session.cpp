@@ -68,6 +68,7 @@ class ImapFolder : public StoredFolder {
     std::string name() override { return node_->name; }
     std::string place() override { return node_->place; }
     bool holdsMail() override { return true; }
+    bool isSentMail() override { return node_->holdsSent; }
     int clockTolerance() override { return kClockTolerance; }
     std::unique_ptr<MailFolders> folders() override {
         return walk(shared_, [node = node_] { return node->folders; });
@@ -165,6 +166,14 @@ class ImapSession : public MailSession {
     }
 
     std::vector<DefaultFolder> leftOutFolders() override { return leftOutFoldersOf(options_); }
+
+    std::vector<std::string> ownAddresses() override {
+        std::vector<std::string> addresses = options_.ownAddresses;
+        if (const std::string& user = shared_->server.account().user;
+            user.find('@') != std::string::npos)
+            addresses.push_back(user);
+        return addresses;
+    }
 
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         const auto* const own = dynamic_cast<ImapFolder*>(&folder);

@@ -76,6 +76,7 @@ class Tree {
             node->mailbox = mailbox.name;
         node->purpose = purposeOf(mailbox);
         node->holdsAll = has(mailbox, "All");
+        node->holdsSent = has(mailbox, "Sent") || isSentMailName(node->name);
     }
 
     std::shared_ptr<MailboxNode> result() && { return std::move(top_); }

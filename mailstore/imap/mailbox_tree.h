@@ -20,6 +20,8 @@ struct MailboxNode {
     /// The purpose that the server declares, and whether the folder contains all mail (RFC 6154).
     std::optional<DefaultFolder> purpose;
     bool holdsAll = false;
+    /// Whether the folder is for sent e-mails, by the server's declaration or by its name.
+    bool holdsSent = false;
     /// Whether the folder is at a level where names identify default folders.
     bool atTop = false;
     bool isStore = false;

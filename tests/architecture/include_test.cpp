@@ -52,6 +52,7 @@ const std::set<std::string> kMailstoreIncludes{
     "lzma.h",
     "platform/clock.h",
     "platform/error.h",
+    "platform/mail_automation.h",
     "platform/mail_client.h",
     "platform/parallel.h",
     "sqlite3.h",

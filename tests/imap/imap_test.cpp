@@ -1,5 +1,6 @@
 // Reads mail on a real server as a `MailSession`.
 
+#include "mailstore/imap/mailbox_tree.h"
 #include "tests/imap/imap_fixture.h"
 
 namespace pelk {
@@ -69,6 +70,31 @@ TEST_F(ImapTest, listsFoldersByTheirNames) {
               openAt(dovecot.port)->folders()->next()->place() + "/Gr&APYA3w-e/In&-Out");
     EXPECT_EQ(messageOf([&] { openAt(dovecot.port, "/No/Such"); }),
               "The mail server has no folder No.");
+}
+
+TEST_F(ImapTest, saysOfListsAndSentMailWhatTheDiskSays) {
+    addMail(dovecot, ".Sent/cur/1600000001.a.h:2,S",
+            "From: j@x.org\nList-Post: <mailto:l@x.org>\nX-Mailing-List: m@x.org\n"
+            "X-BeenThere: n@x.org\nList-Id: L <l.x.org>\nList-Unsubscribe: <https://x.org>\n"
+            "Precedence: bulk\nAuto-Submitted: auto-generated\n\nHi\n");
+    const auto sent = [](MailSession& session) {
+        const auto folders = session.folders()->next()->folders();
+        std::unique_ptr<MailFolder> folder = folders->next();
+        while (folder && !folder->isSentMail())
+            folder = folders->next();
+        return folder ? folder->mailItem(1)->automation() : MailAutomation();
+    };
+    const MailAutomation onDisk = sent(*openMailSession({dovecot.mail()}, {}));
+    dovecot.start();
+    EXPECT_EQ(onDisk.lists.size(), 3U);
+    EXPECT_EQ(sent(*openAt(dovecot.port)), onDisk);
+}
+
+TEST(ImapSession, knowsTheSentMailThatTheServerDeclares) {
+    MailboxNode sent = *mailboxTree({{"Post", '/', {"Sent"}}, {"Other", '/', {}}},
+                                    readImapAddress("imap://jane@127.0.0.1"))
+                            ->folders.back();
+    EXPECT_TRUE(sent.holdsSent && sent.name == "Post");
 }
 
 TEST_F(ImapTest, asksASecondTimeForNewMessagesOnly) {

@@ -156,6 +156,21 @@ TEST_F(DiscoveryTest, namesTheDefaultFoldersOfThunderbird) {
                   " For later" + std::to_string(static_cast<int>(DefaultFolder::Outbox)) + " ");
 }
 
+TEST_F(DiscoveryTest, knowsTheAddressesOfTheAccounts) {
+    write(".thunderbird/profiles.ini", "[Profile0]\nIsRelative=1\nPath=p\n");
+    write(".thunderbird/p/Mail/Box", kBox);
+    writeProfile(".thunderbird/p", {"type\", \"none\"\ndirectory-rel\", \"[ProfD]Mail\""});
+    write(".thunderbird/p/prefs.js",
+          readSettingsFile(home + "/.thunderbird/p/prefs.js") +
+              "user_pref(\"mail.identity.id2.useremail\", \"jane@x.org\");\n"
+              "user_pref(\"mail.identity.id1.useremail\", \"Jane@y.org\");\n"
+              "user_pref(\"mail.identity.id1.smtpServer\", \"smtp1\");\n");
+    MailStoreOptions options;
+    options.ownAddresses = ownAddressesIn(findMail(places));
+    EXPECT_EQ(openMailSession({home + "/.thunderbird/p/Mail"}, options)->ownAddresses(),
+              (std::vector<std::string>{"Jane@y.org", "jane@x.org"}));
+}
+
 TEST_F(DiscoveryTest, findsTheRelativesOfThunderbird) {
     for (const char* root :
          {"snap/thunderbird/common/.thunderbird", ".var/app/org.mozilla.Thunderbird/.thunderbird",

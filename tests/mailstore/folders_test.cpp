@@ -229,6 +229,15 @@ TEST_F(FoldersTest, knowsDefaultFoldersAtTheTopOfAStore) {
     EXPECT_EQ(kindsOf(*session, *session->folders()).find("Trash:d"), std::string::npos);
 }
 
+TEST_F(FoldersTest, knowsSentMailByItsName) {
+    write(mbox, {"top/SENT", "top/Work", "top/Gesendete Elemente", "top/Sentences"});
+    const auto folders = open("top")->folders()->next()->folders();
+    std::string sent;
+    while (const auto folder = folders->next())
+        sent += folder->isSentMail() ? folder->name() + " " : "";
+    EXPECT_EQ(sent, "Gesendete Elemente SENT ");
+}
+
 TEST_F(FoldersTest, leavesOutDraftsAndJunkUnlessAsked) {
     write(mbox, {"box"});
     const auto countOf = [&](bool drafts, bool junk) {

@@ -63,6 +63,27 @@ TEST_F(StoredMessageTest, namesSenderAndRecipients) {
     EXPECT_THROW(item("To: a@x\n")->recipient(0), Error);
 }
 
+TEST_F(StoredMessageTest, saysWhatListsAndProgramsWrote) {
+    const auto automation = [&](const std::string& fields) {
+        return item("From: s@x\n" + fields + "\nList-Post: <mailto:body@x>\n")->automation();
+    };
+    EXPECT_EQ(automation("Auto-Reply: x\n"), MailAutomation());
+    EXPECT_EQ(automation("List-Post: <https://x/post>,\n <MAILTO:Users@Lists.X?subject=hi>\n"
+                         "X-Mailing-List: <old@x>\nX-BeenThere: been@x\nX-BeenThere: nothing\n"
+                         "LIST-ID: \"All <users>\" \n\t<users.lists.x>\n"
+                         "List-Unsubscribe: <https://x/leave>\nPrecedence: LIST (all)\n"
+                         "Auto-Submitted: Auto-Generated; owner=a\n"),
+              (MailAutomation{{{"List-Post", "Users@Lists.X"},
+                               {"X-Mailing-List", "old@x"},
+                               {"X-BeenThere", "been@x"}},
+                              "users.lists.x",
+                              true,
+                              "list",
+                              "auto-generated"}));
+    EXPECT_EQ(automation("List-Post: NO\nList-Post: <mailto:>\nList-Id: bare.x\n"),
+              (MailAutomation{{}, "bare.x", false, {}, {}}));
+}
+
 TEST_F(StoredMessageTest, readsLongHeadersUpToALimit) {
     // Some headers end exactly where the first read ends.
     std::vector<std::size_t> sizes = {60'000, 900'000, 3'000'000};

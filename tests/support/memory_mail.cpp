@@ -25,6 +25,7 @@ class Item : public MailItem {
     MailPerson recipient(int index) override {
         return requireAddress(item_.recipients.at(static_cast<std::size_t>(index) - 1));
     }
+    MailAutomation automation() override { return item_.automation; }
 
  private:
     MemoryItem item_;
@@ -44,6 +45,7 @@ class Folder : public MailFolder {
     }
     std::string place() override { return place_; }
     bool holdsMail() override { return folder_.holdsMail; }
+    bool isSentMail() override { return folder_.isSentMail; }
     int clockTolerance() override { return folder_.clockTolerance; }
     std::unique_ptr<MailFolders> folders() override {
         if (folder_.refusesFolders)
@@ -92,6 +94,7 @@ class Session : public MailSession {
  public:
     explicit Session(const MemoryMailClient& client) : client_(client) {}
     std::unique_ptr<MailFolders> folders() override { return walk(client_.stores, {}); }
+    std::vector<std::string> ownAddresses() override { return client_.ownAddresses; }
     bool isDefaultFolder(MailFolder& folder, DefaultFolder kind) override {
         if (client_.refusesDefaultFolders)
             throw Error("There is no such folder.");

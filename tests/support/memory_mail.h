@@ -29,6 +29,7 @@ struct MemoryItem {
     std::optional<DefaultFolder> label = {};
     bool refuses = false;
     std::optional<LocalTime> sent = {};
+    MailAutomation automation = {};
 };
 
 struct MemoryFolder {
@@ -44,6 +45,7 @@ struct MemoryFolder {
     bool refusesFolders = false;
     bool refusesName = false;
     int clockTolerance = 0;
+    bool isSentMail = false;
 };
 
 class MemoryMailClient : public MailClient {
@@ -51,6 +53,7 @@ class MemoryMailClient : public MailClient {
     std::vector<MemoryFolder> stores;
     bool refusesSession = false;
     bool refusesDefaultFolders = false;
+    std::vector<std::string> ownAddresses;
 
     struct Button {
         std::string caption;
