@@ -1,0 +1,42 @@
+#pragma once
+// Tells people from mailing lists and from robots: programs, and newsletters that nobody answers.
+//
+// A person who writes to a mailing list is a person, although each such e-mail has the fields of
+// the list. So an e-mail through a mailing list proves little about its sender, and a few automatic
+// e-mails, such as those of a calendar, make nobody a robot.
+//
+// Addresses are in lower case. All functions are thread-safe.
+
+#include <span>
+#include <string>
+
+#include "db/records.h"
+#include "history/history.h"
+#include "platform/mail_automation.h"
+
+namespace pelk {
+
+enum class CorrespondentKind { Person, List, Robot };
+
+/// Returns "person", "list" or "robot".
+const char* nameOf(CorrespondentKind kind);
+
+struct Correspondent {
+    CorrespondentKind kind = CorrespondentKind::Person;
+    /// Why it is a list or a robot, such as "List-Post in its e-mails"; empty for a person.
+    std::string reason;
+};
+
+/// Returns what an address is, by its name and by its record. The record may be empty.
+Correspondent kindOfAddress(const std::string& address, const AddressRecord& record);
+
+/// Returns what a contact is: a list or a robot only if all of its addresses are, with the kind and
+/// the reason of the first one.
+Correspondent kindOfContact(const Contact& contact, const History& history);
+
+/// Adds what the header of an e-mail says of its sender and its recipients to their records. A
+/// mailing list that the header names is known only if it is one of these. `sender` may be empty.
+void noteAutomation(History& history, const MailAutomation& automation, const std::string& sender,
+                    std::span<const std::string> recipients);
+
+}  // namespace pelk
