@@ -11,6 +11,7 @@
 // further. All calls are made on the thread that runs the message loop.
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -153,6 +154,31 @@ class ListView : public Control {
     std::vector<ListRow> rows_;
 };
 
+/// Two numbers of a chart under one label, such as the e-mails of a year.
+struct ChartBar {
+    /// Empty labels leave room for the others.
+    std::string label;
+    std::uint64_t above = 0;
+    std::uint64_t below = 0;
+};
+
+struct ChartContent {
+    /// What the bars above and below the middle line count.
+    std::string above;
+    std::string below;
+    /// From left to right.
+    std::vector<ChartBar> bars;
+    /// What a screen reader says of the chart besides its name.
+    std::string description;
+};
+
+/// Draws two series of numbers as bars above and below a line, with a scale and a legend. It is a
+/// picture only: the form also shows the numbers as text.
+class BarChart : public Control {
+ public:
+    virtual void setContent(ChartContent content) = 0;
+};
+
 /// A tree control that shows its model. A node with children can be expanded.
 class TreeView : public Control {
  public:
@@ -292,6 +318,7 @@ class Window {
     virtual ProgressBar& addProgressBar(const Rect& bounds) = 0;
     virtual ListView& addListView(const Rect& bounds) = 0;
     virtual TreeView& addTreeView(const Rect& bounds) = 0;
+    virtual BarChart& addBarChart(const Rect& bounds) = 0;
     virtual PopupMenu& addPopupMenu() = 0;
 
     /// Called when the inner area has a new size, from the user or when it is first shown.

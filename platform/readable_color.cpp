@@ -47,15 +47,19 @@ Color readableColor(const Color& color, const Color& background) {
 
 Color fadedColor(const Color& text, const Color& background) {
     for (int percent = 50; percent > 0; --percent) {
-        const auto mixed = [percent](std::uint8_t part, std::uint8_t other) {
-            return static_cast<std::uint8_t>((part * (100 - percent) + other * percent) / 100);
-        };
-        const Color faded{mixed(text.red, background.red), mixed(text.green, background.green),
-                          mixed(text.blue, background.blue)};
+        const Color faded = mixedColor(text, background, percent);
         if (contrastRatio(faded, background) >= kMinimumContrast)
             return faded;
     }
     return text;
+}
+
+Color mixedColor(const Color& color, const Color& other, int percent) {
+    const auto mixed = [percent](std::uint8_t part, std::uint8_t otherPart) {
+        return static_cast<std::uint8_t>((part * (100 - percent) + otherPart * percent) / 100);
+    };
+    return {mixed(color.red, other.red), mixed(color.green, other.green),
+            mixed(color.blue, other.blue)};
 }
 
 }  // namespace pelk

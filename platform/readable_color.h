@@ -17,4 +17,7 @@ Color readableColor(const Color& color, const Color& background);
 /// of 4.5 permits, at most by half. Returns `text` when that has less contrast itself.
 Color fadedColor(const Color& text, const Color& background);
 
+/// Returns a colour between both: `percent` of `other`, the rest of `color`.
+Color mixedColor(const Color& color, const Color& other, int percent);
+
 }  // namespace pelk

@@ -85,8 +85,8 @@ class Driver {
     /// Clicks where the button is; whatever covers it gets the click.
     virtual void click(Control& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
-    /// The pixels that the bar paints now.
-    virtual std::vector<std::uint32_t> pictureOf(ProgressBar& bar) = 0;
+    /// The pixels that a bar or a chart paints now, row by row.
+    virtual std::vector<std::uint32_t> pictureOf(Control& control) = 0;
     /// The image that is shown.
     virtual TreeImage imageOf(Picture& picture) = 0;
     virtual bool isChecked(OptionButton& button) = 0;

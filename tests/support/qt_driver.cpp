@@ -151,8 +151,8 @@ class QtDriver : public Driver {
         return {widget.minimum(), widget.maximum(), widget.value()};
     }
 
-    std::vector<std::uint32_t> pictureOf(ProgressBar& bar) override {
-        return pixelsOf(native<QWidget>(bar).grab());
+    std::vector<std::uint32_t> pictureOf(Control& control) override {
+        return pixelsOf(native<QWidget>(control).grab());
     }
 
     TreeImage imageOf(Picture& picture) override { return imageIn(native<QWidget>(picture)); }

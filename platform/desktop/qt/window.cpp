@@ -11,6 +11,7 @@
 
 #include "platform/desktop/qt/access_key_marks.h"
 #include "platform/desktop/qt/accessible_names.h"
+#include "platform/desktop/qt/bar_chart.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/list_view.h"
 #include "platform/desktop/qt/popup_menu.h"
@@ -221,6 +222,10 @@ ListView& QtWindow::addListView(const Rect& bounds) {
 
 TreeView& QtWindow::addTreeView(const Rect& bounds) {
     return add(std::make_unique<QtTreeView>(*frame_, scale_, dialogs_, language_), bounds);
+}
+
+BarChart& QtWindow::addBarChart(const Rect& bounds) {
+    return add(std::make_unique<QtBarChart>(*frame_, scale_), bounds);
 }
 
 PopupMenu& QtWindow::addPopupMenu() {

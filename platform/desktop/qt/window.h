@@ -45,6 +45,7 @@ class QtWindow : public Window, public NativeWidget {
     ProgressBar& addProgressBar(const Rect& bounds) override;
     ListView& addListView(const Rect& bounds) override;
     TreeView& addTreeView(const Rect& bounds) override;
+    BarChart& addBarChart(const Rect& bounds) override;
     PopupMenu& addPopupMenu() override;
 
     QWidget& nativeWidget() override;

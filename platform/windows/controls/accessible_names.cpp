@@ -32,6 +32,14 @@ std::wstring nameWithoutLabel(HWND control, HWND window) {
     return hint.empty() ? textOfWindow(window) : hint;
 }
 
+/// Returns the system's service for annotating windows; null where it has none.
+ComPtr<IAccPropServices> accessibilityServices() {
+    ComPtr<IAccPropServices> services;
+    CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER, IID_IAccPropServices,
+                     reinterpret_cast<void**>(services.put()));
+    return services;
+}
+
 /// Overrides also the text of a control that has none.
 void setName(HWND control, const std::wstring& name) {
     if (!isOfClass(control, L"Edit"))
@@ -42,9 +50,7 @@ void setName(HWND control, const std::wstring& name) {
 }  // namespace
 
 void setAccessibleName(HWND control, const std::wstring& name) {
-    ComPtr<IAccPropServices> names;
-    if (SUCCEEDED(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
-                                   IID_IAccPropServices, reinterpret_cast<void**>(names.put()))))
+    if (const auto names = accessibilityServices())
         names->SetHwndPropStr(control, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                               PROPID_ACC_NAME, name.c_str());
 }
@@ -62,6 +68,19 @@ void nameControls(HWND window) {
             setName(control, label.empty() ? nameWithoutLabel(control, window) : label);
         }
     }
+}
+
+void describeChart(HWND chart, const std::wstring& description) {
+    const auto services = accessibilityServices();
+    if (!services)
+        return;
+    const auto client = static_cast<DWORD>(OBJID_CLIENT);
+    VARIANT role = {};
+    role.vt = VT_I4;
+    role.lVal = ROLE_SYSTEM_CHART;
+    services->SetHwndProp(chart, client, CHILDID_SELF, PROPID_ACC_ROLE, role);
+    services->SetHwndPropStr(chart, client, CHILDID_SELF, PROPID_ACC_DESCRIPTION,
+                             description.c_str());
 }
 
 }  // namespace pelk

@@ -17,4 +17,7 @@ void setAccessibleName(HWND control, const std::wstring& name);
 /// the rest after the window.
 void nameControls(HWND window);
 
+/// Tells screen readers that a control is a chart, and what it shows.
+void describeChart(HWND chart, const std::wstring& description);
+
 }  // namespace pelk

@@ -7,6 +7,7 @@
 #include "platform/window_place.h"
 #include "platform/windows/controls/access_key_marks.h"
 #include "platform/windows/controls/accessible_names.h"
+#include "platform/windows/controls/bar_chart.h"
 #include "platform/windows/controls/dialog_template.h"
 #include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/controls/list_view.h"
@@ -246,6 +247,10 @@ ListView& Win32Window::addListView(const Rect& bounds) {
 
 TreeView& Win32Window::addTreeView(const Rect& bounds) {
     return add(std::make_unique<Win32TreeView>(nextPlace(), dialogs_, language_), bounds);
+}
+
+BarChart& Win32Window::addBarChart(const Rect& bounds) {
+    return add(std::make_unique<Win32BarChart>(nextPlace()), bounds);
 }
 
 PopupMenu& Win32Window::addPopupMenu() {

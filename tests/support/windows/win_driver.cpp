@@ -211,11 +211,12 @@ class WinDriver : public Driver {
         return {range.iLow, range.iHigh, static_cast<int>(value)};
     }
 
-    std::vector<std::uint32_t> pictureOf(ProgressBar& bar) override {
+    std::vector<std::uint32_t> pictureOf(Control& control) override {
         RECT inner = {};
-        GetClientRect(native(bar), &inner);
+        GetClientRect(native(control), &inner);
         const Paper paper({inner.right, inner.bottom});
-        SendMessageW(native(bar), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()), PRF_CLIENT);
+        SendMessageW(native(control), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()),
+                     PRF_CLIENT);
         return paper.pixels();
     }
 
