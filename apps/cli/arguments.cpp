@@ -1,5 +1,6 @@
 #include "apps/cli/arguments.h"
 
+#include <charconv>
 #include <cstddef>
 
 #include "apps/cli/commands.h"
@@ -43,7 +44,9 @@ Usage:
                            relation's weight: a relation above STRONG is
                            strong, one up to WEAK is weak
   pelk links CONTACT CONTACT
-                           print the best chain between two contacts
+                           print the best chain between two contacts; with
+                           --count the best ones, with --without those that
+                           avoid some contacts
   pelk domain-links DOMAIN DOMAIN
                            print the best chains between the contacts of two
                            mail domains or addresses; Ctrl-C stops the search
@@ -72,6 +75,10 @@ Options:
   --copies         with scan: count an e-mail in every folder that contains it
   --name NAME      with merge: the name of the merged contact
   --yes            really delete the contacts of a domain, or the database
+  --count NUMBER   with links: print the best NUMBER chains, at most 1000
+  --without CONTACT...
+                   with links: only chains that avoid these contacts; all words
+                   up to the next option are contacts
   --best           print only the best links between two domains
   --ok, --cancel   give this answer to all questions of an import
   --outbox NAME    treat a top-level folder called NAME as the outbox, which is
@@ -150,8 +157,35 @@ class WordReader {
             arguments_.mail.countDrafts = true;
         else if (word == "--junk")
             arguments_.mail.countJunk = true;
-        else
+        else if (!readLinksOption(word))
             throw UsageError("unknown option " + word);
+    }
+
+    bool readLinksOption(const std::string& word) {
+        if (word == "--count")
+            arguments_.count = number(word, 1000);
+        else if (word == "--without")
+            readContacts(word, arguments_.without);
+        else
+            return false;
+        return true;
+    }
+
+    /// Takes all words up to the next option, at least one.
+    void readContacts(const std::string& option, std::vector<std::string>& contacts) {
+        do
+            contacts.push_back(value(option));
+        while (at_ < words_.size() && !words_[at_].starts_with('-'));
+    }
+
+    std::size_t number(const std::string& option, std::size_t most) {
+        const std::string& text = value(option);
+        std::size_t number = 0;
+        const char* const end = text.data() + text.size();
+        if (std::from_chars(text.data(), end, number).ptr != end || number < 1 || number > most)
+            throw UsageError("option " + option + " takes a number from 1 to " +
+                             std::to_string(most));
+        return number;
     }
 
     const std::string& value(const std::string& option) {

@@ -1,6 +1,7 @@
 #pragma once
 // The command line.
 
+#include <cstddef>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -35,6 +36,9 @@ struct Arguments {
     std::optional<bool> answer;
     /// Print only the best links between domains.
     bool best = false;
+    /// How many chains `links` prints, and the contacts that no chain may meet.
+    std::optional<std::size_t> count;
+    std::vector<std::string> without;
     /// Whether `scan` counts all copies, and the stamp it counts from; empty means the last scan.
     bool copies = false;
     std::string since;

@@ -95,8 +95,11 @@ void showDetails(CommandRun& run) {
 }
 
 void links(CommandRun& run) {
-    const std::vector<int> ids = run.findContacts(run.arguments().operands);
-    printLinks(std::cout, run.database(), ids[0], ids[1], run.arguments().json);
+    const Arguments& arguments = run.arguments();
+    const std::vector<int> ids = run.findContacts(arguments.operands);
+    printLinks(
+        std::cout, run.database(),
+        {ids[0], ids[1], arguments.count, run.findContacts(arguments.without), arguments.json});
 }
 
 void domainLinks(CommandRun& run) {

@@ -62,11 +62,43 @@ QJsonObject toJson(const ChainLink& link, bool isSource) {
     return object;
 }
 
+QJsonObject toJson(int cost, const std::vector<ChainLink>& links) {
+    QJsonArray array;
+    for (const ChainLink& link : links)
+        array.append(toJson(link, array.isEmpty()));
+    return {{"cost", cost}, {"chain", array}};
+}
+
 QJsonObject toJson(const LinkChain& chain) {
     QJsonArray ids;
     for (const int id : chain.ids)
         ids.append(id);
     return {{"cost", chain.cost}, {"chain", ids}};
+}
+
+std::vector<LinkChain> searchContacts(const Database& database, const LinksRequest& request) {
+    if (request.source == request.target)
+        throw Error(kSameContactMessage);
+    for (const int id : request.without)
+        if (id == request.source || id == request.target)
+            throw Error("A chain cannot avoid its own end, " + descriptionOf(database, id) + ".");
+    std::vector<LinkChain> chains =
+        LinkSearch(database, request.without)
+            .findSeveral(request.source, request.target, request.count.value_or(1));
+    if (chains.empty())
+        throw Error(kNoChainMessage);
+    return chains;
+}
+
+void printStairs(std::ostream& out, int cost, const std::vector<ChainLink>& links) {
+    bool isSource = true;
+    for (const ChainLink& link : links) {
+        Line(out) << (isSource ? std::string(kStrengthWidth, ' ')
+                               : strengthColumns(link.strength, link.weight))
+                  << std::setw(7) << link.id << "  " << link.description;
+        isSource = false;
+    }
+    Line(out) << "cost: " << cost;
 }
 
 /// Shows the progress of a domain search on the terminal.
@@ -119,28 +151,23 @@ void printChain(std::ostream& out, const Database& database, const LinkChain& ch
 
 }  // namespace
 
-void printLinks(std::ostream& out, const Database& database, int source, int target, bool json) {
-    if (source == target)
-        throw Error(kSameContactMessage);
-    const std::optional<LinkChain> chain = LinkSearch(database).find(source, target);
-    if (!chain)
-        throw Error(kNoChainMessage);
+void printLinks(std::ostream& out, const Database& database, const LinksRequest& request) {
+    const std::vector<LinkChain> chains = searchContacts(database, request);
     QJsonArray array;
-    bool isSource = true;
-    for (const ChainLink& link : readChain(database, chain->ids)) {
-        if (json) {
-            array.append(toJson(link, isSource));
-        } else {
-            Line(out) << (isSource ? std::string(kStrengthWidth, ' ')
-                                   : strengthColumns(link.strength, link.weight))
-                      << std::setw(7) << link.id << "  " << link.description;
-        }
-        isSource = false;
+    const char* separator = "";
+    for (const LinkChain& chain : chains) {
+        const std::vector<ChainLink> links = readChain(database, chain.ids);
+        if (request.json)
+            array.append(toJson(chain.cost, links));
+        else
+            printStairs(out << separator, chain.cost, links);
+        separator = "\n";
     }
-    if (json)
-        print(out, QJsonDocument(QJsonObject{{"cost", chain->cost}, {"chain", array}}));
-    else
-        Line(out) << "cost: " << chain->cost;
+    if (request.json)
+        print(out, request.isForSeveral() ? QJsonDocument(array)
+                                          : QJsonDocument(array.first().toObject()));
+    else if (chains.size() < request.count.value_or(0))
+        tell("There are no more chains.");
 }
 
 void printDomainLinks(std::ostream& out, const Database& database,

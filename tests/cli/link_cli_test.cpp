@@ -45,6 +45,25 @@ TEST_F(LinkCliTest, printsTheBestChainOfContacts) {
     EXPECT_EQ(run("links 1").status, 2);
 }
 
+TEST_F(LinkCliTest, printsSeveralChainsAndAvoidsContacts) {
+    const std::string direct =
+        "                   1  A (a@a.x)\n"
+        "medium      1      3  C (c@c.x)\n"
+        "cost: 10\n";
+    const Outcome both = run("links 1 3 --count 5");
+    EXPECT_EQ(both.output, run("links 1 3").output + "\n" + direct);
+    EXPECT_EQ(both.errors, "pelk: There are no more chains.\n");
+    EXPECT_EQ(run("links 1 3 --without b@b.x 4").output, direct);
+    EXPECT_EQ(json("links 1 3 --without 4 --without 2"),
+              R"-([{"chain":[{"description":"A(a@a.x)","id":1},)-"
+              R"-({"class":"medium","description":"C(c@c.x)","id":3,"weight":1}],"cost":10}])-");
+    expectRefused("links 1 2 --without 3 1", 1, "A chain cannot avoid its own end, A (a@a.x).");
+    expectRefused("links 1 4 --count 2", 1, "Cannot find a path between those nodes!");
+    for (const char* wrong : {"0", "1001", "2x", "-1", "99999999999999999999"})
+        EXPECT_EQ(run(std::string("links 1 2 --count ") + wrong).status, 2) << wrong;
+    EXPECT_EQ(run("links 1 2 --without").status, 2);
+}
+
 TEST_F(LinkCliTest, printsTheBestChainsOfDomains) {
     const std::string ofD = "     0  4 D (d@a.x/d@c.x) - 4 D (d@a.x/d@c.x)\n";
     EXPECT_EQ(run("domain-links a.x C.x").output,
