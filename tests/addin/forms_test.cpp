@@ -487,6 +487,54 @@ TEST_F(FormsTest, findsTheBestLinkBetweenContacts) {
         << "the strongest relation is gone, but once seen it stays the measure";
 }
 
+TEST_F(FormsTest, showsTheNextBestLinksAndAvoidsContacts) {
+    choose({3}, "Find the best link");
+    driver.doubleClickRow(forms.find->listTree, {2});
+    driver.settle();
+    ShowFindFormSimple& form = *forms.links;
+    const auto enabled = [&] {
+        std::string buttons;
+        for (Button* const button :
+             {&form.previousButton, &form.nextButton, &form.avoidButton, &form.allowButton})
+            buttons += driver.isEnabled(*button) ? '1' : '0';
+        return driver.textOf(form.placeLabel) + " " + buttons;
+    };
+    const auto chain = [&] {
+        std::string names;
+        for (TreePath at; !driver.rows(form.presTree, at).empty(); at.push_back(0))
+            names += driver.rows(form.presTree, at)[0].text.substr(0, 3);
+        return names;
+    };
+    EXPECT_EQ(enabled(), "1 of 2, cost 17 0100");
+    driver.click(form.nextButton);
+    EXPECT_EQ(enabled(), "2 of 2, cost 19 1000");
+    EXPECT_EQ(chain(), "DeeAnnBobCy ");
+    driver.clickRow(form.presTree, {0, 0, 0, 0});
+    EXPECT_EQ(enabled(), "2 of 2, cost 19 1000") << "an end";
+    driver.clickRow(form.presTree, {0, 0, 0});
+    driver.click(form.avoidButton);
+    EXPECT_EQ(enabled(), "1 of 1, cost 17, not through Bob 0001");
+    driver.clickRow(form.presTree, {0, 0});
+    driver.click(form.avoidButton);
+    EXPECT_EQ(enabled(), "Every chain goes through Ann. 0011");
+    driver.click(form.allowButton);
+    EXPECT_EQ(enabled(), "1 of 2, cost 17 0100");
+    EXPECT_EQ(chain(), "DeeAnnCy ");
+    driver.press(*form.window, "Alt+N");
+    driver.press(*form.window, "Alt+P");
+    driver.press(*form.window, "Alt+N");
+    EXPECT_EQ(enabled(), "2 of 2, cost 19 1000");
+
+    database->removeContacts({2});
+    forms.view->databaseChanged();
+    EXPECT_EQ(enabled(), "This chain is no longer one of the best 0100");
+    driver.click(form.nextButton);
+    EXPECT_EQ(enabled(), "1 of 1, cost 5 0000");
+    database->removeContacts({3});
+    forms.view->databaseChanged();
+    EXPECT_EQ(enabled(), "Cannot find a path between those nodes! 0000");
+}
+
 TEST_F(FormsTest, helpHasItsOwnForm) {
     HelpForm form(core.toolkit(), core.shell);
     form.window->show();
