@@ -123,6 +123,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
 void ShowForm::startShowing() {
     const TreeState before(presTree);
     groupedByNames_ = true;
+    options.enableRelations(true);
     showTotals();
     namesRadio.setChecked(true);
     strongestWeight_ = database->strongestWeight();
@@ -162,6 +163,7 @@ void ShowForm::group(bool byNames) {
     if (groupedByNames_ == byNames)
         return;
     groupedByNames_ = byNames;
+    options.enableRelations(byNames);
     refresh();
     byNames ? search.setTarget(contactNodes_) : search.setTarget(addressLeaves_);
 }

@@ -98,6 +98,7 @@ class ShowForm {
     bool isGone(int contactId);
     void deleteContact(int id);
     void deleteDomain(const TreeNode& node);
+    std::vector<int> contactsOfDomain(const std::string& domain);
 
     UserInterface ui_;
     const Language& language_;

@@ -138,11 +138,20 @@ void ShowForm::deleteDomain(const TreeNode& node) {
     requireDeletableDomain(domain);
     if (!ui_.dialogs.confirm(isAddressLeaf(node) ? "Do you want to delete this contact?"
                                                  : "Do you want to delete this domain?",
-                             deletionText(*database, domain, contactsToDelete(*database, domain))))
+                             deletionText(*database, domain, contactsOfDomain(domain))))
         return;
-    deleteContacts(contactsToDelete(*database, domain), domain);
+    deleteContacts(contactsOfDomain(domain), domain);
     databaseChanged();
     refresh();
+}
+
+/// A registered name is a whole name: intel.com is not the end of myintel.com.
+std::vector<int> ShowForm::contactsOfDomain(const std::string& domain) {
+    if (domains_.grouping() == DomainGrouping::ByLabel)
+        return contactsToDelete(*database, domain);
+    return domain.find('@') != std::string::npos
+               ? database->ownersOf(domain)
+               : contactsBelow(domains_.addresses(*database), labelsOf(domain));
 }
 
 void ShowForm::findMenuItemClick(TreeNode& node) {

@@ -63,13 +63,30 @@ std::vector<std::string> registeredDomains(const std::vector<MailAddress>& addre
     return names;
 }
 
-std::size_t contactsBelow(const std::vector<MailAddress>& addresses,
-                          const std::vector<std::string>& labels) {
-    std::unordered_set<int> owners;
+std::vector<int> contactsBelow(const std::vector<MailAddress>& addresses,
+                               const std::vector<std::string>& labels) {
+    std::vector<int> owners;
+    std::unordered_set<int> seen;
     for (const MailAddress& address : addresses)
-        if (isBelow(address.parts, labels))
-            owners.insert(address.ownerId);
-    return owners.size();
+        if (isBelow(address.parts, labels) && seen.insert(address.ownerId).second)
+            owners.push_back(address.ownerId);
+    return owners;
+}
+
+std::string textBelowDomain(const MailAddress& address) {
+    return address.parts.front() + " (" + address.owner + ")";
+}
+
+std::vector<std::string> labelsOf(const std::string& domain) {
+    std::vector<std::string> labels;
+    std::size_t start = 0;
+    for (std::size_t dot = domain.find('.'); dot != std::string::npos;
+         dot = domain.find('.', start)) {
+        labels.push_back(domain.substr(start, dot - start));
+        start = dot + 1;
+    }
+    labels.push_back(domain.substr(start));
+    return labels;
 }
 
 std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
@@ -85,7 +102,7 @@ std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
         if (next > 0 && seenLabels.insert(part).second)
             entries.push_back({part, {}});
         else if (next == 0 && seenLocalParts.insert(part).second)
-            entries.push_back({part + " (" + address.owner + ")", address.whole});
+            entries.push_back({textBelowDomain(address), address.whole});
     }
     return entries;
 }

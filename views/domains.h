@@ -40,10 +40,16 @@ std::vector<std::string> topLevelDomains(const std::vector<MailAddress>& address
 /// first appearance.
 std::vector<std::string> registeredDomains(const std::vector<MailAddress>& addresses);
 
-/// Returns the number of contacts who have an address below a domain, whose labels are given as for
-/// `entriesBelow`.
-std::size_t contactsBelow(const std::vector<MailAddress>& addresses,
-                          const std::vector<std::string>& labels);
+/// Returns the ids of the contacts who have an address below a domain, whose labels are given as
+/// for `entriesBelow`, each once, in the order of their addresses.
+std::vector<int> contactsBelow(const std::vector<MailAddress>& addresses,
+                               const std::vector<std::string>& labels);
+
+/// Returns the text of an address below its domain: ann (Ann Smith).
+std::string textBelowDomain(const MailAddress& address);
+
+/// Returns the labels of a domain from left to right.
+std::vector<std::string> labelsOf(const std::string& domain);
 
 /// Returns the entries directly below a domain, in order of first appearance. `labels` are the
 /// domain's from left to right: b, a for b.a. When two contacts share an address, only the first is
@@ -55,7 +61,8 @@ std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
 /// of their addresses in the document.
 ///
 /// The suffix need not start at a label: b.a also finds addresses in cb.a, and x@b.a finds yx@b.a.
-/// This is on purpose, and all commands on domains agree on it.
+/// This is on purpose, and all commands on domains agree on it, except the deletion of a registered
+/// name, which takes `contactsBelow`.
 std::vector<int> contactsBySuffix(const Database& database, std::string_view suffix);
 
 inline constexpr const char* kEmptyDomainMessage = "The domain is empty.";

@@ -24,21 +24,12 @@ void addAddress(TreeModel& tree, TreeNode& parent, const DomainEntry& entry) {
     tree.setTag(node, entry.address);
 }
 
-/// Adds the labels of a node's text, which is one label or a registered name.
-void addLabels(const std::string& text, std::vector<std::string>& labels) {
-    std::size_t start = 0;
-    for (std::size_t dot = text.find('.'); dot != std::string::npos; dot = text.find('.', start)) {
-        labels.push_back(text.substr(start, dot - start));
-        start = dot + 1;
-    }
-    labels.push_back(text.substr(start));
-}
-
 /// Returns the labels of the domain that the node and its ancestors show, from left to right.
 std::vector<std::string> pathOf(const TreeNode& node) {
     std::vector<std::string> labels;
     for (const TreeNode* step = &node; step->parent() != nullptr; step = step->parent())
-        addLabels(step->text(), labels);
+        for (std::string& label : labelsOf(step->text()))
+            labels.push_back(std::move(label));
     return labels;
 }
 
@@ -55,6 +46,7 @@ bool leadsTo(const TreeNode& node, const MailAddress& address) {
 }  // namespace
 
 void DomainsTree::fill(const Database& database) {
+    grouping_ = DomainGrouping::ByLabel;
     fastClear(tree_);
     const RedrawSuspension suspension(tree_);
     TreeModel& model = tree_.model();
@@ -63,6 +55,7 @@ void DomainsTree::fill(const Database& database) {
 }
 
 void DomainsTree::fillByRegisteredName(const Database& database) {
+    grouping_ = DomainGrouping::ByRegisteredName;
     fastClear(tree_);
     const RedrawSuspension suspension(tree_);
     TreeModel& model = tree_.model();
@@ -77,7 +70,7 @@ std::string DomainsTree::detailOf(const TreeNode& node, const Database& database
     const std::vector<MailAddress>& all = addresses(database);
     const auto [count, isNew] = contactCounts_.try_emplace(domainOf(node));
     if (isNew)
-        count->second = contactsBelow(all, pathOf(node));
+        count->second = contactsBelow(all, pathOf(node)).size();
     return counted(static_cast<std::int64_t>(count->second), "contact");
 }
 

@@ -11,7 +11,7 @@
 #include "db/database.h"
 #include "platform/controls.h"
 #include "platform/language.h"
-#include "views/domains.h"
+#include "views/domain_order.h"
 
 namespace pelk {
 
@@ -27,6 +27,8 @@ class DomainsTree {
     /// Fills the tree with the registered names of all domains instead, in alphabetical order. What
     /// lies below a name is the same as in the other tree.
     void fillByRegisteredName(const Database& database);
+    /// Returns how the tree was filled last.
+    DomainGrouping grouping() const { return grouping_; }
     /// Fills a label's node with the entries directly below it, in alphabetical order, unless it is
     /// filled already. An address leaf has the whole address as tag. Requires: the tree was filled
     /// from the same database.
@@ -42,6 +44,7 @@ class DomainsTree {
  private:
     TreeView& tree_;
     const Language& language_;
+    DomainGrouping grouping_ = DomainGrouping::ByLabel;
     std::vector<MailAddress> addresses_;
     /// By domain. Counted once each, because a tree asks whenever it paints.
     std::unordered_map<std::string, std::size_t> contactCounts_;

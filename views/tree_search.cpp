@@ -1,34 +1,8 @@
 #include "views/tree_search.h"
 
-#include <algorithm>
-#include <tuple>
-#include <unordered_map>
 #include <unordered_set>
 
 namespace pelk {
-namespace {
-
-/// Sorts addresses as a tree of domains shows them: by top-level domain, in order of first
-/// appearance, then by label from right to left.
-void sortByDomain(std::vector<MailAddress>& addresses) {
-    std::unordered_map<std::string, std::size_t> ranks;
-    for (const std::string& label : topLevelDomains(addresses))
-        ranks.emplace(label, ranks.size());
-    const auto rank = [&ranks](const MailAddress& address) {
-        return ranks.at(address.parts.back());
-    };
-    std::stable_sort(
-        addresses.begin(), addresses.end(), [&](const MailAddress& left, const MailAddress& right) {
-            const std::size_t one = rank(left);
-            const std::size_t other = rank(right);
-            return one != other
-                       ? one < other
-                       : std::lexicographical_compare(left.parts.rbegin(), left.parts.rend(),
-                                                      right.parts.rbegin(), right.parts.rend());
-        });
-}
-
-}  // namespace
 
 std::size_t ContactNodes::find(const std::string& query) {
     rows_.clear();
@@ -56,13 +30,15 @@ void AddressLeaves::show(std::size_t hit) {
 }
 
 void AddressLeaves::prepare() {
-    if (read_ != database_ || revision_ != database_->revision())
+    if (read_ != database_ || revision_ != database_->revision() ||
+        grouping_ != domains_.grouping())
         read();
 }
 
 void AddressLeaves::read() {
     addresses_ = domains_.addresses(*database_);
-    sortByDomain(addresses_);
+    grouping_ = domains_.grouping();
+    sortAsShown(addresses_, grouping_, language_);
     words_.clear();
     for (const MailAddress& address : addresses_)
         words_.add(address.owner + " " + address.whole);

@@ -33,13 +33,17 @@ class ContactNodes : public SearchTarget {
 };
 
 /// Finds addresses in a tree of domains by their own text and the names of their owners. The hits
-/// are grouped by domain.
+/// have the order of the leaves.
 class AddressLeaves : public SearchTarget {
  public:
     /// The references must outlive this object; `database` is the form's, which may set it later.
     AddressLeaves(TreeView& tree, DomainsTree& domains, const Database* const& database,
                   const Language& language)
-        : tree_(tree), domains_(domains), database_(database), words_(language) {}
+        : tree_(tree),
+          domains_(domains),
+          database_(database),
+          language_(language),
+          words_(language) {}
 
     std::size_t find(const std::string& query) override;
     /// Fills the domains of the address, and selects its leaf.
@@ -52,12 +56,14 @@ class AddressLeaves : public SearchTarget {
     TreeView& tree_;
     DomainsTree& domains_;
     const Database* const& database_;
+    const Language& language_;
     WordSearch words_;
     /// By number of the text in `words_`.
     std::vector<MailAddress> addresses_;
     std::vector<std::size_t> hits_;
     const Database* read_ = nullptr;
     std::uint64_t revision_ = 0;
+    DomainGrouping grouping_ = DomainGrouping::ByLabel;
 };
 
 }  // namespace pelk

@@ -44,6 +44,12 @@ void ViewOptions::add(Group& group, const std::vector<const char*>& captions) {
     mark(group.items, group.chosen);
 }
 
+void ViewOptions::enableRelations(bool enabled) {
+    for (const Group* const group : {&orders_, &filters_})
+        for (MenuItem* const item : group->items)
+            item->setEnabled(enabled);
+}
+
 void ViewOptions::choose(Group& group, int choice) {
     if (group.chosen == choice)
         return;

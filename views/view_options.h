@@ -25,6 +25,9 @@ class ViewOptions {
     /// Whether domains are grouped by registered name rather than label by label.
     bool byRegisteredName() const { return registered_.chosen != 0; }
 
+    /// Enables the choices about relations, which a tree of domains does not show.
+    void enableRelations(bool enabled);
+
     /// Called when the user has made another choice.
     std::function<void()> onChange;
 

@@ -124,14 +124,6 @@ void sortByWeight(std::vector<Relation>& relations) {
 }
 
 /// Returns the labels of a domain, from left to right.
-std::vector<std::string> labelsOf(const std::string& domain) {
-    std::vector<std::string> labels;
-    std::istringstream stream(domain + '.');
-    for (std::string label; std::getline(stream, label, '.');)
-        labels.push_back(label);
-    return labels;
-}
-
 }  // namespace
 
 void printOutcome(std::ostream& out, const ScanOutcome& outcome, const Database& database,

@@ -14,6 +14,15 @@ class OptionsTest : public ShowFormTest {
         return all;
     }
     const TreeNode& root() { return form.presTree.model().root(); }
+    std::string hitsInOrder(const std::string& query) {
+        driver.type(form.search.box, query);
+        std::string texts;
+        do {
+            texts += driver.selectedText(form.presTree).value_or("none") + ", ";
+            driver.press(*form.window, Key::Enter);
+        } while (!driver.textOf(form.search.status).starts_with("1 of "));
+        return texts;
+    }
     void choose(const std::string& item) {
         driver.chooseIn(form.options.button, item);
         driver.settle();
@@ -79,14 +88,16 @@ TEST_F(OptionsTest, GroupDomainsByRegisteredName) {
         "<contact id='2' name='Bob'><emails><email value='bob@bbc.co.uk'/></emails></contact>"
         "<contact id='3' name='Eve'><emails><email value='eve@sales.intel.com'/></emails></contact>"
         "<contact id='4' name='Ida'><emails><email value='ida@[10.0.0.1]'/></emails></contact>"
+        "<contact id='5' name='Moe'><emails><email value='moe@myintel.com'/></emails></contact>"
         "</contacts><relations/></pelkDB>");
     open();
     driver.click(form.domainsRadio);
     EXPECT_EQ(rows(), "com, uk, 1]");
-    EXPECT_EQ(details(root()), "2 contacts | 1 contact | 1 contact");
+    EXPECT_EQ(details(root()), "3 contacts | 1 contact | 1 contact");
+    EXPECT_EQ(driver.menuOf(form.options.button)[1], "(Sort by strength)");
     choose("Domains by registered name");
-    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk, intel.com");
-    EXPECT_EQ(details(root()), "1 contact | 1 contact | 2 contacts");
+    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk, intel.com, myintel.com");
+    EXPECT_EQ(details(root()), "1 contact | 1 contact | 2 contacts | 1 contact");
     EXPECT_EQ(expanded(2), "a (Ann), mail, sales");
     EXPECT_EQ(details(*root().children()[2]), "1 contact | 1 contact");
     std::string domain;
@@ -95,9 +106,12 @@ TEST_F(OptionsTest, GroupDomainsByRegisteredName) {
     EXPECT_EQ(domain, "mail.intel.com");
     driver.type(form.search.box, "eve");
     EXPECT_EQ(driver.selectedText(form.presTree), "eve (Eve)");
+    EXPECT_EQ(hitsInOrder("o"), "bob (Bob), a (Ann), ann (Ann), eve (Eve), moe (Moe), ");
     core.dialogs.expectMessage("Do you want to delete this domain?", Buttons::OkCancel, Answer::Ok);
     driver.chooseAt(form.presTree, {2}, "Delete");
-    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk");
+    EXPECT_EQ(rows(), "[10.0.0.1], bbc.co.uk, myintel.com") << "intel.com is the end of another";
+    driver.click(form.namesRadio);
+    EXPECT_EQ(driver.menuOf(form.options.button)[1], "Sort by strength");
 }
 
 TEST_F(OptionsTest, ARelatedContactLeadsToItsOwnNode) {
