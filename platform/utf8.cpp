@@ -105,6 +105,28 @@ std::string cleanText(std::string_view text) {
     }
 }
 
+bool turnsDirection(std::uint32_t code) {
+    return (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+}
+
+std::string displayText(std::string_view text) {
+    const std::string clean = cleanText(text);
+    std::string shown;
+    shown.reserve(clean.size());
+    for (std::string_view rest = clean; !rest.empty();) {
+        const std::string_view before = rest;
+        const bool turns = turnsDirection(takeCode(rest));
+        shown += turns ? kReplacement : before.substr(0, before.size() - rest.size());
+    }
+    return shown;
+}
+
+std::uint32_t takeCode(std::string_view& text) {
+    const Character character = readCharacter(text);
+    text.remove_prefix(character.length);
+    return character.valid ? character.code : 0xFFFD;
+}
+
 std::string utf16FileBytes(std::string_view text) {
     std::string bytes;
     bytes.reserve(2 * text.size() + 2);

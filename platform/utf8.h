@@ -17,6 +17,18 @@ bool isXmlText(std::string_view text);
 /// characters, tabs and line ends among them, by a space.
 std::string cleanText(std::string_view text);
 
+/// Whether the code point embeds, overrides or isolates a writing direction (UAX #9), so that text
+/// looks like another one.
+bool turnsDirection(std::uint32_t code);
+
+/// Returns `cleanText` with U+FFFD for characters that change the writing direction: one line that
+/// other programs show as it is.
+std::string displayText(std::string_view text);
+
+/// Removes the first character of a text that is not empty, and returns its code point; U+FFFD for
+/// an invalid byte.
+std::uint32_t takeCode(std::string_view& text);
+
 /// Converts valid UTF-8 to the bytes of a UTF-16 file: little-endian, after a byte order mark.
 std::string utf16FileBytes(std::string_view text);
 

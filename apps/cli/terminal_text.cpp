@@ -9,11 +9,6 @@
 namespace pelk {
 namespace {
 
-/// Embeddings, overrides and isolates of the Unicode Bidirectional Algorithm (UAX #9).
-bool turnsDirection(std::uint32_t code) {
-    return (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
-}
-
 bool isObeyed(std::uint32_t code) {
     return (code >= 0x7F && code < 0xA0) || turnsDirection(code);
 }
@@ -51,7 +46,7 @@ std::string replaceObeyed(std::string_view utf8, const Replace& replace) {
 }  // namespace
 
 std::string terminalText(std::string_view text) {
-    return replaceObeyed(cleanText(text), [](std::uint32_t) { return "\xEF\xBF\xBD"; });
+    return displayText(text);
 }
 
 std::string escapedForJson(std::string_view json) {

@@ -26,7 +26,8 @@ const std::map<std::string, std::set<std::string>> kArrows{
     {"views", {"history", "db"}},
     {"maintenance", {"views", "history", "db"}},
     {"links", {"views", "db"}},
-    {"addin", {"db", "history", "scan", "views", "maintenance", "links"}},
+    {"map", {"views", "history", "db"}},
+    {"addin", {"db", "history", "scan", "views", "maintenance", "links", "map"}},
 };
 
 /// Headers that `db/` and `platform/platform.h` must not include: the database returns or throws

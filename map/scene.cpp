@@ -1,0 +1,197 @@
+#include "map/scene.h"
+
+#include <algorithm>
+#include <numeric>
+#include <optional>
+
+#include "map/group_names.h"
+#include "map/labels.h"
+
+namespace pelk {
+namespace {
+
+constexpr double kMargin = 12;
+/// The room that the labels of people at the left and right rim have, in sizes of the font.
+constexpr double kLabelRoom = 5;
+/// No label is wider than so many sizes of the font.
+constexpr double kWidestLabel = 16;
+/// The height of a text and of the part above its baseline, in sizes of the font.
+constexpr double kTextHeight = 1.25;
+constexpr double kAscent = 0.95;
+constexpr double kTitleSize = 1.4;
+constexpr double kLegendWidth = 17;
+constexpr double kLegendLine = 1.7;
+/// The legend lists at most so many groups: those with a colour of their own.
+constexpr std::size_t kListedGroups = 9;
+constexpr std::size_t kSmallestListedGroup = 3;
+constexpr double kLargestScale = 2;
+constexpr double kSmallestCircle = 1.5;
+constexpr double kThinnestLine = 0.7;
+constexpr int kRings = 3;
+
+double titleHeight(const SceneStyle& style) {
+    return style.title.empty() ? 0 : style.fontSize * kTitleSize * 2;
+}
+
+/// Returns the part of a picture where people and labels may be.
+Box areaOf(double width, double height, const SceneStyle& style) {
+    const double legend = style.hasLegend ? kLegendWidth * style.fontSize : 0;
+    return {kMargin, kMargin + titleHeight(style), width - kMargin - legend, height - kMargin};
+}
+
+class SceneMaker {
+ public:
+    SceneMaker(const Arrangement& arrangement, const SceneView& view, const SceneStyle& style)
+        : arrangement_(arrangement), view_(view), style_(style) {}
+
+    Scene make() {
+        scene_.width = view_.width;
+        scene_.height = view_.height;
+        scene_.background = style_.palette.background;
+        scene_.textColor = style_.palette.text;
+        scene_.ringColor = style_.palette.line;
+        addRings();
+        addLines();
+        addCircles();
+        addLabels();
+        addTitle();
+        if (style_.hasLegend)
+            addLegend();
+        return std::move(scene_);
+    }
+
+ private:
+    Point placeOf(Point position) const { return position * view_.scale + view_.offset; }
+    double radiusOf(std::uint32_t person) const {
+        return std::max(arrangement_.radii[person] * view_.scale, kSmallestCircle);
+    }
+    Color colorOf(std::uint32_t group) const {
+        return group == kNoGroup ? style_.palette.text : style_.palette.ofGroup(group);
+    }
+
+    void addRings() {
+        if (!arrangement_.isCircle)
+            return;
+        double farthest = 0;
+        for (const Point& position : arrangement_.positions)
+            farthest = std::max(farthest, lengthOf(position));
+        for (int ring = 1; ring <= kRings; ++ring)
+            scene_.rings.push_back(
+                {placeOf({}), farthest * view_.scale * ring / kRings, {}, kNobody});
+    }
+
+    void addLines() {
+        double strongest = 1;
+        for (const GraphLink& link : arrangement_.graph.links)
+            strongest = std::max(strongest, link.weight);
+        for (const GraphLink& link : arrangement_.graph.links) {
+            const std::uint32_t to = arrangement_.groups[link.to];
+            const bool isSpoke = arrangement_.isCircle && link.from == 0;
+            const bool isInside = isSpoke || arrangement_.groups[link.from] == to;
+            const double share = std::sqrt(link.weight / strongest);
+            scene_.lines.push_back({placeOf(arrangement_.positions[link.from]),
+                                    placeOf(arrangement_.positions[link.to]),
+                                    kThinnestLine + (isSpoke ? 5 : 3) * share,
+                                    isInside ? colorOf(to) : style_.palette.line,
+                                    isInside ? 0.3 + 0.4 * share : 0.55});
+        }
+        // The strongest lines are drawn last, over the others.
+        std::stable_sort(scene_.lines.begin(), scene_.lines.end(),
+                         [](const SceneLine& a, const SceneLine& b) { return a.width < b.width; });
+    }
+
+    void addCircles() {
+        for (const std::uint32_t person : strongestFirst())
+            scene_.circles.push_back({placeOf(arrangement_.positions[person]), radiusOf(person),
+                                      colorOf(arrangement_.groups[person]), person});
+    }
+
+    std::vector<std::uint32_t> strongestFirst() const {
+        std::vector<std::uint32_t> order(arrangement_.positions.size());
+        std::iota(order.begin(), order.end(), 0);
+        std::stable_sort(order.begin(), order.end(), [this](std::uint32_t a, std::uint32_t b) {
+            return arrangement_.radii[a] > arrangement_.radii[b];
+        });
+        return order;
+    }
+
+    void addLabels() {
+        std::vector<LabelledCircle> labelled;
+        std::vector<std::string> texts;
+        for (const SceneCircle& circle : scene_.circles) {
+            const Contact& contact = arrangement_.graph.people[circle.person].contact;
+            texts.push_back(shortenedTo(kWidestLabel, labelOf(contact), style_.textWidth));
+            labelled.push_back({circle.center, circle.radius,
+                                style_.textWidth(texts.back()) * style_.fontSize,
+                                kTextHeight * style_.fontSize});
+        }
+        const std::vector<std::optional<Box>> places =
+            placeLabels(labelled, areaOf(view_.width, view_.height, style_));
+        for (std::size_t at = 0; at < places.size(); ++at)
+            if (places[at])
+                addText(texts[at], {places[at]->left, places[at]->top}, style_.fontSize,
+                        arrangement_.isCircle && scene_.circles[at].person == 0);
+    }
+
+    void addText(const std::string& text, Point corner, double size, bool bold) {
+        const Box box{corner.x, corner.y, corner.x + style_.textWidth(text) * size,
+                      corner.y + kTextHeight * size};
+        scene_.texts.push_back({{corner.x, corner.y + kAscent * size}, text, size, bold, box});
+    }
+
+    void addTitle() {
+        const double size = style_.fontSize * kTitleSize;
+        if (!style_.title.empty())
+            addText(shortenedTo((view_.width - 2 * kMargin) / size, style_.title, style_.textWidth),
+                    {kMargin, kMargin}, size, true);
+    }
+
+    void addLegend() {
+        const std::vector<std::string> names = groupNames(arrangement_.graph, arrangement_.groups);
+        const std::vector<std::size_t> sizes = groupSizes(arrangement_.groups);
+        Point corner{view_.width - kMargin - kLegendWidth * style_.fontSize,
+                     kMargin + titleHeight(style_)};
+        for (std::uint32_t group = 0; group < std::min(sizes.size(), kListedGroups); ++group)
+            if (sizes[group] >= kSmallestListedGroup) {
+                addLegendLine(corner, group,
+                              names[group] + " (" + std::to_string(sizes[group]) + ")");
+                corner.y += kLegendLine * style_.fontSize;
+            }
+    }
+
+    void addLegendLine(Point corner, std::uint32_t group, const std::string& text) {
+        const double radius = style_.fontSize / 2;
+        const double center = corner.y + kTextHeight * style_.fontSize / 2;
+        scene_.circles.push_back(
+            {{corner.x + 2 * radius, center}, radius, colorOf(group), kNobody});
+        addText(shortenedTo(kLegendWidth - 2, text, style_.textWidth),
+                {corner.x + 4 * radius, corner.y}, style_.fontSize, false);
+    }
+
+    const Arrangement& arrangement_;
+    const SceneView& view_;
+    const SceneStyle& style_;
+    Scene scene_;
+};
+
+}  // namespace
+
+SceneView viewOfAll(const Arrangement& arrangement, double width, double height,
+                    const SceneStyle& style) {
+    Box area = areaOf(width, height, style);
+    area.left += kLabelRoom * style.fontSize;
+    area.right -= kLabelRoom * style.fontSize;
+    const Box bounds = boundsOf(arrangement.positions, arrangement.radii);
+    SceneView view{width, height, kLargestScale, {}};
+    if (bounds.width() > 0)
+        view.scale =
+            std::min({view.scale, area.width() / bounds.width(), area.height() / bounds.height()});
+    view.offset = area.center() - bounds.center() * view.scale;
+    return view;
+}
+
+Scene makeScene(const Arrangement& arrangement, const SceneView& view, const SceneStyle& style) {
+    return SceneMaker(arrangement, view, style).make();
+}
+
+}  // namespace pelk
