@@ -12,7 +12,7 @@
 namespace pelk {
 namespace {
 
-/// So many chains are expanded when they are shown.
+/// So many chains are expanded when they are shown, and at first only so many are shown of a query.
 constexpr std::size_t kExpandedAtOnce = 1000;
 
 /// Whether the tree has all nodes of a chain.
@@ -26,6 +26,8 @@ ChainsTree::ChainsTree(TreeView& tree, const Database* const& database, const La
     : tree_(tree), database_(database), contacts_(language) {
     tree.onExpand = [this](TreeNode& node) {
         const RedrawSuspension suspension(tree_);
+        if (&node == rest_)
+            addRows(shown_.size());
         addRest(node);
     };
     tree.detailOf = [this](const TreeNode& node) { return detailOf(node); };
@@ -35,59 +37,94 @@ void ChainsTree::fill(const std::string& title, std::vector<LinkChain> chains) {
     title_ = title;
     chains_ = std::move(chains);
     limited_ = false;
+    arrange();
     fillAgain();
 }
 
 void ChainsTree::setOrder(ChainOrder order) {
-    if (std::exchange(order_, order) != order && root() != nullptr)
-        fillAgain();
+    if (std::exchange(order_, order) == order || root() == nullptr)
+        return;
+    arrange();
+    fillAgain();
 }
 
+/// Puts all chains in order.
+void ChainsTree::arrange() {
+    arranged_.resize(chains_.size());
+    std::iota(arranged_.begin(), arranged_.end(), std::size_t{0});
+    if (order_ == ChainOrder::CheapestFirst)
+        std::stable_sort(arranged_.begin(), arranged_.end(),
+                         [this](std::size_t one, std::size_t other) {
+                             return chains_[one].cost < chains_[other].cost;
+                         });
+}
+
+/// A query often leaves nearly all chains, and each key would wait for so many rows.
 void ChainsTree::fillAgain() {
     maxWeight_ = std::max(maxWeight_, database_->strongestWeight());
-    arrange();
+    shown_ = arranged_;
+    if (limited_)
+        std::erase_if(shown_, [this](std::size_t at) { return !holdsHit(chains_[at]); });
     fastClear(tree_);
+    rest_ = nullptr;
     const RedrawSuspension suspension(tree_);
     TreeModel& model = tree_.model();
     TreeNode& root = model.add(model.root(), title_);
     model.setImage(root, TreeImage::Many);
-    for (const std::size_t position : shown_)
-        addFirst(root, chains_[position]);
-    const std::size_t expanded = std::min(kExpandedAtOnce, shown_.size());
-    for (std::size_t row = 0; row < expanded; ++row)
-        addRest(*root.children()[row]);
+    addRows(limited_ ? kExpandedAtOnce : shown_.size());
     tree_.setExpanded(root, true);
 }
 
-/// Decides which chains are shown, and in which order.
-void ChainsTree::arrange() {
-    shown_.resize(chains_.size());
-    std::iota(shown_.begin(), shown_.end(), std::size_t{0});
-    if (limited_)
-        std::erase_if(shown_, [this](std::size_t at) { return !holdsHit(chains_[at]); });
-    if (order_ == ChainOrder::CheapestFirst)
-        std::stable_sort(shown_.begin(), shown_.end(), [this](std::size_t one, std::size_t other) {
-            return chains_[one].cost < chains_[other].cost;
-        });
-}
-
 bool ChainsTree::holdsHit(const LinkChain& chain) const {
-    return std::any_of(chain.ids.begin(), chain.ids.end(),
-                       [this](int id) { return hits_.contains(id); });
+    return std::any_of(chain.ids.begin(), chain.ids.end(), [this](int id) {
+        return static_cast<std::size_t>(id) < isHit_.size() && isHit_[static_cast<std::size_t>(id)];
+    });
 }
 
-void ChainsTree::addFirst(TreeNode& root, const LinkChain& chain) {
+std::size_t ChainsTree::rowCount() {
+    return root()->children().size() - (rest_ == nullptr ? 0 : 1);
+}
+
+/// Gives the tree at least so many chains, if there are, and a node for the rest.
+void ChainsTree::addRows(std::size_t count) {
+    const std::size_t end = std::min(count, shown_.size());
+    if (rowCount() >= end)
+        return;
+    if (rest_ != nullptr)
+        showFirst(*std::exchange(rest_, nullptr));
+    while (rowCount() < end)
+        showFirst(addExpandable());
+    for (std::size_t row = 0; row < std::min(kExpandedAtOnce, end); ++row)
+        addRest(*root()->children()[row]);
+    if (end < shown_.size())
+        addNodeForRest(shown_.size() - end);
+}
+
+TreeNode& ChainsTree::addExpandable() {
+    TreeNode& node = tree_.model().add(*root());
+    tree_.model().add(node, kPlaceholderText);
+    return node;
+}
+
+void ChainsTree::addNodeForRest(std::size_t count) {
+    rest_ = &addExpandable();
+    tree_.model().setText(*rest_,
+                          std::to_string(count) + " more" + (count == 1 ? " chain" : " chains"));
+    tree_.model().setImage(*rest_, TreeImage::Many);
+}
+
+/// Shows the chain of the node's row, without the nodes below.
+void ChainsTree::showFirst(TreeNode& first) {
     TreeModel& model = tree_.model();
-    TreeNode& first = model.add(root);
+    const LinkChain& chain = chainOf(first);
     // Successive chains often start at the same contact.
-    const TreeNode* const above = first.row() > 0 ? root.children()[first.row() - 1] : nullptr;
+    const TreeNode* const above = first.row() > 0 ? root()->children()[first.row() - 1] : nullptr;
     const bool startsLikeAbove =
         above != nullptr && chainOf(*above).ids.front() == chain.ids.front();
     model.setText(first,
                   startsLikeAbove ? above->text() : describeContact(*database_, chain.ids.front()));
     model.setImage(first, TreeImage::Contact);
     model.setTag(first, chain.cost);
-    model.add(first, kPlaceholderText);
 }
 
 void ChainsTree::addRest(TreeNode& first) {
@@ -102,6 +139,8 @@ void ChainsTree::refresh() {
     maxWeight_ = std::max(maxWeight_, database_->strongestWeight());
     TreeModel& model = tree_.model();
     for (TreeNode* const first : root()->children()) {
+        if (first == rest_)
+            continue;
         const std::vector<int>& ids = chainOf(*first).ids;
         if (isComplete(*first))
             showChain(model, *first, ids, *database_, maxWeight_);
@@ -121,6 +160,7 @@ void ChainsTree::showBest() {
 /// Returns the rows of the best chains.
 std::vector<std::size_t> ChainsTree::expandBest() {
     const RedrawSuspension suspension(tree_);
+    addRows(shown_.size());
     const std::vector<TreeNode*>& rows = root()->children();
     std::vector<int> costs;
     for (TreeNode* const first : rows) {
@@ -154,7 +194,7 @@ const LinkChain& ChainsTree::chainOf(const TreeNode& first) const {
 std::string ChainsTree::detailOf(const TreeNode& node) const {
     if (node.isTopLevel())
         return std::to_string(shown_.size()) + (shown_.size() == 1 ? " chain" : " chains");
-    if (!node.parent()->isTopLevel())
+    if (!node.parent()->isTopLevel() || &node == rest_)
         return {};
     const LinkChain& chain = chainOf(node);
     const std::size_t relations = chain.ids.size() - 1;
@@ -163,14 +203,20 @@ std::string ChainsTree::detailOf(const TreeNode& node) const {
 }
 
 std::size_t ChainsTree::find(const std::string& query) {
-    const std::vector<int> found = contacts_.find(*database_, query);
-    hits_ = {found.begin(), found.end()};
+    isHit_.assign(kMaxContactId + 1, false);
+    for (const int id : contacts_.find(*database_, query))
+        if (static_cast<std::size_t>(id) < isHit_.size())
+            isHit_[static_cast<std::size_t>(id)] = true;
     limited_ = true;
     fillAgain();
     return shown_.size();
 }
 
 void ChainsTree::show(std::size_t hit) {
+    if (hit >= rowCount()) {
+        const RedrawSuspension suspension(tree_);
+        addRows(hit + kExpandedAtOnce);
+    }
     showWhole(*root()->children()[hit]);
 }
 

@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
 #include "db/database.h"
@@ -21,7 +20,7 @@ namespace pelk {
 enum class ChainOrder { AsFound, CheapestFirst };
 
 /// As a search target, it shows only the chains with a contact whose name and addresses contain all
-/// words of the query.
+/// words of the query, and of many at first only some.
 class ChainsTree : public SearchTarget {
  public:
     /// The references must outlive this object; `database` is the form's, which may set it later.
@@ -41,11 +40,16 @@ class ChainsTree : public SearchTarget {
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
     void noQuery() override;
+    void prepare() override { contacts_.prepare(database_); }
 
  private:
     void fillAgain();
     void arrange();
-    void addFirst(TreeNode& root, const LinkChain& chain);
+    std::size_t rowCount();
+    void addRows(std::size_t count);
+    TreeNode& addExpandable();
+    void addNodeForRest(std::size_t count);
+    void showFirst(TreeNode& first);
     /// Completes a chain, and expands it if it was not complete.
     void addRest(TreeNode& first);
     std::vector<std::size_t> expandBest();
@@ -63,9 +67,14 @@ class ChainsTree : public SearchTarget {
     ChainOrder order_ = ChainOrder::AsFound;
     /// Set while a query limits the chains shown to those with one of these contacts.
     bool limited_ = false;
-    std::unordered_set<int> hits_;
-    /// By row: the position of the chain in `chains_`.
+    /// By id.
+    std::vector<bool> isHit_;
+    /// The positions in `chains_` of all chains in the order chosen, and by row of those shown.
+    std::vector<std::size_t> arranged_;
     std::vector<std::size_t> shown_;
+    /// The last node, which gives place to the chains that the tree does not have yet; null if it
+    /// has all.
+    TreeNode* rest_ = nullptr;
     /// The largest weight that the form has seen. It never decreases, on purpose: successive
     /// results stay comparable.
     std::int64_t maxWeight_ = 0;

@@ -96,5 +96,28 @@ TEST_F(ChainsFormTest, ordersAndLimitsTheChains) {
     EXPECT_EQ(detail(0), "cost 3000, 2 relations");
 }
 
+TEST_F(ChainsFormTest, showsTheRestOfManyHitsWhenItIsExpanded) {
+    const auto rows = [this] { return driver.rows(form.presTree, {0}); };
+    driver.type(form.search.box, "ann");
+    EXPECT_EQ(driver.textOf(form.search.status), "1 of 1499");
+    EXPECT_EQ(rows().size(), 1001U);
+    EXPECT_EQ(rows().back().text, "499 more chains");
+    EXPECT_EQ(detail(1000), "");
+    form.refresh();
+    driver.expand(form.presTree, {0, 1000});
+    driver.settle();
+    EXPECT_EQ(rows().size(), 1499U);
+    EXPECT_EQ(chain(1000), "Ann ( > Bob ( strong > Cy ( strong");
+    EXPECT_EQ(detail(1498), "cost 1501, 2 relations");
+    driver.type(form.search.box, "bob");
+    EXPECT_EQ(rows().size(), 1001U);
+    driver.press(*form.window, Key::Up);
+    EXPECT_EQ(driver.textOf(form.search.status), "1500 of 1500");
+    EXPECT_TRUE(driver.isInView(form.presTree, {0, 1499}));
+    driver.type(form.search.box, "cy");
+    driver.click(form.shortestButton);
+    EXPECT_TRUE(driver.isInView(form.presTree, {0, kBest}));
+}
+
 }  // namespace
 }  // namespace pelk
