@@ -21,6 +21,7 @@ class MergeSearch : public SearchTarget {
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
     void noQuery() override { showNone(); }
+    void prepare() override { contacts_.prepare(database_); }
     /// Returns the contact that is shown; nothing if there is none, or no longer.
     std::optional<Contact> shown() const;
 

@@ -98,6 +98,8 @@ class TextBox : public Control {
     std::function<void()> onEscape;
     /// Called with -1 when the user presses the Up key in the box, with 1 for Down.
     std::function<void(int step)> onStep;
+    /// Called when the box gets the focus, also from code.
+    std::function<void()> onFocus;
 };
 
 /// Chooses an integer. An arrow key moves it by one.

@@ -5,16 +5,16 @@
 namespace pelk {
 
 std::vector<int> ContactSearch::find(const Database& database, std::string_view query) {
-    prepare(database);
+    prepare(&database);
     std::vector<int> found;
     for (const std::size_t text : words_.find(query))
         found.push_back(ids_[text]);
     return found;
 }
 
-void ContactSearch::prepare(const Database& database) {
-    if (database_ != &database || revision_ != database.revision())
-        read(database);
+void ContactSearch::prepare(const Database* database) {
+    if (database != nullptr && (database_ != database || revision_ != database->revision()))
+        read(*database);
 }
 
 void ContactSearch::read(const Database& database) {

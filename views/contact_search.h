@@ -19,8 +19,8 @@ class ContactSearch {
     /// Returns the ids of the contacts whose name and addresses contain all words of the query (see
     /// `WordSearch`), in document order.
     std::vector<int> find(const Database& database, std::string_view query);
-    /// Reads the contacts unless it has them.
-    void prepare(const Database& database);
+    /// Reads the contacts unless it has them, or there is no database.
+    void prepare(const Database* database);
 
  private:
     void read(const Database& database);

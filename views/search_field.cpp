@@ -8,6 +8,7 @@ SearchField::SearchField(Window& window, Control& shows, const std::string& hint
     box.onChange = [this] { textChanged(); };
     box.onEnter = [this] { step(1); };
     box.onStep = [this](int by) { step(by); };
+    box.onFocus = [this] { target_->prepare(); };
 }
 
 void SearchField::place(FormLayout& layout, int left, int top, int width) {
@@ -26,11 +27,6 @@ void SearchField::setTarget(SearchTarget& target) {
 void SearchField::clear() {
     box.setText("");
     search();
-}
-
-void SearchField::focus() {
-    box.focus();
-    target_->prepare();
 }
 
 void SearchField::textChanged() {

@@ -20,7 +20,8 @@ class SearchTarget {
     virtual void show(std::size_t hit) = 0;
     /// Called when the query has become empty, perhaps again.
     virtual void noQuery() {}
-    /// Reads what is searched, so that the first search is as quick as the others.
+    /// Reads what is searched, so that the first search is as quick as the others. Called when the
+    /// field gets the focus, perhaps before the form has a database.
     virtual void prepare() {}
 };
 
@@ -47,7 +48,7 @@ class SearchField {
     void clear();
     /// Shows a text in place of the number of hits, until the next search.
     void say(const std::string& text) { status.setText(text); }
-    void focus();
+    void focus() { box.focus(); }
 
     /// Called after each search with false, and after each hit shown with true.
     std::function<void(bool shown)> onShown;

@@ -30,6 +30,8 @@ void AddressLeaves::show(std::size_t hit) {
 }
 
 void AddressLeaves::prepare() {
+    if (database_ == nullptr)
+        return;
     if (read_ != database_ || revision_ != database_->revision() ||
         grouping_ != domains_.grouping())
         read();

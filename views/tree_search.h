@@ -23,7 +23,7 @@ class ContactNodes : public SearchTarget {
 
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
-    void prepare() override { contacts_.prepare(*database_); }
+    void prepare() override { contacts_.prepare(database_); }
 
  private:
     TreeView& tree_;

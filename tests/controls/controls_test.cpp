@@ -201,6 +201,11 @@ TEST_F(Controls, TextBoxesTakeTheKeysThatHaveHandlers) {
     box.setText("Bo");
     next.focus();
     EXPECT_TRUE(driver_.hasFocus(next));
+    int focused = 0;
+    box.onFocus = [&focused] { ++focused; };
+    driver_.settle();
+    driver_.giveFocus(box);
+    EXPECT_EQ(focused, 1);
     box.focus();
     EXPECT_TRUE(driver_.hasFocus(box));
     EXPECT_EQ(driver_.selectedTextOf(box), "Bo");

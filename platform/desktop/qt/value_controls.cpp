@@ -24,6 +24,11 @@ void LineWidget::keyPressEvent(QKeyEvent* event) {
         QLineEdit::keyPressEvent(event);
 }
 
+void LineWidget::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    onFocusIn();
+}
+
 std::function<void()> LineWidget::handlerOfPlain(const QKeyEvent& event) const {
     const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     return isPlain ? handlerOf(event.key()) : nullptr;
@@ -40,6 +45,10 @@ QtTextBox::QtTextBox(QWidget& parent, const TwipScale& scale, Dialogs& dialogs)
         if (const auto handler = onChange)
             guarded(dialogs, handler);
     });
+    widget_.onFocusIn = [this, &dialogs] {
+        if (const auto handler = onFocus)
+            guarded(dialogs, handler);
+    };
 }
 
 void QtTextBox::setText(const std::string& text) {

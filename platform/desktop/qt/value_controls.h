@@ -16,10 +16,13 @@ class LineWidget : public QLineEdit {
 
     /// Returns the handler of a key, or null.
     std::function<std::function<void()>(int key)> handlerOf;
+    /// Called when the widget gets the focus.
+    std::function<void()> onFocusIn;
 
  protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
  private:
     std::function<void()> handlerOfPlain(const QKeyEvent& event) const;

@@ -73,9 +73,8 @@ std::string Win32TextBox::text() const {
 }
 
 void Win32TextBox::commanded(WORD notification) {
-    if (notification != EN_CHANGE || silent_)
-        return;
-    if (const auto handler = onChange)
+    const bool isEdit = notification == EN_CHANGE && !silent_;
+    if (const auto handler = isEdit ? onChange : notification == EN_SETFOCUS ? onFocus : nullptr)
         guarded(dialogs_, handler);
 }
 
