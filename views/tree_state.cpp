@@ -22,8 +22,24 @@ void TreeState::noteExpanded(const TreeNode& parent) {
 }
 
 TreeState::Step TreeState::stepTo(const TreeNode& node) {
-    const bool hasTag = !std::holds_alternative<std::monostate>(node.tag());
-    return {node.tag(), hasTag ? std::string() : node.text()};
+    const bool hasName = !node.key().empty() || !std::holds_alternative<std::monostate>(node.tag());
+    return {node.key(), node.tag(), hasName ? std::string() : node.text()};
+}
+
+bool TreeState::leadsTo(const Step& step, const TreeNode& node) {
+    return node.tag() == step.tag && (step.text.empty() || node.text() == step.text);
+}
+
+/// Nodes of the top level have keys, and there may be tens of thousands of them.
+TreeNode* TreeState::childAt(TreeModel& model, TreeNode& parent, const Step& step) {
+    if (!step.key.empty()) {
+        TreeNode* const found = model.find(step.key);
+        return found != nullptr && found->parent() == &parent ? found : nullptr;
+    }
+    const auto& nodes = parent.children();
+    const auto found = std::find_if(nodes.begin(), nodes.end(),
+                                    [&step](const TreeNode* node) { return leadsTo(step, *node); });
+    return found == nodes.end() ? nullptr : *found;
 }
 
 TreeState::Path TreeState::pathOf(const TreeNode* node) {
@@ -38,13 +54,9 @@ TreeState::Path TreeState::pathOf(const TreeNode* node) {
 TreeNode* TreeState::find(TreeModel& model, const Path& path) {
     TreeNode* found = nullptr;
     for (const Step& step : path) {
-        const auto& nodes = (found == nullptr ? model.root() : *found).children();
-        const auto next = std::find_if(nodes.begin(), nodes.end(), [&step](const TreeNode* node) {
-            return stepTo(*node) == step;
-        });
-        if (next == nodes.end())
+        found = childAt(model, found == nullptr ? model.root() : *found, step);
+        if (found == nullptr)
             return nullptr;
-        found = *next;
     }
     return found;
 }

@@ -4,15 +4,14 @@
 
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "platform/controls.h"
 
 namespace pelk {
 
-/// Recognizes nodes by their tag, or by their text if they have none. Requires: a node that is not
-/// expanded has a placeholder, or no child at all.
+/// Recognizes nodes by their key, else by their tag, else by their text. Requires: a node that is
+/// not expanded has a placeholder, or no child at all.
 class TreeState {
  public:
     explicit TreeState(TreeView& tree);
@@ -21,11 +20,18 @@ class TreeState {
     void restore(TreeView& tree, const std::function<void(TreeNode&)>& fill) const;
 
  private:
-    using Step = std::pair<TreeTag, std::string>;
+    struct Step {
+        std::string key;
+        TreeTag tag;
+        /// Empty if the node has a key or a tag.
+        std::string text;
+    };
     /// From the top level down.
     using Path = std::vector<Step>;
 
     static Step stepTo(const TreeNode& node);
+    static bool leadsTo(const Step& step, const TreeNode& node);
+    static TreeNode* childAt(TreeModel& model, TreeNode& parent, const Step& step);
     static Path pathOf(const TreeNode* node);
     static TreeNode* find(TreeModel& model, const Path& path);
     void noteExpanded(const TreeNode& parent);
