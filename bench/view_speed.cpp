@@ -11,6 +11,7 @@
 #include "bench/measure.h"
 #include "bench/opening.h"
 #include "bench/plain_view.h"
+#include "bench/silent_dialogs.h"
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "views/ShowForm.h"
@@ -60,27 +61,6 @@ class BareNames {
     pugi::xml_document document_;
     std::vector<pugi::xml_node> contacts_;
     std::vector<std::size_t> ids_;
-};
-
-/// Answers what it was told to, and shows nothing.
-class SilentDialogs : public Dialogs {
- public:
-    /// What the user types next.
-    std::string answer;
-
-    Answer message(const std::string& text, Buttons) override {
-        std::fprintf(stderr, "%s\n", text.c_str());
-        std::exit(1);
-    }
-    bool confirm(const std::string& question, const std::string&) override {
-        return message(question, Buttons::OkCancel) == Answer::Ok;
-    }
-    std::string input(const std::string&, const std::string&, const std::string&,
-                      std::size_t) override {
-        return answer;
-    }
-    std::string openFile(const std::string&, const std::string&) override { return {}; }
-    std::string saveFile(const std::string&, const std::string&) override { return {}; }
 };
 
 class ViewSpeed {
