@@ -49,6 +49,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
 void Forms::openView(Database& database) {
     ShowForm& form = created(view, "ShowForm", ui_, platform_.language);
     form.database = &database;
+    form.hidden = &hidden_;
     form.mergeContact = [this, &database](int id, const std::string& text) {
         openMerge(database, id, text);
     };
@@ -69,6 +70,7 @@ void Forms::openView(Database& database) {
         tellIfUnsaved(ui_.dialogs, [&] { deleteContacts(database, storage_, ids, what); });
     };
     form.databaseChanged = [this] { refreshBesideView(); };
+    form.hiddenChanged = [this] { refreshBesideView(); };
     form.undo = [this, &database] { undo(database); };
     form.redo = [this, &database] { redo(database); };
     setUndoKeys(*form.window, database);
@@ -108,6 +110,7 @@ void Forms::openMerge(Database& database, int contactId, const std::string& text
     mergeForm& form =
         created(merge, "mergeForm", ui_.toolkit, ui_.dialogs, storage_, platform_.language);
     form.database = &database;
+    form.hidden = &hidden_;
     form.databaseChanged = [this] {
         refreshIfOpen(view);
         refreshBesideView();
@@ -136,6 +139,7 @@ void Forms::openContact(const Database& database, const std::string& address) {
 void Forms::openFind(const Database& database, int sourceId) {
     findForm& form = created(find, "findForm", ui_.toolkit, ui_.dialogs, platform_.language);
     form.db = &database;
+    form.hidden = &hidden_;
     form.sourceId = sourceId;
     form.showResult = [this, &database](const std::vector<int>& path) {
         ShowFindFormSimple& result = created(links, "ShowFindFormSimple", ui_.toolkit);
@@ -154,6 +158,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
     findFormDomain& form = created(findDomain, "findFormDomain", ui_, platform_.language);
     if (!form.isSearching()) {
         form.db = &database;
+        form.hidden = &hidden_;
         form.sourceDomain = sourceDomain;
         form.showResult = [this, &database](const DomainLinks& found) {
             ShowFindFormDomains& result =

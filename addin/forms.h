@@ -23,6 +23,7 @@
 #include "platform/user_interface.h"
 #include "scan/ParseForm.h"
 #include "views/ShowForm.h"
+#include "views/hidden_contacts.h"
 
 namespace pelk {
 
@@ -87,6 +88,9 @@ class Forms {
     UserInterface ui_;
     Platform platform_;
     Storage& storage_;
+    const History history_;
+    /// What all forms hide.
+    HiddenContacts hidden_{[this]() -> const History& { return history_; }};
 };
 
 }  // namespace pelk

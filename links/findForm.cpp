@@ -55,12 +55,16 @@ void findForm::fillList() {
     fastClear(listTree);
     const RedrawSuspension suspension(listTree);
     TreeModel& list = listTree.model();
-    db->forEachContact([&list](const Contact& contact) {
+    const HiddenContacts::Ids& left = hiddenIds(hidden, *db);
+    db->forEachContact([&](const Contact& contact) {
+        if (left.contains(contact.id))
+            return;
         TreeNode& node = list.add(list.root(), contact.name);
         list.setTag(node, contact.id);
         list.setImage(node, TreeImage::Contact);
     });
     list.sortChildren(list.root());
+    search.setIdleText(hiddenText(hidden, *db));
     search.searchAgain();
 }
 

@@ -19,12 +19,14 @@ class findForm {
 
     /// Set before `fillList`; the database outlives the form's use of it.
     const Database* db = nullptr;
+    /// Contacts that are not listed; null for none.
+    HiddenContacts* hidden = nullptr;
     /// The contact from which the link starts.
     int sourceId = 0;
     /// Called with the chain found. Set before the form is shown.
     std::function<void(const std::vector<int>& path)> showResult;
 
-    /// Lists all contacts by name.
+    /// Lists all contacts that are not hidden by name.
     void fillList();
     /// Updates the list after a change of the database.
     void refresh() { fillList(); }

@@ -72,7 +72,9 @@ findFormDomain::findFormDomain(const UserInterface& ui, const Language& language
 void findFormDomain::fillTreeDomains() {
     okButton.setEnabled(false);
     revision_ = db->revision();
+    domains_.hide(hiddenIds(hidden, *db));
     domains_.fill(*db);
+    searchField.setIdleText(hiddenText(hidden, *db));
     searchField.searchAgain();
 }
 

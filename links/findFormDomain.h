@@ -24,6 +24,8 @@ class findFormDomain : private DomainSearchProgress {
     /// Set before `fillTreeDomains`, and not during a search. The database outlives the form's use
     /// of it.
     const Database* db = nullptr;
+    /// Contacts whose addresses are not listed; null for none.
+    HiddenContacts* hidden = nullptr;
     std::string sourceDomain;
     /// Called with the chains found. Set before the form is shown.
     std::function<void(const DomainLinks& links)> showResult;

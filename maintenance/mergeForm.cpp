@@ -47,7 +47,7 @@ mergeForm::mergeForm(Toolkit& toolkit, Dialogs& dialogs, Storage& storage, const
       layout_(*window, kInnerSize),
       dialogs_(dialogs),
       storage_(storage),
-      mergeSearch_(foundLabel, searched_, language) {
+      mergeSearch_(foundLabel, searched_, hidden, language) {
     window->setCaption("Merge contacts");
     layout_.add(Label1, kTopLabelBounds, kAnchorTop);
     layout_.add(listView, kListBounds, kAnchorFill);

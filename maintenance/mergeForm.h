@@ -21,6 +21,8 @@ class mergeForm {
 
     /// Set before `addContact`; outlives the form's use of it.
     Database* database = nullptr;
+    /// Contacts that the search leaves out; null for none.
+    HiddenContacts* hidden = nullptr;
     /// Called after a merge.
     std::function<void()> databaseChanged;
 

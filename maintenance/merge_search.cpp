@@ -7,6 +7,8 @@ namespace pelk {
 std::size_t MergeSearch::find(const std::string& query) {
     showNone();
     ids_ = contacts_.find(*database_, query);
+    const HiddenContacts::Ids& hidden = hiddenIds(hidden_, *database_);
+    std::erase_if(ids_, [&hidden](int id) { return hidden.contains(id); });
     return ids_.size();
 }
 

@@ -8,15 +8,18 @@
 #include "db/database.h"
 #include "platform/controls.h"
 #include "views/contact_search.h"
+#include "views/hidden_contacts.h"
 #include "views/search_field.h"
 
 namespace pelk {
 
 class MergeSearch : public SearchTarget {
  public:
-    /// The references must outlive this object; `database` is the form's, which may set it later.
-    MergeSearch(Label& line, const Database* const& database, const Language& language)
-        : line_(line), database_(database), contacts_(language) {}
+    /// The references must outlive this object; `database` and `hidden` are the form's, which may
+    /// set them later.
+    MergeSearch(Label& line, const Database* const& database, HiddenContacts* const& hidden,
+                const Language& language)
+        : line_(line), database_(database), hidden_(hidden), contacts_(language) {}
 
     std::size_t find(const std::string& query) override;
     void show(std::size_t hit) override;
@@ -30,6 +33,7 @@ class MergeSearch : public SearchTarget {
 
     Label& line_;
     const Database* const& database_;
+    HiddenContacts* const& hidden_;
     ContactSearch contacts_;
     std::vector<int> ids_;
     std::optional<int> shown_;

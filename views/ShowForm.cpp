@@ -95,7 +95,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     search.status.setBounds(kHitsBounds);
     search.setTarget(contactNodes_);
     options.button.setBounds(kOptionsBounds);
-    options.onChange = [this] { refresh(); };
+    options.onChange = [this] { applyOptions(); };
     options.button.onClick = [this] {
         optionsUndoItems_.update(*database);
         options.menu.openBelow(options.button);
@@ -125,6 +125,7 @@ void ShowForm::startShowing() {
     groupedByNames_ = true;
     options.enableRelations(true);
     showTotals();
+    showHidden();
     namesRadio.setChecked(true);
     strongestWeight_ = database->strongestWeight();
     fillTree();
@@ -139,17 +140,31 @@ void ShowForm::showTotals() {
     showLastStep();
 }
 
+void ShowForm::showHidden() {
+    if (hidden != nullptr)
+        hidden->hide(!options.showsLists());
+    search.setIdleText(hiddenText(hidden, *database));
+}
+
+void ShowForm::applyOptions() {
+    refresh();
+    if (hiddenChanged)
+        hiddenChanged();
+}
+
 void ShowForm::fillTree() {
     fillContactsTree(presTree, *database, relationView());
 }
 
 void ShowForm::fillTreeDomains() {
+    domains_.hide(hiddenIds(hidden, *database));
     options.byRegisteredName() ? domains_.fillByRegisteredName(*database)
                                : domains_.fill(*database);
 }
 
 void ShowForm::refresh() {
     showTotals();
+    showHidden();
     const TreeState before(presTree);
     if (groupedByNames_)
         fillTree();
@@ -176,7 +191,7 @@ void ShowForm::expand(TreeNode& node) {
 }
 
 RelationView ShowForm::relationView() const {
-    return {*database, options.relations(), strongestWeight_};
+    return {*database, options.relations(), strongestWeight_, hiddenIds(hidden, *database)};
 }
 
 std::string ShowForm::detailOf(const TreeNode& node) {

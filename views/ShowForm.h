@@ -26,6 +26,9 @@ class ShowForm {
     /// Set before `startShowing`; outlives the form's use of it.
     const Database* database = nullptr;
 
+    /// Outlives the form's use of it; null hides nobody. Hides what the options say.
+    HiddenContacts* hidden = nullptr;
+
     /// Open other forms for the selected node.
     std::function<void(int contactId, const std::string& text)> mergeContact;
     std::function<void(int contactId, int relatedId)> openDetails;
@@ -37,6 +40,8 @@ class ShowForm {
     std::function<void(const std::vector<int>& ids, const std::string& what)> deleteContacts;
     /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
+    /// Called after the user has hidden contacts, or shown them again.
+    std::function<void()> hiddenChanged;
     /// Undo and redo the user's last step.
     std::function<void()> undo;
     std::function<void()> redo;
@@ -73,6 +78,8 @@ class ShowForm {
  private:
     void formResize();
     void showTotals();
+    void applyOptions();
+    void showHidden();
     void group(bool byNames);
     void expand(TreeNode& node);
     RelationView relationView() const;

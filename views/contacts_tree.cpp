@@ -52,7 +52,7 @@ void fillRelatedContacts(TreeView& tree, TreeNode& node, const Database& databas
     std::unordered_map<const TreeNode*, std::int64_t> ranks;
     for (const Relation& relation : database.relationsOf(contactId)) {
         const int relatedId = relation.partnerOf(contactId);
-        if (!view.shows(relation.weight))
+        if (!view.shows(relation.weight) || view.hides(relatedId))
             continue;
         TreeNode& child = model.add(node, database.nameOf(relatedId));
         model.setTag(child, relatedId);

@@ -67,10 +67,10 @@ void DomainsTree::fillByRegisteredName(const Database& database) {
 std::string DomainsTree::detailOf(const TreeNode& node, const Database& database) {
     if (isAddressLeaf(node) || isPlaceholder(node))
         return {};
-    const std::vector<MailAddress>& all = addresses(database);
+    addresses(database);
     const auto [count, isNew] = contactCounts_.try_emplace(domainOf(node));
     if (isNew)
-        count->second = contactsBelow(all, pathOf(node)).size();
+        count->second = contactsBelow(all_, pathOf(node)).size();
     return counted(static_cast<std::int64_t>(count->second), "contact");
 }
 
@@ -91,13 +91,27 @@ void DomainsTree::expand(TreeNode& node, const Database& database) {
 }
 
 const std::vector<MailAddress>& DomainsTree::addresses(const Database& database) {
-    if (database_ == &database && revision_ == database.revision())
-        return addresses_;
-    addresses_ = mailAddresses(database, language_);
+    if (database_ != &database || revision_ != database.revision())
+        read(database);
+    return addresses_;
+}
+
+void DomainsTree::hide(HiddenContacts::Ids ids) {
+    if (hidden_ == ids)
+        return;
+    hidden_ = std::move(ids);
+    database_ = nullptr;
+}
+
+void DomainsTree::read(const Database& database) {
+    all_ = mailAddresses(database, language_);
+    addresses_ = all_;
+    std::erase_if(addresses_,
+                  [this](const MailAddress& address) { return hidden_.contains(address.ownerId); });
+    ++addressesRevision_;
     contactCounts_.clear();
     database_ = &database;
     revision_ = database.revision();
-    return addresses_;
 }
 
 TreeNode* DomainsTree::leafOf(const MailAddress& address, const Database& database) {

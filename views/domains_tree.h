@@ -12,6 +12,7 @@
 #include "platform/controls.h"
 #include "platform/language.h"
 #include "views/domain_order.h"
+#include "views/hidden_contacts.h"
 
 namespace pelk {
 
@@ -20,6 +21,10 @@ class DomainsTree {
  public:
     /// Both references must outlive this object.
     DomainsTree(TreeView& tree, const Language& language) : tree_(tree), language_(language) {}
+
+    /// Leaves out the addresses of these contacts from the next `fill` on; their domains count
+    /// them.
+    void hide(HiddenContacts::Ids ids);
 
     /// Fills the tree with the top-level domains, in order of first appearance in the document,
     /// each with a placeholder to expand.
@@ -33,8 +38,10 @@ class DomainsTree {
     /// filled already. An address leaf has the whole address as tag. Requires: the tree was filled
     /// from the same database.
     void expand(TreeNode& node, const Database& database);
-    /// Returns all addresses that have a domain.
+    /// Returns all addresses that have a domain and are shown.
     const std::vector<MailAddress>& addresses(const Database& database);
+    /// A number that increases when `addresses` returns others.
+    std::uint64_t addressesRevision() const { return addressesRevision_; }
     /// Returns "5 contacts" for a label that is in the tree, and nothing for an address.
     std::string detailOf(const TreeNode& node, const Database& database);
     /// Returns the leaf of an address, after filling the labels above it; null when the tree has
@@ -42,10 +49,16 @@ class DomainsTree {
     TreeNode* leafOf(const MailAddress& address, const Database& database);
 
  private:
+    void read(const Database& database);
+
     TreeView& tree_;
     const Language& language_;
     DomainGrouping grouping_ = DomainGrouping::ByLabel;
+    HiddenContacts::Ids hidden_;
+    /// All of them, and those shown.
+    std::vector<MailAddress> all_;
     std::vector<MailAddress> addresses_;
+    std::uint64_t addressesRevision_ = 0;
     /// By domain. Counted once each, because a tree asks whenever it paints.
     std::unordered_map<std::string, std::size_t> contactCounts_;
     /// The database and the revision that `addresses_` was read from.

@@ -18,6 +18,8 @@ bool RelationView::shows(double weight) const {
 }
 
 bool RelationView::showsContact(int id) const {
+    if (hides(id))
+        return false;
     if (choice_.filter == RelationFilter::All)
         return true;
     const RelationTotals totals = totalsOf(database_, id);

@@ -43,7 +43,7 @@ void SearchField::search() {
         target_->noQuery();
     hits_ = hasWords ? target_->find(query) : 0;
     shown_ = 0;
-    status.setText(hasWords && hits_ == 0 ? kNothingFound : "");
+    status.setText(!hasWords ? idle_ : hits_ == 0 ? kNothingFound : "");
     box.onEscape = nullptr;
     if (!query.empty())
         box.onEscape = [this] {

@@ -48,6 +48,8 @@ class SearchField {
     void clear();
     /// Shows a text in place of the number of hits, until the next search.
     void say(const std::string& text) { status.setText(text); }
+    /// Shows this text while the box is empty.
+    void setIdleText(const std::string& text) { idle_ = text; }
     void focus() { box.focus(); }
 
     /// Called after each search with false, and after each hit shown with true.
@@ -64,6 +66,7 @@ class SearchField {
 
     Control& shows_;
     SearchTarget* target_ = nullptr;
+    std::string idle_;
     std::size_t hits_ = 0;
     std::size_t shown_ = 0;
 };

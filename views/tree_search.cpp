@@ -32,8 +32,8 @@ void AddressLeaves::show(std::size_t hit) {
 void AddressLeaves::prepare() {
     if (database_ == nullptr)
         return;
-    if (read_ != database_ || revision_ != database_->revision() ||
-        grouping_ != domains_.grouping())
+    domains_.addresses(*database_);
+    if (revision_ != domains_.addressesRevision() || grouping_ != domains_.grouping())
         read();
 }
 
@@ -44,8 +44,7 @@ void AddressLeaves::read() {
     words_.clear();
     for (const MailAddress& address : addresses_)
         words_.add(address.owner + " " + address.whole);
-    read_ = database_;
-    revision_ = database_->revision();
+    revision_ = domains_.addressesRevision();
 }
 
 }  // namespace pelk

@@ -61,7 +61,7 @@ class AddressLeaves : public SearchTarget {
     /// By number of the text in `words_`.
     std::vector<MailAddress> addresses_;
     std::vector<std::size_t> hits_;
-    const Database* read_ = nullptr;
+    /// The revision of the tree's addresses that `addresses_` holds.
     std::uint64_t revision_ = 0;
     DomainGrouping grouping_ = DomainGrouping::ByLabel;
 };

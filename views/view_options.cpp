@@ -3,13 +3,6 @@
 namespace pelk {
 namespace {
 
-/// Shows the choice among the items. A single item stands for the choice 1, and 0 is its absence.
-void mark(const std::vector<MenuItem*>& items, int chosen) {
-    const int first = items.size() == 1 ? 1 : 0;
-    for (std::size_t item = 0; item < items.size(); ++item)
-        items[item]->setChecked(static_cast<int>(item) + first == chosen);
-}
-
 /// Returns the choice that was saved; 0 for anything else.
 int savedChoice(const Settings& settings, const char* key, int choices) {
     const std::string text = settings.read(key).value_or("0");
@@ -21,6 +14,11 @@ int savedChoice(const Settings& settings, const char* key, int choices) {
 
 }  // namespace
 
+void ViewOptions::Group::mark() const {
+    for (std::size_t item = 0; item < items.size(); ++item)
+        items[item]->setChecked(static_cast<int>(item) + first == chosen);
+}
+
 ViewOptions::ViewOptions(Window& window, Settings& settings)
     : button(window.addButton({}, "&Options")), menu(window.addPopupMenu()), settings_(settings) {
     add(orders_, {"Sort by name", "Sort by strength", "Sort by e-mails"});
@@ -28,6 +26,7 @@ ViewOptions::ViewOptions(Window& window, Settings& settings)
     add(filters_, {"Show all", "Show medium and strong", "Show strong"});
     menu.addSeparator();
     add(registered_, {"Domains by registered name"});
+    add(lists_, {"Show lists and robots"});
 }
 
 void ViewOptions::add(Group& group, const std::vector<const char*>& captions) {
@@ -41,7 +40,7 @@ void ViewOptions::add(Group& group, const std::vector<const char*>& captions) {
         group.items.push_back(&item);
     }
     group.chosen = savedChoice(settings_, group.key, choices);
-    mark(group.items, group.chosen);
+    group.mark();
 }
 
 void ViewOptions::enableRelations(bool enabled) {
@@ -54,7 +53,7 @@ void ViewOptions::choose(Group& group, int choice) {
     if (group.chosen == choice)
         return;
     group.chosen = choice;
-    mark(group.items, choice);
+    group.mark();
     settings_.write(group.key, std::to_string(choice));
     if (onChange)
         onChange();

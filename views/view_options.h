@@ -28,6 +28,9 @@ class ViewOptions {
     /// Enables the choices about relations, which a tree of domains does not show.
     void enableRelations(bool enabled);
 
+    /// Whether mailing lists and robots are shown.
+    bool showsLists() const { return lists_.chosen == 0; }
+
     /// Called when the user has made another choice.
     std::function<void()> onChange;
 
@@ -35,11 +38,16 @@ class ViewOptions {
     PopupMenu& menu;
 
  private:
-    /// Menu items, one of which is checked; a single item is checked or not.
+    /// Menu items, one of which is checked. A single item is checked for one choice of two.
     struct Group {
         const char* key;
         std::vector<MenuItem*> items;
         int chosen = 0;
+        /// The choice that a check mark on the first item means.
+        int first = 0;
+
+        /// Shows the choice among the items.
+        void mark() const;
     };
 
     void add(Group& group, const std::vector<const char*>& captions);
@@ -48,7 +56,8 @@ class ViewOptions {
     Settings& settings_;
     Group orders_{"viewOrder", {}};
     Group filters_{"viewFilter", {}};
-    Group registered_{"viewDomains", {}};
+    Group registered_{"viewDomains", {}, 0, 1};
+    Group lists_{"viewLists", {}};
 };
 
 }  // namespace pelk

@@ -171,6 +171,25 @@ TEST_F(FormsTest, findsTheContactsToMergeAndThoseToLink) {
     EXPECT_TRUE(driver.isEnabled(forms.find->okButton));
 }
 
+TEST_F(FormsTest, leavesOutRobotsEverywhere) {
+    database->addContact("Robby", "no-reply@z");
+    forms.view->refresh();
+    collect({0});
+    choose({0}, "Find the best link");
+    driver.type(forms.find->search.box, "robby");
+    driver.chooseIn(forms.view->options.button, "*Show lists and robots");
+    EXPECT_EQ(driver.textOf(forms.find->search.status), "nothing found");
+    EXPECT_EQ(shownRows(driver, forms.find->listTree), "Ann, Bob, Cy, Dee, Eve");
+    driver.type(forms.merge->search.box, "robby");
+    EXPECT_EQ(driver.textOf(forms.merge->foundLabel), "");
+    driver.click(forms.view->domainsRadio);
+    choose({0}, "Find all possible links");
+    EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "a, c, e");
+    EXPECT_EQ(driver.textOf(forms.findDomain->searchField.status), "1 hidden");
+    driver.chooseIn(forms.view->options.button, "Show lists and robots");
+    EXPECT_EQ(shownRows(driver, forms.findDomain->presTree), "a, c, e, z");
+}
+
 TEST_F(FormsTest, showsHowStrongARelationIs) {
     driver.expand(tree(), {0});
     choose({0, 1}, "More details");

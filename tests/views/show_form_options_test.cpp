@@ -114,6 +114,52 @@ TEST_F(OptionsTest, GroupDomainsByRegisteredName) {
     EXPECT_EQ(driver.menuOf(form.options.button)[1], "Sort by strength");
 }
 
+TEST_F(OptionsTest, HideListsAndRobots) {
+    History history;
+    history.record("carl@a").listBy = "List-Post";
+    history.record("bob@a") = {1, 1, "List-Unsubscribe", ""};
+    bool readable = true;
+    HiddenContacts hidden([&]() -> const History& {
+        if (!readable)
+            throw Error("The history cannot be read.");
+        return history;
+    });
+    form.hidden = &hidden;
+    int told = 0;
+    form.hiddenChanged = [&told] { ++told; };
+    open();
+    EXPECT_EQ(driver.rows(form.presTree).size(), 5U);
+    EXPECT_EQ(driver.textOf(form.search.status), "");
+    choose("*Show lists and robots");
+    EXPECT_EQ(rows(), "Ann (a@a/a@b), Anouk (, Zoe (zoe@a)");
+    EXPECT_EQ(expanded(0), "Zoe strong");
+    EXPECT_EQ(driver.textOf(form.search.status), "2 hidden");
+    driver.type(form.search.box, "carl");
+    EXPECT_EQ(driver.textOf(form.search.status), "nothing found");
+    driver.click(form.domainsRadio);
+    EXPECT_EQ(driver.textOf(form.search.status), "2 hidden");
+    EXPECT_EQ(expanded(0), "a (Ann), zoe (Zoe)");
+    EXPECT_EQ(form.presTree.detail(*root().children()[0]), "4 contacts") << "they count";
+    driver.type(form.search.box, "carl");
+    EXPECT_EQ(driver.textOf(form.search.status), "nothing found");
+    driver.type(form.search.box, "");
+    EXPECT_FALSE(ShowForm(core.ui(), core.language()).options.showsLists());
+    history.record("zoe@a").listBy = "List-Post";
+    form.refresh();
+    EXPECT_EQ(driver.textOf(form.search.status), "3 hidden");
+    database->addContact("Ro", "no-reply@c");
+    form.refresh();
+    EXPECT_EQ(driver.textOf(form.search.status), "4 hidden");
+    readable = false;
+    form.refresh();
+    EXPECT_EQ(driver.textOf(form.search.status), "1 hidden by name");
+    EXPECT_EQ(rows(), "a, b");
+    choose("Show lists and robots");
+    EXPECT_EQ(rows(), "a, b, c");
+    EXPECT_EQ(rows({0}), "a (Ann), bob (bob), carl (Carl), zoe (Zoe)");
+    EXPECT_EQ(told, 2);
+}
+
 TEST_F(OptionsTest, ARelatedContactLeadsToItsOwnNode) {
     driver.expand(form.presTree, {0});
     driver.chooseAt(form.presTree, {0, 2}, "Go to this contact");
