@@ -1,5 +1,6 @@
 #include "views/ShowForm.h"
 
+#include "views/contact_text.h"
 #include "views/contacts_tree.h"
 #include "views/placeholder.h"
 #include "views/tree_state.h"
@@ -16,6 +17,9 @@ constexpr int kUpperRow = 550;
 constexpr int kLowerRow = 250;
 constexpr int kRowHeight = 230;
 constexpr int kMargin = 60;
+/// Stands for the user in place of a contact's id.
+constexpr int kUser = 0;
+
 constexpr int kColumnWidth = 2400;
 constexpr int kPictureWidth = 240;
 constexpr int kButtonWidth = 1200;
@@ -83,7 +87,11 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       copyMenuItem_(addMenuItem("Copy to clipboard", &ShowForm::copyMenuItemClick)),
       viewMenuItem_(addMenuItem("View contacts", &ShowForm::viewMenuItemClick)),
       goMenuItem_(addMenuItem("Go to this contact", &ShowForm::goMenuItemClick)),
+      overTimeMenuItem_(
+          (belowLine(showmenu_), addMenuItem("Over time", &ShowForm::overTimeMenuItemClick))),
+      lostSightMenuItem_(addMenuItem("Lost sight of", &ShowForm::lostSightMenuItemClick)),
       undoItems_(showmenu_),
+      optionsLostSightItem_(belowLine(options.menu).addItem("Lost sight of")),
       optionsUndoItems_(belowLine(options.menu)) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
@@ -97,10 +105,12 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     options.button.setBounds(kOptionsBounds);
     options.onChange = [this] { applyOptions(); };
     options.button.onClick = [this] {
+        optionsLostSightItem_.setVisible(openLostSight != nullptr);
         optionsUndoItems_.update(*database);
         options.menu.openBelow(options.button);
     };
     formResize();
+    optionsLostSightItem_.onClick = [this] { openLostSight(kUser); };
     presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
@@ -239,6 +249,15 @@ void ShowForm::gotoButtonClick() {
         return;
     }
     search.say(kNothingFound);
+}
+
+void ShowForm::goToContact(int contactId) {
+    namesRadio.setChecked(true);
+    group(true);
+    TreeNode* const node = presTree.model().find(contactKey(contactId));
+    presTree.select(node);
+    presTree.focus();
+    search.say(node == nullptr ? "not shown" : "");
 }
 
 void ShowForm::refreshButtonClick() {

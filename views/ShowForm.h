@@ -35,6 +35,11 @@ class ShowForm {
     std::function<void(const std::string& address)> openContact;
     std::function<void(int contactId)> findLinks;
     std::function<void(const std::string& domain)> findDomainLinks;
+    /// Show when the contact exchanged e-mails with the other one, or with all others if that is 0;
+    /// and with whom the contact, or the user if it is 0, has lost touch. The menus offer only what
+    /// is set.
+    std::function<void(int contactId, int otherId)> openOverTime;
+    std::function<void(int contactId)> openLostSight;
     /// Change the database and save it.
     std::function<void(int contactId, const std::string& name)> renameContact;
     std::function<void(const std::vector<int>& ids, const std::string& what)> deleteContacts;
@@ -57,6 +62,8 @@ class ShowForm {
     void refresh();
     /// Updates the line about the user's last step.
     void showLastStep() { lastStepLabel.setText(lastStepText(*database)); }
+    /// Selects the contact in the grouping by names; if the options hide it, says so.
+    void goToContact(int contactId);
     /// Shows the form modelessly.
     void show() { window->show(); }
 
@@ -101,6 +108,8 @@ class ShowForm {
     void copyMenuItemClick(TreeNode& node);
     void viewMenuItemClick(TreeNode& node);
     void goMenuItemClick(TreeNode& node);
+    void overTimeMenuItemClick(TreeNode& node);
+    void lostSightMenuItemClick(TreeNode& node);
     void activate(TreeNode& node);
     bool isGone(int contactId);
     void deleteContact(int id);
@@ -122,7 +131,11 @@ class ShowForm {
     MenuItem& copyMenuItem_;
     MenuItem& viewMenuItem_;
     MenuItem& goMenuItem_;
+    MenuItem& overTimeMenuItem_;
+    MenuItem& lostSightMenuItem_;
     UndoItems undoItems_;
+    /// In the menu of the options, for the user.
+    MenuItem& optionsLostSightItem_;
     /// The same entries in the menu of the options.
     UndoItems optionsUndoItems_;
     bool groupedByNames_ = true;

@@ -50,6 +50,8 @@ void ShowForm::openMenu(ScreenPoint where) {
     goMenuItem_.setVisible(groupedByNames_ && !isContact);
     findAllMenuItem_.setVisible(!groupedByNames_);
     viewMenuItem_.setVisible(!groupedByNames_ && isAddressLeaf(*node));
+    overTimeMenuItem_.setVisible(groupedByNames_ && openOverTime && !isPlaceholder(*node));
+    lostSightMenuItem_.setVisible(isContact && openLostSight);
     undoItems_.update(*database);
     showmenu_.open(where);
 }
@@ -179,6 +181,20 @@ void ShowForm::viewMenuItemClick(TreeNode& node) {
 void ShowForm::goMenuItemClick(TreeNode& node) {
     if (TreeNode* const contact = presTree.model().find(contactKey(contactOf(node))))
         presTree.select(contact);
+}
+
+/// Of a contact with all others, or of a related contact with the one above it.
+void ShowForm::overTimeMenuItemClick(TreeNode& node) {
+    constexpr int kAllOthers = 0;
+    if (node.isTopLevel())
+        openOverTime(contactOf(node), kAllOthers);
+    else
+        openOverTime(contactOf(*node.parent()), contactOf(node));
+}
+
+void ShowForm::lostSightMenuItemClick(TreeNode& node) {
+    if (const int id = contactOf(node); !isGone(id))
+        openLostSight(id);
 }
 
 void ShowForm::activate(TreeNode& node) {

@@ -17,6 +17,8 @@
 #include "scan/ParseForm.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/spoken_controls.h"
+#include "views/LostSightForm.h"
+#include "views/OverTimeForm.h"
 #include "views/ShowForm.h"
 
 namespace pelk {
@@ -56,6 +58,8 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*OthersForm(core.ui(), core.storage()).window);
     expectReadable(*configForm(kit, core.dialogs, core.storage()).window);
     expectReadable(*aboutForm(kit).window);
+    expectReadable(*OverTimeForm(kit).window);
+    expectReadable(*LostSightForm(kit, core.clock).window);
 }
 
 }  // namespace

@@ -124,7 +124,7 @@ class Driver {
         EXPECT_FALSE(useMenuOf(button, item).empty()) << "No menu";
     }
     /// Presses and releases the right button over the row. Returns the captions of the menu that
-    /// opens, if any, and closes it.
+    /// opens, if any, with a line as "-", and closes it.
     std::vector<std::string> menuAt(TreeView& tree, const TreePath& row) {
         return useMenuAt(tree, row, "");
     }

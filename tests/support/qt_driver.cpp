@@ -273,11 +273,8 @@ class QtDriver : public Driver {
     std::vector<std::string> useMenuOf(Control& button, const std::string& item) override {
         click(button);
         return useOpenMenu(item, [](const QAction& action) {
-            const std::string text = action.isSeparator() ? "-" : shownText(action);
-            return action.isSeparator()  ? text
-                   : action.isChecked()  ? "*" + text
-                   : !action.isEnabled() ? "(" + text + ")"
-                                         : text;
+            const std::string text = shownText(action);
+            return action.isChecked() ? "*" + text : !action.isEnabled() ? "(" + text + ")" : text;
         });
     }
     template <class Look>
@@ -290,7 +287,7 @@ class QtDriver : public Driver {
         for (QAction* action : menu->actions()) {
             if (menu->actionGeometry(action).isEmpty())
                 continue;
-            captions.push_back(look(*action));
+            captions.push_back(action->isSeparator() ? "-" : look(*action));
             if (captions.back() == caption)
                 chosen = action;
         }

@@ -11,11 +11,16 @@ namespace {
 
 std::string nameOf(QAccessible::Role role) {
     static const std::map<QAccessible::Role, const char*> names = {
-        {QAccessible::StaticText, "text"},     {QAccessible::Graphic, "graphic"},
-        {QAccessible::PushButton, "button"},   {QAccessible::RadioButton, "radio button"},
-        {QAccessible::Tree, "tree"},           {QAccessible::List, "list"},
-        {QAccessible::EditableText, "edit"},   {QAccessible::Slider, "slider"},
-        {QAccessible::ProgressBar, "progress"}};
+        {QAccessible::StaticText, "text"},
+        {QAccessible::Graphic, "graphic"},
+        {QAccessible::PushButton, "button"},
+        {QAccessible::RadioButton, "radio button"},
+        {QAccessible::Tree, "tree"},
+        {QAccessible::List, "list"},
+        {QAccessible::EditableText, "edit"},
+        {QAccessible::Slider, "slider"},
+        {QAccessible::ProgressBar, "progress"},
+        {QAccessible::Chart, "chart"}};
     const auto name = names.find(role);
     return name == names.end() ? "" : name->second;
 }

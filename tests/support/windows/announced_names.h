@@ -25,8 +25,10 @@ class AnnouncedNames : public ComObject<IAccPropServices> {
 
     static inline std::map<HWND, std::wstring> names;
 
-    HRESULT WINAPI SetHwndPropStr(HWND window, DWORD, DWORD, MSAAPROPID, LPCWSTR name) override {
-        names[window] = name;
+    HRESULT WINAPI SetHwndPropStr(HWND window, DWORD, DWORD, MSAAPROPID property,
+                                  LPCWSTR text) override {
+        if (IsEqualGUID(property, PROPID_ACC_NAME))
+            names[window] = text;
         return S_OK;
     }
 

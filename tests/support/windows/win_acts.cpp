@@ -77,8 +77,9 @@ std::vector<std::string> captionsOf(HMENU menu) {
     for (UINT item = 0; item < static_cast<UINT>(GetMenuItemCount(menu)); ++item) {
         wchar_t text[256] = L"";
         GetMenuStringW(menu, item, text, 256, MF_BYPOSITION);
-        captions.push_back(menuUse.withLooks ? lookOf(menu, item, withoutMarks(text))
-                                             : withoutMarks(text));
+        const bool isLine = (GetMenuState(menu, item, MF_BYPOSITION) & MF_SEPARATOR) != 0;
+        captions.push_back(menuUse.withLooks || isLine ? lookOf(menu, item, withoutMarks(text))
+                                                       : withoutMarks(text));
     }
     return captions;
 }
