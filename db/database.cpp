@@ -172,6 +172,7 @@ void Database::removeContacts(const std::vector<int>& ids) {
         const XmlElement element = id > 0 ? content_.contacts.take(id) : XmlElement();
         if (!element)
             continue;
+        losses_ += addressesOf(element).empty() ? 0 : 1;
         journal_.remove(content_, element);
         for (const XmlElement& relation : content_.relations.takeAllOf(id))
             journal_.remove(content_, relation);
@@ -245,6 +246,7 @@ std::int64_t Database::strongestWeight() const {
 void Database::replaceContent(Database&& other) {
     journal_.replace(content_, std::move(other.content_));
     ++revision_;
+    ++losses_;
 }
 
 void Database::inStep(const std::string& name, const std::function<void()>& edits) {

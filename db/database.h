@@ -124,6 +124,15 @@ class Database {
     /// Replaces the whole content with that of another database.
     void replaceContent(Database&& other);
 
+    /// Changes something beside the document by `swap`, which reverts the change when it is called
+    /// again and does not throw. An undo of the step calls it.
+    void changeOutside(const std::function<void()>& swap) { journal_.changeOutside(swap); }
+
+    /// A number that increases when addresses may have ceased to belong to a contact: with each
+    /// removal of a contact that has some, and each replacement of the content. A change of
+    /// `changeOutside` follows it within the step; an undo is no new loss.
+    std::uint64_t losses() const { return losses_; }
+
     /// Runs `edits`, which edits this database, as one step that can be undone, unless it changes
     /// nothing. `name` says what the step did, for menus: "rename of Ann". When `edits` throws,
     /// reverts its edits and passes the exception on. Edits outside of a step, such as those of a
@@ -149,6 +158,7 @@ class Database {
     Content content_;
     Journal journal_;
     std::uint64_t revision_ = 0;
+    std::uint64_t losses_ = 0;
 };
 
 }  // namespace pelk

@@ -2,6 +2,7 @@
 // One change of a document that can be reverted and repeated any number of times, in the order of a
 // stack. Each edit needs memory in proportion to what it changed.
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,8 +53,16 @@ struct ContentEdit {
     void toggle(Content& content);
 };
 
+/// A change of something that is kept beside the document.
+struct OutsideEdit {
+    /// Makes the change, and reverts it when it is called again. Does not throw.
+    std::function<void()> swap;
+
+    void toggle(Content& /*content*/) { swap(); }
+};
+
 /// `toggle` reverts an edit that stands, and repeats one that is reverted. When it throws, nothing
 /// has changed.
-using Edit = std::variant<AttributeEdit, ElementEdit, ContentEdit>;
+using Edit = std::variant<AttributeEdit, ElementEdit, ContentEdit, OutsideEdit>;
 
 }  // namespace pelk

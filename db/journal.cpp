@@ -68,6 +68,14 @@ void Journal::replace(Content& content, Content&& other) {
     }
 }
 
+void Journal::changeOutside(const std::function<void()>& swap) {
+    if (open_)
+        open_->edits.emplace_back(OutsideEdit{swap});
+    else
+        forget();
+    swap();
+}
+
 void Journal::inStep(const std::string& name, Content& content,
                      const std::function<void()>& edits) {
     if (open_) {

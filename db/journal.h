@@ -26,6 +26,8 @@ class Journal {
     void noteAdded(const Content& content, const XmlElement& element);
     void remove(const Content& content, const XmlElement& element);
     void replace(Content& content, Content&& other);
+    /// Runs `swap`, which changes something beside the document, see `OutsideEdit`.
+    void changeOutside(const std::function<void()>& swap);
 
     /// Runs `edits` as one step, which becomes the last one unless it changes nothing. When `edits`
     /// throws, reverts them and passes the exception on. Within another step, the edits belong to

@@ -61,8 +61,18 @@ OpenedDatabase Storage::readDatabase() {
 }
 
 void Storage::saveDatabase(const Database& database) {
+    saveDocument(database, placeFile());
+}
+
+void Storage::saveDocument(const Database& database, const std::string& path) {
+    if (companion_ != nullptr)
+        companion_->prepareSave();
     writeHeld();
-    writeEncrypted(database.xml(), placeFile());
+    requireSettledCompanion();
+    if (paired_)
+        saveWithCompanion(database, path);
+    else
+        writeEncrypted(database.xml(), path);
 }
 
 void Storage::keepBackup() {
@@ -72,6 +82,7 @@ void Storage::keepBackup() {
     if (!platform_.files.fileExists(path))
         return;
     keepCopy(platform_.files.readWholeFile(path), backupFile(), 1);
+    keepCompanionBackup();
     backupKept_ = true;
 }
 
@@ -124,14 +135,17 @@ std::string Storage::replaceDatabase(const Database& database) {
         kept = freeName(path, "old");
         writeWholeFile(platform_.files.readWholeFile(path), kept);
     }
-    writeEncrypted(database.xml(), path);
+    saveDocument(database, path);
     return kept;
 }
 
 std::optional<std::string> Storage::readBeside(const std::string& name) {
     if (const auto held = held_.find(name); held != held_.end())
         return held->second;
-    const std::string path = nameBeside(name);
+    return readExported(nameBeside(name));
+}
+
+std::optional<std::string> Storage::readExported(const std::string& path) {
     if (!platform_.files.fileExists(path))
         return std::nullopt;
     const std::string content = platform_.files.readWholeFile(path);
@@ -156,7 +170,10 @@ void Storage::writeHeld() {
 }
 
 void Storage::removeBeside(const std::string& name) {
-    const std::string path = nameBeside(name);
+    removeIfThere(nameBeside(name));
+}
+
+void Storage::removeIfThere(const std::string& path) {
     if (platform_.files.fileExists(path))
         platform_.files.removeFile(path);
 }
@@ -205,10 +222,14 @@ std::string Storage::placeFile() {
 /// or none when there is no file. Removes leftover temporary files: the caller prevents other
 /// programs from writing, so no program uses them.
 OpenedDatabase Storage::openOrSetAside(const std::string& path) {
-    platform_.files.removeLeftovers(databaseFolder());
-    if (!platform_.files.fileExists(path))
+    if (!platform_.files.fileExists(path)) {
+        platform_.files.removeLeftovers(databaseFolder());
         return {};
+    }
     const std::string content = platform_.files.readWholeFile(path);
+    settleCompanion(waitingCompanion(content));
+    if (!companionWaits_)
+        platform_.files.removeLeftovers(databaseFolder());
     try {
         return withRightCount(parse(decrypt(content)));
     } catch (const DamagedData& error) {
@@ -247,32 +268,63 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
     return name;
 }
 
-/// The file consists of one line.
 void Storage::writeEncrypted(std::string text, const std::string& path) {
+    const std::string fresh = fillEncrypted(std::move(text), path, nullptr);
+    moveInPlace(fresh, path);
+}
+
+void Storage::writeWholeFile(const std::string& content, const std::string& path) {
+    const std::string fresh =
+        fillFile(path, [&content](WritableFile& file) { file.write(content); });
+    moveInPlace(fresh, path);
+}
+
+std::string Storage::encrypted(std::string text) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    writeFile(path, [&](WritableFile& file) {
-        cipher.encrypt(std::move(text), [&file](std::string_view piece) { file.write(piece); });
+    std::string file;
+    cipher.encrypt(std::move(text), [&file](std::string_view piece) { file += piece; });
+    return file + "\r\n";
+}
+
+/// Encrypts the text into a temporary file, which consists of one line, and returns its path.
+/// Stores the start of the line, which differs for each text.
+std::string Storage::fillEncrypted(std::string text, const std::string& path, std::string* start) {
+    DatabaseCipher cipher(platform_.crypto);
+    cipher.setKey(kKey);
+    return fillFile(path, [&](WritableFile& file) {
+        cipher.encrypt(std::move(text), [&file, start](std::string_view piece) {
+            if (start != nullptr && start->empty())
+                *start = piece;
+            file.write(piece);
+        });
         file.write("\r\n");
     });
 }
 
-void Storage::writeWholeFile(const std::string& content, const std::string& path) {
-    writeFile(path, [&content](WritableFile& file) { file.write(content); });
-}
-
-/// Fills a temporary file and moves it over the old one once it is safely on the disk. Removes the
-/// temporary file when any step fails.
-void Storage::writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill) {
+/// Fills a temporary file for `path`, brings it to the disk and returns its path. Removes it when
+/// any step fails.
+std::string Storage::fillFile(const std::string& path,
+                              const std::function<void(WritableFile&)>& fill) {
     TemporaryFile fresh = platform_.files.createTemporary(path);
     try {
         fill(*fresh.file);
         fresh.file->flushToDisk();
         fresh.file->close();
-        platform_.files.replaceFile(fresh.path, path);
     } catch (...) {
         fresh.file.reset();
         removeLeftover(fresh.path);
+        throw;
+    }
+    return fresh.path;
+}
+
+/// Moves a temporary file over the old one. Removes it when that fails.
+void Storage::moveInPlace(const std::string& fresh, const std::string& path) {
+    try {
+        platform_.files.replaceFile(fresh, path);
+    } catch (...) {
+        removeLeftover(fresh);
         throw;
     }
 }

@@ -9,7 +9,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
+#include "db/companion.h"
 #include "db/database.h"
 #include "db/database_cipher.h"
 #include "platform/platform.h"
@@ -98,6 +101,39 @@ class Storage {
     /// Removes that file if it exists. Throws `Error`.
     void removeBeside(const std::string& name);
 
+    /// Sets the companion, which is told of all saves from now on; null for none.
+    void setCompanion(Companion* companion) { companion_ = companion; }
+
+    /// Returns the text of the companion's file; nothing or an empty text when there is none. Throws `DamagedData`,
+    /// or `Error` when the file cannot be read.
+    std::optional<std::string> readCompanion();
+
+    /// Saves this text of the companion with the next save of the database: whatever fails, and
+    /// whenever the program crashes, the next program finds both as before or both as they are now.
+    /// An empty text stands for no file.
+    void pairWithNextSave(std::string text) { paired_ = std::move(text); }
+
+    /// Writes the companion's file without the database. Throws `Error`.
+    void writeCompanion(std::string text);
+
+    /// Renames the companion's file, which is damaged, and returns its new path; empty when there
+    /// is no file. Throws `Error`.
+    std::string setCompanionAside();
+
+    /// Let the companion follow, within the current step, a loss of contacts, or the database that
+    /// came from "pelk.db.bak". Throw `Error`.
+    void followLosses(Database& database);
+    void restoreCompanion(Database& database);
+
+    /// Returns the text of an encrypted file, or writes one, as atomically as `saveDatabase`. Throw
+    /// as `readCompanion` does, or `Error`.
+    std::optional<std::string> readExported(const std::string& path);
+    void writeExported(std::string text, const std::string& path) {
+        writeEncrypted(std::move(text), path);
+    }
+    /// Removes a file if it exists. Throws `Error`.
+    void removeIfThere(const std::string& path);
+
     /// Returns the database in a plain document. Throws `DamagedData` when the text is not one.
     std::unique_ptr<Database> parse(std::string xml);
 
@@ -115,14 +151,31 @@ class Storage {
     std::string freeName(const std::string& path, const std::string& purpose);
     void writeEncrypted(std::string text, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);
-    void writeFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
+    std::string fillFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
+    std::string fillEncrypted(std::string text, const std::string& path, std::string* start);
+    void moveInPlace(const std::string& fresh, const std::string& path);
     void removeLeftover(const std::string& path) noexcept;
     void writeHeld();
+    void saveDocument(const Database& database, const std::string& path);
+    void saveWithCompanion(const Database& database, const std::string& path);
+    std::string writeWaiting(std::string_view databaseStart);
+    std::string waitingCompanion(std::string_view databaseFile);
+    std::string waitingCompanion();
+    std::string companionPath();
+    std::string companionBackup();
+    void settleCompanion(const std::string& waiting) noexcept;
+    void requireSettledCompanion();
+    void keepCompanionBackup();
+    std::string encrypted(std::string text);
 
     Platform platform_;
     /// The delayed texts by file name.
     std::map<std::string, std::string> held_;
     bool backupKept_ = false;
+    Companion* companion_ = nullptr;
+    std::optional<std::string> paired_;
+    /// Whether a written companion could not be given its name.
+    bool companionWaits_ = false;
 };
 
 }  // namespace pelk

@@ -1,13 +1,10 @@
 #include "db/store_dates_file.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <string_view>
 #include <utility>
 
 #include "db/damaged_data.h"
-#include "db/place_text.h"
+#include "db/store_date_element.h"
 
 namespace pelk {
 namespace {
@@ -17,53 +14,6 @@ constexpr const char* kName = "pelk-stores.db";
 /// The maximum number of states in the file. Two suffice for a crash between the two saves; the
 /// others are for databases that the user restores, and for several failed saves.
 constexpr std::size_t kStates = 6;
-
-std::string textOfPrints(const std::vector<std::uint64_t>& prints) {
-    std::string text;
-    for (const std::uint64_t print : prints) {
-        std::array<char, 16> digits;
-        const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), print, 16);
-        text += text.empty() ? "" : " ";
-        text += std::string_view(digits.data(), written.ptr);
-    }
-    return text;
-}
-
-std::vector<std::uint64_t> printsInText(const std::string& text) {
-    std::vector<std::uint64_t> prints;
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data(); at < end; ++at) {
-        std::uint64_t print = 0;
-        at = std::from_chars(at, end, print, 16).ptr;
-        prints.push_back(print);
-    }
-    return prints;
-}
-
-StoreDate readStore(const XmlElement& element) {
-    StoreDate store{decodePlace(element.text("place")),
-                    element.text("first"),
-                    element.text("date"),
-                    {},
-                    printsInText(element.text("sample"))};
-    for (XmlElement scan = element.firstChild(); scan; scan = scan.nextSibling())
-        store.ahead.add(scan.text("scan"), printsInText(scan.text("prints")));
-    return store;
-}
-
-void writeStore(const XmlElement& state, const StoreDate& store) {
-    const XmlElement element = state.appendElement("store");
-    element.setAttribute("place", encodePlace(store.place));
-    element.setAttribute("first", store.first);
-    element.setAttribute("date", store.date);
-    if (!store.sample.empty())
-        element.setAttribute("sample", textOfPrints(store.sample));
-    for (const auto& [scan, prints] : store.ahead.scans()) {
-        const XmlElement counted = element.appendElement("counted");
-        counted.setAttribute("scan", scan);
-        counted.setAttribute("prints", textOfPrints(prints));
-    }
-}
 
 }  // namespace
 
@@ -113,7 +63,7 @@ void StoreDatesFile::read() {
         State state{element.text("date"), element.text("mails"), {}};
         state.dates.unknownSince = element.text("unknownSince");
         for (XmlElement store = element.firstChild(); store; store = store.nextSibling())
-            state.dates.add(readStore(store));
+            state.dates.add(readStoreDate(store));
         states_.push_back(std::move(state));
     }
     fileIsUsable_ = true;
@@ -168,7 +118,7 @@ std::string StoreDatesFile::text() const {
         element.setAttribute("mails", state.mails);
         element.setAttribute("unknownSince", state.dates.unknownSince);
         for (const StoreDate& store : state.dates.all())
-            writeStore(element, store);
+            appendStoreDate(element, store);
     }
     return document->xml();
 }

@@ -11,6 +11,7 @@ std::string restoreCopy(Database& current, Database&& copy, Storage& storage) {
     std::string kept;
     current.inStep("restore of the last copy", [&] {
         current.replaceContent(std::move(copy));
+        storage.restoreCompanion(current);
         kept = storage.replaceDatabase(current);
     });
     return kept;

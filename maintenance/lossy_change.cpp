@@ -7,7 +7,10 @@ namespace pelk {
 void changeWithBackup(Database& database, Storage& storage, const std::string& name,
                       const std::function<void(Database&)>& change) {
     storage.keepBackup();
-    database.inStep(name, [&] { change(database); });
+    database.inStep(name, [&] {
+        change(database);
+        storage.followLosses(database);
+    });
     saveChange(database, storage);
 }
 
@@ -16,6 +19,7 @@ void changeAndSaveWithBackup(Database& database, Storage& storage, const std::st
     storage.keepBackup();
     database.inStep(name, [&] {
         change(database);
+        storage.followLosses(database);
         storage.saveDatabase(database);
     });
 }
