@@ -32,6 +32,7 @@ void Forms::openScan(Database& database, MailClient& mailClient) {
     ParseForm& form = created(scan, "ParseForm", ui_, platform_, storage_);
     form.database = &database;
     form.mailClient = &mailClient;
+    form.history = &history_;
     std::string summary;
     form.tell = [&summary](const std::string& text) { summary = text; };
     form.openView = [this, &database, &summary] {
@@ -183,6 +184,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
 void Forms::openOthers(Database& database) {
     OthersForm& form = created(others, "OthersForm", ui_, storage_);
     form.database = &database;
+    form.history = &history_;
     setUndoKeys(*form.window, database);
     form.configure = [this, &database] { openConfiguration(database); };
     form.databaseChanged = [this] {

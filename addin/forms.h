@@ -10,6 +10,7 @@
 #include "addin/configForm.h"
 #include "db/database.h"
 #include "db/storage.h"
+#include "history/history_file.h"
 #include "links/ShowFindFormDomains.h"
 #include "links/ShowFindFormSimple.h"
 #include "links/findForm.h"
@@ -88,9 +89,9 @@ class Forms {
     UserInterface ui_;
     Platform platform_;
     Storage& storage_;
-    const History history_;
+    HistoryFile history_{storage_, platform_};
     /// What all forms hide.
-    HiddenContacts hidden_{[this]() -> const History& { return history_; }};
+    HiddenContacts hidden_{[this]() -> const History& { return history_.history(); }};
 };
 
 }  // namespace pelk

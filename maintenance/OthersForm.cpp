@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "maintenance/database_export.h"
 #include "maintenance/database_import.h"
 #include "maintenance/database_restore.h"
 #include "platform/form_sizes.h"
@@ -65,7 +66,7 @@ void OthersForm::exportButtonClick() {
     const std::string path = ui_.dialogs.saveFile("Exporting the database", kFileFilter);
     if (path.empty())
         return;
-    storage_.exportDatabase(*database, path);
+    exportDatabaseFile(*database, path, storage_, history);
     doneLabel.setText("Exported " + sizeText(database->contactCount(), database->relationCount()) +
                       " to\n" + path);
 }
@@ -87,7 +88,7 @@ void OthersForm::importButtonClick() {
 void OthersForm::importFile(const std::string& path) {
     const std::size_t contacts = database->contactCount();
     const std::size_t relations = database->relationCount();
-    const ImportResult result = importDatabaseFile(*database, path, storage_, *this);
+    const ImportResult result = importDatabaseFile(*database, path, storage_, *this, history);
     const std::string failed = "Error while loading file " + path;
     switch (result.outcome) {
         case ImportOutcome::Imported:

@@ -7,6 +7,7 @@
 
 #include "db/database.h"
 #include "db/storage.h"
+#include "history/history_file.h"
 #include "maintenance/import_merge.h"
 #include "platform/user_interface.h"
 
@@ -18,6 +19,7 @@ class OthersForm : private ImportGuide {
 
     /// Set before the form is shown; outlives the form's use of it.
     Database* database = nullptr;
+    HistoryFile* history = nullptr;
     /// Lets the user set the thresholds. Set before the form is shown, like `databaseChanged`.
     std::function<void()> configure;
     /// Called after a command has changed the database.

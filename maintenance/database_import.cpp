@@ -1,10 +1,12 @@
 #include "maintenance/database_import.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 #include "db/default_documents.h"
 #include "db/document_check.h"
+#include "maintenance/database_export.h"
 #include "maintenance/lossy_change.h"
 
 namespace pelk {
@@ -31,6 +33,22 @@ ImportedFile readFile(const std::string& path, Storage& storage) {
     return {std::move(database), {}};
 }
 
+/// The history beside the file, or the reason why it is left out.
+struct ImportedHistory {
+    std::optional<History> history;
+    std::string fault;
+};
+
+ImportedHistory readHistoryBeside(const std::string& path, HistoryFile* history) {
+    if (history == nullptr)
+        return {};
+    try {
+        return {history->readExported(exportedHistoryPath(path)), {}};
+    } catch (const Error& error) {
+        return {std::nullopt, std::string("The history was not imported. ") + error.what()};
+    }
+}
+
 /// Gives the answer of all questions in an import that has come to its end.
 class Decliner : public ImportGuide {
  public:
@@ -44,14 +62,13 @@ std::string fileName(const std::string& path) {
 
 /// The import is complete by now, and a second one would count every weight twice. So a failure to
 /// write the copy does not fail the import.
-ImportResult writePlainCopy(const Database& database, Storage& storage) {
+std::string writePlainCopy(const Database& database, Storage& storage) {
     try {
         storage.writePlainCopy(database);
     } catch (const Error& error) {
-        return {ImportOutcome::Imported,
-                "The file was imported and the database saved; only the plain copy of it is "
-                "missing. " +
-                    std::string(error.what())};
+        return "The file was imported and the database saved; only the plain copy of it is "
+               "missing. " +
+               std::string(error.what());
     }
     return {};
 }
@@ -59,7 +76,7 @@ ImportResult writePlainCopy(const Database& database, Storage& storage) {
 }  // namespace
 
 ImportResult importDatabaseFile(Database& current, const std::string& path, Storage& storage,
-                                ImportGuide& guide) {
+                                ImportGuide& guide, HistoryFile* history) {
     const ImportedFile file = readFile(path, storage);
     if (!file.database)
         return file.refusal;
@@ -71,12 +88,18 @@ ImportResult importDatabaseFile(Database& current, const std::string& path, Stor
         throw Error(
             "The database has been changed during the import. Nothing was imported; please "
             "import the file again.");
+    ImportedHistory beside = readHistoryBeside(path, history);
     // The edits are made again, so that undoing them takes no copy of the whole database.
     Decliner decliner;
-    changeAndSaveWithBackup(
-        current, storage, "import of " + fileName(path),
-        [&](Database& database) { importMerge(database, *file.database, decliner); });
-    return writePlainCopy(current, storage);
+    changeAndSaveWithBackup(current, storage, "import of " + fileName(path),
+                            [&](Database& database) {
+                                importMerge(database, *file.database, decliner);
+                                if (beside.history)
+                                    history->addInStep(database, std::move(*beside.history));
+                            });
+    const std::string copyFault = writePlainCopy(current, storage);
+    const bool hasBoth = !beside.fault.empty() && !copyFault.empty();
+    return {ImportOutcome::Imported, beside.fault + (hasBoth ? "\n" : "") + copyFault};
 }
 
 void deleteDatabase(Database& current, Storage& storage) {

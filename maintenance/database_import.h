@@ -7,6 +7,7 @@
 
 #include "db/database.h"
 #include "db/storage.h"
+#include "history/history_file.h"
 #include "maintenance/import_merge.h"
 
 namespace pelk {
@@ -23,17 +24,18 @@ enum class ImportOutcome {
 
 struct ImportResult {
     ImportOutcome outcome = ImportOutcome::Imported;
-    /// The fault in an unreadable or unsound file. After a successful import, the reason why the
-    /// plain copy could not be written, if it could not. Otherwise empty.
+    /// The fault in an unreadable or unsound file. After a successful import, the reasons why the
+    /// history beside the file was left out, and why the plain copy could not be written.
     std::string fault;
 };
 
 /// Merges the database of an exported file into the current one, in one step that can be undone:
 /// keeps a backup, saves, and writes the plain copy. Outcomes other than `Imported` change nothing.
 /// Throws `Error`, with nothing changed, when the database is full, has been edited during the
-/// import, or cannot be saved.
+/// import, or cannot be saved. Adds the history beside the file, if any, to `history`, unless that
+/// is null.
 ImportResult importDatabaseFile(Database& current, const std::string& path, Storage& storage,
-                                ImportGuide& guide);
+                                ImportGuide& guide, HistoryFile* history = nullptr);
 
 /// Keeps a backup, empties the database in one step that can be undone, and saves it. Throws
 /// `Error`, with nothing changed, when anything fails.

@@ -68,7 +68,7 @@ void ParseForm::scan() {
     setScanning(true);
     meter_ = ScanProgressMeter(countScannedFolders(*session));
     try {
-        outcome = scanAndSave(*database, storage_, platform_, *session, *this);
+        outcome = scanAndSave(*database, storage_, platform_, *session, *this, {}, history);
     } catch (const NoDataFolder&) {
         setScanning(false);
         throw;

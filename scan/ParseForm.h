@@ -21,6 +21,7 @@ class ParseForm : private ScanProgress {
     /// Set before the form is shown.
     Database* database = nullptr;
     MailClient* mailClient = nullptr;
+    HistoryFile* history = nullptr;
     /// Opens the relations view on the database.
     std::function<void()> openView;
     /// Receives a line about each scan before that, to show it there.

@@ -1,48 +1,29 @@
 #include "scan/mail_recorder.h"
 
-#include <string>
-
 #include "platform/utf8.h"
 
 namespace pelk {
 
-bool MailRecorder::record(MailItem& item) {
-    const std::optional<MailPerson> sender = senderOf(item);
-    if (!sender)
-        return false;
-    const int senderId = findOrAddContact(*sender);
+void MailRecorder::record(const MailPeople& people) {
+    const int senderId = findOrAddContact(people.sender);
     database_.countMails(1);
     ++outcome_.mails;
-    int count = 0;
-    steps_.attempt([&item, &count] { count = item.recipientCount(); });
-    for (int index = 1; index <= count; ++index)
-        steps_.attempt([this, &item, senderId, index] {
-            database_.addMailBetween(senderId, findOrAddContact(item.recipient(index)));
+    for (const MailPerson& recipient : people.recipients)
+        steps_.attempt([this, senderId, &recipient] {
+            database_.addMailBetween(senderId, findOrAddContact(recipient));
         });
-    return true;
-}
-
-/// A sender whose address cannot be read is no contact, but the e-mail counts.
-std::optional<MailPerson> MailRecorder::senderOf(MailItem& item) {
-    try {
-        return item.replyRecipient();
-    } catch (const AddressRefused& error) {
-        steps_.noteFault(error);
-        return MailPerson();
-    }
 }
 
 /// Returns the id of the contact with the person's address, without changing its name. Returns 0,
-/// for which no relation is counted, when the person cannot be looked up or added.
+/// for which no relation is counted, when the person has no address or cannot be added.
 int MailRecorder::findOrAddContact(const MailPerson& person) {
-    const std::string address = language_.lowerCase(cleanText(person.address));
-    if (address.empty())
+    if (person.address.empty())
         return 0;
     try {
-        const int id = database_.contactIdByAddress(address);
-        return id != 0 ? id : database_.addContact(cleanText(person.name), address);
+        const int id = database_.contactIdByAddress(person.address);
+        return id != 0 ? id : database_.addContact(cleanText(person.name), person.address);
     } catch (const MalformedQuery&) {
-        outcome_.apostrophes.insert(address);
+        outcome_.apostrophes.insert(person.address);
         return 0;
     } catch (const ContactLimitReached&) {
         outcome_.databaseFull = true;

@@ -16,9 +16,9 @@ Scanner::Scanner(Database& database, const Language& language, ScanProgress& pro
                  StoreLedger ledger, const ScanOptions& options)
     : database_(database),
       progress_(progress),
-      options_(options),
-      ledger_(std::move(ledger)),
-      recorder_(database, language, steps_, outcome_) {}
+      tally_(std::move(ledger), options.copies),
+      people_(language, steps_),
+      recorder_(database, steps_, outcome_) {}
 
 ScanOutcome Scanner::scan(MailSession& session) {
     const std::size_t contactsBefore = database_.contactCount();
@@ -48,13 +48,15 @@ void Scanner::scanStore(MailFolder& store) {
     const std::string place = placeOf(store, {});
     int clockTolerance = 0;
     steps_.attempt([&] { clockTolerance = store.clockTolerance(); });
-    noteStore(store,
-              ledger_.beginStore(
-                  place, [this, &store] { return takeSample(*session_, store); }, clockTolerance));
-    copies_.beginStore();
+    const auto sample = [this, &store] { return takeSample(*session_, store); };
+    noteStore(store, tally_.beginStore(place, sample, clockTolerance));
+    if (history_ != nullptr)
+        history_->tally.beginStore(place, sample, clockTolerance);
     scanBranch(store, place);
-    if (!ledger_.endStore())
+    if (!tally_.ledger().endStore())
         unreadCountsLater_ = false;
+    if (history_ != nullptr)
+        history_->tally.ledger().endStore();
 }
 
 void Scanner::scanTree(MailFolders& folders, const std::string& above) {
@@ -69,10 +71,13 @@ void Scanner::scanBranch(MailFolder& folder, const std::string& place) {
             scanFolder(folder, place);
     });
     const bool treeRead = steps_.attempt([&] { scanTree(*folder.folders(), place); });
-    if (!itemsRead || !treeRead) {
-        hasUnread_ = true;
-        ledger_.noteUnread(place);
-    }
+    if (!itemsRead || !treeRead)
+        noteUnread(place);
+}
+
+void Scanner::noteUnread(const std::string& place) {
+    hasUnread_ = true;
+    forEachTally([&place](Tally& tally) { tally.ledger().noteUnread(place); });
 }
 
 /// Leaves out the items of the default folders, but not their subfolders: users file e-mails there
@@ -85,13 +90,12 @@ void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
     steps_.attempt([&] { progress_.folderStarted(folder.name()); });
     const int count = folder.itemCount();
     steps_.attempt([&] { progress_.itemsCounted(count); });
-    ledger_.beginFolder(place);
-    copies_.beginFolder();
+    forEachTally([&place](Tally& tally) { tally.beginFolder(place); });
     for (int index = 1; index <= count; ++index) {
         steps_.attempt([&] { progress_.itemStarted(index); });
         scanItem(folder, index);
     }
-    if (!ledger_.isUnread(place))
+    if (!tally_.ledger().isUnread(place))
         folder.noteRead();
 }
 
@@ -106,50 +110,59 @@ void Scanner::scanItem(MailFolder& folder, int index) {
         isRecorded_ = false;
         read = read && steps_.attempt([this] { scanMail(); });
     } else if (isRecorded_) {
-        steps_.attempt([this] { recorder_.record(*item_); });
+        steps_.attempt([this] { recordMail(people_.read(*item_)); });
     }
-    if (!read) {
-        hasUnread_ = true;
-        ledger_.noteUnread(ledger_.folder());
-    }
+    if (!read)
+        noteUnread(std::string(tally_.ledger().folder()));
 }
 
 void Scanner::scanMail() {
-    const std::string stamp = formatStamp(item_->creationTime());
-    const StoreLedger::Age age = ledger_.ageOf(*item_, stamp);
-    if (age == StoreLedger::Age::Old)
+    const LocalTime created = item_->creationTime();
+    const std::string stamp = formatStamp(created);
+    const bool isNew = tally_.isNew(*item_, stamp);
+    const bool isNewToHistory = history_ != nullptr && history_->tally.isNew(*item_, stamp);
+    if ((!isNew && !isNewToHistory) || isLeftOutByLabel(*item_, isNew))
         return;
     const std::uint64_t print = item_->fingerprint();
-    if (age == StoreLedger::Age::CountedAhead) {
-        copies_.add(print);
-        return;
-    }
-    if (isLeftOutByLabel(*item_))
-        return;
-    const bool copy = isCopy(*item_, print);
-    isRecorded_ = !copy && recorder_.record(*item_);
-    if (copy || isRecorded_) {
-        ledger_.noteCounted(*item_, stamp, print);
-        copies_.add(print);
-    }
+    std::optional<std::optional<MailPeople>> people;
+    const auto readPeople = [&]() -> const std::optional<MailPeople>& {
+        return people ? *people : people.emplace(people_.read(*item_));
+    };
+    if (isNew)
+        noteResult(tally_.count(*item_, stamp, print, [&] { return recordMail(readPeople()); }));
+    if (isNewToHistory)
+        history_->tally.count(*item_, stamp, print,
+                              [&] { return recordInHistory(readPeople(), created); });
 }
 
-bool Scanner::isLeftOutByLabel(MailItem& item) {
+void Scanner::noteResult(Tally::Result result) {
+    isRecorded_ = result == Tally::Result::Recorded;
+    outcome_.copies += result == Tally::Result::Copy ? 1 : 0;
+}
+
+/// Records nothing and returns false when the e-mail has no sender.
+bool Scanner::recordMail(const std::optional<MailPeople>& people) {
+    if (people)
+        recorder_.record(*people);
+    return people.has_value();
+}
+
+/// Contacts of the e-mail are in the database by now, if it is new there.
+bool Scanner::recordInHistory(const std::optional<MailPeople>& people, const LocalTime& created) {
+    if (people)
+        history_->record(*item_, *people, created);
+    return people.has_value();
+}
+
+bool Scanner::isLeftOutByLabel(MailItem& item, bool isNew) {
     const std::optional<DefaultFolder> kind = item.labelledFolder();
     if (!kind)
         return false;
     const std::vector<DefaultFolder> leftOut = session_->leftOutFolders();
     if (std::find(leftOut.begin(), leftOut.end(), *kind) == leftOut.end())
         return false;
-    ++outcome_.labelled[*kind];
-    return true;
-}
-
-/// Different e-mails may have equal fingerprints, so only those with a Message-ID count as copies.
-bool Scanner::isCopy(MailItem& item, std::uint64_t print) {
-    if (options_.copies || !copies_.isKnown(print) || item.messageId().empty())
-        return false;
-    ++outcome_.copies;
+    if (isNew)
+        ++outcome_.labelled[*kind];
     return true;
 }
 
@@ -158,7 +171,7 @@ void Scanner::noteStore(MailFolder& store, StoreLedger::Store kind) {
         return;
     steps_.attempt([&] {
         outcome_.newStores.push_back({store.name(), kind == StoreLedger::Store::Recognised
-                                                        ? ledger_.cutOff()
+                                                        ? tally_.ledger().cutOff()
                                                         : std::string()});
     });
 }
@@ -176,26 +189,56 @@ void Scanner::noteLeftOut(MailFolder& folder) {
         outcome_.leftOut.push_back(std::move(leftOut));
 }
 
+namespace {
+
+/// What the last scan has left for this one.
+struct Beside {
+    StoreDatesFile dates;
+    FolderMarksFile marks;
+    HistoryFile* history;
+};
+
+/// Loads the dates of the stores, gives the session its marks, and passes on what the user is to be
+/// told. Marks only help if both counts have seen what they cover, and a scan from another date
+/// must also read what has been counted.
+StoreDates prepareScan(Beside& beside, const Database& database, MailSession& session,
+                       ScanProgress& progress, bool fromOtherDate) {
+    LoadedStoreDates loaded = beside.dates.load(database);
+    const LoadedFolderMarks known = beside.marks.load(database);
+    const auto historyNotice = beside.history != nullptr ? beside.history->notice() : std::nullopt;
+    for (const std::optional<std::string>& notice : {loaded.notice, known.notice, historyNotice})
+        if (notice)
+            progress.noticed(*notice);
+    const bool historyHasSeen =
+        beside.history == nullptr || beside.history->date() >= database.date();
+    if (!fromOtherDate && historyHasSeen)
+        session.setMarks(known.marks);
+    return std::move(loaded.dates);
+}
+
+}  // namespace
+
 /// The files with the stores' dates and the folders' marks are written just before the database,
 /// see `StoreDatesFile`.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
-                        MailSession& session, ScanProgress& progress, const ScanOptions& options) {
-    StoreDatesFile file(storage, platform);
-    FolderMarksFile marks(storage, platform);
-    LoadedStoreDates loaded = file.load(database);
-    const LoadedFolderMarks known = marks.load(database);
-    for (const std::optional<std::string>& notice : {loaded.notice, known.notice})
-        if (notice)
-            progress.noticed(*notice);
-    // A scan from another date must also read what has been counted.
-    if (options.since.empty())
-        session.setMarks(known.marks);
-    StoreLedger ledger(std::move(loaded.dates), database.date(), options.since, platform.clock);
+                        MailSession& session, ScanProgress& progress, const ScanOptions& options,
+                        HistoryFile* history) {
+    Beside beside{{storage, platform}, {storage, platform}, history};
+    StoreDates dates = prepareScan(beside, database, session, progress, !options.since.empty());
+    StoreLedger ledger(std::move(dates), database.date(), options.since, platform.clock);
     Scanner scanner(database, platform.language, progress, std::move(ledger), options);
+    std::optional<HistoryRecorder> recorder;
+    if (history != nullptr)
+        scanner.countInto(recorder.emplace(
+            database, StoreLedger(history->stores(), history->date(), {}, platform.clock)));
     ScanOutcome outcome = scanner.scan(session);
-    database.setDate(formatStamp(platform.clock.now()));
-    file.hold(std::move(scanner).dates(), database);
-    marks.hold(session.marks(), database);
+    const std::string ended = formatStamp(platform.clock.now());
+    database.setDate(ended);
+    if (recorder)
+        history->addScan(recorder->counted,
+                         std::move(recorder->tally).finish(scanner.reachedAllStores()), ended);
+    beside.dates.hold(std::move(scanner).dates(), database);
+    beside.marks.hold(session.marks(), database);
     storage.saveDatabase(database);
     return outcome;
 }

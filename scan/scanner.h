@@ -10,13 +10,14 @@
 
 #include "db/database.h"
 #include "db/storage.h"
+#include "history/history_file.h"
 #include "platform/mail_client.h"
-#include "scan/copy_filter.h"
+#include "scan/history_recorder.h"
 #include "scan/mail_recorder.h"
 #include "scan/scan_options.h"
 #include "scan/scan_outcome.h"
 #include "scan/steps.h"
-#include "scan/store_ledger.h"
+#include "scan/tally.h"
 
 namespace pelk {
 
@@ -42,12 +43,18 @@ class Scanner {
     Scanner(Database& database, const Language& language, ScanProgress& progress,
             StoreLedger ledger, const ScanOptions& options);
 
+    /// Lets the scan also count into a history, which outlives it. What is new to the history need
+    /// not be new to the database. Called before the scan.
+    void countInto(HistoryRecorder& history) { history_ = &history; }
+
     /// Walks all mail folders of the session and leaves out the items of its default folders. An
     /// error of the mail system ends only the step in which it occurs. Requires: called once.
     ScanOutcome scan(MailSession& session);
 
     /// Returns the dates of the stores after the scan.
-    StoreDates dates() && { return std::move(ledger_).finish(reachedAllStores_); }
+    StoreDates dates() && { return std::move(tally_).finish(reachedAllStores_); }
+    /// Returns whether the scan has reached all stores.
+    bool reachedAllStores() const { return reachedAllStores_; }
 
  private:
     std::string placeOf(MailFolder& folder, const std::string& above);
@@ -58,18 +65,27 @@ class Scanner {
     void scanFolder(MailFolder& folder, const std::string& place);
     void scanItem(MailFolder& folder, int index);
     void scanMail();
-    bool isLeftOutByLabel(MailItem& item);
-    bool isCopy(MailItem& item, std::uint64_t print);
+    bool isLeftOutByLabel(MailItem& item, bool isNew);
+    bool recordMail(const std::optional<MailPeople>& people);
+    bool recordInHistory(const std::optional<MailPeople>& people, const LocalTime& created);
+    void noteResult(Tally::Result result);
+    void noteUnread(const std::string& place);
+    template <typename Act>
+    void forEachTally(const Act& act) {
+        act(tally_);
+        if (history_ != nullptr)
+            act(history_->tally);
+    }
     void noteStore(MailFolder& store, StoreLedger::Store kind);
     void noteLeftOut(MailFolder& folder);
 
     Database& database_;
     ScanProgress& progress_;
-    const ScanOptions options_;
-    StoreLedger ledger_;
-    CopyFilter copies_;
+    Tally tally_;
+    HistoryRecorder* history_ = nullptr;
     ScanOutcome outcome_;
     Steps steps_{outcome_};
+    MailPeopleReader people_;
     MailRecorder recorder_;
     MailSession* session_ = nullptr;
     bool reachedAllStores_ = false;
@@ -82,9 +98,10 @@ class Scanner {
 
 /// Scans the mailbox, sets the database's date to the current time, and saves the database together
 /// with the dates of the mail stores. Throws `Error` when saving fails: the counts are then in
-/// memory only, and no later scan by this process counts them again.
+/// memory only, and no later scan by this process counts them again. Counts into the history, too,
+/// unless that is null: everything that is new to it, whatever `options` says.
 ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& platform,
                         MailSession& session, ScanProgress& progress,
-                        const ScanOptions& options = {});
+                        const ScanOptions& options = {}, HistoryFile* history = nullptr);
 
 }  // namespace pelk

@@ -20,6 +20,12 @@ Database& CommandRun::database() {
     return *database_;
 }
 
+const History& CommandRun::history() {
+    if (const std::optional<std::string> notice = history_.notice())
+        tell(*notice);
+    return history_.history();
+}
+
 int CommandRun::findContact(const std::string& contact) {
     const std::optional<int> id = plainContactId(contact);
     if (id && database().contact(*id))

@@ -8,6 +8,7 @@
 
 #include "apps/cli/arguments.h"
 #include "db/storage.h"
+#include "history/history_file.h"
 #include "platform/desktop/desktop_platform.h"
 #include "platform/desktop/folder_lock.h"
 
@@ -33,6 +34,12 @@ class CommandRun {
     /// Without the lock, reading changes nothing on the disk. Throws `Error`.
     Database& database();
 
+    /// Returns the file of the history, which is read at the first use.
+    HistoryFile& historyFile() { return history_; }
+    /// Returns the history for a command that only reads, and tells the user when its file is
+    /// damaged.
+    const History& history();
+
     /// Returns the ids of the contacts, each given as an id or an address. Throws `Error` that
     /// names the first unknown one.
     int findContact(const std::string& contact);
@@ -43,6 +50,7 @@ class CommandRun {
     DesktopPlatform desktop_;
     Platform platform_;
     Storage storage_;
+    HistoryFile history_{storage_, platform_};
     std::optional<FolderLock> lock_;
     std::unique_ptr<Database> database_;
 };

@@ -57,7 +57,7 @@ void scan(CommandRun& run) {
     {
         TerminalProgress progress;
         outcome = scanAndSave(database, run.storage(), run.platform(), *session, progress,
-                              {arguments.copies, arguments.since});
+                              {arguments.copies, arguments.since}, &run.historyFile());
     }
     printOutcome(std::cout, outcome, database, arguments.json);
     if (outcome.mails == 0 && since != kNeverScanned && outcome.newStores.empty())

@@ -11,6 +11,7 @@
 
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_text.h"
+#include "maintenance/database_export.h"
 #include "maintenance/database_import.h"
 
 namespace pelk {
@@ -81,7 +82,8 @@ void loadCommand(CommandRun& run) {
 }
 
 void exportCommand(CommandRun& run) {
-    run.storage().exportDatabase(run.database(), run.arguments().operands[0]);
+    exportDatabaseFile(run.database(), run.arguments().operands[0], run.storage(),
+                       &run.historyFile());
 }
 
 void importCommand(CommandRun& run) {
@@ -89,7 +91,8 @@ void importCommand(CommandRun& run) {
     run.lock();
     Database& database = run.database();
     TerminalGuide guide(run.arguments().answer);
-    const ImportResult result = importDatabaseFile(database, path, run.storage(), guide);
+    const ImportResult result =
+        importDatabaseFile(database, path, run.storage(), guide, &run.historyFile());
     switch (result.outcome) {
         case ImportOutcome::Unreadable:
         case ImportOutcome::Unsound:

@@ -1,0 +1,37 @@
+#pragma once
+// Counts e-mails into a history during a scan.
+
+#include <optional>
+#include <utility>
+
+#include "db/database.h"
+#include "history/history.h"
+#include "scan/mail_people.h"
+#include "scan/tally.h"
+
+namespace pelk {
+
+/// Returns the day of an e-mail: that of its Date field, unless that is before 1990, or more than a
+/// day after its creation. Then senders' clocks are wrong, and the creation has to do.
+Day dayOfMail(const std::optional<LocalTime>& sent, const LocalTime& created);
+
+class HistoryRecorder {
+ public:
+    /// `database` outlives the recorder.
+    HistoryRecorder(const Database& database, StoreLedger ledger)
+        : tally(std::move(ledger), false), database_(database) {}
+
+    /// Counts an e-mail between its sender and each recipient, if contacts own their addresses.
+    void record(MailItem& item, const MailPeople& people, const LocalTime& created);
+
+    /// What this scan counts, and what has been counted already.
+    History counted;
+    Tally tally;
+
+ private:
+    bool isOwned(const std::string& address) const { return database_.ownerOf(address) != 0; }
+
+    const Database& database_;
+};
+
+}  // namespace pelk
