@@ -269,14 +269,12 @@ std::string Storage::freeName(const std::string& path, const std::string& purpos
 }
 
 void Storage::writeEncrypted(std::string text, const std::string& path) {
-    const std::string fresh = fillEncrypted(std::move(text), path, nullptr);
-    moveInPlace(fresh, path);
+    fillEncrypted(std::move(text), path, nullptr).replaceTarget();
 }
 
 void Storage::writeWholeFile(const std::string& content, const std::string& path) {
-    const std::string fresh =
-        fillFile(path, [&content](WritableFile& file) { file.write(content); });
-    moveInPlace(fresh, path);
+    writeWholeFiles(platform_.files,
+                    {{path, [&content](WritableFile& file) { file.write(content); }}});
 }
 
 std::string Storage::encrypted(std::string text) {
@@ -287,49 +285,23 @@ std::string Storage::encrypted(std::string text) {
     return file + "\r\n";
 }
 
-/// Encrypts the text into a temporary file, which consists of one line, and returns its path.
-/// Stores the start of the line, which differs for each text.
-std::string Storage::fillEncrypted(std::string text, const std::string& path, std::string* start) {
+/// Encrypts the text into a new file, which consists of one line. Stores the start of the line,
+/// which differs for each text.
+FreshFile Storage::fillEncrypted(std::string text, const std::string& path, std::string* start) {
     DatabaseCipher cipher(platform_.crypto);
     cipher.setKey(kKey);
-    return fillFile(path, [&](WritableFile& file) {
+    const auto fill = [&](WritableFile& file) {
         cipher.encrypt(std::move(text), [&file, start](std::string_view piece) {
             if (start != nullptr && start->empty())
                 *start = piece;
             file.write(piece);
         });
         file.write("\r\n");
-    });
+    };
+    return {platform_.files, {path, fill}};
 }
 
-/// Fills a temporary file for `path`, brings it to the disk and returns its path. Removes it when
-/// any step fails.
-std::string Storage::fillFile(const std::string& path,
-                              const std::function<void(WritableFile&)>& fill) {
-    TemporaryFile fresh = platform_.files.createTemporary(path);
-    try {
-        fill(*fresh.file);
-        fresh.file->flushToDisk();
-        fresh.file->close();
-    } catch (...) {
-        fresh.file.reset();
-        removeLeftover(fresh.path);
-        throw;
-    }
-    return fresh.path;
-}
-
-/// Moves a temporary file over the old one. Removes it when that fails.
-void Storage::moveInPlace(const std::string& fresh, const std::string& path) {
-    try {
-        platform_.files.replaceFile(fresh, path);
-    } catch (...) {
-        removeLeftover(fresh);
-        throw;
-    }
-}
-
-/// Removes a temporary file after a failed write. Only the error of the write is reported.
+/// Removes a file after a failed write. Only the error of the write is reported.
 void Storage::removeLeftover(const std::string& path) noexcept {
     try {
         platform_.files.removeFile(path);

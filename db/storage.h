@@ -16,6 +16,7 @@
 #include "db/database.h"
 #include "db/database_cipher.h"
 #include "platform/platform.h"
+#include "platform/whole_files.h"
 
 namespace pelk {
 
@@ -104,8 +105,8 @@ class Storage {
     /// Sets the companion, which is told of all saves from now on; null for none.
     void setCompanion(Companion* companion) { companion_ = companion; }
 
-    /// Returns the text of the companion's file; nothing or an empty text when there is none. Throws `DamagedData`,
-    /// or `Error` when the file cannot be read.
+    /// Returns the text of the companion's file; nothing or an empty text when there is none.
+    /// Throws `DamagedData`, or `Error` when the file cannot be read.
     std::optional<std::string> readCompanion();
 
     /// Saves this text of the companion with the next save of the database: whatever fails, and
@@ -151,9 +152,7 @@ class Storage {
     std::string freeName(const std::string& path, const std::string& purpose);
     void writeEncrypted(std::string text, const std::string& path);
     void writeWholeFile(const std::string& content, const std::string& path);
-    std::string fillFile(const std::string& path, const std::function<void(WritableFile&)>& fill);
-    std::string fillEncrypted(std::string text, const std::string& path, std::string* start);
-    void moveInPlace(const std::string& fresh, const std::string& path);
+    FreshFile fillEncrypted(std::string text, const std::string& path, std::string* start);
     void removeLeftover(const std::string& path) noexcept;
     void writeHeld();
     void saveDocument(const Database& database, const std::string& path);

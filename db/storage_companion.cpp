@@ -33,16 +33,10 @@ TemporaryNumber numberOf(std::string_view databaseStart) {
 
 void Storage::saveWithCompanion(const Database& database, const std::string& path) {
     std::string start;
-    const std::string fresh = fillEncrypted(database.xml(), path, &start);
-    std::string waiting;
+    FreshFile fresh = fillEncrypted(database.xml(), path, &start);
+    const std::string waiting = writeWaiting(start);
     try {
-        waiting = writeWaiting(start);
-    } catch (...) {
-        removeLeftover(fresh);
-        throw;
-    }
-    try {
-        moveInPlace(fresh, path);
+        fresh.replaceTarget();
     } catch (...) {
         removeLeftover(waiting);
         throw;
