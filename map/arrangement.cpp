@@ -14,7 +14,7 @@ namespace {
 /// The side of the square that a person has on average.
 constexpr double kSpace = 48;
 constexpr double kSmallestRadius = 4;
-constexpr double kLargestRadius = 18;
+constexpr double kLargestRadius = 15;
 /// The least distance between two circles, and between two parts of the network.
 constexpr double kGap = 6;
 constexpr double kPartGap = 60;
@@ -159,6 +159,13 @@ Arrangement arrangeCommunity(const Graph& graph) {
             whole.positions[part.people[at]] = part.points[at];
     roundToGrid(whole.positions);
     return whole;
+}
+
+double farthestOf(const Points& positions) {
+    double farthest = 0;
+    for (const Point& position : positions)
+        farthest = std::max(farthest, lengthOf(position));
+    return farthest;
 }
 
 Box boundsOf(const Points& positions, const std::vector<double>& radii) {

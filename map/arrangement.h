@@ -30,6 +30,9 @@ Arrangement arrangeCommunity(const Graph& graph);
 /// relations to it are nearer. People of a group stand side by side.
 Arrangement arrangeCircle(const Graph& circle);
 
+/// Returns the largest distance of a person from the middle of a circle.
+double farthestOf(const Points& positions);
+
 /// Returns the smallest rectangle that contains all circles.
 Box boundsOf(const Points& positions, const std::vector<double>& radii);
 

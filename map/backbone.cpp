@@ -56,4 +56,13 @@ Graph backboneOf(const Graph& graph, double significance) {
     return backbone;
 }
 
+Graph backboneOf(const Graph& graph) {
+    for (const double significance : {0.05, 0.1, 0.2, 0.4}) {
+        Graph backbone = backboneOf(graph, significance);
+        if (2 * backbone.links.size() >= 3 * graph.people.size())
+            return backbone;
+    }
+    return graph;
+}
+
 }  // namespace pelk

@@ -139,12 +139,21 @@ void countMails(Graph& graph) {
     }
 }
 
+std::string idTextOf(const Graph& graph, std::uint32_t person) {
+    return std::to_string(graph.people[person].contact.id);
+}
+
+std::string addressOf(const Contact& contact) {
+    return contact.addresses.empty() ? "" : contact.addresses.front();
+}
+
 std::string labelOf(const Contact& contact) {
-    std::string label = displayText(contact.name);
-    if (label.find_first_not_of(' ') == std::string::npos)
-        label = contact.addresses.empty() ? std::to_string(contact.id)
-                                          : displayText(contact.addresses.front());
-    return label;
+    for (const std::string& text : {contact.name, addressOf(contact)}) {
+        const std::string label = displayText(text);
+        if (label.find_first_not_of(' ') != std::string::npos)
+            return label;
+    }
+    return std::to_string(contact.id);
 }
 
 }  // namespace pelk

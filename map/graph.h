@@ -63,6 +63,12 @@ Graph partOf(const Graph& graph, const std::vector<std::uint32_t>& people);
 /// Sets the sums of e-mails from the links.
 void countMails(Graph& graph);
 
+/// Returns the id of the person's contact.
+std::string idTextOf(const Graph& graph, std::uint32_t person);
+
+/// Returns the first address; empty when there is none.
+std::string addressOf(const Contact& contact);
+
 /// Returns the name as one line without changes of the writing direction; an address when there is
 /// no name, and else the id.
 std::string labelOf(const Contact& contact);

@@ -12,25 +12,36 @@ namespace {
 
 /// The distance between a circle and its label.
 constexpr double kDistance = 3;
+/// A circle is large if its radius is at least this share of the largest one. Its label may cover
+/// others of up to this share of its own radius.
+constexpr double kLarge = 0.45;
+constexpr double kCovered = 0.8;
 
 Box boxAt(double left, double top, const LabelledCircle& circle) {
     return {left, top, left + circle.width, top + circle.height};
 }
 
+using Candidates = std::array<Box, 8>;
+
 /// Returns the places for a label, the best one first.
-std::array<Box, 6> candidatesOf(const LabelledCircle& circle) {
+Candidates candidatesOf(const LabelledCircle& circle) {
     const double reach = circle.radius + kDistance;
     const double x = circle.center.x;
     const double y = circle.center.y;
     const double middleLeft = x - circle.width / 2;
     const double middleTop = y - circle.height / 2;
     const double slanted = reach * 0.7;
-    return {boxAt(x + reach, middleTop, circle),
-            boxAt(x - reach - circle.width, middleTop, circle),
-            boxAt(middleLeft, y + reach, circle),
-            boxAt(middleLeft, y - reach - circle.height, circle),
-            boxAt(x + slanted, y - slanted - circle.height, circle),
-            boxAt(x + slanted, y + slanted, circle)};
+    Candidates boxes{boxAt(x + reach, middleTop, circle),
+                     boxAt(x - reach - circle.width, middleTop, circle),
+                     boxAt(middleLeft, y + reach, circle),
+                     boxAt(middleLeft, y - reach - circle.height, circle),
+                     boxAt(x + slanted, y - slanted - circle.height, circle),
+                     boxAt(x + slanted, y + slanted, circle),
+                     boxAt(x - slanted - circle.width, y - slanted - circle.height, circle),
+                     boxAt(x - slanted - circle.width, y + slanted, circle)};
+    if (circle.prefersLeft)
+        std::swap(boxes[0], boxes[1]);
+    return boxes;
 }
 
 Box around(const LabelledCircle& circle) {
@@ -47,57 +58,86 @@ bool isInside(const Box& box, const Box& area) {
 class BoxGrid {
  public:
     void add(const Box& box) {
-        forEachCell(box, [&](const Cell& cell) {
-            cells_[cell].push_back(box);
-            return false;
-        });
+        forEachCell(box, [&](const Cell& cell) { cells_[cell].push_back(box); });
     }
-    bool isFree(const Box& box) const {
-        return !forEachCell(box, [&](const Cell& cell) {
-            const auto found = cells_.find(cell);
-            return found != cells_.end() &&
-                   std::any_of(found->second.begin(), found->second.end(),
-                               [&box](const Box& other) { return overlap(box, other); });
+
+    /// Returns the largest of the rectangles that overlap this one, by width; 0 if there is none.
+    double widestUnder(const Box& box) const {
+        double widest = 0;
+        forEachCell(box, [&](const Cell& cell) {
+            if (const auto found = cells_.find(cell); found != cells_.end())
+                for (const Box& other : found->second)
+                    if (overlap(box, other))
+                        widest = std::max(widest, other.width());
         });
+        return widest;
     }
 
  private:
     static constexpr double kCell = 64;
     using Cell = std::pair<std::int64_t, std::int64_t>;
 
-    /// Passes cells to `visit` until it returns true. Returns whether it did.
     template <typename Visit>
-    static bool forEachCell(const Box& box, const Visit& visit) {
+    static void forEachCell(const Box& box, const Visit& visit) {
         const auto cellOf = [](double at) {
             return static_cast<std::int64_t>(std::floor(at / kCell));
         };
         for (std::int64_t x = cellOf(box.left); x <= cellOf(box.right); ++x)
             for (std::int64_t y = cellOf(box.top); y <= cellOf(box.bottom); ++y)
-                if (visit(Cell{x, y}))
-                    return true;
-        return false;
+                visit(Cell{x, y});
     }
 
     std::map<Cell, std::vector<Box>> cells_;
 };
 
+class LabelPlacement {
+ public:
+    LabelPlacement(const std::vector<LabelledCircle>& circles, const Box& area,
+                   const std::vector<Box>& texts)
+        : area_(area) {
+        for (const Box& text : texts)
+            labels_.add(text);
+        for (const LabelledCircle& circle : circles) {
+            largest_ = std::max(largest_, circle.radius);
+            if (overlap(around(circle), area))
+                circles_.add(around(circle));
+        }
+    }
+
+    /// Returns the place that covers no circle, or for a large circle the smallest ones.
+    std::optional<Box> place(const LabelledCircle& circle) {
+        const bool mayCover = circle.radius >= kLarge * largest_;
+        double least = mayCover ? kCovered * 2 * circle.radius : 0;
+        std::optional<Box> best;
+        for (const Box& box : candidatesOf(circle)) {
+            if (!isInside(box, area_) || labels_.widestUnder(box) > 0)
+                continue;
+            const double covered = circles_.widestUnder(box);
+            if (covered < least || (!best && covered == 0)) {
+                best = box;
+                least = covered;
+            }
+        }
+        if (best)
+            labels_.add(*best);
+        return best;
+    }
+
+ private:
+    const Box& area_;
+    BoxGrid circles_;
+    BoxGrid labels_;
+    double largest_ = 0;
+};
+
 }  // namespace
 
 std::vector<std::optional<Box>> placeLabels(const std::vector<LabelledCircle>& circles,
-                                            const Box& area) {
-    BoxGrid taken;
-    for (const LabelledCircle& circle : circles)
-        if (overlap(around(circle), area))
-            taken.add(around(circle));
+                                            const Box& area, const std::vector<Box>& texts) {
+    LabelPlacement placement(circles, area, texts);
     std::vector<std::optional<Box>> places;
-    for (const LabelledCircle& circle : circles) {
-        std::optional<Box>& place = places.emplace_back();
-        for (const Box& box : candidatesOf(circle))
-            if (!place && isInside(box, area) && taken.isFree(box))
-                place = box;
-        if (place)
-            taken.add(*place);
-    }
+    for (const LabelledCircle& circle : circles)
+        places.push_back(placement.place(circle));
     return places;
 }
 

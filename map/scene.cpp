@@ -13,18 +13,20 @@ namespace {
 constexpr double kMargin = 12;
 /// The room that the labels of people at the left and right rim have, in sizes of the font.
 constexpr double kLabelRoom = 5;
+constexpr double kLabelRoomOfCircle = 10;
 /// No label is wider than so many sizes of the font.
-constexpr double kWidestLabel = 16;
+constexpr double kWidestLabel = 20;
 /// The height of a text and of the part above its baseline, in sizes of the font.
 constexpr double kTextHeight = 1.25;
 constexpr double kAscent = 0.95;
 constexpr double kTitleSize = 1.4;
-constexpr double kLegendWidth = 17;
+constexpr double kLegendWidth = 19;
 constexpr double kLegendLine = 1.7;
 /// The legend lists at most so many groups: those with a colour of their own.
 constexpr std::size_t kListedGroups = 9;
 constexpr std::size_t kSmallestListedGroup = 3;
-constexpr double kLargestScale = 2;
+/// The scale of a picture of few people, in sizes of the font.
+constexpr double kLargestScale = 0.16;
 constexpr double kSmallestCircle = 1.5;
 constexpr double kThinnestLine = 0.7;
 constexpr int kRings = 3;
@@ -33,9 +35,11 @@ double titleHeight(const SceneStyle& style) {
     return style.title.empty() ? 0 : style.fontSize * kTitleSize * 2;
 }
 
-/// Returns the part of a picture where people and labels may be.
-Box areaOf(double width, double height, const SceneStyle& style) {
-    const double legend = style.hasLegend ? kLegendWidth * style.fontSize : 0;
+/// Returns the part of a picture where people and labels may be. A circle leaves room for the
+/// legend in its corner.
+Box areaOf(const Arrangement& arrangement, double width, double height, const SceneStyle& style) {
+    const bool hasColumn = style.hasLegend && !arrangement.isCircle;
+    const double legend = hasColumn ? kLegendWidth * style.fontSize : 0;
     return {kMargin, kMargin + titleHeight(style), width - kMargin - legend, height - kMargin};
 }
 
@@ -53,10 +57,10 @@ class SceneMaker {
         addRings();
         addLines();
         addCircles();
-        addLabels();
         addTitle();
         if (style_.hasLegend)
             addLegend();
+        addLabels();
         return std::move(scene_);
     }
 
@@ -72,9 +76,7 @@ class SceneMaker {
     void addRings() {
         if (!arrangement_.isCircle)
             return;
-        double farthest = 0;
-        for (const Point& position : arrangement_.positions)
-            farthest = std::max(farthest, lengthOf(position));
+        const double farthest = farthestOf(arrangement_.positions);
         for (int ring = 1; ring <= kRings; ++ring)
             scene_.rings.push_back(
                 {placeOf({}), farthest * view_.scale * ring / kRings, {}, kNobody});
@@ -118,19 +120,31 @@ class SceneMaker {
     void addLabels() {
         std::vector<LabelledCircle> labelled;
         std::vector<std::string> texts;
+        std::vector<Box> others;
+        for (const SceneText& text : scene_.texts)
+            others.push_back(text.box);
         for (const SceneCircle& circle : scene_.circles) {
-            const Contact& contact = arrangement_.graph.people[circle.person].contact;
-            texts.push_back(shortenedTo(kWidestLabel, labelOf(contact), style_.textWidth));
+            texts.push_back(labelText(circle));
             labelled.push_back({circle.center, circle.radius,
                                 style_.textWidth(texts.back()) * style_.fontSize,
-                                kTextHeight * style_.fontSize});
+                                kTextHeight * style_.fontSize,
+                                arrangement_.isCircle && circle.center.x < placeOf({}).x});
         }
         const std::vector<std::optional<Box>> places =
-            placeLabels(labelled, areaOf(view_.width, view_.height, style_));
+            placeLabels(labelled, areaOf(arrangement_, view_.width, view_.height, style_), others);
         for (std::size_t at = 0; at < places.size(); ++at)
-            if (places[at])
+            if (places[at] && !texts[at].empty())
                 addText(texts[at], {places[at]->left, places[at]->top}, style_.fontSize,
                         arrangement_.isCircle && scene_.circles[at].person == 0);
+    }
+
+    /// Returns the label of a person; an empty one in the legend.
+    std::string labelText(const SceneCircle& circle) const {
+        return circle.person == kNobody
+                   ? ""
+                   : shortenedTo(kWidestLabel,
+                                 labelOf(arrangement_.graph.people[circle.person].contact),
+                                 style_.textWidth);
     }
 
     void addText(const std::string& text, Point corner, double size, bool bold) {
@@ -153,18 +167,20 @@ class SceneMaker {
                      kMargin + titleHeight(style_)};
         for (std::uint32_t group = 0; group < std::min(sizes.size(), kListedGroups); ++group)
             if (sizes[group] >= kSmallestListedGroup) {
-                addLegendLine(corner, group,
-                              names[group] + " (" + std::to_string(sizes[group]) + ")");
+                addLegendLine(corner, group, names[group], sizes[group]);
                 corner.y += kLegendLine * style_.fontSize;
             }
     }
 
-    void addLegendLine(Point corner, std::uint32_t group, const std::string& text) {
+    void addLegendLine(Point corner, std::uint32_t group, const std::string& name,
+                       std::size_t people) {
         const double radius = style_.fontSize / 2;
         const double center = corner.y + kTextHeight * style_.fontSize / 2;
         scene_.circles.push_back(
             {{corner.x + 2 * radius, center}, radius, colorOf(group), kNobody});
-        addText(shortenedTo(kLegendWidth - 2, text, style_.textWidth),
+        const std::string count = " (" + std::to_string(people) + ")";
+        const double room = kLegendWidth - 2 - style_.textWidth(count);
+        addText(shortenedTo(room, name, style_.textWidth) + count,
                 {corner.x + 4 * radius, corner.y}, style_.fontSize, false);
     }
 
@@ -178,11 +194,14 @@ class SceneMaker {
 
 SceneView viewOfAll(const Arrangement& arrangement, double width, double height,
                     const SceneStyle& style) {
-    Box area = areaOf(width, height, style);
-    area.left += kLabelRoom * style.fontSize;
-    area.right -= kLabelRoom * style.fontSize;
-    const Box bounds = boundsOf(arrangement.positions, arrangement.radii);
-    SceneView view{width, height, kLargestScale, {}};
+    Box area = areaOf(arrangement, width, height, style);
+    const double room = arrangement.isCircle ? kLabelRoomOfCircle : kLabelRoom;
+    area.left += room * style.fontSize;
+    area.right -= room * style.fontSize;
+    const double rim = farthestOf(arrangement.positions);
+    const Box bounds = arrangement.isCircle ? Box{-rim, -rim, rim, rim}
+                                            : boundsOf(arrangement.positions, arrangement.radii);
+    SceneView view{width, height, kLargestScale * style.fontSize, {}};
     if (bounds.width() > 0)
         view.scale =
             std::min({view.scale, area.width() / bounds.width(), area.height() / bounds.height()});

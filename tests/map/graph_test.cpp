@@ -52,7 +52,7 @@ TEST(Backbone, keepsWhatIsMoreThanChanceAndTheStrongestLinkOfEach) {
     std::vector<GraphLink> links{{0, 1, 50}, {11, 12, 1}, {11, 13, 1}, {12, 13, 1}, {1, 2, 1}};
     for (std::uint32_t other = 2; other <= 10; ++other)
         links.push_back({0, other, 2});
-    const Graph backbone = backboneOf(networkOf(14, links));
+    const Graph backbone = backboneOf(networkOf(14, links), 0.05);
     EXPECT_EQ(backbone.people.size(), 14U);
     std::string kept;
     for (const GraphLink& link : backbone.links)
