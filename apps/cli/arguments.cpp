@@ -51,6 +51,13 @@ Usage:
                            print the best chains between the contacts of two
                            mail domains or addresses; Ctrl-C stops the search
                            and prints those found so far
+  pelk picture [CONTACT] -o FILE
+                           draw who is connected to whom in groups, or the
+                           people around a contact: .svg, .png or .pdf
+  pelk graph -o FILE       write people and relations for other programs, in
+                           the format of the ending: .graphml, .gexf, .csv
+                           (two files, FILE-nodes.csv and FILE-edges.csv),
+                           .dot, .gv, .json, or contacts alone as .vcf
   pelk dump                print the database as a plain XML document
   pelk load FILE           replace the database with a plain XML document (-
                            reads standard input) and keep the old one beside it
@@ -81,6 +88,12 @@ Options:
                    up to the next option are contacts
   --best           print only the best links between two domains
   --ok, --cancel   give this answer to all questions of an import
+  -o FILE          with picture and graph: the file to write
+  --from CLASS     with picture and graph: only relations that are strong, or
+                   from medium, or from weak on, which is all
+  --people N       with picture and graph: only the N people with most e-mails,
+                   or around a contact those with most e-mails with it
+  --size WxH       with picture: its width and height, 1200x900 unless given
   --outbox NAME    treat a top-level folder called NAME as the outbox, which is
                    not scanned
   --deleted NAME   treat a top-level folder called NAME as the deleted items,
@@ -141,6 +154,14 @@ class WordReader {
             arguments_.since = date(word);
         else if (word == "--name")
             arguments_.name = value(word);
+        else if (word == "-o")
+            arguments_.output = value(word);
+        else if (word == "--from")
+            arguments_.from = value(word);
+        else if (word == "--people")
+            arguments_.people = value(word);
+        else if (word == "--size")
+            arguments_.size = value(word);
         else if (word == "--help")
             arguments_.help = true;
         else if (word == "--version")

@@ -42,6 +42,12 @@ struct Arguments {
     /// Whether `scan` counts all copies, and the stamp it counts from; empty means the last scan.
     bool copies = false;
     std::string since;
+    /// The words after -o, --from, --people and --size, which `graph` and `picture` read; empty
+    /// when they are not given.
+    std::string output;
+    std::string from;
+    std::string people;
+    std::string size;
     bool json = false;
     bool help = false;
     bool version = false;

@@ -13,6 +13,7 @@
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
 #include "apps/cli/mail_options.h"
+#include "apps/cli/map_commands.h"
 #include "apps/cli/password_command.h"
 #include "apps/cli/stores_command.h"
 #include "apps/cli/terminal_progress.h"
@@ -125,6 +126,8 @@ constexpr std::array kCommands{
     Command{"thresholds", 0, 2, "both thresholds or none", thresholdsCommand},
     Command{"links", 2, 2, "two contacts", links},
     Command{"domain-links", 2, 2, "two domains", domainLinks},
+    Command{"picture", 0, 1, "at most one contact", pictureCommand},
+    Command{"graph", 0, 0, "no operands", graphCommand},
     Command{"dump", 0, 0, "no operands", dumpCommand},
     Command{"load", 1, 1, "one file", loadCommand},
     Command{"export", 1, 1, "one file", exportCommand},
