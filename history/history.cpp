@@ -136,6 +136,12 @@ void History::swap(HistoryChange& change) noexcept {
     ++revision_;
 }
 
+/// Both revisions become new ones.
+void History::swap(History& other) noexcept {
+    std::swap(*this, other);
+    revision_ = other.revision_ = std::max(revision_, other.revision_) + 1;
+}
+
 std::size_t History::numberOf(const std::string& address) {
     const auto next = static_cast<Number>(addresses_.size());
     const auto [found, isNew] = numbers_.try_emplace(address, next);

@@ -78,6 +78,9 @@ class History {
     /// call reverts the first. Changes are to be reverted in the order of a stack.
     void swap(HistoryChange& change) noexcept;
 
+    /// Exchanges the content of two histories.
+    void swap(History& other) noexcept;
+
     /// The addresses are numbered from 0; the numbers never change. These functions serve to write
     /// and to read a history. Some addresses may have neither record nor exchange.
     std::size_t addressCount() const { return addresses_.size(); }

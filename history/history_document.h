@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "db/date_stamp.h"
@@ -22,6 +23,13 @@ struct HistoryContent {
     std::string date{kNeverScanned};
     /// The addresses that the user has named as their own.
     std::vector<std::string> ownAddresses;
+
+    void swap(HistoryContent& other) noexcept {
+        history.swap(other.history);
+        std::swap(stores, other.stores);
+        date.swap(other.date);
+        ownAddresses.swap(other.ownAddresses);
+    }
 
     bool empty() const {
         return history.empty() && ownAddresses.empty() && stores.all().empty() &&

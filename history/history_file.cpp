@@ -132,7 +132,7 @@ void HistoryFile::swapContent(Database& database, HistoryContent&& other) {
     content();
     const auto kept = std::make_shared<HistoryContent>(std::move(other));
     database.changeOutside([this, kept] {
-        std::swap(*content_, *kept);
+        content_->swap(*kept);
         isChanged_ = true;
     });
 }

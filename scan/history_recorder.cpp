@@ -1,9 +1,9 @@
 #include "scan/history_recorder.h"
 
-#include <set>
-#include <string_view>
+#include <algorithm>
 
 #include "db/date_stamp.h"
+#include "history/correspondent_kind.h"
 
 namespace pelk {
 namespace {
@@ -11,12 +11,14 @@ namespace {
 constexpr int kFirstYear = 1990;
 constexpr int kSecondsOfDay = 24 * 60 * 60;
 
-/// A mail client may refuse the date; the e-mail has another one.
-std::optional<LocalTime> sentTimeOf(MailItem& item) {
+/// Returns the result of `ask`, or an empty one when the mail client refuses: the e-mail counts
+/// without it.
+template <typename Ask>
+auto ifGiven(const Ask& ask) -> decltype(ask()) {
     try {
-        return item.sentTime();
+        return ask();
     } catch (const Error&) {
-        return std::nullopt;
+        return {};
     }
 }
 
@@ -28,16 +30,27 @@ Day dayOfMail(const std::optional<LocalTime>& sent, const LocalTime& created) {
     return dayOf(isPlausible ? *sent : created);
 }
 
-/// An e-mail counts once for each address, however often it names it.
 void HistoryRecorder::record(MailItem& item, const MailPeople& people, const LocalTime& created) {
-    const std::string& sender = people.sender.address;
-    if (!isOwned(sender))
+    const std::string sender = isOwned(people.sender.address) ? people.sender.address : "";
+    const std::vector<std::string> recipients = recipientsOf(people);
+    noteAutomation(counted, ifGiven([&item] { return item.automation(); }), sender, recipients);
+    if (sender.empty() || recipients.empty())
         return;
-    const Day day = dayOfMail(sentTimeOf(item), created);
-    std::set<std::string_view> seen;
+    const Day day = dayOfMail(ifGiven([&item] { return item.sentTime(); }), created);
+    for (const std::string& recipient : recipients)
+        counted.countMail(sender, recipient, day);
+}
+
+/// Returns the addresses that contacts own. An e-mail counts once for each address, however often
+/// it names it.
+std::vector<std::string> HistoryRecorder::recipientsOf(const MailPeople& people) const {
+    std::vector<std::string> owned;
     for (const MailPerson& recipient : people.recipients)
-        if (seen.insert(recipient.address).second && isOwned(recipient.address))
-            counted.countMail(sender, recipient.address, day);
+        if (isOwned(recipient.address))
+            owned.push_back(recipient.address);
+    std::sort(owned.begin(), owned.end());
+    owned.erase(std::unique(owned.begin(), owned.end()), owned.end());
+    return owned;
 }
 
 }  // namespace pelk

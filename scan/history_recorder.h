@@ -2,7 +2,9 @@
 // Counts e-mails into a history during a scan.
 
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "db/database.h"
 #include "history/history.h"
@@ -21,7 +23,8 @@ class HistoryRecorder {
     HistoryRecorder(const Database& database, StoreLedger ledger)
         : tally(std::move(ledger), false), database_(database) {}
 
-    /// Counts an e-mail between its sender and each recipient, if contacts own their addresses.
+    /// Counts an e-mail between its sender and each recipient, and notes what its header says of
+    /// them, if contacts own their addresses.
     void record(MailItem& item, const MailPeople& people, const LocalTime& created);
 
     /// What this scan counts, and what has been counted already.
@@ -29,6 +32,7 @@ class HistoryRecorder {
     Tally tally;
 
  private:
+    std::vector<std::string> recipientsOf(const MailPeople& people) const;
     bool isOwned(const std::string& address) const { return database_.ownerOf(address) != 0; }
 
     const Database& database_;
