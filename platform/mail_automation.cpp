@@ -1,6 +1,7 @@
 #include "platform/mail_automation.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace pelk {
@@ -58,7 +59,41 @@ void addPosts(std::vector<NamedList>& lists, std::string_view field, std::string
     addList(lists, field, value.substr(0, value.find_first_of(">?, \t")));
 }
 
+/// Takes the first field with its continuation lines from a header, without the last line end.
+std::string_view takeField(std::string_view& header) {
+    std::size_t end = 0;
+    do {
+        end = std::min(header.find('\n', end), header.size() - 1) + 1;
+    } while (end < header.size() && (header[end] == ' ' || header[end] == '\t'));
+    const std::string_view field = header.substr(0, header.find_last_not_of(kBlanks, end - 1) + 1);
+    header.remove_prefix(end);
+    return field;
+}
+
+std::string unfolded(std::string_view value) {
+    std::string text(value);
+    std::erase_if(text, [](char c) { return c == '\r' || c == '\n'; });
+    return text;
+}
+
 }  // namespace
+
+MailAutomation automationInHeader(std::string_view header) {
+    std::map<std::string, std::vector<std::string>, std::less<>> values;
+    while (!header.empty()) {
+        const std::string_view field = takeField(header);
+        const std::string_view name = field.substr(0, std::min(field.find(':'), kMostText));
+        const auto* const known =
+            std::find_if(kAutomationFields.begin(), kAutomationFields.end(),
+                         [&](std::string_view one) { return lowerCase(one) == lowerCase(name); });
+        if (known != kAutomationFields.end() && name.size() < field.size())
+            values[std::string(*known)].push_back(unfolded(field.substr(name.size() + 1)));
+    }
+    return readAutomation([&values](std::string_view name) {
+        const auto found = values.find(name);
+        return found == values.end() ? std::vector<std::string>() : found->second;
+    });
+}
 
 MailAutomation readAutomation(
     const std::function<std::vector<std::string>(std::string_view name)>& valuesOf) {

@@ -42,4 +42,7 @@ inline constexpr std::array<std::string_view, 7> kAutomationFields = {
 MailAutomation readAutomation(
     const std::function<std::vector<std::string>(std::string_view name)>& valuesOf);
 
+/// Reads them from the text of a header.
+MailAutomation automationInHeader(std::string_view header);
+
 }  // namespace pelk

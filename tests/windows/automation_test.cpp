@@ -102,6 +102,22 @@ TEST_F(AutomationTest, losesOnlyTheNameOrTheSenderThatIsRefused) {
     EXPECT_EQ(database->totalMails(), "2");
 }
 
+TEST_F(AutomationTest, knowsListsRobotsAndTheUser) {
+    MemoryItem listed = mail("a@x", {"b@x"});
+    listed.automation = {{{"List-Post", "l@x"}}, {}, false, "bulk", {}};
+    host.mail.stores = {
+        {"Post", {listed, mail("a@x", {"b@x"})}, {{"Sent Items", {}, {}}, {"Outbox", {}, {}}}}};
+    host.mail.accounts = {"me@x", "me@y"};
+    const std::unique_ptr<MailSession> session = client.session();
+    EXPECT_EQ(session->ownAddresses(), (std::vector<std::string>{"me@x", "me@y"}));
+    const std::unique_ptr<MailFolder> store = session->folders()->next();
+    EXPECT_EQ(store->mailItem(1)->automation(), listed.automation);
+    EXPECT_EQ(store->mailItem(2)->automation(), MailAutomation()) << "it has no header";
+    const std::unique_ptr<MailFolders> folders = store->folders();
+    EXPECT_TRUE(folders->next()->isSentMail());
+    EXPECT_FALSE(folders->next()->isSentMail());
+}
+
 TEST_F(AutomationTest, tellsStoresApartWhereTheMailClientDoes) {
     host.mail.stores = mailbox();
     host.mail.stores[0].place = "00A7";

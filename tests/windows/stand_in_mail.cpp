@@ -102,10 +102,31 @@ void addPeople(const Served& item, StandInMail& mail, const People& all) {
     item->member(L"Recipients", [&mail, open, people] { return servePeople(mail, people); });
 }
 
+/// Returns the header that says this, with one folded field.
+std::string headerOf(const MailAutomation& automation) {
+    std::string header = "Received: from x\r\n\tby y\r\n";
+    for (const NamedList& list : automation.lists)
+        header += list.field + ":\r\n <mailto:" + list.address + ">\r\n";
+    return header + "PRECEDENCE: " + automation.precedence + "\r\n";
+}
+
+Served serveHeader(const MailAutomation& automation) {
+    const Served accessor = makeObject();
+    accessor->member(L"GetProperty", [automation](const Arguments& arguments) {
+        if (automation == MailAutomation() || arguments.size() != 1 ||
+            Bstr(arguments[0].bstrVal).utf8() !=
+                "http://schemas.microsoft.com/mapi/proptag/0x007D001F")
+            raiseUnknown("The property is unknown.");
+        return headerOf(automation);
+    });
+    return accessor;
+}
+
 Served serveItem(StandInMail& mail, const MemoryItem& item) {
     const Served served = makeObject();
     served->member(L"CreationTime", [item] { return dateOf(item.created); });
     served->member(L"SentOn", [item] { return dateOf(item.sent.value_or(LocalTime{4501})); });
+    served->member(L"PropertyAccessor", [item] { return serveHeader(item.automation); });
     addPeople(served, mail, item.recipients);
     if (item.isMail) {
         served->setKind(kMailInterface);
@@ -120,6 +141,7 @@ Served serveItem(StandInMail& mail, const MemoryItem& item) {
 
 Served serveFolders(StandInMail& mail, const std::vector<MemoryFolder>& folders,
                     const std::string& path);
+Served serveNameSpace(StandInMail& mail);
 
 Served serveFolder(StandInMail& mail, const MemoryFolder& folder, const std::string& path) {
     const Served served = makeObject();
@@ -130,6 +152,7 @@ Served serveFolder(StandInMail& mail, const MemoryFolder& folder, const std::str
         return folder.place;
     });
     served->member(L"EntryID", [path] { return path; });
+    served->member(L"Session", [&mail] { return serveNameSpace(mail); });
     served->member(L"DefaultItemType", [&folder] { return folder.holdsMail ? 0 : 1; });
     served->member(L"Items", [&mail, &folder] {
         if (folder.refuses)
@@ -163,22 +186,34 @@ Served serveFolders(StandInMail& mail, const std::vector<MemoryFolder>& folders,
 
 Served serveDefaultFolder(StandInMail& mail, const Arguments& arguments) {
     const MemoryFolder& store = mail.stores.front();
-    for (const auto& [number, name] : {std::pair(4, "Outbox"), std::pair(3, "Deleted Items")})
+    for (const auto& [number, name] :
+         {std::pair(4, "Outbox"), std::pair(3, "Deleted Items"), std::pair(5, "Sent Items")})
         for (const MemoryFolder& folder : store.folders)
             if (arguments.size() == 1 && arguments[0].lVal == number && folder.name == name)
                 return serveFolder(mail, folder, "/" + store.name + "/" + name);
     raiseUnknown("There is no such folder.");
 }
 
-}  // namespace
-
-ComPtr<IDispatch> serveMail(StandInMail& mail) {
+Served serveNameSpace(StandInMail& mail) {
     const Served nameSpace = makeObject();
     nameSpace->member(L"Folders", [&mail] { return serveFolders(mail, mail.stores, ""); });
     nameSpace->member(L"GetDefaultFolder", [&mail](const Arguments& arguments) {
         return serveDefaultFolder(mail, arguments);
     });
-    return nameSpace.query<IDispatch>(IID_IDispatch);
+    nameSpace->member(L"Accounts", [&mail] {
+        return makeList(&mail.accounts, [](const std::string& address) {
+            const Served account = makeObject();
+            account->member(L"SmtpAddress", [address] { return address; });
+            return account;
+        });
+    });
+    return nameSpace;
+}
+
+}  // namespace
+
+ComPtr<IDispatch> serveMail(StandInMail& mail) {
+    return serveNameSpace(mail).query<IDispatch>(IID_IDispatch);
 }
 
 }  // namespace pelk

@@ -12,13 +12,15 @@ namespace pelk {
 inline constexpr LocalTime kNoDate{4501, 1, 1, 0, 0, 0};
 
 struct StandInMail {
-    /// The top-level folders. The folders "Outbox" and "Deleted Items" inside the first are the
-    /// default folders of that kind. A folder can refuse to list its items or subfolders; reading a
-    /// person without an address or a name raises an exception. The place of a top-level folder is
-    /// the id of its store.
+    /// The top-level folders. The folders "Outbox", "Deleted Items" and "Sent Items" inside the
+    /// first are the default folders of that kind. A folder can refuse to list its items or
+    /// subfolders; reading a person without an address or a name raises an exception. The place of
+    /// a top-level folder is the id of its store.
     std::vector<MemoryFolder> stores;
     /// The internet addresses of directory entries.
     std::map<std::string, std::string> directory;
+    /// The addresses of the user's accounts.
+    std::vector<std::string> accounts;
     /// Which of the two ways to look them up works.
     bool directoryKnowsProperty = true;
     /// The user or a policy refuses access to people.

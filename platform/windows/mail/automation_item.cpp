@@ -9,6 +9,8 @@ namespace {
 constexpr IID kMailItemInterface{
     0x00063034, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
+/// The header as it came from the internet. E-mails within an organisation have none.
+constexpr const char* kHeaderProperty = "http://schemas.microsoft.com/mapi/proptag/0x007D001F";
 constexpr const char* kSmtpAddressProperty = "http://schemas.microsoft.com/mapi/proptag/0x39FE001E";
 
 /// The year that means "no date".
@@ -28,12 +30,17 @@ std::string textIfAny(const LookUp& lookUp) {
     }
 }
 
+/// Returns a property of a recipient or an e-mail that has no name in the object model; throws
+/// `Error` when there is none.
+std::string property(const Dispatch& object, const char* schema) {
+    return object.object("PropertyAccessor", "a property accessor")
+        .text("GetProperty", {variantOf(schema)});
+}
+
 /// Returns the internet address of a recipient in the server's directory; empty when it is unknown.
 std::string smtpAddress(const Dispatch& recipient) {
-    const std::string stored = textIfAny([&recipient] {
-        return recipient.object("PropertyAccessor", "a property accessor")
-            .text("GetProperty", {variantOf(kSmtpAddressProperty)});
-    });
+    const std::string stored =
+        textIfAny([&recipient] { return property(recipient, kSmtpAddressProperty); });
     if (!stored.empty())
         return stored;
     return textIfAny([&recipient] {
@@ -73,6 +80,10 @@ class AutomationItem : public MailItem {
 
     MailPerson recipient(int index) override {
         return person(item_.object("Recipients", "the recipients"), index);
+    }
+
+    MailAutomation automation() override {
+        return automationInHeader(textIfAny([this] { return property(item_, kHeaderProperty); }));
     }
 
  private:

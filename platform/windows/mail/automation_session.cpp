@@ -14,6 +14,9 @@ constexpr const char* kFolder = "a folder";
 /// `DefaultItemType` of a folder for mail (`olMailItem`).
 constexpr int kMailItemType = 0;
 
+/// The default folder for sent e-mails (`olFolderSentMail`).
+constexpr int kSentMail = 5;
+
 /// Returns the mail client's number of a default folder (`OlDefaultFolders`).
 int numberOf(DefaultFolder kind) {
     switch (kind) {
@@ -50,6 +53,11 @@ class AutomationFolder : public MailFolder {
         return *place_;
     }
     bool holdsMail() override { return folder_.number("DefaultItemType") == kMailItemType; }
+    bool isSentMail() override {
+        return entryId() == folder_.object("Session", "the session")
+                                .object("GetDefaultFolder", kFolder, {variantOf(kSentMail)})
+                                .text("EntryID");
+    }
     std::unique_ptr<MailFolders> folders() override {
         const std::string own = place();
         return openFolders(folder_, addresses_,
@@ -122,6 +130,15 @@ class AutomationSession : public MailSession {
         const Dispatch wanted =
             nameSpace_.object("GetDefaultFolder", kFolder, {variantOf(numberOf(kind))});
         return dynamic_cast<AutomationFolder&>(folder).entryId() == wanted.text("EntryID");
+    }
+
+    std::vector<std::string> ownAddresses() override {
+        const Dispatch accounts = nameSpace_.object("Accounts", "the accounts");
+        std::vector<std::string> addresses;
+        for (int index = 1; index <= accounts.number("Count"); ++index)
+            addresses.push_back(
+                accounts.object("Item", "an account", {variantOf(index)}).text("SmtpAddress"));
+        return addresses;
     }
 
  private:
