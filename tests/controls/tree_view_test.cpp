@@ -296,6 +296,22 @@ TEST_F(Tree, SelectsSeveralWithControlAndShift) {
     expect({}, nullptr);
 }
 
+TEST_F(Tree, SelectsSeveralWithShiftAndTheArrows) {
+    tree_.allowMultipleSelection();
+    driver_.clickRow(tree_, {0});
+    const auto after = [this](const std::string& keys) {
+        driver_.press(*window_, keys);
+        return driver_.selectedTexts(tree_);
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(after("Shift+Down"), (Texts{"Ann", "bob"}));
+    EXPECT_EQ(after("Shift+Down"), (Texts{"Ann", "bob", "Carl"}));
+    EXPECT_EQ(after("Shift+Up"), (Texts{"Ann", "bob"}));
+    EXPECT_EQ(tree_.selected(), &bob_);
+    EXPECT_EQ(after("Down"), Texts{"Carl"});
+    EXPECT_EQ(after("Shift+Up"), (Texts{"bob", "Carl"}));
+}
+
 TEST_F(Tree, TellsOfTheNodeThatTheUserActivates) {
     Button& button = window_->addButton({0, 0, 100, 100}, "");
     driver_.doubleClickRow(tree_, {1});

@@ -50,9 +50,11 @@ void TreeSelection::extendFrom(TreeNode* start) {
     anchor_ = start;
 }
 
+/// One of them may have become the caret item, which stays selected.
 void TreeSelection::dropOthers() {
     for (const TreeNode* const node : others_)
-        mark(*node, false);
+        if (node != items_.selected())
+            mark(*node, false);
     others_.clear();
 }
 

@@ -177,7 +177,9 @@ void pressKeys(HWND window, const std::string& keys) {
         PostMessageW(window, WM_CHAR, '/', 1);
         return handleMessages();
     }
-    const auto key = name == "Esc" ? VK_ESCAPE
+    const auto key = name == "Esc"    ? VK_ESCAPE
+                     : name == "Up"   ? VK_UP
+                     : name == "Down" ? VK_DOWN
                      : name.size() == 1
                          ? static_cast<WPARAM>(name[0])
                          : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1)));
