@@ -6,6 +6,7 @@
 
 #include "platform/readable_color.h"
 #include "platform/windows/controls/colors.h"
+#include "platform/windows/controls/screen_dc.h"
 
 namespace pelk {
 
@@ -47,28 +48,46 @@ int averageWidth(HDC dc) {
     return static_cast<int>(metrics.tmAveCharWidth);
 }
 
+HFONT fontOf(HWND tree) {
+    return reinterpret_cast<HFONT>(SendMessageW(tree, WM_GETFONT, 0, 0));
+}
+
+/// Returns the space for the detail of an item; none if it has no detail, is not in view, or if the
+/// space is so small that an ellipsis alone would tell nothing. Requires: the tree's font.
+std::optional<RECT> spaceFor(HWND tree, HTREEITEM item, const std::wstring& detail, HDC dc) {
+    const std::optional<RECT> text =
+        item == nullptr || detail.empty() ? std::nullopt : placeOf(tree, item, true);
+    if (!text)
+        return std::nullopt;
+    const int gap = 2 * averageWidth(dc);
+    const RECT column = columnOf(tree);
+    const RECT space = {std::max(text->right + gap, column.left), text->top, column.right - gap / 2,
+                        text->bottom};
+    return space.right - space.left > 3 * gap ? std::optional(space) : std::nullopt;
+}
+
 }  // namespace
 
 void paintDetail(const NMTVCUSTOMDRAW& drawing, const std::wstring& detail) {
     const HWND tree = drawing.nmcd.hdr.hwndFrom;
     const HDC dc = drawing.nmcd.hdc;
-    const auto item = reinterpret_cast<HTREEITEM>(drawing.nmcd.dwItemSpec);
-    const std::optional<RECT> text = placeOf(tree, item, true);
-    if (!text || detail.empty())
-        return;
     const int before = SaveDC(dc);
-    SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(tree, WM_GETFONT, 0, 0)));
+    SelectObject(dc, fontOf(tree));
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, detailColor());
-    const int gap = 2 * averageWidth(dc);
-    const RECT column = columnOf(tree);
-    RECT space = {std::max(text->right + gap, column.left), text->top, column.right - gap / 2,
-                  text->bottom};
-    // An ellipsis alone tells nothing.
-    if (space.right - space.left > 3 * gap)
-        DrawTextW(dc, detail.c_str(), static_cast<int>(detail.size()), &space,
+    const auto item = reinterpret_cast<HTREEITEM>(drawing.nmcd.dwItemSpec);
+    if (std::optional<RECT> space = spaceFor(tree, item, detail, dc))
+        DrawTextW(dc, detail.c_str(), static_cast<int>(detail.size()), &*space,
                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     RestoreDC(dc, before);
+}
+
+std::optional<RECT> placeOfCutDetail(HWND tree, HTREEITEM item, const std::wstring& detail) {
+    const ScreenDc dc(fontOf(tree));
+    const std::optional<RECT> space = spaceFor(tree, item, detail, dc.get());
+    SIZE whole = {};
+    GetTextExtentPoint32W(dc.get(), detail.c_str(), static_cast<int>(detail.size()), &whole);
+    return space && whole.cx > space->right - space->left ? space : std::nullopt;
 }
 
 void repaintRow(HWND tree, HTREEITEM item) {

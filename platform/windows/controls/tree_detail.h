@@ -5,6 +5,7 @@
 // Requires the include above.
 #include <commctrl.h>
 
+#include <optional>
 #include <string>
 
 namespace pelk {
@@ -13,6 +14,9 @@ namespace pelk {
 /// in the middle of the tree, so that they can be read as a column, or behind a text that is
 /// longer. What does not fit is cut, with an ellipsis.
 void paintDetail(const NMTVCUSTOMDRAW& drawing, const std::wstring& detail);
+
+/// Returns where the detail of an item is painted if it does not fit there; none for no item.
+std::optional<RECT> placeOfCutDetail(HWND tree, HTREEITEM item, const std::wstring& detail);
 
 /// Repaints the whole row of an item if it is in view. The tree itself repaints only its text.
 void repaintRow(HWND tree, HTREEITEM item);

@@ -7,6 +7,7 @@
 
 #include "platform/guard.h"
 #include "platform/windows/controls/flag_scope.h"
+#include "platform/windows/wide_text.h"
 
 namespace pelk {
 
@@ -30,7 +31,8 @@ Win32TreeView::Win32TreeView(const ControlPlace& place, Dialogs& dialogs, const 
     : Win32Control(place, {WC_TREEVIEWW, kStyle, WS_EX_CLIENTEDGE}, language),
       dialogs_(dialogs),
       items_(handle()),
-      selection_(handle(), items_) {
+      selection_(handle(), items_),
+      detailTip_(handle()) {
     SendMessageW(handle(), TVM_SETIMAGELIST, TVSIL_NORMAL,
                  reinterpret_cast<LPARAM>(look_.treeImages()));
     constexpr UINT kSetExtendedStyle = TV_FIRST + 44;
@@ -132,6 +134,9 @@ LRESULT Win32TreeView::respond(UINT message, WPARAM wparam, LPARAM lparam) {
         case WM_SIZE:
             InvalidateRect(handle(), nullptr, TRUE);  // moves the details
             return callNative(message, wparam, lparam);
+        case WM_MOUSEMOVE:
+            showTipAt(point);
+            return callNative(message, wparam, lparam);
         case WM_LBUTTONDOWN:
             return leftPressed(point, wparam) ? 0 : callNative(message, wparam, lparam);
         case WM_LBUTTONDBLCLK:
@@ -210,6 +215,12 @@ TreeNode* Win32TreeView::nodeAt(POINT point, UINT parts) const {
     hit.pt = point;
     SendMessageW(handle(), TVM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
     return (hit.flags & parts) != 0 ? items_.nodeOf(hit.hItem) : nullptr;
+}
+
+void Win32TreeView::showTipAt(POINT point) {
+    const TreeNode* const node = nodeAt(point, TVHT_ONITEMRIGHT);
+    detailTip_.pointAt(node == nullptr ? nullptr : items_.itemOf(*node),
+                       node == nullptr ? L"" : toWide(detail(*node)));
 }
 
 void Win32TreeView::selectByMouse(TreeNode* node) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/dialogs.h"
+#include "platform/windows/controls/detail_tip.h"
 #include "platform/windows/controls/native_control.h"
 #include "platform/windows/controls/tree_items.h"
 #include "platform/windows/controls/tree_selection.h"
@@ -54,6 +55,7 @@ class Win32TreeView : public Win32Control<TreeView> {
     bool leftPressed(POINT point, WPARAM keys);
     bool selectFirstByKey(WPARAM key);
     TreeNode* nodeAt(POINT point, UINT parts) const;
+    void showTipAt(POINT point);
     void selectByMouse(TreeNode* node);
     void selectBeside(POINT point);
     LRESULT doubleClicked(POINT point, WPARAM wparam, LPARAM lparam);
@@ -76,6 +78,7 @@ class Win32TreeView : public Win32Control<TreeView> {
     Dialogs& dialogs_;
     TreeItems items_;
     TreeSelection selection_;
+    DetailTip detailTip_;
     WNDPROC native_ = nullptr;
     /// The number of nested messages that the native tree is handling.
     int depth_ = 0;

@@ -8,6 +8,7 @@
 #include "tests/controls/random_edits.h"
 #include "tests/controls/shapes.h"
 #include "tests/controls/window_fixture.h"
+#include "tests/support/windows/native_tree.h"
 #include "tests/support/windows/paper.h"
 #include "tests/support/windows/win_acts.h"
 
@@ -135,6 +136,39 @@ TEST_F(WinTree, PaintsColoursButNotOnTheSelectedRow) {
     EXPECT_GT(redness(), 20);
     tree_.select(&node);
     EXPECT_EQ(redness(), 0);
+}
+
+BOOL CALLBACK noteTip(HWND window, LPARAM tip) {
+    if (classOf(window) == L"tooltips_class32" && SendMessageW(window, TTM_GETTOOLCOUNT, 0, 0) == 1)
+        *reinterpret_cast<HWND*>(tip) = window;
+    return TRUE;
+}
+
+TEST_F(WinTree, ShowsTheWholeOfADetailThatIsCut) {
+    std::string detail = "2 relations";
+    tree_.detailOf = [&detail](const TreeNode&) { return detail; };
+    model_.add(model_.root(), "Ann");
+    HWND tip = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), noteTip, reinterpret_cast<LPARAM>(&tip));
+    /// Returns the tip's text if the pointer is where the tip shows it.
+    const auto tipBesideText = [&] {
+        const RECT text = *NativeTree(tree_).place(NativeTree(tree_).at({0}));
+        RECT inner = {};
+        GetClientRect(native(tree_), &inner);
+        const POINT point = {inner.right * 3 / 4, (text.top + text.bottom) / 2};
+        SendMessageW(native(tree_), WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
+        wchar_t shown[256] = L"";
+        TTTOOLINFOW tool = {};
+        tool.cbSize = TTTOOLINFOW_V2_SIZE;
+        tool.lpszText = shown;
+        SendMessageW(tip, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&tool));
+        return PtInRect(&tool.rect, point) ? toUtf8(shown) : "";
+    };
+    EXPECT_EQ(tipBesideText(), "");
+    detail = "2 relations, 310 e-mails, an.address.as.long.as@this.one.which.does.not.fit.example";
+    EXPECT_EQ(tipBesideText(), detail);
+    detail = "";
+    EXPECT_EQ(tipBesideText(), "");
 }
 
 TEST_F(WinTree, FollowsItsModelThroughRandomEdits) {
