@@ -120,24 +120,26 @@ void Forms::openMerge(Database& database, int contactId, const std::string& text
     form.addContact(contactId, text);
 }
 
-void Forms::openDetails(const Database& database, int contactId, int relatedId) {
+void Forms::openDetails(Database& database, int contactId, int relatedId) {
     DetailsForm& form = created(details, "DetailsForm", ui_.toolkit);
     form.database = &database;
+    setUndoKeys(*form.window, database);
     form.fillInfo(contactId, relatedId);
     form.show();
 }
 
-void Forms::openContact(const Database& database, const std::string& address) {
+void Forms::openContact(Database& database, const std::string& address) {
     ShowFormSingle& form = created(contact, "ShowFormSingle", ui_.toolkit, ui_.display);
     form.database = &database;
     form.openDetails = [this, &database](int id, int relatedId) {
         openDetails(database, id, relatedId);
     };
+    setUndoKeys(*form.window, database);
     form.startShowing(address);
     form.show();
 }
 
-void Forms::openFind(const Database& database, int sourceId) {
+void Forms::openFind(Database& database, int sourceId) {
     findForm& form = created(find, "findForm", ui_.toolkit, ui_.dialogs, platform_.language);
     form.db = &database;
     form.hidden = &hidden_;
@@ -145,6 +147,7 @@ void Forms::openFind(const Database& database, int sourceId) {
     form.showResult = [this, &database](const std::vector<int>& path) {
         ShowFindFormSimple& result = created(links, "ShowFindFormSimple", ui_.toolkit);
         result.db = &database;
+        setUndoKeys(*result.window, database);
         result.path = path;
         result.fill();
         result.show();
@@ -155,7 +158,7 @@ void Forms::openFind(const Database& database, int sourceId) {
 
 /// During a search, brings the form to the front unchanged, and tells the user why another search
 /// does not start.
-void Forms::openFindDomain(const Database& database, const std::string& sourceDomain) {
+void Forms::openFindDomain(Database& database, const std::string& sourceDomain) {
     findFormDomain& form = created(findDomain, "findFormDomain", ui_, platform_.language);
     if (!form.isSearching()) {
         form.db = &database;
@@ -165,6 +168,7 @@ void Forms::openFindDomain(const Database& database, const std::string& sourceDo
             ShowFindFormDomains& result =
                 created(domainLinks, "ShowFindFormDomains", ui_.toolkit, platform_.language);
             result.db = &database;
+            setUndoKeys(*result.window, database);
             result.sourceDomain = found.source;
             result.targetDomain = found.target;
             result.fill(found.chains);

@@ -75,10 +75,10 @@ class Forms {
     }
 
     void openMerge(Database& database, int contactId, const std::string& text);
-    void openDetails(const Database& database, int contactId, int relatedId);
-    void openContact(const Database& database, const std::string& address);
-    void openFind(const Database& database, int sourceId);
-    void openFindDomain(const Database& database, const std::string& sourceDomain);
+    void openDetails(Database& database, int contactId, int relatedId);
+    void openContact(Database& database, const std::string& address);
+    void openFind(Database& database, int sourceId);
+    void openFindDomain(Database& database, const std::string& sourceDomain);
     void openConfiguration(Database& database);
     void refreshBesideView();
     /// Restores where the form was last, now and after each time it is hidden.
