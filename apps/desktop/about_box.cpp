@@ -1,5 +1,6 @@
 #include "apps/desktop/about_box.h"
 
+#include <libetpan/libetpan_version.h>
 #include <openssl/crypto.h>
 
 #include <QDialogButtonBox>
@@ -8,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <pugixml.hpp>
 #include <utility>
 
 #include "addin/product.h"
@@ -59,7 +61,13 @@ QString libraries() {
     for (const std::string& name : mailLibraries())
         names += QString::fromStdString(name);
     names += QStringLiteral("OpenSSL ") + OpenSSL_version(OPENSSL_VERSION_STRING);
-    names += QStringLiteral("libetpan, pugixml, QtKeychain");
+    names += QStringLiteral("libetpan %1.%2")
+                 .arg(LIBETPAN_VERSION_MAJOR)
+                 .arg(LIBETPAN_VERSION_MINOR);
+    names += QStringLiteral("pugixml %1.%2")
+                 .arg(PUGIXML_VERSION / 1000)
+                 .arg(PUGIXML_VERSION % 1000 / 10);
+    names += QStringLiteral("QtKeychain " PELK_KEYCHAIN_VERSION);
     return QStringLiteral("Libraries: ") + names.join(QStringLiteral(", "));
 }
 
