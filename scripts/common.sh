@@ -29,8 +29,9 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libgmime-3.0-dev l
   libssl-dev libsqlite3-dev zlib1g-dev liblzma-dev libzstd-dev libetpan-dev
   qtkeychain-qt6-dev publicsuffix)
 
-# The tests need their library, and a mail server to read from.
-test_packages=(libgtest-dev dovecot-imapd)
+# The tests need their library, a mail server to read from, and programs that read what is written
+# for others.
+test_packages=(libgtest-dev dovecot-imapd graphviz python3-networkx python3-igraph python3-vobject)
 
 # Packages for building for Windows and running there. The test library is built from its sources.
 windows_packages=(libgtest-dev g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix wine wine64)

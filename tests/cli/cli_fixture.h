@@ -35,12 +35,15 @@ class CliTest : public ::testing::Test {
 
     /// Runs the program with its database in the test's own folder.
     Outcome run(const std::string& arguments, const std::string& input = "") {
+        return runAnything("env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + environment +
+                               " " PELK_PROGRAM " --data data " + arguments,
+                           input);
+    }
+    /// Runs any program in the test's own folder.
+    Outcome runAnything(const std::string& program, const std::string& input = "") {
         const std::string errors = folder.path() + "/errors";
-        const std::string command = "cd " + folder.path() +
-                                    " && env -u DISPLAY -u WAYLAND_DISPLAY"
-                                    " -u QT_QPA_PLATFORM " +
-                                    environment + " " PELK_PROGRAM " --data data " + arguments +
-                                    " 2>" + errors + " <" + folder.write("input", input);
+        const std::string command = "cd " + folder.path() + " && " + program + " 2>" + errors +
+                                    " <" + folder.write("input", input);
         Outcome outcome;
         std::FILE* const pipe = ::popen(command.c_str(), "r");
         std::array<char, 4096> buffer;
