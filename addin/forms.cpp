@@ -191,10 +191,23 @@ void Forms::openOthers(Database& database) {
     form.history = &history_;
     setUndoKeys(*form.window, database);
     form.configure = [this, &database] { openConfiguration(database); };
+    form.findDuplicates = [this, &database] { openDuplicates(database); };
     form.databaseChanged = [this] {
         refreshIfOpen(view);
         refreshBesideView();
     };
+    form.show();
+}
+
+void Forms::openDuplicates(Database& database) {
+    DuplicatesForm& form =
+        created(duplicates, "DuplicatesForm", ui_.toolkit, ui_.settings, platform_.language);
+    form.database = &database;
+    form.mergeContact = [this, &database](int id, const std::string& text) {
+        openMerge(database, id, text);
+    };
+    setUndoKeys(*form.window, database);
+    form.fill();
     form.show();
 }
 
@@ -219,6 +232,7 @@ void Forms::refreshBesideView() {
     refreshIfOpen(links);
     refreshIfOpen(findDomain);
     refreshIfOpen(domainLinks);
+    refreshIfOpen(duplicates);
 }
 
 void Forms::abandonSearch() {
@@ -236,6 +250,7 @@ void Forms::rememberPlace(Window& window, const char* form) {
 void Forms::unload() {
     closeAndDestroy(about);
     closeAndDestroy(configuration);
+    closeAndDestroy(duplicates);
     closeAndDestroy(others);
     closeAndDestroy(domainLinks);
     closeAndDestroy(findDomain);

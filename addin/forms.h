@@ -16,6 +16,7 @@
 #include "links/findForm.h"
 #include "links/findFormDomain.h"
 #include "maintenance/DetailsForm.h"
+#include "maintenance/DuplicatesForm.h"
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
@@ -61,6 +62,7 @@ class Forms {
     std::unique_ptr<findFormDomain> findDomain;
     std::unique_ptr<ShowFindFormDomains> domainLinks;
     std::unique_ptr<OthersForm> others;
+    std::unique_ptr<DuplicatesForm> duplicates;
     std::unique_ptr<configForm> configuration;
     std::unique_ptr<aboutForm> about;
 
@@ -79,6 +81,11 @@ class Forms {
     void openContact(Database& database, const std::string& address);
     void openFind(Database& database, int sourceId);
     void openFindDomain(Database& database, const std::string& sourceDomain);
+    void openDetails(const Database& database, int contactId, int relatedId);
+    void openContact(const Database& database, const std::string& address);
+    void openFind(const Database& database, int sourceId);
+    void openFindDomain(const Database& database, const std::string& sourceDomain);
+    void openDuplicates(Database& database);
     void openConfiguration(Database& database);
     void refreshBesideView();
     /// Restores where the form was last, now and after each time it is hidden.

@@ -29,6 +29,10 @@ constexpr Rect kTextBounds{kWideMargin, buttonAt(kButtons).top, kWidth - 2 * kWi
                            kTextHeight};
 constexpr Size kInnerSize{kWidth, kTextBounds.top + kTextHeight + kWideMargin / 2};
 
+/// In the strip below.
+constexpr Rect kDuplicatesBounds{buttonAt(0).left, kInnerSize.height, kButtonSize.width,
+                                 kButtonSize.height};
+
 constexpr const char* kFileFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
 
 }  // namespace
@@ -42,11 +46,13 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
       closeButton(window->addButton(buttonAt(4), "Close")),
       restoreButton(window->addButton(buttonAt(5), "Restore the last copy...")),
       doneLabel(window->addLabel(kTextBounds, "")),
+      duplicatesButton(window->addButton(kDuplicatesBounds, "Find duplicates...")),
       ui_(ui),
       storage_(storage) {
     window->setCaption("Other options");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
+    window->setStrips(0, kButtonSize.height + kWideMargin);
     // The form cannot be closed during an import.
     window->onCloseRequest = [this] { return !importing_; };
     configButton.onClick = [this] { configure(); };
@@ -55,6 +61,7 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
     delButton.onClick = [this] { delButtonClick(); };
     closeButton.onClick = [this] { window->hide(); };
     restoreButton.onClick = [this] { restoreButtonClick(); };
+    duplicatesButton.onClick = [this] { findDuplicates(); };
 }
 
 void OthersForm::show() {
@@ -114,8 +121,8 @@ void OthersForm::importFile(const std::string& path) {
 void OthersForm::setImporting(bool importing) {
     importing_ = importing;
     ui_.display.setBusyPointer(importing);
-    for (Button* const button :
-         {&configButton, &exportButton, &importButton, &delButton, &closeButton, &restoreButton})
+    for (Button* const button : {&configButton, &exportButton, &importButton, &delButton,
+                                 &closeButton, &restoreButton, &duplicatesButton})
         button->setEnabled(!importing);
 }
 

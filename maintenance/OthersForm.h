@@ -22,6 +22,8 @@ class OthersForm : private ImportGuide {
     HistoryFile* history = nullptr;
     /// Lets the user set the thresholds. Set before the form is shown, like `databaseChanged`.
     std::function<void()> configure;
+    /// Suggests contacts to merge. Set before the form is shown.
+    std::function<void()> findDuplicates;
     /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
 
@@ -36,6 +38,7 @@ class OthersForm : private ImportGuide {
     Button& restoreButton;
     /// Says what the last command did, and where.
     Label& doneLabel;
+    Button& duplicatesButton;
 
  private:
     void exportButtonClick();

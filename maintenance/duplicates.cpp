@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <unordered_set>
 #include <utility>
 
 #include "maintenance/identity.h"

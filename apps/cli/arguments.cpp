@@ -58,6 +58,8 @@ Usage:
                            the format of the ending: .graphml, .gexf, .csv
                            (two files, FILE-nodes.csv and FILE-edges.csv),
                            .dot, .gv, .json, or contacts alone as .vcf
+  pelk duplicates          list pairs of contacts that are likely one person, the
+                           surest first, each with the reason
   pelk dump                print the database as a plain XML document
   pelk load FILE           replace the database with a plain XML document (-
                            reads standard input) and keep the old one beside it

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "apps/cli/command_run.h"
+#include "apps/cli/duplicates_command.h"
 #include "apps/cli/edit_commands.h"
 #include "apps/cli/exchange_commands.h"
 #include "apps/cli/link_commands.h"
@@ -128,6 +129,7 @@ constexpr std::array kCommands{
     Command{"domain-links", 2, 2, "two domains", domainLinks},
     Command{"picture", 0, 1, "at most one contact", pictureCommand},
     Command{"graph", 0, 0, "no operands", graphCommand},
+    Command{"duplicates", 0, 0, "no operands", duplicatesCommand},
     Command{"dump", 0, 0, "no operands", dumpCommand},
     Command{"load", 1, 1, "one file", loadCommand},
     Command{"export", 1, 1, "one file", exportCommand},

@@ -11,6 +11,7 @@
 #include "links/findForm.h"
 #include "links/findFormDomain.h"
 #include "maintenance/DetailsForm.h"
+#include "maintenance/DuplicatesForm.h"
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
@@ -55,6 +56,7 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*ShowFindFormSimple(kit).window);
     expectReadable(*findFormDomain(core.ui(), core.language()).window);
     expectReadable(*ShowFindFormDomains(kit, core.language()).window);
+    expectReadable(*DuplicatesForm(kit, core.settings, core.language()).window);
     expectReadable(*OthersForm(core.ui(), core.storage()).window);
     expectReadable(*configForm(kit, core.dialogs, core.storage()).window);
     expectReadable(*aboutForm(kit).window);

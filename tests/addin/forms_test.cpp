@@ -335,6 +335,45 @@ TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {
               "This relation is no longer in the database.");
 }
 
+TEST_F(FormsTest, suggestsDuplicatesForAMerge) {
+    database->renameContact(1, "Zoë Smith");
+    database->renameContact(3, "Smith, Zoe");
+    database->renameContact(4, "Eve Hill");
+    database->renameContact(5, "Hill Eve");
+    openOthers();
+    driver.click(forms.others->duplicatesButton);
+    driver.settle();
+    DuplicatesForm& form = *forms.duplicates;
+    EXPECT_EQ(driver.textOf(form.countLabel), "2 pairs of contacts may be one person");
+    EXPECT_EQ(shownRows(driver, form.pairsTree), "Zoë Smith - Smith, Zoe, Eve Hill - Hill Eve");
+    EXPECT_EQ(shownRows(driver, form.pairsTree, {1}), "Eve Hill (dee@c), Hill Eve (eve@e)");
+    EXPECT_EQ(form.pairsTree.detail(*form.pairsTree.model().root().children()[1]),
+              "same name in another order");
+    for (Button* const button : {&form.mergeButton, &form.notSameButton, &form.showAgainButton})
+        EXPECT_FALSE(driver.isEnabled(*button));
+
+    driver.clickRow(form.pairsTree, {0});
+    driver.click(form.notSameButton);
+    EXPECT_EQ(driver.textOf(form.countLabel), "1 pair of contacts may be one person (1 hidden)");
+    EXPECT_EQ(driver.selectedText(form.pairsTree), "Eve Hill - Hill Eve");
+    const std::string kept = core.settings.read("notDuplicates").value_or("");
+    EXPECT_EQ(kept.find("ann"), std::string::npos);
+    EXPECT_TRUE(
+        RejectedDuplicates(core.settings).contains(*database->contact(3), *database->contact(1)));
+    EXPECT_FALSE(
+        RejectedDuplicates(core.settings).contains(*database->contact(4), *database->contact(5)));
+
+    driver.clickRow(form.pairsTree, {0, 1});
+    driver.click(form.mergeButton);
+    EXPECT_EQ(driver.rowsOf(forms.merge->listView), (Rows{"Eve Hill (dee@c)", "Hill Eve (eve@e)"}));
+    mergeAs("Eve Hill");
+    EXPECT_EQ(driver.textOf(form.countLabel), "No two contacts look like one person (1 hidden)");
+    EXPECT_FALSE(driver.isEnabled(form.mergeButton));
+    driver.click(form.showAgainButton);
+    EXPECT_EQ(shownRows(driver, form.pairsTree), "Zoë Smith - Smith, Zoe");
+    EXPECT_FALSE(driver.isEnabled(form.showAgainButton));
+}
+
 TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
     core.storage().saveDatabase(*database);
     core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Eve (eve@e)", "Eva");

@@ -75,6 +75,15 @@ TEST_F(LinkCliTest, printsTheBestChainsOfDomains) {
     expectRefused("domain-links d@c.x b.x", 1, "Cannot find a path between d@c.x and b.x");
 }
 
+TEST_F(LinkCliTest, printsLikelyDuplicates) {
+    run("rename 1 'Zoe Smith'");
+    run("rename 3 'SMITH, Zoë'");
+    EXPECT_EQ(run("duplicates").output, "1 Zoe Smith (a@a.x) - 3 SMITH, Zoë (c@c.x): same name\n");
+    EXPECT_EQ(json("duplicates"),
+              R"-([{"contacts":[{"description":"ZoeSmith(a@a.x)","id":1},)-"
+              R"-({"description":"SMITH,Zoë(c@c.x)","id":3}],"reason":"samename"}])-");
+}
+
 TEST(InterruptWatch, remembersTheFirstInterruptAndLetsTheSecondThrough) {
     {
         InterruptWatch watch;
