@@ -109,8 +109,9 @@ void DuplicatesForm::findPairs() {
 
 void DuplicatesForm::addPair(const Pair& pair) {
     TreeModel& tree = pairsTree.model();
-    TreeNode& node =
-        tree.add(tree.root(), database->nameOf(pair.id) + " - " + database->nameOf(pair.otherId));
+    const std::string name = database->nameOf(pair.id);
+    const std::string otherName = database->nameOf(pair.otherId);
+    TreeNode& node = tree.add(tree.root(), name == otherName ? name : name + " - " + otherName);
     tree.setImage(node, TreeImage::Many);
     tree.setKey(node, std::to_string(pair.id) + '-' + std::to_string(pair.otherId));
     for (const int id : {pair.id, pair.otherId})

@@ -94,8 +94,8 @@ class DuplicateSearch {
 
     std::optional<Duplicate> judge(const Identity& one, const Identity& other) const {
         Duplicate duplicate{one.id, other.id, DuplicateReason::SameAddress, ""};
-        if (const Mailbox* const mailbox = shared(one, other, &Mailbox::whole))
-            duplicate.text = "both have the address " + mailbox->whole;
+        if (shared(one, other, &Mailbox::whole) != nullptr)
+            duplicate.text = "same address";
         else if (!one.isRole && !other.isRole && !areNumbered(one, other))
             judgeNames(one, other, duplicate);
         return duplicate.text.empty() ? std::nullopt : std::optional(std::move(duplicate));
@@ -127,21 +127,18 @@ class DuplicateSearch {
             duplicate.reason = reason;
             duplicate.text = text;
         };
-        if (const Mailbox* const box = shared(one, other, &Mailbox::key); mayBeOne && box)
-            is(DuplicateReason::SameMailbox,
-               "both addresses are of the mailbox " + box->local + '@' + box->domain);
+        if (mayBeOne && shared(one, other, &Mailbox::key) != nullptr)
+            is(DuplicateReason::SameMailbox, "addresses of one mailbox");
         else if (const Mailbox* const same = shared(one, other, &Mailbox::word); names && same)
-            is(DuplicateReason::SameLocalPart,
-               "names that agree, and the same \"" + same->local + "\" before the @");
+            is(DuplicateReason::SameLocalPart, "names agree, both are " + same->local + "@...");
         else if (names && names->isFull() && names->isSpelled && isTelling(one, other, *names))
-            is(DuplicateReason::NameInAddress, "the address of one spells the name of the other");
+            is(DuplicateReason::NameInAddress, "name spelled in an address");
         else if (names && names->isFull() && isTelling(one, other, *names))
             is(DuplicateReason::SameName, sameNameText(*names));
         else if (names && !names->isFull() && areUnique(*names))
-            is(DuplicateReason::Initials, "the initials agree with this name only");
+            is(DuplicateReason::Initials, "initials that agree with nobody else");
         else if (abbreviates(one, other) || abbreviates(other, one))
-            is(DuplicateReason::NameInAddress,
-               "the address of one abbreviates the name of the other");
+            is(DuplicateReason::NameInAddress, "name abbreviated in an address");
     }
 
     static std::string sameNameText(const Agreement& names) {
