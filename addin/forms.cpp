@@ -64,6 +64,10 @@ void Forms::openView(Database& database) {
     form.findDomainLinks = [this, &database](const std::string& sourceDomain) {
         openFindDomain(database, sourceDomain);
     };
+    form.openOverTime = [this, &database](int id, int otherId) {
+        openOverTime(database, id, otherId);
+    };
+    form.openLostSight = [this, &database](int id) { openLostSight(database, id); };
     form.renameContact = [this, &database](int id, const std::string& name) {
         tellIfUnsaved(ui_.dialogs, [&] { renameContact(database, storage_, id, name); });
     };
@@ -124,8 +128,37 @@ void Forms::openDetails(Database& database, int contactId, int relatedId) {
     DetailsForm& form = created(details, "DetailsForm", ui_.toolkit);
     form.database = &database;
     setUndoKeys(*form.window, database);
+    form.openOverTime = [this, &database](int id, int otherId) {
+        openOverTime(database, id, otherId);
+    };
     form.fillInfo(contactId, relatedId);
     form.show();
+}
+
+void Forms::openOverTime(const Database& database, int contactId, int otherId) {
+    OverTimeForm& form = created(overTime, "OverTimeForm", ui_.toolkit);
+    form.database = &database;
+    form.history = [this]() -> const History& { return history_.history(); };
+    form.fill(contactId, otherId);
+    form.show();
+}
+
+void Forms::openLostSight(Database& database, int contactId) {
+    LostSightForm& form = created(lostSight, "LostSightForm", ui_.toolkit, platform_.clock);
+    form.database = &database;
+    form.history = [this]() -> const History& { return history_.history(); };
+    form.ownAddresses = [this] { return history_.ownAddresses(); };
+    form.hidden = &hidden_;
+    form.showContact = [this, &database](int id) { showInView(database, id); };
+    form.fill(contactId);
+    form.show();
+}
+
+void Forms::showInView(Database& database, int contactId) {
+    if (!view || !view->window->isVisible())
+        openView(database);
+    view->show();
+    view->goToContact(contactId);
 }
 
 void Forms::openContact(Database& database, const std::string& address) {
@@ -233,6 +266,8 @@ void Forms::refreshBesideView() {
     refreshIfOpen(findDomain);
     refreshIfOpen(domainLinks);
     refreshIfOpen(duplicates);
+    refreshIfOpen(overTime);
+    refreshIfOpen(lostSight);
 }
 
 void Forms::abandonSearch() {
@@ -248,6 +283,8 @@ void Forms::rememberPlace(Window& window, const char* form) {
 }
 
 void Forms::unload() {
+    closeAndDestroy(lostSight);
+    closeAndDestroy(overTime);
     closeAndDestroy(about);
     closeAndDestroy(configuration);
     closeAndDestroy(duplicates);

@@ -24,6 +24,8 @@
 #include "platform/platform.h"
 #include "platform/user_interface.h"
 #include "scan/ParseForm.h"
+#include "views/LostSightForm.h"
+#include "views/OverTimeForm.h"
 #include "views/ShowForm.h"
 #include "views/hidden_contacts.h"
 
@@ -65,6 +67,8 @@ class Forms {
     std::unique_ptr<DuplicatesForm> duplicates;
     std::unique_ptr<configForm> configuration;
     std::unique_ptr<aboutForm> about;
+    std::unique_ptr<OverTimeForm> overTime;
+    std::unique_ptr<LostSightForm> lostSight;
 
  private:
     template <typename Form, typename... Arguments>
@@ -81,10 +85,9 @@ class Forms {
     void openContact(Database& database, const std::string& address);
     void openFind(Database& database, int sourceId);
     void openFindDomain(Database& database, const std::string& sourceDomain);
-    void openDetails(const Database& database, int contactId, int relatedId);
-    void openContact(const Database& database, const std::string& address);
-    void openFind(const Database& database, int sourceId);
-    void openFindDomain(const Database& database, const std::string& sourceDomain);
+    void openOverTime(const Database& database, int contactId, int otherId);
+    void openLostSight(Database& database, int contactId);
+    void showInView(Database& database, int contactId);
     void openDuplicates(Database& database);
     void openConfiguration(Database& database);
     void refreshBesideView();

@@ -2,6 +2,7 @@
 // Shows one relation: the two contacts, and their number of e-mails beside that of the strongest
 // relation.
 
+#include <functional>
 #include <memory>
 
 #include "db/database.h"
@@ -15,6 +16,9 @@ class DetailsForm {
 
     /// Set before `fillInfo`; outlives the form's use of it.
     const Database* database = nullptr;
+
+    /// Shows when the two contacts exchanged e-mails.
+    std::function<void(int firstId, int secondId)> openOverTime;
 
     /// Shows the relation of two contacts, named in this order, or a text that there is none.
     void fillInfo(int firstId, int secondId);
@@ -30,6 +34,8 @@ class DetailsForm {
     ProgressBar& weightBar;
     Label& moreLabel;
     Button& okButton;
+    /// In the strip below.
+    Button& overTimeButton;
 
  private:
     int firstId_ = 0;

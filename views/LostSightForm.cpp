@@ -83,7 +83,8 @@ void LostSightForm::fill(int contactId) {
     userButton.setEnabled(contactId != kUser);
     const std::vector<int> people =
         contactId == kUser ? ownersOf(*database, ownAddresses()) : std::vector<int>{contactId};
-    const LostSight lost = lostSightOf(*database, history(), people, dayOf(clock_.now()), months_);
+    const LostSight lost = lostSightOf(*database, history(), people, dayOf(clock_.now()), months_,
+                                       hiddenIds(hidden, *database));
     fillTree(lost);
     countLabel.setText(summary(people, lost));
 }
@@ -121,6 +122,8 @@ std::string LostSightForm::summary(const std::vector<int>& people, const LostSig
                                         (count == 1 ? "." : ", the strongest relation first.");
     if (lost.undated > 0)
         text += " The history has no e-mail with " + std::to_string(lost.undated) + " more.";
+    if (lost.hidden > 0)
+        text += " " + std::to_string(lost.hidden) + " hidden.";
     return text;
 }
 

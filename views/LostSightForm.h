@@ -12,6 +12,7 @@
 #include "platform/clock.h"
 #include "platform/controls.h"
 #include "views/form_layout.h"
+#include "views/hidden_contacts.h"
 #include "views/lost_sight.h"
 
 namespace pelk {
@@ -23,6 +24,8 @@ class LostSightForm {
 
     /// Set before a fill; outlives the form's use of it.
     const Database* database = nullptr;
+    /// Outlives the form's use of it; null hides nobody.
+    HiddenContacts* hidden = nullptr;
     /// Return the history and the user's own addresses; may throw `Error`. Set before a fill.
     std::function<const History&()> history;
     std::function<std::vector<std::string>()> ownAddresses;

@@ -25,7 +25,8 @@ std::map<int, std::int64_t> weightsOf(const Database& database, const std::vecto
 }  // namespace
 
 LostSight lostSightOf(const Database& database, const History& history,
-                      const std::vector<int>& people, Day today, int months) {
+                      const std::vector<int>& people, Day today, int months,
+                      const std::unordered_set<int>& hidden) {
     const Day limit = monthsBefore(today, months);
     const std::vector<std::string> own = addressesOf(database, people);
     const std::int64_t strongest = database.strongestWeight();
@@ -38,7 +39,11 @@ LostSight lostSightOf(const Database& database, const History& history,
         const Day last = history.between(own, addressesOf(database, {id})).last;
         if (last == 0)
             ++lost.undated;
-        else if (last < limit)
+        else if (last >= limit)
+            continue;
+        else if (hidden.contains(id))
+            ++lost.hidden;
+        else
             lost.contacts.push_back({id, weight, strength, last});
     }
     std::sort(lost.contacts.begin(), lost.contacts.end(),

@@ -216,6 +216,31 @@ TEST_F(FormsTest, showsHowStrongARelationIs) {
     EXPECT_EQ(driver.progressOf(form.weightBar).value, driver.progressOf(form.weightBar).minimum);
 }
 
+TEST_F(FormsTest, showsWhenPeopleWroteAndWhoWasLostSightOf) {
+    driver.expand(tree(), {0});
+    choose({0, 1}, "Over time");
+    EXPECT_EQ(driver.textOf(forms.overTime->titleLabel), "Ann and Cy");
+    choose({0, 0}, "More details");
+    driver.click(forms.details->overTimeButton);
+    EXPECT_EQ(driver.textOf(forms.overTime->titleLabel), "Ann and Bob");
+    choose({2}, "Lost sight of");
+    EXPECT_EQ(driver.textOf(forms.lostSight->titleLabel), "People Cy has lost sight of");
+    expectAgreement("Do you want to delete this contact ?");
+    choose({1}, "Delete");
+    EXPECT_EQ(driver.textOf(forms.overTime->titleLabel), "Ann and a deleted contact");
+    choose({2}, "Over time");
+    EXPECT_EQ(driver.textOf(forms.overTime->titleLabel), "Dee and all others");
+    driver.chooseIn(forms.view->options.button, "Lost sight of");
+    EXPECT_EQ(driver.textOf(forms.lostSight->titleLabel), "People you have lost sight of");
+    groupByDomains();
+    EXPECT_EQ(driver.menuAt(tree(), {0}).back(), "Undo deletion of Bob");
+    forms.lostSight->showContact(3);
+    EXPECT_EQ(driver.selectedText(tree()), "Cy (cy@c)");
+    forms.lostSight->showContact(2);
+    EXPECT_EQ(driver.selectedText(tree()), std::nullopt);
+    EXPECT_EQ(driver.textOf(forms.view->search.status), "not shown");
+}
+
 TEST_F(FormsTest, showsAContactAlone) {
     openContact({0, 0}, 0);
     ShowFormSingle& form = *forms.contact;

@@ -110,6 +110,13 @@ TEST_F(TimeFormsTest, ListsWhomTheUserOrAContactHasLostSightOf) {
     driver.click(form.userButton);
     EXPECT_EQ(shownRows(driver, form.tree), "Bob strong, cy@c medium");
     EXPECT_EQ(driver.textOf(form.countLabel), "2 contacts, the strongest relation first.");
+    HiddenContacts hidden([this]() -> const History& { return history; });
+    hidden.hide(true);
+    form.hidden = &hidden;
+    history.record("bob@b").listBy = "List-Post";
+    form.refresh();
+    EXPECT_EQ(shownRows(driver, form.tree), "cy@c medium");
+    EXPECT_EQ(driver.textOf(form.countLabel), "1 contact. 1 hidden.");
     for (Control* const control : std::initializer_list<Control*>{
              &form.titleLabel, &form.timeLabel, &form.halfYearRadio, &form.yearRadio,
              &form.twoYearsRadio, &form.fiveYearsRadio, &form.goButton, &form.userButton})
