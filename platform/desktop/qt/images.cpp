@@ -7,6 +7,9 @@
 #include <QPalette>
 #include <array>
 
+#include "platform/desktop/qt/colors.h"
+#include "platform/readable_color.h"
+
 namespace pelk {
 
 namespace {
@@ -74,6 +77,12 @@ void drawMany(const Brush& brush) {
     brush.fill(front, kPerson);
 }
 
+/// Returns the colour as it can be seen in a tree of the user's palette.
+QColor visibleColor(const QColor& color) {
+    const QColor background = QGuiApplication::palette().base().color();
+    return toQt(readableColor(fromQt(color), fromQt(background)));
+}
+
 /// Draws three bars that rise to the right, the first `filled` of them solid.
 void drawBars(const Brush& brush, int filled, const QColor& color) {
     for (int bar = 0; bar < 3; ++bar) {
@@ -81,11 +90,11 @@ void drawBars(const Brush& brush, int filled, const QColor& color) {
         QPainterPath path;
         path.addRect(QRectF(1 + 5 * bar, 15 - height, 4, height));
         if (bar < filled) {
-            brush.fill(path, color);
+            brush.fill(path, visibleColor(color));
         } else {
             QPainterPath frame;
             frame.addRect(path.boundingRect().adjusted(0.5, 0.5, -0.5, -0.5));
-            brush.outline(frame, QColor(160, 160, 160));
+            brush.outline(frame, visibleColor(QColor(140, 140, 140)));
         }
     }
 }

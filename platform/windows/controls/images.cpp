@@ -1,6 +1,8 @@
 #include "platform/windows/controls/images.h"
 
+#include "platform/readable_color.h"
 #include "platform/windows/controls/canvas.h"
+#include "platform/windows/controls/colors.h"
 
 namespace pelk {
 
@@ -41,12 +43,17 @@ void drawMany(Canvas& canvas) {
     drawPerson(canvas, 5.5, 15, 10);
 }
 
+/// Returns the colour as it can be seen in a tree.
+COLORREF visibleColor(COLORREF color) {
+    return toNative(readableColor(fromNative(color), fromNative(GetSysColor(COLOR_WINDOW))));
+}
+
 /// Draws three bars that rise to the right, the first `filled` of them solid.
 void drawBars(Canvas& canvas, int filled, COLORREF color) {
     for (int bar = 0; bar < 3; ++bar) {
         const double left = 1 + 5 * bar;
         const double top = 11 - 4 * bar;
-        canvas.setColor(bar < filled ? color : RGB(160, 160, 160));
+        canvas.setColor(visibleColor(bar < filled ? color : RGB(140, 140, 140)));
         canvas.box({left, top}, {left + 4, 15});
         if (bar < filled)
             continue;
