@@ -219,17 +219,26 @@ void TreeItems::fillIn(TVITEMW& item) const {
 }
 
 /// On a selected row and in high contrast mode the system's own colours stay, because ours may be
-/// unreadable there.
+/// unreadable there. Without the focus, the native tree paints a selected row in a grey that is
+/// hardly seen; but while the user types into a search field, that row is what was found.
+void TreeItems::chooseColors(NMTVCUSTOMDRAW& drawing, const TreeNode& node) const {
+    if ((drawing.nmcd.uItemState & CDIS_SELECTED) != 0) {
+        drawing.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+        drawing.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+    } else if (node.color() && !isHighContrast()) {
+        drawing.clrText =
+            toNative(readableColor(*node.color(), fromNative(GetSysColor(COLOR_WINDOW))));
+    }
+}
+
 LRESULT TreeItems::paint(NMTVCUSTOMDRAW& drawing) const {
     const auto* const node = reinterpret_cast<const TreeNode*>(drawing.nmcd.lItemlParam);
     switch (drawing.nmcd.dwDrawStage) {
         case CDDS_PREPAINT:
             return CDRF_NOTIFYITEMDRAW;
         case CDDS_ITEMPREPAINT:
-            if (node != nullptr && node->color() &&
-                (drawing.nmcd.uItemState & CDIS_SELECTED) == 0 && !isHighContrast())
-                drawing.clrText =
-                    toNative(readableColor(*node->color(), fromNative(GetSysColor(COLOR_WINDOW))));
+            if (node != nullptr)
+                chooseColors(drawing, *node);
             return CDRF_NOTIFYPOSTPAINT;
         case CDDS_ITEMPOSTPAINT:
             if (node != nullptr)

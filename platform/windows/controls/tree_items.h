@@ -66,6 +66,7 @@ class TreeItems : public TreeListener {
     class RedrawHold;
 
     HTREEITEM itemOrRoot(const TreeNode& node) const;
+    void chooseColors(NMTVCUSTOMDRAW& drawing, const TreeNode& node) const;
     void insertRows(const TreeNode& parent, int firstRow, int lastRow);
     void expandNow(const TreeNode& node, bool expanded);
     bool isWishedOpen(const TreeNode& node) const;

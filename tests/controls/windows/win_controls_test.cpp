@@ -100,16 +100,20 @@ class WinTree : public WindowTest {
         window_->setInnerSize({6000, 4000});
         window_->show();
     }
-    /// The number of red pixels that the tree paints.
-    auto redness() {
+    /// The number of such pixels that the tree paints.
+    template <class Matches>
+    auto pixelsPainted(const Matches& matches) {
         driver_.settle();
         const HWND native = dynamic_cast<NativeHandle&>(tree_).handle();
         RECT inner = {};
         GetClientRect(native, &inner);
         const Paper paper({inner.right, inner.bottom});
         SendMessageW(native, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(paper.dc()), PRF_CLIENT);
-        return countOf(pixelsThat(
-            paper, [](COLORREF color) { return GetRValue(color) > 200 && GetGValue(color) < 80; }));
+        return countOf(pixelsThat(paper, matches));
+    }
+    auto redness() {
+        return pixelsPainted(
+            [](COLORREF color) { return GetRValue(color) > 200 && GetGValue(color) < 80; });
     }
     /// The native tree shows what the model holds, each node once.
     void expectSame(const TreeNode& node, const TreePath& path) {
@@ -136,6 +140,13 @@ TEST_F(WinTree, PaintsColoursButNotOnTheSelectedRow) {
     EXPECT_GT(redness(), 20);
     tree_.select(&node);
     EXPECT_EQ(redness(), 0);
+}
+
+TEST_F(WinTree, ShowsTheSelectionWithoutTheFocus) {
+    tree_.select(&model_.add(model_.root(), "MMMMMMMMMMMMMMMMMMM"));
+    window_->addTextBox({0, 0, 100, 100}).focus();
+    const COLORREF selection = GetSysColor(COLOR_HIGHLIGHT);
+    EXPECT_GT(pixelsPainted([=](COLORREF color) { return color == selection; }), 100);
 }
 
 BOOL CALLBACK noteTip(HWND window, LPARAM tip) {
