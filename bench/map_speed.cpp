@@ -1,39 +1,41 @@
 // How good the groups and the layout of a picture are, and how fast, beside igraph and Graphviz.
 
 #include <cstdio>
-#include <functional>
-#include <string>
+#include <optional>
+#include <vector>
 
 #include "bench/mail_graph.h"
 #include "bench/measure.h"
 #include "bench/network.h"
 #include "map/layout.h"
+#include "map/scene.h"
 #include "map/stress_layout.h"
 
 namespace pelk {
 namespace {
 
-constexpr int kRounds = 3;
+constexpr int kRounds = 5;
 
-double medianOf(const std::function<void()>& work) {
-    return medians(kRounds, {{work}}).front();
-}
+/// How good a result is, and how many milliseconds it took.
+struct Score {
+    double measure;
+    double time;
+};
 
-void print(const char* network, std::size_t people, const char* what, double own, double others,
-           double ownTime, double othersTime) {
-    std::printf("%-8s %6zu  %-21s %7.4f %7.4f  %9.2f %9.2f  %5.1f\n", network, people, what, own,
-                others, ownTime, othersTime, othersTime / ownTime);
+void print(const char* network, std::size_t people, const char* what, Score own, Score others) {
+    std::printf("%-9s %6zu  %-19s %7.4f %7.4f  %9.2f %9.2f  %6.1f\n", network, people, what,
+                own.measure, others.measure, own.time, others.time, others.time / own.time);
     std::fflush(stdout);
 }
 
 void compareGroups(const char* network, const Graph& graph) {
     Groups own;
     std::optional<Groups> others;
-    const double ownTime = medianOf([&] { own = findGroups(graph); });
-    const double othersTime = medianOf([&] { others = igraphGroups(graph); });
+    const std::vector<double> times = medians(
+        kRounds, {{[&] { own = findGroups(graph); }}, {[&] { others = igraphGroups(graph); }}});
     if (others)
-        print(network, graph.people.size(), "modularity, igraph", modularityOf(graph, own),
-              modularityOf(graph, *others), ownTime, othersTime);
+        print(network, graph.people.size(), "modularity, igraph",
+              {modularityOf(graph, own), times[0]}, {modularityOf(graph, *others), times[1]});
 }
 
 void compareLayouts(const char* network, const Graph& graph) {
@@ -41,11 +43,25 @@ void compareLayouts(const char* network, const Graph& graph) {
     const LinkLengths lengths(graph.links.size(), 1);
     Points own;
     std::optional<Points> others;
-    const double ownTime = medianOf([&] { own = layOutConnected(Rows(graph), lengths); });
-    const double othersTime = medianOf([&] { others = sfdpLayout(graph); });
+    const std::vector<double> times =
+        medians(kRounds, {{[&] { own = layOutConnected(Rows(graph), lengths); }},
+                          {[&] { others = sfdpLayout(graph); }}});
     if (others)
-        print(network, graph.people.size(), "stress, sfdp", stressOf(own, rows, lengths),
-              stressOf(*others, rows, lengths), ownTime, othersTime);
+        print(network, graph.people.size(), "stress, sfdp",
+              {stressOf(own, rows, lengths), times[0]},
+              {stressOf(*others, rows, lengths), times[1]});
+}
+
+/// Prints the time of everything between a database and a scene with labels.
+void timePicture(std::size_t people, const Database& database) {
+    std::size_t texts = 0;
+    const std::vector<double> times =
+        medians(kRounds, {{[&] {
+                    const Arrangement all = arrangeCommunity(makeGraph(database, {}));
+                    const SceneStyle style;
+                    texts = makeScene(all, viewOfAll(all, 1200, 900, style), style).texts.size();
+                }}});
+    std::printf("%-9s %6zu  a picture, %zu labels %27.2f\n", "random", people, texts, times[0]);
 }
 
 Graph asNetwork(const MailGraph& mail) {
@@ -70,7 +86,10 @@ int main() {
     std::printf(
         "network  people  measure, beside         Pelk   other    Pelk, ms other, ms  ratio\n");
     for (const int people : {100, 1000, 3000}) {
-        pelk::compare("grouped", pelk::makeGroupedNetwork(static_cast<std::size_t>(people)));
-        pelk::compare("random", pelk::asNetwork(pelk::makeMailGraph(people, pelk::Weights::Mail)));
+        const pelk::MailGraph mail = pelk::makeMailGraph(people, pelk::Weights::Mail);
+        const auto count = static_cast<std::size_t>(people);
+        pelk::compare("grouped", pelk::makeGroupedNetwork(count));
+        pelk::compare("random", pelk::asNetwork(mail));
+        pelk::timePicture(count, *pelk::makeDatabase(mail, people));
     }
 }

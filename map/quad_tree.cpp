@@ -6,7 +6,7 @@ namespace pelk {
 namespace {
 
 /// A cell counts as one if its size is below this share of its distance.
-constexpr double kFar = 0.9;
+constexpr double kFar = 1.2;
 
 }  // namespace
 

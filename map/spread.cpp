@@ -7,7 +7,7 @@
 namespace pelk {
 namespace {
 
-constexpr int kMostRounds = 200;
+constexpr int kMostRounds = 100;
 
 /// Compares circles in the order of x, and only up to the distance at which the two largest ones
 /// would be too close.
