@@ -27,6 +27,9 @@ constexpr std::size_t kListedGroups = 9;
 constexpr std::size_t kSmallestListedGroup = 3;
 /// The scale of a picture of few people, in sizes of the font.
 constexpr double kLargestScale = 0.16;
+/// Circles grow with the scale up to this one, in sizes of the font: beyond it, the room is for
+/// labels.
+constexpr double kLargestCircleScale = 0.08;
 constexpr double kSmallestCircle = 1.5;
 constexpr double kThinnestLine = 0.7;
 constexpr int kRings = 3;
@@ -67,7 +70,8 @@ class SceneMaker {
  private:
     Point placeOf(Point position) const { return position * view_.scale + view_.offset; }
     double radiusOf(std::uint32_t person) const {
-        return std::max(arrangement_.radii[person] * view_.scale, kSmallestCircle);
+        const double scale = std::min(view_.scale, kLargestCircleScale * style_.fontSize);
+        return std::max(arrangement_.radii[person] * scale, kSmallestCircle);
     }
     Color colorOf(std::uint32_t group) const {
         return group == kNoGroup ? style_.palette.text : style_.palette.ofGroup(group);

@@ -4,6 +4,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPdfWriter>
@@ -22,6 +23,8 @@ class Fonts {
  public:
     Fonts() {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        // Qt warns of a missing session, which a picture does not need.
+        QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
         application_.emplace(count_, words_.data());
     }
 
