@@ -37,11 +37,17 @@ class Scene {
     ScanOutcome scan(const ScanOptions& options = {}) { return scanWith(log, options); }
     ScanOutcome scanWith(ScanProgress& progress, const ScanOptions& options = {}) {
         return scanAndSave(*database, storage(), core.platform(), *client.session(), progress,
-                           options);
+                           options, history_ ? &*history_ : nullptr);
     }
+    /// Lets the scans count into a history, too.
+    void keepHistory() { history_.emplace(storage(), core.platform()); }
     /// Loads the database as a new process does.
     void restart() {
+        const bool keepsHistory = history_.has_value();
+        history_.reset();
         storage_.emplace(core.platform());
+        if (keepsHistory)
+            keepHistory();
         database = storage_->loadDatabase().database;
     }
     Storage& storage() { return storage_ ? *storage_ : core.storage(); }
@@ -57,8 +63,20 @@ class Scene {
         return all;
     }
 
+    /// The same of the history.
+    std::string timesInHistory() {
+        std::string all;
+        const std::string to = "b@x";
+        for (int number = 1; number <= mails; ++number) {
+            const std::string from = "p" + std::to_string(number) + "@x";
+            all += std::to_string(history_->history().between({&from, 1}, {&to, 1}).sent());
+        }
+        return all;
+    }
+
  private:
     std::optional<Storage> storage_;
+    std::optional<HistoryFile> history_;
 };
 
 MemoryFolder folderAt(const std::string& place, std::vector<MemoryItem> items,
@@ -223,6 +241,7 @@ class RandomRun : private FolderLog {
     explicit RandomRun(unsigned seed) : random_(seed) {
         scene.client.stores = {folderAt("/a", {}, {folderAt("x/In", {}, {folderAt("y/Deep", {})})}),
                                folderAt("/b", {}, {folderAt("x/In", {})})};
+        scene.keepHistory();
     }
 
     Scene scene;
@@ -328,6 +347,7 @@ TEST(StoreScan, countsEachEmailOnceWhateverHappens) {
         RandomRun run(seed);
         run.run();
         ASSERT_EQ(run.scene.times(), std::string(run.scene.times().size(), '1')) << seed;
+        ASSERT_EQ(run.scene.timesInHistory(), run.scene.times()) << seed;
     }
 }
 

@@ -20,6 +20,8 @@ class MemoryFiles : public FileSystem {
     std::set<std::string> folders;
     int steps = 0;
     int failAt = 0;
+    /// Whether all later steps fail, too.
+    bool crashes = false;
     bool readsFail = false;
     /// Whether looking up files and folders fails.
     bool lookUpsFail = false;
@@ -90,7 +92,8 @@ class MemoryFiles : public FileSystem {
     };
 
     void step(const std::string& path) {
-        if (++steps != failAt)
+        ++steps;
+        if (failAt == 0 || (crashes ? steps < failAt : steps != failAt))
             return;
         if (memoryFails)
             throw std::bad_alloc();
