@@ -20,6 +20,8 @@ void AddressRecord::add(const AddressRecord& later) {
         automaticBy = later.automaticBy;
     if (!later.listBy.empty())
         listBy = later.listBy;
+    inSentMail += later.inSentMail;
+    isAccount = isAccount || later.isAccount;
 }
 
 void History::countMail(const std::string& from, const std::string& to, Day day) {
@@ -37,6 +39,14 @@ void History::countMail(const std::string& from, const std::string& to, Day day)
 AddressRecord& History::record(const std::string& address) {
     ++revision_;
     return addresses_[numberOf(address)].record;
+}
+
+void History::forgetUser() {
+    ++revision_;
+    for (Address& address : addresses_) {
+        address.record.inSentMail = 0;
+        address.record.isAccount = false;
+    }
 }
 
 const AddressRecord* History::findRecord(const std::string& address) const {

@@ -29,6 +29,10 @@ struct AddressRecord {
     std::string automaticBy;
     /// The header field that names it as the address of a mailing list; empty when none did.
     std::string listBy;
+    /// The e-mails that it sent which are in folders for sent mail, and whether it belongs to an
+    /// account of the user.
+    std::uint32_t inSentMail = 0;
+    bool isAccount = false;
 
     bool empty() const { return *this == AddressRecord(); }
     /// Adds what later headers say of the same address.
@@ -69,6 +73,9 @@ class History {
     void add(const History& other);
     /// Forgets the addresses for which `remains` returns false, with all their exchanges.
     void keepOnly(const std::function<bool(const std::string& address)>& remains);
+
+    /// Forgets which addresses are the user's, for a history that goes to somebody else.
+    void forgetUser();
 
     /// Return what `swap` needs to do what `add` and `keepOnly` do.
     HistoryChange additionOf(const History& other);

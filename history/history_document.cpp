@@ -73,6 +73,8 @@ void appendAddress(const XmlElement& parent, const std::string& address,
     setCount(element, "automatic", record.automatic);
     setText(element, "automaticBy", record.automaticBy);
     setText(element, "listBy", record.listBy);
+    setCount(element, "inSentMail", record.inSentMail);
+    setCount(element, "account", record.isAccount ? 1 : 0);
 }
 
 /// Appends the addresses in use, and returns the number of each within the document.
@@ -154,12 +156,13 @@ void readPair(History& history, const XmlElement& element) {
 }
 
 void readAddress(History& history, const XmlElement& element) {
-    const auto [value, sent, automatic, automaticBy, listBy] =
-        element.texts("value", "sent", "automatic", "automaticBy", "listBy");
+    const auto [value, sent, automatic, automaticBy, listBy, inSentMail, account] = element.texts(
+        "value", "sent", "automatic", "automaticBy", "listBy", "inSentMail", "account");
     const std::size_t next = history.addressCount();
     if (value.empty() || history.numberOf(value) != next)
         refuse();
-    history.record(value) = {readCount(sent), readCount(automatic), automaticBy, listBy};
+    history.record(value) = {readCount(sent), readCount(automatic),  automaticBy,
+                             listBy,          readCount(inSentMail), readCount(account) != 0};
 }
 
 /// Calls `read` with each element of the part of the document.

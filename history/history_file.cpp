@@ -47,6 +47,22 @@ std::optional<std::string> HistoryFile::notice() {
     return notice_;
 }
 
+std::vector<std::string> HistoryFile::ownAddresses() {
+    std::vector<std::string> addresses;
+    for (OwnAddress& own : explainedOwnAddresses())
+        addresses.push_back(std::move(own.address));
+    return addresses;
+}
+
+std::vector<OwnAddress> HistoryFile::explainedOwnAddresses() {
+    if (content().ownAddresses.empty())
+        return findOwnAddresses(history());
+    std::vector<OwnAddress> own;
+    for (const std::string& address : content().ownAddresses)
+        own.push_back({address, "set by you"});
+    return own;
+}
+
 void HistoryFile::setOwnAddresses(const std::vector<std::string>& addresses) {
     const std::vector<std::string> before = std::exchange(content().ownAddresses, addresses);
     try {
@@ -76,6 +92,7 @@ void HistoryFile::addScan(const History& counted, StoreDates stores, const std::
 void HistoryFile::exportTo(const std::string& path) {
     HistoryContent exported;
     exported.history = history();
+    exported.history.forgetUser();
     if (exported.empty())
         storage_.removeIfThere(path);
     else

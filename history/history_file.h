@@ -14,6 +14,7 @@
 #include "db/companion.h"
 #include "db/storage.h"
 #include "history/history_document.h"
+#include "history/own_addresses.h"
 
 namespace pelk {
 
@@ -33,9 +34,12 @@ class HistoryFile : private Companion {
     /// Returns the message for the user when the file is damaged; nothing otherwise.
     std::optional<std::string> notice();
 
-    /// Returns the user's own addresses: those that the user has set, otherwise none.
-    const std::vector<std::string>& ownAddresses() { return content().ownAddresses; }
-    /// Sets the user's own addresses. Saves the file.
+    /// Returns the user's own addresses: those that the user has set, otherwise those that
+    /// `findOwnAddresses` finds.
+    std::vector<std::string> ownAddresses();
+    /// Returns them with how they are known.
+    std::vector<OwnAddress> explainedOwnAddresses();
+    /// Sets the user's own addresses; none lets them be found again. Saves the file.
     void setOwnAddresses(const std::vector<std::string>& addresses);
 
     /// Return what the scans have counted into the history: the dates of the mail stores, and the

@@ -34,11 +34,23 @@ void HistoryRecorder::record(MailItem& item, const MailPeople& people, const Loc
     const std::string sender = isOwned(people.sender.address) ? people.sender.address : "";
     const std::vector<std::string> recipients = recipientsOf(people);
     noteAutomation(counted, ifGiven([&item] { return item.automation(); }), sender, recipients);
+    if (inSentMail_ && !sender.empty())
+        ++counted.record(sender).inSentMail;
     if (sender.empty() || recipients.empty())
         return;
     const Day day = dayOfMail(ifGiven([&item] { return item.sentTime(); }), created);
     for (const std::string& recipient : recipients)
         counted.countMail(sender, recipient, day);
+}
+
+void HistoryRecorder::beginFolder(MailFolder& folder) {
+    inSentMail_ = ifGiven([&folder] { return folder.isSentMail(); });
+}
+
+void HistoryRecorder::noteAccounts(MailSession& session, const Language& language) {
+    for (const std::string& own : ifGiven([&session] { return session.ownAddresses(); }))
+        if (const std::string address = language.lowerCase(own); isOwned(address))
+            counted.record(address).isAccount = true;
 }
 
 /// Returns the addresses that contacts own. An e-mail counts once for each address, however often

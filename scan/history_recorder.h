@@ -23,9 +23,14 @@ class HistoryRecorder {
     HistoryRecorder(const Database& database, StoreLedger ledger)
         : tally(std::move(ledger), false), database_(database) {}
 
+    /// Notes whether the e-mails that follow are in a folder for sent mail.
+    void beginFolder(MailFolder& folder);
     /// Counts an e-mail between its sender and each recipient, and notes what its header says of
     /// them, if contacts own their addresses.
     void record(MailItem& item, const MailPeople& people, const LocalTime& created);
+
+    /// Notes the addresses of the user's accounts that contacts own by now.
+    void noteAccounts(MailSession& session, const Language& language);
 
     /// What this scan counts, and what has been counted already.
     History counted;
@@ -36,6 +41,7 @@ class HistoryRecorder {
     bool isOwned(const std::string& address) const { return database_.ownerOf(address) != 0; }
 
     const Database& database_;
+    bool inSentMail_ = false;
 };
 
 }  // namespace pelk

@@ -91,6 +91,8 @@ void Scanner::scanFolder(MailFolder& folder, const std::string& place) {
     const int count = folder.itemCount();
     steps_.attempt([&] { progress_.itemsCounted(count); });
     forEachTally([&place](Tally& tally) { tally.beginFolder(place); });
+    if (history_ != nullptr)
+        history_->beginFolder(folder);
     for (int index = 1; index <= count; ++index) {
         steps_.attempt([&] { progress_.itemStarted(index); });
         scanItem(folder, index);
@@ -234,9 +236,11 @@ ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& pl
     ScanOutcome outcome = scanner.scan(session);
     const std::string ended = formatStamp(platform.clock.now());
     database.setDate(ended);
-    if (recorder)
+    if (recorder) {
+        recorder->noteAccounts(session, platform.language);
         history->addScan(recorder->counted,
                          std::move(recorder->tally).finish(scanner.reachedAllStores()), ended);
+    }
     beside.dates.hold(std::move(scanner).dates(), database);
     beside.marks.hold(session.marks(), database);
     storage.saveDatabase(database);
