@@ -28,6 +28,8 @@ constexpr RobotName kRobotNames[] = {
 };
 /// After the name of a list, the addresses to which its program listens.
 constexpr std::string_view kListCommands[] = {"request", "subscribe", "unsubscribe"};
+/// The last word of many names of lists, after another one.
+constexpr std::string_view kListWords[] = {"announce", "dev", "devel", "discuss", "list", "users"};
 /// The first label of hosts that have only mailing lists.
 constexpr std::string_view kListHosts[] = {"list", "lists", "listserv", "googlegroups"};
 
@@ -84,6 +86,11 @@ std::string_view robotNameIn(std::string_view local) {
         if (letters.find(one.letters) != std::string::npos)
             return one.name;
     return {};
+}
+
+bool isListName(std::string_view local) {
+    const std::vector<std::string_view> words = wordsIn(local);
+    return words.size() > 1 && contains(kListWords, words.back());
 }
 
 bool isListHost(std::string_view host) {
@@ -169,9 +176,11 @@ Correspondent kindOfAddress(const std::string& address, const AddressRecord& rec
         return {CorrespondentKind::Robot, "named " + std::string(name)};
     if (record.automatic > record.sent / 2)
         return {CorrespondentKind::Robot, record.automaticBy + " in its e-mails"};
-    // A person with an address on such a host writes from it at some time.
+    // A person with such an address writes from it at some time.
     if (record.sent == 0 && isListHost(hostOf(address)))
         return {CorrespondentKind::List, "on the host " + std::string(hostOf(address))};
+    if (record.sent == 0 && isListName(localPartOf(address)))
+        return {CorrespondentKind::List, "named " + std::string(localPartOf(address))};
     return {};
 }
 

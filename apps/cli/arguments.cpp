@@ -60,6 +60,11 @@ Usage:
                            .dot, .gv, .json, or contacts alone as .vcf
   pelk duplicates          list pairs of contacts that are likely one person, the
                            surest first, each with the reason
+  pelk lists               list the addresses that are mailing lists or robots:
+                           e-mails, kind, address, and why
+  pelk me [ADDRESS...|auto]
+                           print your own addresses, which a scan finds; set
+                           them; or let a scan find them again
   pelk dump                print the database as a plain XML document
   pelk load FILE           replace the database with a plain XML document (-
                            reads standard input) and keep the old one beside it
@@ -74,6 +79,8 @@ previous copies are pelk.db.bak-2 and pelk.db.bak-3.
 Options:
   --data DIR       keep the database in DIR/pelk instead of ~/.local/share/pelk
   --json           print JSON
+  --without-lists  with contacts, relations and domains: leave out mailing lists
+                   and robots
   --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD
                    or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;
                    e-mails since DATE that were counted before count again
@@ -144,6 +151,8 @@ class WordReader {
     void readOption(const std::string& word) {
         if (word == "--json")
             arguments_.json = true;
+        else if (word == "--without-lists")
+            arguments_.withoutLists = true;
         else if (word == "--yes")
             arguments_.yes = true;
         else if (word == "--ok" || word == "--cancel")

@@ -49,6 +49,8 @@ struct Arguments {
     std::string people;
     std::string size;
     bool json = false;
+    /// Leave out mailing lists and robots.
+    bool withoutLists = false;
     bool help = false;
     bool version = false;
 };

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "apps/cli/command_run.h"
+#include "apps/cli/correspondent_commands.h"
 #include "apps/cli/duplicates_command.h"
 #include "apps/cli/edit_commands.h"
 #include "apps/cli/exchange_commands.h"
@@ -70,18 +71,23 @@ void scan(CommandRun& run) {
 }
 
 void listContacts(CommandRun& run) {
-    printContacts(std::cout, contactsByName(run.database(), run.language()), run.arguments().json);
+    std::vector<Contact> contacts = contactsByName(run.database(), run.language());
+    std::erase_if(contacts, [leftOut = leftOutContacts(run)](const Contact& contact) {
+        return leftOut.contains(contact.id);
+    });
+    printContacts(std::cout, contacts, run.arguments().json);
 }
 
 void listRelations(CommandRun& run) {
     const int contact = run.findContact(run.arguments().operands[0]);
-    printRelations(std::cout, run.database(), contact, run.arguments().json);
+    printRelations(std::cout, run.database(), contact, leftOutContacts(run), run.arguments().json);
 }
 
 void listDomains(CommandRun& run) {
     const std::vector<std::string>& operands = run.arguments().operands;
     const std::string domain = operands.empty() ? "" : run.language().lowerCase(operands[0]);
-    const std::vector<DomainEntry> entries = domainEntries(run.database(), run.language(), domain);
+    const std::vector<DomainEntry> entries =
+        domainEntries(run.database(), run.language(), domain, leftOutContacts(run));
     if (entries.empty() && !domain.empty())
         throw Error("There is no domain " + domain + ".");
     printDomains(std::cout, entries, run.arguments().json);
@@ -130,6 +136,8 @@ constexpr std::array kCommands{
     Command{"picture", 0, 1, "at most one contact", pictureCommand},
     Command{"graph", 0, 0, "no operands", graphCommand},
     Command{"duplicates", 0, 0, "no operands", duplicatesCommand},
+    Command{"lists", 0, 0, "no operands", listsCommand},
+    Command{"me", 0, kAnyNumber, "any number of addresses", meCommand},
     Command{"dump", 0, 0, "no operands", dumpCommand},
     Command{"load", 1, 1, "one file", loadCommand},
     Command{"export", 1, 1, "one file", exportCommand},

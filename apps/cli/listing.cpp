@@ -168,8 +168,12 @@ void printContact(std::ostream& out, const Contact& contact, bool json) {
         Line(out) << std::setw(5) << contact.id << "  " << describe(contact);
 }
 
-void printRelations(std::ostream& out, const Database& database, int contactId, bool json) {
+void printRelations(std::ostream& out, const Database& database, int contactId,
+                    const HiddenContacts::Ids& leftOut, bool json) {
     std::vector<Relation> relations = database.relationsOf(contactId);
+    std::erase_if(relations, [&leftOut, contactId](const Relation& relation) {
+        return leftOut.contains(relation.partnerOf(contactId));
+    });
     sortByWeight(relations);
     const std::int64_t strongest = database.strongestWeight();
     QJsonArray array;
@@ -192,8 +196,12 @@ void printRelations(std::ostream& out, const Database& database, int contactId, 
 }
 
 std::vector<DomainEntry> domainEntries(const Database& database, const Language& language,
-                                       const std::string& domain) {
-    const std::vector<MailAddress> addresses = mailAddresses(database, language);
+                                       const std::string& domain,
+                                       const HiddenContacts::Ids& leftOut) {
+    std::vector<MailAddress> addresses = mailAddresses(database, language);
+    std::erase_if(addresses, [&leftOut](const MailAddress& address) {
+        return leftOut.contains(address.ownerId);
+    });
     std::vector<DomainEntry> entries;
     if (domain.empty())
         for (std::string& label : topLevelDomains(addresses))

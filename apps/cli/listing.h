@@ -13,6 +13,7 @@
 #include "platform/language.h"
 #include "scan/scanner.h"
 #include "views/domains.h"
+#include "views/hidden_contacts.h"
 #include "views/strength.h"
 
 class QJsonDocument;
@@ -36,13 +37,16 @@ void printContacts(std::ostream& out, const std::vector<Contact>& contacts, bool
 /// Prints one contact; as JSON an object rather than an array.
 void printContact(std::ostream& out, const Contact& contact, bool json);
 
-/// Prints the relations of a contact by descending weight, then by the other contact's id.
-void printRelations(std::ostream& out, const Database& database, int contactId, bool json);
+/// Prints the relations of a contact by descending weight, then by the other contact's id. Leaves
+/// out those with the contacts in `leftOut`.
+void printRelations(std::ostream& out, const Database& database, int contactId,
+                    const HiddenContacts::Ids& leftOut, bool json);
 
 /// Returns the entries one level below the domain, or the top level for an empty one, in
-/// alphabetical order.
+/// alphabetical order, without the addresses of the contacts in `leftOut`.
 std::vector<DomainEntry> domainEntries(const Database& database, const Language& language,
-                                       const std::string& domain);
+                                       const std::string& domain,
+                                       const HiddenContacts::Ids& leftOut);
 
 /// Prints one entry per line. A slash after a label distinguishes it from an address.
 void printDomains(std::ostream& out, const std::vector<DomainEntry>& entries, bool json);

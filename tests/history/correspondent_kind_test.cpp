@@ -40,6 +40,9 @@ TEST(CorrespondentKind, knowsListsByTheHeader) {
               "user@x.org person\n");
     EXPECT_EQ(kindsAfter({}, "users@lists.x.org", {"other@lists.x.org"}),
               "users@lists.x.org person\nother@lists.x.org list: on the host lists.x.org\n");
+    EXPECT_EQ(kindsAfter({}, "ann-dev@x.org", {"dm-devel@x.org", "ida.list@x.org", "users@x.org"}),
+              "ann-dev@x.org person\ndm-devel@x.org list: named dm-devel\nida.list@x.org person\n"
+              "users@x.org person\n");
 }
 
 TEST(CorrespondentKind, knowsRobotsByTheHeader) {
