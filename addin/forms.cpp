@@ -1,5 +1,7 @@
 #include "addin/forms.h"
 
+#include <utility>
+
 #include "db/date_stamp.h"
 #include "maintenance/contact_edits.h"
 #include "maintenance/saved_change.h"
@@ -136,6 +138,7 @@ void Forms::openDetails(Database& database, int contactId, int relatedId) {
 }
 
 void Forms::openOverTime(const Database& database, int contactId, int otherId) {
+    tellOfDamagedHistory();
     OverTimeForm& form = created(overTime, "OverTimeForm", ui_.toolkit);
     form.database = &database;
     form.history = [this]() -> const History& { return history_.history(); };
@@ -143,7 +146,14 @@ void Forms::openOverTime(const Database& database, int contactId, int otherId) {
     form.show();
 }
 
+void Forms::tellOfDamagedHistory() {
+    const std::optional<std::string> notice = history_.notice();
+    if (notice && !std::exchange(damageTold_, true))
+        ui_.dialogs.message(*notice, Buttons::Ok);
+}
+
 void Forms::openLostSight(Database& database, int contactId) {
+    tellOfDamagedHistory();
     LostSightForm& form = created(lostSight, "LostSightForm", ui_.toolkit, platform_.clock);
     form.database = &database;
     form.history = [this]() -> const History& { return history_.history(); };

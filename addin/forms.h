@@ -87,6 +87,7 @@ class Forms {
     void openFindDomain(Database& database, const std::string& sourceDomain);
     void openOverTime(const Database& database, int contactId, int otherId);
     void openLostSight(Database& database, int contactId);
+    void tellOfDamagedHistory();
     void showInView(Database& database, int contactId);
     void openDuplicates(Database& database);
     void openConfiguration(Database& database);
@@ -100,6 +101,7 @@ class Forms {
     Platform platform_;
     Storage& storage_;
     HistoryFile history_{storage_, platform_};
+    bool damageTold_ = false;
     /// What all forms hide.
     HiddenContacts hidden_{[this]() -> const History& { return history_.history(); }};
 };

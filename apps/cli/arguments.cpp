@@ -30,6 +30,13 @@ Usage:
                            level: labels with a slash, addresses with owners
   pelk details CONTACT CONTACT
                            print how strong the relation of two contacts is
+  pelk history CONTACT [CONTACT]
+                           print the days of the first and the last e-mail of
+                           two contacts, or of one with all others, and for
+                           each year the e-mails sent and received
+  pelk cold                list the contacts with whom you had a strong or
+                           medium relation and no e-mail for a year, strongest
+                           first: class, weight, id, last e-mail, name
   pelk rename CONTACT NAME give a contact another name
   pelk delete CONTACT...   delete contacts with all their relations
   pelk delete-domain DOMAIN
@@ -88,6 +95,9 @@ Options:
                    with a mail server: run COMMAND, and use the first line of
                    its output as the password; COMMAND finds the address of
                    the server in $PELK_SERVER
+  --by PERIOD      with history: print the e-mails of each year or month
+  --of CONTACT     with cold: list whom CONTACT has lost sight of
+  --months NUMBER  with cold: the months without an e-mail, instead of 12
   --copies         with scan: count an e-mail in every folder that contains it
   --name NAME      with merge: the name of the merged contact
   --yes            really delete the contacts of a domain, or the database
@@ -189,7 +199,7 @@ class WordReader {
             arguments_.mail.countDrafts = true;
         else if (word == "--junk")
             arguments_.mail.countJunk = true;
-        else if (!readLinksOption(word))
+        else if (!readLinksOption(word) && !readTimeOption(word))
             throw UsageError("unknown option " + word);
     }
 
@@ -201,6 +211,25 @@ class WordReader {
         else
             return false;
         return true;
+    }
+
+    bool readTimeOption(const std::string& word) {
+        if (word == "--by")
+            arguments_.byMonth = isMonth(word);
+        else if (word == "--of")
+            arguments_.of = value(word);
+        else if (word == "--months")
+            arguments_.months = static_cast<int>(number(word, 1200));
+        else
+            return false;
+        return true;
+    }
+
+    bool isMonth(const std::string& option) {
+        const std::string& period = value(option);
+        if (period != "month" && period != "year")
+            throw UsageError("option " + option + " takes year or month");
+        return period == "month";
     }
 
     /// Takes all words up to the next option, at least one.

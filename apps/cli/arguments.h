@@ -39,6 +39,11 @@ struct Arguments {
     /// How many chains `links` prints, and the contacts that no chain may meet.
     std::optional<std::size_t> count;
     std::vector<std::string> without;
+    /// Whether `history` prints months instead of years.
+    bool byMonth = false;
+    /// The contact of `cold`, empty for the user, and the months without an e-mail.
+    std::string of;
+    int months = 12;
     /// Whether `scan` counts all copies, and the stamp it counts from; empty means the last scan.
     bool copies = false;
     std::string since;

@@ -12,6 +12,7 @@
 #include "apps/cli/duplicates_command.h"
 #include "apps/cli/edit_commands.h"
 #include "apps/cli/exchange_commands.h"
+#include "apps/cli/history_commands.h"
 #include "apps/cli/link_commands.h"
 #include "apps/cli/listing.h"
 #include "apps/cli/mail_options.h"
@@ -126,6 +127,8 @@ constexpr std::array kCommands{
     Command{"relations", 1, 1, "one contact", listRelations},
     Command{"domains", 0, 1, "at most one domain", listDomains},
     Command{"details", 2, 2, "two contacts", showDetails},
+    Command{"history", 1, 2, "one contact or two", historyCommand},
+    Command{"cold", 0, 0, "no operands", coldCommand},
     Command{"rename", 2, 2, "a contact and its new name", renameCommand},
     Command{"delete", 1, kAnyNumber, "at least one contact", deleteCommand},
     Command{"delete-domain", 1, 1, "one domain", deleteDomainCommand},
