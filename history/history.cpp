@@ -6,9 +6,15 @@
 namespace pelk {
 namespace {
 
-std::uint64_t keyOf(std::uint32_t number, std::uint32_t other) {
-    const auto [smaller, larger] = std::minmax(number, other);
-    return static_cast<std::uint64_t>(smaller) << 32 | larger;
+/// Returns where the partner with that number is, or belongs, among an address's partners.
+template <typename Partners>
+auto placeOf(Partners& partners, std::uint32_t number) {
+    // Partners are mostly read in their order.
+    if (partners.empty() || partners.back().number < number)
+        return partners.end();
+    return std::lower_bound(
+        partners.begin(), partners.end(), number,
+        [](const auto& partner, std::uint32_t wanted) { return partner.number < wanted; });
 }
 
 }  // namespace
@@ -50,34 +56,36 @@ void History::forgetUser() {
 }
 
 const AddressRecord* History::findRecord(const std::string& address) const {
-    const Address* const found = find(address);
-    return found != nullptr && !found->record.empty() ? &found->record : nullptr;
+    const std::optional<Number> number = find(address);
+    if (!number || addresses_[*number].record.empty())
+        return nullptr;
+    return &addresses_[*number].record;
 }
 
 Exchange History::between(std::span<const std::string> side,
                           std::span<const std::string> otherSide) const {
     Exchange sum;
     for (const std::string& address : side)
-        for (const std::string& other : otherSide)
-            if (const Pair* const pair = findPair(address, other))
-                sum.add(addresses_[pair->one].text == address ? pair->exchange
-                                                              : pair->exchange.reversed());
+        for (const std::string& other : otherSide) {
+            const std::optional<Number> number = find(address);
+            const std::optional<Number> otherNumber = find(other);
+            if (!number || !otherNumber)
+                continue;
+            if (const Pair* const pair = findPair(*number, *otherNumber))
+                sum.add(pair->seenFrom(*number));
+        }
     return sum;
 }
 
 void History::forEachPartner(
     const std::string& address,
     const std::function<void(const std::string& partner, const Exchange&)>& visit) const {
-    const Address* const found = find(address);
-    if (found == nullptr)
+    const std::optional<Number> number = find(address);
+    if (!number)
         return;
-    for (const Number place : found->pairs) {
-        const Pair& pair = pairs_[place];
-        const bool isFirst = &addresses_[pair.one] == found;
-        if (!pair.exchange.empty())
-            visit(addresses_[isFirst ? pair.other : pair.one].text,
-                  isFirst ? pair.exchange : pair.exchange.reversed());
-    }
+    for (const Partner& partner : addresses_[*number].partners)
+        if (const Pair& pair = pairs_[partner.pair]; !pair.exchange.empty())
+            visit(addresses_[partner.number].text, pair.seenFrom(*number));
 }
 
 void History::forEachAddress(const std::function<void(const std::string& address)>& visit) const {
@@ -160,11 +168,14 @@ std::size_t History::numberOf(const std::string& address) {
     return found->second;
 }
 
-void History::forEachExchange(const std::function<void(std::size_t number, std::size_t other,
-                                                       const Exchange&)>& visit) const {
-    for (const Pair& pair : pairs_)
-        if (!pair.exchange.empty())
-            visit(pair.one, pair.other, pair.exchange);
+void History::forEachExchange(
+    std::size_t number,
+    const std::function<void(std::size_t other, const Exchange&)>& visit) const {
+    const std::vector<Partner>& partners = addresses_[number].partners;
+    for (auto partner = placeOf(partners, static_cast<Number>(number)); partner != partners.end();
+         ++partner)
+        if (const Pair& pair = pairs_[partner->pair]; !pair.exchange.empty())
+            visit(partner->number, pair.exchange);
 }
 
 void History::addExchange(std::size_t number, std::size_t other, Exchange&& exchange) {
@@ -186,34 +197,37 @@ bool History::empty() const {
 }
 
 bool History::hasExchange(const Address& address) const {
-    return std::any_of(address.pairs.begin(), address.pairs.end(),
-                       [this](Number place) { return !pairs_[place].exchange.empty(); });
+    return std::any_of(
+        address.partners.begin(), address.partners.end(),
+        [this](const Partner& partner) { return !pairs_[partner.pair].exchange.empty(); });
 }
 
-const History::Address* History::find(const std::string& address) const {
+std::optional<History::Number> History::find(const std::string& address) const {
     const auto found = numbers_.find(address);
-    return found == numbers_.end() ? nullptr : &addresses_[found->second];
+    return found == numbers_.end() ? std::nullopt : std::optional(found->second);
 }
 
-const History::Pair* History::findPair(const std::string& address, const std::string& other) const {
-    const auto one = numbers_.find(address);
-    const auto two = numbers_.find(other);
-    if (one == numbers_.end() || two == numbers_.end())
-        return nullptr;
-    const auto found = pairNumbers_.find(keyOf(one->second, two->second));
-    return found == pairNumbers_.end() ? nullptr : &pairs_[found->second];
+const History::Pair* History::findPair(Number number, Number other) const {
+    const std::vector<Partner>& partners = addresses_[number].partners;
+    const auto place = placeOf(partners, other);
+    return place != partners.end() && place->number == other ? &pairs_[place->pair] : nullptr;
 }
 
 /// Returns the pair of two addresses, a new one when there is none.
 History::Pair& History::pairOf(Number number, Number other) {
+    if (const Pair* const known = findPair(number, other))
+        return pairs_[static_cast<std::size_t>(known - pairs_.data())];
     const auto next = static_cast<Number>(pairs_.size());
-    const auto [found, isNew] = pairNumbers_.try_emplace(keyOf(number, other), next);
-    if (isNew) {
-        pairs_.push_back({number, other, {}});
-        addresses_[number].pairs.push_back(next);
-        addresses_[other].pairs.push_back(next);
-    }
-    return pairs_[found->second];
+    const auto [smaller, larger] = std::minmax(number, other);
+    pairs_.push_back({smaller, larger, {}});
+    insertPartner(number, {other, next});
+    insertPartner(other, {number, next});
+    return pairs_.back();
+}
+
+void History::insertPartner(Number number, Partner partner) {
+    std::vector<Partner>& partners = addresses_[number].partners;
+    partners.insert(placeOf(partners, partner.number), partner);
 }
 
 bool operator==(const History& a, const History& b) {

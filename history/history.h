@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -93,10 +94,13 @@ class History {
     std::size_t addressCount() const { return addresses_.size(); }
     const std::string& address(std::size_t number) const { return addresses_[number].text; }
     const AddressRecord& recordOf(std::size_t number) const { return addresses_[number].record; }
+    AddressRecord& recordOf(std::size_t number) { return addresses_[number].record; }
     std::size_t numberOf(const std::string& address);
-    /// Calls `visit` with each exchange, seen from the first address.
-    void forEachExchange(const std::function<void(std::size_t number, std::size_t other,
-                                                  const Exchange&)>& visit) const;
+    /// Calls `visit` with the exchanges of an address with those that have a larger number, in
+    /// their order.
+    void forEachExchange(
+        std::size_t number,
+        const std::function<void(std::size_t other, const Exchange&)>& visit) const;
     /// Adds e-mails between two different addresses, seen from the first one.
     void addExchange(std::size_t number, std::size_t other, Exchange&& exchange);
 
@@ -108,28 +112,38 @@ class History {
 
  private:
     using Number = std::uint32_t;
+    struct Partner {
+        Number number = 0;
+        /// The place in `pairs_`.
+        Number pair = 0;
+    };
     struct Address {
         std::string text;
         AddressRecord record;
-        std::vector<Number> pairs;
+        /// In the order of their numbers.
+        std::vector<Partner> partners;
     };
     struct Pair {
+        /// The first number is the smaller one.
         Number one = 0;
         Number other = 0;
         /// Seen from `one`; may be empty.
         Exchange exchange;
+
+        Exchange seenFrom(Number number) const {
+            return number == one ? exchange : exchange.reversed();
+        }
     };
 
-    const Address* find(const std::string& address) const;
-    const Pair* findPair(const std::string& address, const std::string& other) const;
+    std::optional<Number> find(const std::string& address) const;
+    const Pair* findPair(Number number, Number other) const;
     Pair& pairOf(Number number, Number other);
+    void insertPartner(Number number, Partner partner);
     bool hasExchange(const Address& address) const;
 
     std::vector<Address> addresses_;
     std::unordered_map<std::string, Number> numbers_;
     std::vector<Pair> pairs_;
-    /// The places in `pairs_`, by the numbers of both addresses.
-    std::unordered_map<std::uint64_t, Number> pairNumbers_;
     std::uint64_t revision_ = 0;
 };
 

@@ -14,9 +14,6 @@
 namespace pelk {
 namespace {
 
-/// The end of a document without pairs.
-constexpr std::string_view kEnd = "<pairs/></pelkHistory>";
-
 constexpr std::size_t kNoNumber = std::numeric_limits<std::size_t>::max();
 
 [[noreturn]] void refuse() {
@@ -29,30 +26,22 @@ void append(std::string& text, std::uint64_t number) {
                 std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
 }
 
-int numberOfMonth(Month month) {
-    return month / 12 * 100 + month % 12 + 1;
-}
-
-/// Appends an element. It holds digits only, so there is nothing to escape; a library takes several
-/// times as long to make as many elements.
-void appendPair(std::string& text, std::size_t number, std::size_t other,
-                const Exchange& exchange) {
-    const auto attribute = [&text](std::string_view start, std::uint64_t value) {
-        text += start;
-        append(text, value);
+/// Appends the e-mails with another address: its number, the first day, the last day of the last
+/// month, and for each month how many months it is after the previous one, and both counts.
+void appendExchange(std::string& text, std::size_t other, const Exchange& exchange) {
+    const auto appendAfter = [&text](std::string_view separator, auto number) {
+        text += separator;
+        append(text, static_cast<std::uint64_t>(number));
     };
-    attribute("<pair one=\"", number);
-    attribute("\" other=\"", other);
-    attribute("\" first=\"", static_cast<std::uint64_t>(exchange.first));
-    attribute("\" last=\"", static_cast<std::uint64_t>(exchange.last));
-    std::string_view before = "\" months=\"";
+    appendAfter(text.empty() ? "" : ";", other);
+    appendAfter(" ", exchange.first);
+    appendAfter(" ", exchange.last % 100);
+    Month before = exchange.months.front().month;
     for (const MonthCount& count : exchange.months) {
-        attribute(std::exchange(before, " "),
-                  static_cast<std::uint64_t>(numberOfMonth(count.month)));
-        attribute(":", count.sent);
-        attribute(",", count.received);
+        appendAfter(" ", count.month - std::exchange(before, count.month));
+        appendAfter(":", count.sent);
+        appendAfter(",", count.received);
     }
-    text += "\"/>";
 }
 
 void setCount(const XmlElement& element, const char* name, std::uint32_t count) {
@@ -65,51 +54,72 @@ void setText(const XmlElement& element, const char* name, const std::string& tex
         element.setAttribute(name, text);
 }
 
-void appendAddress(const XmlElement& parent, const std::string& address,
-                   const AddressRecord& record) {
+/// Returns the number of each address within the document; `kNoNumber` for those that are left out.
+std::vector<std::size_t> numbersInUse(const History& history) {
+    std::vector<bool> isUsed(history.addressCount());
+    for (std::size_t number = 0; number < isUsed.size(); ++number) {
+        isUsed[number] = isUsed[number] || !history.recordOf(number).empty();
+        history.forEachExchange(number, [&isUsed, number](std::size_t other, const Exchange&) {
+            isUsed[number] = isUsed[other] = true;
+        });
+    }
+    std::vector<std::size_t> numbers;
+    std::size_t next = 0;
+    for (const bool used : isUsed)
+        numbers.push_back(used ? next++ : kNoNumber);
+    return numbers;
+}
+
+void appendAddress(const XmlElement& parent, const History& history, std::size_t number,
+                   const std::vector<std::size_t>& numbers) {
+    const AddressRecord& record = history.recordOf(number);
     const XmlElement element = parent.appendElement("address");
-    element.setAttribute("value", address);
+    element.setAttribute("value", history.address(number));
     setCount(element, "sent", record.sent);
     setCount(element, "automatic", record.automatic);
     setText(element, "automaticBy", record.automaticBy);
     setText(element, "listBy", record.listBy);
     setCount(element, "inSentMail", record.inSentMail);
     setCount(element, "account", record.isAccount ? 1 : 0);
-}
-
-/// Appends the addresses in use, and returns the number of each within the document.
-std::vector<std::size_t> appendAddresses(const XmlElement& parent, const History& history) {
-    std::vector<bool> isUsed(history.addressCount());
-    history.forEachExchange([&isUsed](std::size_t number, std::size_t other, const Exchange&) {
-        isUsed[number] = isUsed[other] = true;
+    std::string exchanges;
+    history.forEachExchange(number, [&](std::size_t other, const Exchange& exchange) {
+        appendExchange(exchanges, numbers[other], exchange);
     });
-    std::vector<std::size_t> numbers(history.addressCount(), kNoNumber);
-    std::size_t next = 0;
-    for (std::size_t number = 0; number < numbers.size(); ++number) {
-        const AddressRecord& record = history.recordOf(number);
-        if (!isUsed[number] && record.empty())
-            continue;
-        appendAddress(parent, history.address(number), record);
-        numbers[number] = next++;
-    }
-    return numbers;
+    setText(element, "with", exchanges);
 }
 
-/// Reads numbers with single characters between them.
+void appendAddresses(const XmlElement& parent, const History& history) {
+    const std::vector<std::size_t> numbers = numbersInUse(history);
+    for (std::size_t number = 0; number < numbers.size(); ++number)
+        if (numbers[number] != kNoNumber)
+            appendAddress(parent, history, number, numbers);
+}
+
+/// Reads numbers, each followed by one character.
 class NumberReader {
  public:
     explicit NumberReader(std::string_view text) : rest_(text) {}
 
     bool atEnd() const { return rest_.empty(); }
-    /// Reads a number and the character behind it; the last number ends the text.
-    std::uint32_t take(char end) {
+    std::uint32_t number() {
         std::uint32_t number = 0;
         const auto read = std::from_chars(rest_.data(), rest_.data() + rest_.size(), number);
-        rest_.remove_prefix(static_cast<std::size_t>(read.ptr - rest_.data()));
-        if (read.ec != std::errc() || (!rest_.empty() && rest_.front() != end))
+        if (read.ec != std::errc())
             refuse();
-        rest_.remove_prefix(rest_.empty() ? 0 : 1);
+        rest_.remove_prefix(static_cast<std::size_t>(read.ptr - rest_.data()));
         return number;
+    }
+    /// Takes this character if it is next.
+    bool take(char character) {
+        const bool isNext = !rest_.empty() && rest_.front() == character;
+        rest_.remove_prefix(isNext ? 1 : 0);
+        return isNext;
+    }
+    std::uint32_t numberBefore(char character) {
+        const std::uint32_t before = number();
+        if (!take(character))
+            refuse();
+        return before;
     }
 
  private:
@@ -118,41 +128,53 @@ class NumberReader {
 
 /// Reads an attribute that is one number; 0 when it is missing.
 std::uint32_t readCount(std::string_view text) {
-    return text.empty() ? 0 : NumberReader(text).take('\0');
+    NumberReader reader(text);
+    const std::uint32_t count = reader.atEnd() ? 0 : reader.number();
+    if (!reader.atEnd())
+        refuse();
+    return count;
 }
 
-Day readDay(std::string_view text) {
-    const std::uint32_t day = readCount(text);
+Day checkedDay(std::uint32_t day) {
     const std::uint32_t month = day / 100 % 100;
     if (day > 99991231 || month < 1 || month > 12 || day % 100 < 1 || day % 100 > 31)
         refuse();
     return static_cast<Day>(day);
 }
 
-std::vector<MonthCount> readMonths(std::string_view text) {
-    std::vector<MonthCount> months;
-    NumberReader reader(text);
-    while (!reader.atEnd()) {
-        const Month month = monthOf(readDay(std::to_string(reader.take(':')) + "01"));
-        const std::uint32_t sent = reader.take(',');
-        months.push_back({month, sent, reader.take(' ')});
-        if (months.size() > 1 && months[months.size() - 2].month >= month)
+/// Reads what `appendExchange` has written behind the number of the address.
+Exchange readExchange(NumberReader& reader) {
+    Exchange exchange;
+    exchange.first = checkedDay(reader.numberBefore(' '));
+    const std::uint32_t lastDay = reader.number();
+    Month month = monthOf(exchange.first);
+    while (reader.take(' ')) {
+        const std::uint32_t gap = reader.numberBefore(':');
+        if (exchange.months.empty() != (gap == 0) || gap > 12 * 9999)
             refuse();
+        month += static_cast<Month>(gap);
+        const std::uint32_t sent = reader.numberBefore(',');
+        exchange.months.push_back({month, sent, reader.number()});
     }
-    return months;
+    if (exchange.empty() || lastDay > 31)
+        refuse();
+    const auto numberOfMonth = static_cast<std::uint32_t>(month / 12 * 100 + month % 12 + 1);
+    exchange.last = checkedDay(numberOfMonth * 100 + lastDay);
+    return exchange;
 }
 
-void readPair(History& history, const XmlElement& element) {
-    const auto [one, other, first, last, months] =
-        element.texts("one", "other", "first", "last", "months");
-    const std::size_t number = readCount(one);
-    const std::size_t otherNumber = readCount(other);
-    if (std::max(number, otherNumber) >= history.addressCount() || number == otherNumber)
-        refuse();
-    Exchange exchange{readDay(first), readDay(last), readMonths(months)};
-    if (exchange.empty())
-        refuse();
-    history.addExchange(number, otherNumber, std::move(exchange));
+/// Reads the e-mails of an address with those that have a larger number, in their order.
+void readExchanges(History& history, std::size_t number, std::string_view text) {
+    NumberReader reader(text);
+    std::size_t before = number;
+    while (!reader.atEnd()) {
+        const std::size_t other = reader.numberBefore(' ');
+        if (other <= before || other >= history.addressCount())
+            refuse();
+        history.addExchange(number, before = other, readExchange(reader));
+        if (!reader.take(';') && !reader.atEnd())
+            refuse();
+    }
 }
 
 void readAddress(History& history, const XmlElement& element) {
@@ -161,8 +183,8 @@ void readAddress(History& history, const XmlElement& element) {
     const std::size_t next = history.addressCount();
     if (value.empty() || history.numberOf(value) != next)
         refuse();
-    history.record(value) = {readCount(sent), readCount(automatic),  automaticBy,
-                             listBy,          readCount(inSentMail), readCount(account) != 0};
+    history.recordOf(next) = {readCount(sent), readCount(automatic),  automaticBy,
+                              listBy,          readCount(inSentMail), readCount(account) != 0};
 }
 
 /// Calls `read` with each element of the part of the document.
@@ -189,17 +211,8 @@ std::string textOf(const HistoryContent& content, const MakeXmlDocument& makeDoc
     const XmlElement own = root.appendElement("own");
     for (const std::string& address : content.ownAddresses)
         own.appendElement("address").setAttribute("value", address);
-    const std::vector<std::size_t> numbers =
-        appendAddresses(root.appendElement("addresses"), content.history);
-    root.appendElement("pairs");
-    std::string text = document->xml();
-    text.resize(text.rfind(kEnd));
-    text += "<pairs>";
-    content.history.forEachExchange(
-        [&](std::size_t number, std::size_t other, const Exchange& exchange) {
-            appendPair(text, numbers[number], numbers[other], exchange);
-        });
-    return text + "</pairs></pelkHistory>";
+    appendAddresses(root.appendElement("addresses"), content.history);
+    return document->xml();
 }
 
 HistoryContent readHistory(std::string text, const MakeXmlDocument& makeDocument) {
@@ -222,9 +235,10 @@ HistoryContent readHistory(std::string text, const MakeXmlDocument& makeDocument
     part = part.nextSibling();
     readPart(part, "addresses",
              [&content](const XmlElement& element) { readAddress(content.history, element); });
-    part = part.nextSibling();
-    readPart(part, "pairs",
-             [&content](const XmlElement& element) { readPair(content.history, element); });
+    std::size_t number = 0;
+    readPart(part, "addresses", [&](const XmlElement& element) {
+        readExchanges(content.history, number++, element.text("with"));
+    });
     return content;
 }
 
