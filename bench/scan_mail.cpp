@@ -9,18 +9,6 @@
 #include "platform/desktop/pugi_document.h"
 
 namespace pelk {
-namespace {
-
-class NoProgress : public ScanProgress {
- public:
-    void noticed(const std::string&) override {}
-    void folderStarted(const std::string&) override {}
-    void itemsCounted(int) override {}
-    void itemStarted(int) override {}
-};
-
-}  // namespace
-
 std::unique_ptr<Database> makeEmptyDatabase() {
     std::unique_ptr<XmlDocument> document = createPugiDocument();
     document->loadXml(std::string(kFirstStartDocument));
