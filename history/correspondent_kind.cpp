@@ -1,6 +1,7 @@
 #include "history/correspondent_kind.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -30,6 +31,8 @@ constexpr RobotName kRobotNames[] = {
 constexpr std::string_view kListCommands[] = {"request", "subscribe", "unsubscribe"};
 /// The last word of many names of lists, after another one.
 constexpr std::string_view kListWords[] = {"announce", "dev", "devel", "discuss", "list", "users"};
+/// The number of addresses that never sent anything, for a host of lists.
+constexpr int kSilentAtListHost = 10;
 /// The first label of hosts that have only mailing lists.
 constexpr std::string_view kListHosts[] = {"list", "lists", "listserv", "googlegroups"};
 
@@ -169,7 +172,29 @@ const char* nameOf(CorrespondentKind kind) {
     return "person";
 }
 
-Correspondent kindOfAddress(const std::string& address, const AddressRecord& record) {
+ListHosts listHostsIn(const History& history) {
+    struct Host {
+        bool hasList = false;
+        bool hasWriter = false;
+        int silent = 0;
+    };
+    std::map<std::string_view, Host> hosts;
+    for (std::size_t number = 0; number < history.addressCount(); ++number) {
+        const AddressRecord& record = history.recordOf(number);
+        Host& host = hosts[hostOf(history.address(number))];
+        host.hasList = host.hasList || !record.listBy.empty();
+        host.hasWriter = host.hasWriter || (record.listBy.empty() && record.sent > 0);
+        host.silent += record.listBy.empty() ? 1 : 0;
+    }
+    ListHosts found;
+    for (const auto& [name, host] : hosts)
+        if (host.hasList && !host.hasWriter && host.silent >= kSilentAtListHost)
+            found.emplace(name);
+    return found;
+}
+
+Correspondent kindOfAddress(const std::string& address, const AddressRecord& record,
+                            const ListHosts& listHosts) {
     if (!record.listBy.empty())
         return {CorrespondentKind::List, record.listBy + " in its e-mails"};
     if (const std::string_view name = robotNameIn(localPartOf(address)); !name.empty())
@@ -177,18 +202,21 @@ Correspondent kindOfAddress(const std::string& address, const AddressRecord& rec
     if (record.automatic > record.sent / 2)
         return {CorrespondentKind::Robot, record.automaticBy + " in its e-mails"};
     // A person with such an address writes from it at some time.
-    if (record.sent == 0 && isListHost(hostOf(address)))
-        return {CorrespondentKind::List, "on the host " + std::string(hostOf(address))};
+    const std::string_view host = hostOf(address);
+    if (record.sent == 0 && (isListHost(host) || listHosts.contains(host)))
+        return {CorrespondentKind::List, "on the host " + std::string(host)};
     if (record.sent == 0 && isListName(localPartOf(address)))
         return {CorrespondentKind::List, "named " + std::string(localPartOf(address))};
     return {};
 }
 
-Correspondent kindOfContact(const Contact& contact, const History& history) {
+Correspondent kindOfContact(const Contact& contact, const History& history,
+                            const ListHosts& listHosts) {
     Correspondent first;
     for (const std::string& address : contact.addresses) {
         const AddressRecord* const record = history.findRecord(address);
-        const Correspondent one = kindOfAddress(address, record ? *record : AddressRecord());
+        const Correspondent one =
+            kindOfAddress(address, record ? *record : AddressRecord(), listHosts);
         if (one.kind == CorrespondentKind::Person)
             return {};
         if (first.kind == CorrespondentKind::Person)

@@ -7,6 +7,8 @@
 //
 // Addresses are in lower case. All functions are thread-safe.
 
+#include <functional>
+#include <set>
 #include <span>
 #include <string>
 
@@ -21,18 +23,26 @@ enum class CorrespondentKind { Person, List, Robot };
 /// Returns "person", "list" or "robot".
 const char* nameOf(CorrespondentKind kind);
 
+using ListHosts = std::set<std::string, std::less<>>;
+
 struct Correspondent {
     CorrespondentKind kind = CorrespondentKind::Person;
     /// Why it is a list or a robot, such as "List-Post in its e-mails"; empty for a person.
     std::string reason;
 };
 
-/// Returns what an address is, by its name and by its record. The record may be empty.
-Correspondent kindOfAddress(const std::string& address, const AddressRecord& record);
+/// Returns the hosts that seem to have only mailing lists: a header names one of them, and of at
+/// least ten other addresses none has sent anything.
+ListHosts listHostsIn(const History& history);
+
+/// Returns what an address is, by its name, its record, which may be empty, and its host.
+Correspondent kindOfAddress(const std::string& address, const AddressRecord& record,
+                            const ListHosts& listHosts = {});
 
 /// Returns what a contact is: a list or a robot only if all of its addresses are, with the kind and
 /// the reason of the first one.
-Correspondent kindOfContact(const Contact& contact, const History& history);
+Correspondent kindOfContact(const Contact& contact, const History& history,
+                            const ListHosts& listHosts = {});
 
 /// Adds what the header of an e-mail says of its sender and its recipients to their records. A
 /// mailing list that the header names is known only if it is one of these. `sender` may be empty.

@@ -27,8 +27,9 @@ const HiddenContacts::Ids& HiddenContacts::of(const Database& database) {
 
 void HiddenContacts::find(const Database& database, const History& history) {
     ids_.clear();
+    const ListHosts listHosts = listHostsIn(history);
     database.forEachContact([&](const Contact& contact) {
-        if (kindOfContact(contact, history).kind != CorrespondentKind::Person)
+        if (kindOfContact(contact, history, listHosts).kind != CorrespondentKind::Person)
             ids_.insert(contact.id);
     });
     database_ = &database;

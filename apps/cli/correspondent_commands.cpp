@@ -69,12 +69,13 @@ std::uint64_t mailsOf(const std::string& address, const History& history,
 }
 
 std::vector<Correspondence> listsAndRobots(const Database& database, const History& history) {
+    const ListHosts listHosts = listHostsIn(history);
     std::vector<Correspondence> found;
     database.forEachContact([&](const Contact& contact) {
         for (const std::string& address : contact.addresses) {
             const AddressRecord* const known = history.findRecord(address);
             const AddressRecord record = known == nullptr ? AddressRecord() : *known;
-            Correspondent is = kindOfAddress(address, record);
+            Correspondent is = kindOfAddress(address, record, listHosts);
             if (is.kind != CorrespondentKind::Person)
                 found.push_back({address, std::move(is), mailsOf(address, history, record)});
         }

@@ -45,6 +45,23 @@ TEST(CorrespondentKind, knowsListsByTheHeader) {
               "users@x.org person\n");
 }
 
+TEST(CorrespondentKind, knowsHostsThatHaveOnlyLists) {
+    History history;
+    const auto kind = [&history] {
+        return kindOfContact({1, "", {"c@y"}}, history, listHostsIn(history)).reason;
+    };
+    noteAutomation(history, through("l@y"), "ann@x", std::vector<std::string>{"l@y"});
+    for (const char* const silent : {"a@y", "b@y", "c@y", "d@y", "e@y", "f@y", "g@y", "h@y", "i@y"})
+        history.countMail("ann@x", silent, 20200101);
+    EXPECT_EQ(kind(), "") << "too few";
+    history.countMail("ann@x", "j@y", 20200101);
+    EXPECT_EQ(kind(), "on the host y");
+    ++history.record("l@y").sent;
+    EXPECT_EQ(kind(), "on the host y");
+    ++history.record("b@y").sent;
+    EXPECT_EQ(kind(), "") << "a person writes from there";
+}
+
 TEST(CorrespondentKind, knowsRobotsByTheHeader) {
     const auto kind = [](const MailAutomation& automation) {
         return kindsAfter(automation, "ann@x.org", {});
