@@ -57,7 +57,8 @@ class DuplicateSearch {
     }
 
  private:
-    /// Adds a person under each thing that a duplicate may have in common with it.
+    /// Adds a person under each thing that a duplicate may have in common with it. Offices and
+    /// programs have only addresses.
     void addKeys(std::size_t number) {
         const Identity& person = people_[number];
         for (const Mailbox& mailbox : person.mailboxes) {
@@ -96,7 +97,7 @@ class DuplicateSearch {
         Duplicate duplicate{one.id, other.id, DuplicateReason::SameAddress, ""};
         if (shared(one, other, &Mailbox::whole) != nullptr)
             duplicate.text = "same address";
-        else if (!one.isRole && !other.isRole && !areNumbered(one, other))
+        else if (!areNumbered(one, other))
             judgeNames(one, other, duplicate);
         return duplicate.text.empty() ? std::nullopt : std::optional(std::move(duplicate));
     }
