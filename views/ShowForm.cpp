@@ -132,6 +132,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
 
 void ShowForm::startShowing() {
     const TreeState before(presTree);
+    const bool keepsState = groupedByNames_ && window->isVisible();
     groupedByNames_ = true;
     options.enableRelations(true);
     showTotals();
@@ -140,8 +141,17 @@ void ShowForm::startShowing() {
     strongestWeight_ = database->strongestWeight();
     fillTree();
     search.setTarget(contactNodes_);
-    if (window->isVisible())
+    if (keepsState)
         before.restore(presTree, [this](TreeNode& node) { expand(node); });
+    else
+        scrollToFirstRow();
+}
+
+/// The native tree would keep the position that it had with other rows.
+void ShowForm::scrollToFirstRow() {
+    const std::vector<TreeNode*>& rows = presTree.model().root().children();
+    if (!rows.empty())
+        presTree.scrollToTop(*rows.front());
 }
 
 void ShowForm::showTotals() {
@@ -190,6 +200,7 @@ void ShowForm::group(bool byNames) {
     groupedByNames_ = byNames;
     options.enableRelations(byNames);
     refresh();
+    scrollToFirstRow();
     byNames ? search.setTarget(contactNodes_) : search.setTarget(addressLeaves_);
 }
 

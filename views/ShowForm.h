@@ -84,6 +84,7 @@ class ShowForm {
 
  private:
     void formResize();
+    void scrollToFirstRow();
     void showTotals();
     void applyOptions();
     void showHidden();

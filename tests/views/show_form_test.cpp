@@ -67,6 +67,20 @@ TEST_F(ShowFormTest, refreshKeepsWhatIsExpandedSelectedAndInView) {
     driver.collapse(form.presTree, {0});
 }
 
+TEST_F(ShowFormTest, showsTheFirstRowsOfAnotherGrouping) {
+    for (int contact = 0; contact < 60; ++contact)
+        database->addContact("x", "x@d" + std::to_string(contact));
+    driver.click(form.refreshButton);
+    form.presTree.select(form.presTree.model().root().children().back());
+    for (Control* const radio :
+         std::initializer_list<Control*>{&form.domainsRadio, &form.namesRadio}) {
+        driver.click(*radio);
+        driver.settle();
+        EXPECT_TRUE(driver.isInView(form.presTree, {0}));
+        form.presTree.select(form.presTree.model().root().children().back());
+    }
+}
+
 TEST_F(ShowFormTest, goToSelectsTheFirstMatchInTheOrderOfInsertion) {
     EXPECT_EQ(foundBy("an"), "Ann (a@a/a@b)");
     EXPECT_EQ(foundBy("ANO"), "Anouk (");
