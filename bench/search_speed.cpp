@@ -161,7 +161,7 @@ class SearchSpeed {
         compare("Undo of a deletion, with the save",
                 {[&] { undoStep(*database_, store_.storage); },
                  [&] { deleteContacts(*database_, store_.storage, {7}, "seven"); }},
-                "decrypting and pugixml alone", {[&] { bare.run(); }});
+                "decrypting and pugixml alone", {[&] { bare.run(); }}, 4);
     }
 
     LargeStore store_;
