@@ -1,6 +1,8 @@
 // What a picture shows.
 
 #include "map/scene.h"
+#include <algorithm>
+
 #include "map/group_names.h"
 #include "map/labels.h"
 #include "map/svg.h"
@@ -80,9 +82,17 @@ TEST(Scene, namesThePersonInTheMiddleAndTheStrongest) {
         link.weight = link.from == 0 && link.to == 29 ? 900 : 1;
     SceneStyle style;
     const Arrangement arrangement = arrangeCircle(circle);
-    const Scene scene = makeScene(arrangement, viewOfAll(arrangement, 900, 900, style), style);
+    const Scene scene = makeScene(arrangement, viewOfAll(arrangement, 1400, 900, style), style);
     EXPECT_TRUE(hasText(scene, "Person number 1"));
     EXPECT_TRUE(hasText(scene, "Strongest"));
+    const double leftmost =
+        std::min_element(scene.texts.begin(), scene.texts.end(), [](const auto& a, const auto& b) {
+            return a.box.left < b.box.left;
+        })->box.right;
+    EXPECT_TRUE(
+        std::all_of(scene.circles.begin(), scene.circles.end(),
+                    [leftmost](const SceneCircle& drawn) { return drawn.center.x > leftmost; }))
+        << "labels stand outside";
     EXPECT_EQ(scene.rings.size(), 3U);
     EXPECT_EQ(scene.texts[0].bold, true);
     expectReadable(scene);
