@@ -41,12 +41,13 @@ std::vector<std::size_t> sendersOfSentMail(const History& history) {
 /// Returns the numbers of e-mails of all addresses.
 std::vector<std::uint64_t> mailsOf(const History& history) {
     std::vector<std::uint64_t> mails(history.addressCount());
-    history.forEachExchange(
-        [&mails](std::size_t number, std::size_t other, const Exchange& exchange) {
-            const std::uint64_t count = exchange.sent() + exchange.received();
-            mails[number] += count;
-            mails[other] += count;
-        });
+    for (std::size_t number = 0; number < mails.size(); ++number)
+        history.forEachExchange(
+            number, [&mails, number](std::size_t other, const Exchange& exchange) {
+                const std::uint64_t count = exchange.sent() + exchange.received();
+                mails[number] += count;
+                mails[other] += count;
+            });
     return mails;
 }
 
