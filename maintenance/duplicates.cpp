@@ -27,8 +27,12 @@ class DuplicateSearch {
  public:
     DuplicateSearch(const Database& database, const Language& language) {
         people_.reserve(database.contactCount());
-        database.forEachContact(
-            [&](const Contact& contact) { people_.push_back(readIdentity(contact, language)); });
+        // A foreign document may repeat an id, or have an invalid one, which is 0.
+        std::unordered_set<int> ids{0};
+        database.forEachContact([&](const Contact& contact) {
+            if (ids.insert(contact.id).second)
+                people_.push_back(readIdentity(contact, language));
+        });
         for (std::size_t person = 0; person < people_.size(); ++person)
             addKeys(person);
         for (const Relation& relation : database.relations()) {

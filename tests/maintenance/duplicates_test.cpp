@@ -264,5 +264,15 @@ TEST(Duplicates, knowTheSamePeople) {
     EXPECT_EQ(found[0].otherId, 3);
 }
 
+TEST(Duplicates, areDifferentContactsInAForeignDocument) {
+    std::string contacts;
+    for (const char* const id : {"3", "3", "x", "0", "-1"})
+        contacts +=
+            "<contact id='" + std::string(id) + "'><emails><email value='a@a'/></emails></contact>";
+    const auto database = loadDocument("<pelkDB totalContacts='3'><contacts>" + contacts +
+                                       "</contacts><relations/></pelkDB>");
+    EXPECT_TRUE(findDuplicates(*database, *makeLanguage()).empty());
+}
+
 }  // namespace
 }  // namespace pelk
