@@ -22,7 +22,9 @@ LocalTime StoredMessage::creationTime() {
 }
 
 std::optional<LocalTime> StoredMessage::sentTime() {
-    return localTime(NotedTime{dateFieldTime(header().first("Date"))});
+    if (!sentTime_)
+        sentTime_ = localTime(NotedTime{dateFieldTime(header().first("Date"))});
+    return *sentTime_;
 }
 
 /// A mail program writes an mbox again, but not a file with a single message. A change in the
@@ -75,6 +77,7 @@ void StoredMessage::readPeople() {
     sender();
     recipients();
     automation();
+    sentTime();
 }
 
 const MessageHeader& StoredMessage::header() {

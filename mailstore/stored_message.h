@@ -34,7 +34,7 @@ class StoredMessage : public MailItem {
     MailPerson recipient(int index) override;
     MailAutomation automation() override;
 
-    /// Parses sender, recipients and what `automation` returns now, so that the functions above are
+    /// Parses sender, recipients, `automation` and `sentTime` now, so that the functions above are
     /// quick later.
     void readPeople();
     /// Whether a caller has asked for a person.
@@ -57,6 +57,7 @@ class StoredMessage : public MailItem {
     MessagePlace place_;
     NotedTime received_;
     std::optional<std::optional<LocalTime>> ownTime_;
+    std::optional<std::optional<LocalTime>> sentTime_;
     std::unique_ptr<const MessageHeader> header_;
     std::optional<std::optional<MailPerson>> sender_;
     std::optional<std::vector<MailPerson>> recipients_;
