@@ -33,9 +33,9 @@ std::vector<std::uint32_t> numbersById(const Graph& graph) {
     return numbers;
 }
 
-void readPeople(const Database& database, Graph& graph) {
-    database.forEachContact([&graph](const Contact& contact) {
-        if (contact.id > 0 && contact.id <= kMaxContactId)
+void readPeople(const Database& database, const std::unordered_set<int>& without, Graph& graph) {
+    database.forEachContact([&](const Contact& contact) {
+        if (contact.id > 0 && contact.id <= kMaxContactId && !without.contains(contact.id))
             graph.people.push_back({contact});
     });
     const auto idOf = [](const GraphPerson& person) { return person.contact.id; };
@@ -63,10 +63,10 @@ void readLinks(const Database& database, Strength from, Graph& graph) {
     putInOrder(graph.links);
 }
 
-Graph readGraph(const Database& database, Strength from) {
+Graph readGraph(const Database& database, const GraphFilter& filter) {
     Graph graph;
-    readPeople(database, graph);
-    readLinks(database, from, graph);
+    readPeople(database, filter.without, graph);
+    readLinks(database, filter.from, graph);
     countMails(graph);
     return graph;
 }
@@ -88,7 +88,7 @@ std::vector<std::uint32_t> bestOf(const std::vector<double>& rank, std::size_t m
 }  // namespace
 
 Graph makeGraph(const Database& database, const GraphFilter& filter) {
-    const Graph graph = readGraph(database, filter.from);
+    const Graph graph = readGraph(database, filter);
     std::vector<double> mails;
     mails.reserve(graph.people.size());
     for (const GraphPerson& person : graph.people)
@@ -99,8 +99,9 @@ Graph makeGraph(const Database& database, const GraphFilter& filter) {
     return partOf(graph, shown);
 }
 
-Graph makeCircle(const Database& database, int contact, const GraphFilter& filter) {
-    const Graph graph = readGraph(database, filter.from);
+Graph makeCircle(const Database& database, int contact, GraphFilter filter) {
+    filter.without.erase(contact);
+    const Graph graph = readGraph(database, filter);
     const std::uint32_t middle = numbersById(graph)[static_cast<std::size_t>(contact)];
     std::vector<double> nearness(graph.people.size());
     for (const GraphLink& link : graph.links)

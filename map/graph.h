@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "db/database.h"
@@ -44,6 +45,8 @@ struct GraphFilter {
     /// The most people to include: those with most e-mails, and of equal ones those with the
     /// smallest ids. Nothing means everybody.
     std::optional<std::size_t> people;
+    /// The ids of contacts to leave out, such as mailing lists.
+    std::unordered_set<int> without;
 };
 
 /// Returns the people and relations that pass the filter. Relations without an e-mail, of a contact
@@ -53,8 +56,8 @@ Graph makeGraph(const Database& database, const GraphFilter& filter);
 
 /// Returns a contact and those people with the strongest relations to it that pass the filter,
 /// which counts them without the contact, and all links among them that pass. Person 0 is the
-/// contact. Requires: the contact exists.
-Graph makeCircle(const Database& database, int contact, const GraphFilter& filter);
+/// contact, even if the filter leaves it out. Requires: the contact exists.
+Graph makeCircle(const Database& database, int contact, GraphFilter filter);
 
 /// Returns the part of a graph with the people of those numbers, which become 0, 1 and so on, and
 /// with the links between them.

@@ -86,8 +86,8 @@ previous copies are pelk.db.bak-2 and pelk.db.bak-3.
 Options:
   --data DIR       keep the database in DIR/pelk instead of ~/.local/share/pelk
   --json           print JSON
-  --without-lists  with contacts, relations and domains: leave out mailing lists
-                   and robots
+  --without-lists  with contacts, relations, domains, picture and graph:
+                   leave out mailing lists and robots
   --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD
                    or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;
                    e-mails since DATE that were counted before count again

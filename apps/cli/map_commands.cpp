@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "apps/cli/commands.h"
+#include "apps/cli/correspondent_commands.h"
 #include "apps/cli/picture_file.h"
 #include "apps/cli/terminal_text.h"
 #include "map/graph_files.h"
@@ -51,8 +52,11 @@ std::optional<std::size_t> mostPeople(const std::string& people) {
     throw UsageError("option --people takes a number from 1 to " + std::to_string(kMaxContactId));
 }
 
-GraphFilter filterOf(const Arguments& arguments) {
-    return {weakestShown(arguments.from), mostPeople(arguments.people)};
+GraphFilter filterOf(CommandRun& run) {
+    const Arguments& arguments = run.arguments();
+    GraphFilter filter{weakestShown(arguments.from), mostPeople(arguments.people), {}};
+    filter.without = leftOutContacts(run);
+    return filter;
 }
 
 PictureSize sizeOf(const std::string& text) {
@@ -158,7 +162,7 @@ void pictureCommand(CommandRun& run) {
     const std::string& path = outputOf(run.arguments());
     const PictureFormat format = pictureFormat(path, run.language());
     const PictureSize size = sizeOf(run.arguments().size);
-    const Arrangement arrangement = arrange(run, filterOf(run.arguments()));
+    const Arrangement arrangement = arrange(run, filterOf(run));
     SceneStyle style;
     style.title = titleOf(arrangement);
     // A larger picture has larger texts, and also more of them.
@@ -176,7 +180,7 @@ void graphCommand(CommandRun& run) {
     if (format == kFormats.end())
         throw UsageError(
             "pelk graph writes files that end in .graphml, .gexf, .csv, .dot, .gv, .json or .vcf");
-    const Graph graph = makeGraph(run.database(), filterOf(run.arguments()));
+    const Graph graph = makeGraph(run.database(), filterOf(run));
     const std::size_t stem = path.size() - ending.size();
     writeFiles(run,
                format->write(path.substr(0, stem), path.substr(stem), graph, findGroups(graph)));

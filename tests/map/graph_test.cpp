@@ -31,20 +31,22 @@ class GraphTest : public ::testing::Test {
 TEST_F(GraphTest, holdsWhatTheFilterLetsThrough) {
     EXPECT_EQ(textOf(makeGraph(*database, {})),
               "1:110 2:130 3:50 4:10 5:0 (1-2 100s)(1-3 10w)(2-3 30m)(3-4 10w)");
-    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Medium, {}})),
+    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Medium, {}, {}})),
               "1:100 2:130 3:30 (1-2 100s)(2-3 30m)");
-    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 3})),
+    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 3, {}})),
               "1:110 2:130 3:40 (1-2 100s)(1-3 10w)(2-3 30m)");
-    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 99})), textOf(makeGraph(*database, {})));
+    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Medium, {}, {1}})), "2:30 3:30 (2-3 30m)");
+    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 99, {}})),
+              textOf(makeGraph(*database, {})));
 }
 
 TEST_F(GraphTest, hasTheContactOfACircleFirst) {
     EXPECT_EQ(textOf(makeCircle(*database, 3, {})),
               "3:50 1:110 2:130 4:10 (3-1 10w)(3-2 30m)(3-4 10w)(1-2 100s)");
-    EXPECT_EQ(textOf(makeCircle(*database, 3, {Strength::Weak, 2})),
+    EXPECT_EQ(textOf(makeCircle(*database, 3, {Strength::Weak, 2, {}})),
               "3:40 1:110 2:130 (3-1 10w)(3-2 30m)(1-2 100s)")
         << "of the equal ones 1 and 4";
-    EXPECT_EQ(textOf(makeCircle(*database, 4, {Strength::Medium, {}})), "4:0 ");
+    EXPECT_EQ(textOf(makeCircle(*database, 4, {Strength::Medium, {}, {}})), "4:0 ");
 }
 
 TEST(Backbone, keepsWhatIsMoreThanChanceAndTheStrongestLinkOfEach) {
