@@ -34,7 +34,7 @@ TEST_F(HistoryCliTest, PrintsWhenMailWasExchanged) {
               "medium      1      3  2025-03-04  cy@c.example\n");
     EXPECT_EQ(run("cold --of ann@a.example --months 1200").output, "");
     expectSays("cold --of cy@c.example --json", "\"last\": \"2025-03-04\"");
-    expectSays("cold", "Your own addresses are not known yet.");
+    expectSays("cold", "strong      3      2  2025-05-02  Bob");
     expectSays("cold --of x", "There is no contact x.");
     expectSays("history cy@c.example --by day", "option --by takes year or month");
     std::filesystem::remove(folder.path() + "/data/pelk/pelk-history.db");
