@@ -69,6 +69,9 @@ void Storage::saveDocument(const Database& database, const std::string& path) {
         companion_->prepareSave();
     writeHeld();
     requireSettledCompanion();
+    // Most databases without a history lose contacts without having had one.
+    if (paired_ && paired_->empty() && !platform_.files.fileExists(nameBeside(kCompanionName)))
+        paired_.reset();
     if (paired_)
         saveWithCompanion(database, path);
     else
