@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 
 #include "bench/large_database.h"
@@ -64,7 +63,7 @@ class TimeSpeed {
         : store_(folder),
           toolkit_(dialogs_, store_.desktop.language()),
           database_(store_.storage.loadDatabase().database) {
-        std::filesystem::remove(store_.path + "/../pelk-history.db");
+        store_.storage.removeBeside(kCompanionName);
         readAgain();
         history_->addScan(makeHistory(*database_), {}, database_->date());
         store_.storage.saveDatabase(*database_);
