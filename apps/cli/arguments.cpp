@@ -86,7 +86,7 @@ previous copies are pelk.db.bak-2 and pelk.db.bak-3.
 Options:
   --data DIR       keep the database in DIR/pelk instead of ~/.local/share/pelk
   --json           print JSON
-  --without-lists  with contacts, relations, domains, picture and graph:
+  --without-lists  with contacts, relations, domains, cold, picture and graph:
                    leave out mailing lists and robots
   --since DATE     with scan: count the e-mails that came after DATE (YYYY-MM-DD
                    or YYYY-MM-DDTHH:MM:SS) instead of after the last scan;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "apps/cli/command_run.h"
+#include "apps/cli/correspondent_commands.h"
 #include "apps/cli/listing.h"
 #include "apps/cli/terminal_text.h"
 #include "views/deletion_text.h"
@@ -103,8 +104,9 @@ void historyCommand(CommandRun& run) {
 void coldCommand(CommandRun& run) {
     const std::vector<int> people = peopleOf(run);
     const History& history = run.history();
-    const LostSight lost = lostSightOf(run.database(), history, people,
-                                       dayOf(run.platform().clock.now()), run.arguments().months);
+    const LostSight lost =
+        lostSightOf(run.database(), history, people, dayOf(run.platform().clock.now()),
+                    run.arguments().months, leftOutContacts(run));
     printLost(std::cout, run.database(), lost, run.arguments().json);
     tellIfEmpty(history);
     if (lost.undated > 0 && !history.empty())

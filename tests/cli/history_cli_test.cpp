@@ -35,6 +35,12 @@ TEST_F(HistoryCliTest, PrintsWhenMailWasExchanged) {
     EXPECT_EQ(run("cold --of ann@a.example --months 1200").output, "");
     expectSays("cold --of cy@c.example --json", "\"last\": \"2025-03-04\"");
     expectSays("cold", "strong      3      2  2025-05-02  Bob");
+    folder.write("Robot",
+                 "From a Fri May  2 09:12:00 2025\nFrom: noreply@a.example\nTo: "
+                 "bob@b.example\n\nHi\n\n");
+    run("scan " + folder.path() + "/Robot");
+    expectSays("cold --of bob@b.example", "noreply@a.example");
+    expectSays("cold --of bob@b.example --without-lists", "1 contact left out.");
     expectSays("cold --of x", "There is no contact x.");
     expectSays("history cy@c.example --by day", "option --by takes year or month");
     std::filesystem::remove(folder.path() + "/data/pelk/pelk-history.db");
