@@ -13,6 +13,7 @@
 #include "bench/opening.h"
 #include "bench/plain_view.h"
 #include "bench/random.h"
+#include "bench/settled.h"
 #include "bench/silent_dialogs.h"
 #include "links/ShowFindFormDomains.h"
 #include "maintenance/contact_edits.h"
@@ -24,27 +25,8 @@
 namespace pelk {
 namespace {
 
-constexpr int kRounds = 9;
-constexpr double kLimit = 3;
 /// As many as one real archive gave.
 constexpr std::size_t kChains = 117450;
-
-/// Lets Qt finish pending layout and painting.
-void settle() {
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
-}
-
-void compare(const std::string& what, const Work& own, const std::string& other, const Work& plain,
-             double limit = kLimit) {
-    const auto settling = [](const Work& work) {
-        return Work{[run = work.run] { run(), settle(); }, work.prepare};
-    };
-    const auto times = medians(kRounds, {settling(own), settling(plain)});
-    print({what, "warm", times[0], other, times[1], "ms", limit});
-}
 
 /// Qt's tree view over a list of texts, which it filters itself.
 class FilteredView {

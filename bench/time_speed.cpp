@@ -10,6 +10,7 @@
 #include "bench/measure.h"
 #include "bench/opening.h"
 #include "bench/random.h"
+#include "bench/settled.h"
 #include "bench/silent_dialogs.h"
 #include "history/history_file.h"
 #include "platform/desktop/qt/toolkit.h"
@@ -26,14 +27,6 @@ constexpr int kYears = 20;
 constexpr double kAtOnce = 300;
 /// The contact with the most relations.
 constexpr int kUser = 1;
-
-/// Lets Qt finish pending layout and painting.
-void settle() {
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
-}
 
 Day randomDay(Random& random) {
     const auto number = [&random](std::size_t below) {

@@ -11,6 +11,7 @@
 #include "bench/measure.h"
 #include "bench/opening.h"
 #include "bench/plain_view.h"
+#include "bench/settled.h"
 #include "bench/silent_dialogs.h"
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/toolkit.h"
@@ -18,26 +19,6 @@
 
 namespace pelk {
 namespace {
-
-constexpr int kRounds = 9;
-constexpr double kLimit = 3;
-
-/// Lets Qt finish pending layout and painting.
-void settle() {
-    for (int i = 0; i < 3; ++i) {
-        QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
-}
-
-void compare(const std::string& what, const Work& own, const std::string& other, const Work& plain,
-             double limit = kLimit) {
-    const auto settling = [](const Work& work) {
-        return Work{[run = work.run] { run(), settle(); }, work.prepare};
-    };
-    const auto times = medians(kRounds, {settling(own), settling(plain)});
-    print({what, "warm", times[0], other, times[1], "ms", limit});
-}
 
 /// Reads the names of a contact's related contacts, in the order of the relations, with pugixml
 /// only.
