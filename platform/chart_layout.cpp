@@ -101,12 +101,14 @@ class Layouter {
         return {edge(bar), top_, edge(bar + 1) - edge(bar), height_};
     }
 
+    /// A few bars stay bars and do not become walls.
     void addBars() {
+        constexpr int kWidestBar = 4;
         for (std::size_t bar = 0; bar < content_.bars.size(); ++bar) {
             const Rect space = column(bar);
             const int air = std::min(space.width / 4, space_.lineHeight);
-            const int width = std::max(1, space.width - air);
-            const int left = space.left + air / 2;
+            const int width = std::clamp(space.width - air, 1, kWidestBar * space_.lineHeight);
+            const int left = space.left + (space.width - width) / 2;
             const auto heightOf = [this](std::uint64_t mails) {
                 return mails == 0 ? 0 : std::max(1, pixelsOf(mails));
             };

@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 #include <QPainter>
+#include <cmath>
 #include <utility>
 
 #include "platform/chart_layout.h"
@@ -25,6 +26,11 @@ int toQt(ChartAlign align) {
                                          : Qt::AlignRight;
 }
 
+/// Rounds up, because a text that lacks a part of a pixel is cut.
+int widthOf(const std::string& text, const QFontMetricsF& metrics) {
+    return static_cast<int>(std::ceil(metrics.horizontalAdvance(QString::fromStdString(text))));
+}
+
 }  // namespace
 
 ChartWidget::ChartWidget(QWidget* parent) : QWidget(parent) {
@@ -42,7 +48,7 @@ void ChartWidget::paintEvent(QPaintEvent*) {
     const QFontMetrics metrics = fontMetrics();
     const ChartLayout layout =
         layOut(content_, {{width(), height()}, metrics.height(), [&](const std::string& text) {
-                              return metrics.horizontalAdvance(QString::fromStdString(text));
+                              return widthOf(text, metrics);
                           }});
     const QColor text = palette().color(QPalette::WindowText);
     const ChartColors colors = chartColors(fromQt(text), fromQt(palette().color(QPalette::Window)));
