@@ -15,9 +15,8 @@ constexpr Size kInnerSize{6000, 2700};
 constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
 constexpr int kLineHeight = 260;
 
-constexpr int kLowerStrip = kFormButton.height + kFormMargin;
-constexpr Rect kOverTimeBounds{kFormMargin, kInnerSize.height, kFormButton.width,
-                               kFormButton.height};
+constexpr Rect kOkBounds = bottomButton(kInnerSize, 1);
+constexpr Rect kOverTimeBounds{kFormMargin, kOkBounds.top, kOkBounds.width, kOkBounds.height};
 
 constexpr Rect line(int top, int lines = 1) {
     return {kFormMargin, top, kWidth, lines * kLineHeight};
@@ -42,12 +41,11 @@ DetailsForm::DetailsForm(Toolkit& toolkit)
       part2Label(window->addLabel(line(970), "")),
       weightBar(window->addProgressBar(line(1330))),
       moreLabel(window->addLabel(line(1650, 2), "")),
-      okButton(window->addButton(bottomButton(kInnerSize, 1), "OK")),
+      okButton(window->addButton(kOkBounds, "OK")),
       overTimeButton(window->addButton(kOverTimeBounds, "Over &time")) {
     window->setCaption("Relation details");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
-    window->setStrips(0, kLowerStrip);
     okButton.onClick = [this] { window->hide(); };
     overTimeButton.onClick = [this] { openOverTime(firstId_, secondId_); };
 }
