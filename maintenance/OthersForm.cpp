@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kGap = 120;
 constexpr Size kButtonSize{2 * kFormButton.width, kFormButton.height};
-constexpr int kButtons = 6;
+constexpr int kButtons = 7;
 /// Wide enough for paths, which do not wrap.
 constexpr int kWidth = 6000;
 constexpr int kTextHeight = 560;
@@ -28,10 +28,6 @@ constexpr Rect buttonAt(int row) {
 constexpr Rect kTextBounds{kWideMargin, buttonAt(kButtons).top, kWidth - 2 * kWideMargin,
                            kTextHeight};
 constexpr Size kInnerSize{kWidth, kTextBounds.top + kTextHeight + kWideMargin / 2};
-
-/// In the strip below.
-constexpr Rect kDuplicatesBounds{buttonAt(0).left, kInnerSize.height, kButtonSize.width,
-                                 kButtonSize.height};
 
 constexpr const char* kFileFilter = "Pelk Data Base files (*.db)|*.db|All files (*.*)|*.*";
 
@@ -46,13 +42,12 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
       closeButton(window->addButton(buttonAt(4), "Close")),
       restoreButton(window->addButton(buttonAt(5), "Restore the last copy...")),
       doneLabel(window->addLabel(kTextBounds, "")),
-      duplicatesButton(window->addButton(kDuplicatesBounds, "Find duplicates...")),
+      duplicatesButton(window->addButton(buttonAt(6), "Find duplicates...")),
       ui_(ui),
       storage_(storage) {
     window->setCaption("Other options");
     window->setInnerSize(kInnerSize);
     window->setMinimumInnerSize(kInnerSize);
-    window->setStrips(0, kButtonSize.height + kWideMargin);
     // The form cannot be closed during an import.
     window->onCloseRequest = [this] { return !importing_; };
     configButton.onClick = [this] { configure(); };
@@ -124,6 +119,9 @@ void OthersForm::setImporting(bool importing) {
     for (Button* const button : {&configButton, &exportButton, &importButton, &delButton,
                                  &closeButton, &restoreButton, &duplicatesButton})
         button->setEnabled(!importing);
+    // A disabled button loses the focus.
+    if (!importing)
+        importButton.focus();
 }
 
 bool OthersForm::confirmsMerge(const std::string& question) {
