@@ -80,17 +80,23 @@ void DuplicatesForm::fill() {
     updateButtons();
 }
 
-/// The selected pair stays selected, and the rows in view stay in view, unless they are gone.
+/// The selected pair stays selected, and the rows in view stay in view, unless they are gone. In
+/// place of a pair that is gone, the one that follows is selected, so that the keyboard leads
+/// through the list.
 void DuplicatesForm::refresh() {
     const TreeNode* const selected = pairOf(pairsTree.selected());
     const TreeNode* const top = pairOf(pairsTree.firstVisible());
     const std::string selectedKey = selected == nullptr ? "" : selected->key();
+    const std::set<std::size_t> rows = selectedPairs();
     const std::size_t topRow = top == nullptr ? 0 : static_cast<std::size_t>(top->row());
     fill();
     const auto& nodes = pairsTree.model().root().children();
     if (topRow > 0 && !nodes.empty())
         pairsTree.scrollToTop(*nodes[std::min(topRow, nodes.size() - 1)]);
-    pairsTree.select(pairsTree.model().find(selectedKey));
+    TreeNode* shown = pairsTree.model().find(selectedKey);
+    if (shown == nullptr && !rows.empty() && !nodes.empty())
+        shown = nodes[std::min(*rows.begin(), nodes.size() - 1)];
+    pairsTree.select(shown);
     updateButtons();
 }
 
@@ -144,16 +150,10 @@ void DuplicatesForm::mergeButtonClick() {
             mergeContact(id, describe(*contact));
 }
 
-/// Selects the row that follows, so that the keyboard leads through the list.
 void DuplicatesForm::notSameButtonClick() {
-    const std::set<std::size_t> rows = selectedPairs();
-    for (const std::size_t row : rows)
+    for (const std::size_t row : selectedPairs())
         rejected_.add(*database->contact(pairs_[row].id), *database->contact(pairs_[row].otherId));
     refresh();
-    const auto& nodes = pairsTree.model().root().children();
-    if (*rows.begin() < nodes.size())
-        pairsTree.select(nodes[*rows.begin()]);
-    updateButtons();
 }
 
 void DuplicatesForm::showAgainButtonClick() {
