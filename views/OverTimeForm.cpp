@@ -30,12 +30,14 @@ std::string rowOf(const PeriodCount& count) {
            std::to_string(count.received) + " received";
 }
 
-/// Returns the label below the bars of a period. Many months are labelled by their years.
-std::string barLabel(const std::string& period, bool many) {
+/// Returns the label below the bars of a period. Many months are labelled by their years, the first
+/// one only if the label of the next year is not near.
+std::string barLabel(const std::string& period, bool many, bool isFirst) {
     constexpr std::size_t kYearSize = 4;
     if (!many)
         return period;
-    return period.ends_with("-01") ? period.substr(0, kYearSize) : "";
+    const std::string month = period.substr(kYearSize);
+    return month == "-01" || (isFirst && month < "-07") ? period.substr(0, kYearSize) : "";
 }
 
 }  // namespace
@@ -120,7 +122,8 @@ void OverTimeForm::showPeriods() {
         table.removeRow(table.rows().size() - 1);
     for (const PeriodCount& count : periods) {
         table.addRow({rowOf(count), ""});
-        content.bars.push_back({barLabel(count.label, many), count.sent, count.received});
+        content.bars.push_back(
+            {barLabel(count.label, many, content.bars.empty()), count.sent, count.received});
     }
     content.description = description_;
     chart.setContent(std::move(content));
