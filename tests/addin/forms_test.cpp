@@ -397,6 +397,12 @@ TEST_F(FormsTest, suggestsDuplicatesForAMerge) {
     driver.click(form.showAgainButton);
     EXPECT_EQ(shownRows(driver, form.pairsTree), "Zoë Smith - Smith, Zoe");
     EXPECT_FALSE(driver.isEnabled(form.showAgainButton));
+
+    forms.undo(*database);
+    driver.clickRow(form.pairsTree, {1});
+    forms.redo(*database);
+    EXPECT_EQ(driver.selectedText(form.pairsTree), "Zoë Smith - Smith, Zoe");
+    EXPECT_TRUE(driver.isEnabled(form.mergeButton));
 }
 
 TEST_F(FormsTest, savesWhatTheViewRenamesAndDeletes) {
