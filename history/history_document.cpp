@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::size_t kNoNumber = std::numeric_limits<std::size_t>::max();
 
+/// The last one whose year has four digits.
+constexpr Month kLastMonth = 12 * 9999 + 11;
+
 [[noreturn]] void refuse() {
     throw DamagedData("It does not hold a history of relations.");
 }
@@ -150,16 +153,21 @@ Exchange readExchange(NumberReader& reader) {
     Month month = monthOf(exchange.first);
     while (reader.take(' ')) {
         const std::uint32_t gap = reader.numberBefore(':');
-        if (exchange.months.empty() != (gap == 0) || gap > 12 * 9999)
+        if (exchange.months.empty() != (gap == 0) || gap > kLastMonth)
             refuse();
         month += static_cast<Month>(gap);
         const std::uint32_t sent = reader.numberBefore(',');
         exchange.months.push_back({month, sent, reader.number()});
+        // Checked for each month, because the sum of many gaps would overflow.
+        if (month > kLastMonth || (sent == 0 && exchange.months.back().received == 0))
+            refuse();
     }
     if (exchange.empty() || lastDay > 31)
         refuse();
     const auto numberOfMonth = static_cast<std::uint32_t>(month / 12 * 100 + month % 12 + 1);
     exchange.last = checkedDay(numberOfMonth * 100 + lastDay);
+    if (exchange.first > exchange.last)
+        refuse();
     return exchange;
 }
 
