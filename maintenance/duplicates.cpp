@@ -27,12 +27,14 @@ class DuplicateSearch {
  public:
     DuplicateSearch(const Database& database, const Language& language) {
         people_.reserve(database.contactCount());
-        // A foreign document may repeat an id, or have an invalid one, which is 0.
+        // A foreign document may repeat an id, have an invalid one, which is 0, or any order.
         std::unordered_set<int> ids{0};
         database.forEachContact([&](const Contact& contact) {
             if (ids.insert(contact.id).second)
                 people_.push_back(readIdentity(contact, language));
         });
+        std::sort(people_.begin(), people_.end(),
+                  [](const Identity& left, const Identity& right) { return left.id < right.id; });
         for (std::size_t person = 0; person < people_.size(); ++person)
             addKeys(person);
         for (const Relation& relation : database.relations()) {

@@ -272,6 +272,12 @@ TEST(Duplicates, areDifferentContactsInAForeignDocument) {
     const auto database = loadDocument("<pelkDB totalContacts='3'><contacts>" + contacts +
                                        "</contacts><relations/></pelkDB>");
     EXPECT_TRUE(findDuplicates(*database, *makeLanguage()).empty());
+    const auto reversed = loadDocument(
+        "<pelkDB totalContacts='3'><contacts><contact id='3'><emails><email value='a@a'/></emails>"
+        "</contact><contact id='2'><emails><email value='a@a'/></emails></contact></contacts>"
+        "<relations/></pelkDB>");
+    ASSERT_EQ(findDuplicates(*reversed, *makeLanguage()).size(), 1U);
+    EXPECT_EQ(findDuplicates(*reversed, *makeLanguage())[0].id, 2) << "the lower id comes first";
 }
 
 }  // namespace
