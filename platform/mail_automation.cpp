@@ -45,8 +45,9 @@ bool isAddress(std::string_view text) {
 }
 
 void addList(std::vector<NamedList>& lists, std::string_view field, std::string_view address) {
+    address = address.substr(0, kMostText);
     if (isAddress(address))
-        lists.push_back({std::string(field), std::string(address.substr(0, kMostText))});
+        lists.push_back({std::string(field), std::string(address)});
 }
 
 /// The field holds addresses in the web, "mailto:" among them, or NO where nobody may post.

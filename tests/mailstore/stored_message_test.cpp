@@ -80,6 +80,8 @@ TEST_F(StoredMessageTest, saysWhatListsAndProgramsWrote) {
                               true,
                               "list",
                               "auto-generated"}));
+    EXPECT_EQ(automation("List-Post: <mailto:" + std::string(500, 'l') + "@x>\n"), MailAutomation())
+        << "an address that is cut before its host is none";
     EXPECT_EQ(automation("List-Post: NO\nList-Post: <mailto:>\nList-Id: bare.x\n"),
               (MailAutomation{{}, "bare.x", false, {}, {}}));
 }
