@@ -1,11 +1,14 @@
-// Fuzzes edits and link searches on a random document. Each index must stay consistent with its
-// query, and each chain must equal that of `DenseSearch`.
+// Fuzzes edits, link searches and the search for duplicates on a random document. Each index must
+// stay consistent with its query, and each best chain must equal that of `DenseSearch`.
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <tuple>
 
 #include "fuzz/fuzz.h"
 #include "links/link_search.h"
+#include "maintenance/duplicates.h"
 #include "tests/db/index_fault.h"
 #include "tests/links/dense_search.h"
 
@@ -13,6 +16,8 @@ namespace pelk {
 namespace {
 
 constexpr int kIds = 12;
+constexpr std::size_t kChains = 4;
+constexpr std::array kNames{"Ann Smith", "Smith, Ann", "A. Smith", "Ann", "Ann Jones"};
 constexpr std::array kWeights{"1",   "2",  "3",     "9",      "",      "x",
                               "2.5", "-4", "99999", "100000", "50001", "1000000000000"};
 
@@ -32,13 +37,19 @@ class Edits {
         for (const int source : {1, kIds / 2, kIds})
             for (int target = 1; target <= kIds; ++target)
                 requireChain(source, target);
+        requireDuplicates();
         if (kind_ == Kind::Sound)
             requireSoundAndRoundTrip(*database_);
     }
 
  private:
     int number(int most) { return next_ == end_ ? 0 : *next_++ % (most + 1); }
-    std::string address() { return "p" + std::to_string(number(kIds)) + "@x"; }
+
+    std::string address() {
+        const int which = number(kIds);
+        return which % 2 == 0 ? "p" + std::to_string(which) + "@x"
+                              : "ann.smith@x" + std::to_string(which);
+    }
 
     std::string anyIdText() {
         constexpr std::array odd{"", "x", "007", "+3", "40000"};
@@ -86,8 +97,10 @@ class Edits {
     void requireUndo(const std::string& before) {
         database_->inStep("edit", [this] { edit(); });
         const std::string after = database_->xml();
-        if (!database_->undo())
+        // Without a change there is no new step, and an undo would revert an earlier one.
+        if (after == before)
             return;
+        require(database_->undo(), "a change can be undone");
         require(database_->xml() == before, "an undo returns to the same bytes", before);
         requireIndexes();
         database_->redo();
@@ -117,10 +130,13 @@ class Edits {
             case 4:
                 database_->removeRelation(a, b);
                 break;
-            case 5:
-                database_->renameContact(a, "Ann");
-                database_->setThresholds(number(100), number(100));
+            case 5: {
+                database_->renameContact(
+                    a, kNames[static_cast<std::size_t>(number(kNames.size() - 1))]);
+                const int weak = number(100);
+                database_->setThresholds(std::max(weak, number(100)), weak);
                 break;
+            }
             case 6:
                 requireIndexes();
                 break;
@@ -157,9 +173,61 @@ class Edits {
             require(found.has_value() == expected.has_value() &&
                         (!found || (found->ids == expected->ids && found->cost == expected->cost)),
                     "a chain is that of the dense search", database_->xml());
+            requireRanking(search_.findSeveral(source, target, kChains), found);
         } catch (const Error&) {
             require(!searchable, "a search is refused only for invalid ids");
         }
+    }
+
+    void requireRanking(const std::vector<LinkChain>& chains,
+                        const std::optional<LinkChain>& best) const {
+        require(chains.empty() != best.has_value() && chains.size() <= kChains,
+                "there are chains if there is a best one");
+        if (chains.empty())
+            return;
+        const LinkGraph graph(*database_);
+        std::set<std::vector<int>> all;
+        for (const LinkChain& chain : chains) {
+            requireSimple(chain, graph);
+            require(chain.cost >= best->cost && chain.cost < kNoLink, "the best chain is first");
+            require(chain.ids.front() == best->ids.front() && chain.ids.back() == best->ids.back(),
+                    "all chains have the same ends");
+            require(all.insert(chain.ids).second, "no chain comes twice");
+        }
+        require(std::is_sorted(chains.begin(), chains.end(),
+                               [](const LinkChain& left, const LinkChain& right) {
+                                   return left.cost < right.cost;
+                               }),
+                "chains come by ascending cost");
+        require(chains.front().ids == best->ids, "the best chain is first");
+    }
+
+    /// Requires that the chain meets no contact twice, and costs what its edges cost.
+    void requireSimple(const LinkChain& chain, const LinkGraph& graph) const {
+        const bool isOneContact = chain.ids.front() == chain.ids.back();
+        const std::set<int> met(chain.ids.begin(), chain.ids.end());
+        require(met.size() == chain.ids.size() || (isOneContact && met.size() == 1),
+                "a chain meets no contact twice");
+        int cost = 0;
+        for (std::size_t place = 1; !isOneContact && place < chain.ids.size(); ++place)
+            for (const LinkEdge edge : graph.edgesOf(chain.ids[place - 1]))
+                cost += edge.to() == chain.ids[place] ? edge.cost() : 0;
+        require(cost == chain.cost, "a chain costs what its edges cost", database_->xml());
+    }
+
+    void requireDuplicates() const {
+        const std::vector<Duplicate> found = findDuplicates(*database_, language());
+        for (const Duplicate& pair : found) {
+            require(pair.id < pair.otherId && !pair.text.empty(), "a pair of two contacts");
+            require(database_->contact(pair.id) && database_->contact(pair.otherId),
+                    "duplicates exist");
+        }
+        const auto place = [](const Duplicate& pair) {
+            return std::tuple(pair.reason, pair.id, pair.otherId);
+        };
+        for (std::size_t next = 1; next < found.size(); ++next)
+            require(place(found[next - 1]) < place(found[next]), "duplicates are in order",
+                    database_->xml());
     }
 
     const std::uint8_t* next_;

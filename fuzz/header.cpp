@@ -3,10 +3,12 @@
 #include "fuzz/fuzz.h"
 #include "mailstore/folder_name.h"
 #include "mailstore/gmail_labels.h"
+#include "mailstore/header_people.h"
 #include "mailstore/message_header.h"
 #include "mailstore/message_identity.h"
 #include "mailstore/message_time.h"
 #include "mailstore/mozilla_status.h"
+#include "mailstore/special_folder.h"
 
 namespace pelk {
 namespace {
@@ -37,13 +39,27 @@ void readFields(const MessageHeader& header) {
             "a Message-ID has no brackets or blanks around it", id);
 }
 
+void readAutomationOf(const MessageHeader& header, std::string_view text) {
+    for (const NamedList& list : automationInHeader(text).lists)
+        require(list.address.find('@') != std::string::npos, "a list has an address");
+    const MailAutomation automation = automationOf(header);
+    std::string all = automation.listId + automation.precedence + automation.autoSubmitted;
+    for (const NamedList& list : automation.lists) {
+        require(list.address.find('@') != std::string::npos, "a list has an address");
+        all += list.address;
+    }
+    require(all.find_first_of("\r\n \t") == std::string::npos, "each is one word", all);
+}
+
 }  // namespace
 }  // namespace pelk
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace pelk;
     const std::string text(textOf(data, size));
-    readFields(MessageHeader(text));
+    const MessageHeader header(text);
+    readFields(header);
+    readAutomationOf(header, text);
     const std::string line = text.substr(0, text.find('\n'));
     readTime(fromLineTime(line));
     readTime({maildirNameTime(line).value_or(kNoTime)});

@@ -1,7 +1,10 @@
-// Fuzzes the import of a document into a database of four contacts.
+// Fuzzes the import of a document into a database of four contacts, and the search for duplicates
+// in that document.
 
 #include "fuzz/fuzz.h"
+#include "maintenance/duplicates.h"
 #include "maintenance/import_merge.h"
+#include "platform/utf8.h"
 
 namespace pelk {
 namespace {
@@ -39,6 +42,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::unique_ptr<Database> imported = openDocument(textOf(data, size));
     if (!imported)
         return 0;
+    for (const Duplicate& pair : findDuplicates(*imported, language()))
+        require(isXmlText(pair.text) && pair.id < pair.otherId, "a reason is text", pair.text);
     const std::unique_ptr<Database> current = openDocument(kCurrent);
     const std::size_t contacts = current->contactCount();
     const double weights = sumOfWeights(*current);

@@ -13,6 +13,7 @@
 
 #include "db/database_cipher.h"
 #include "fuzz/mail_target.h"
+#include "history/history_document.h"
 #include "platform/desktop/openssl_crypto.h"
 
 namespace pelk {
@@ -80,6 +81,22 @@ class Seeds {
               "[Maildir Backend]\nPath=/tmp\n[General]\nPath[$e]=$HOME/\n");
     }
 
+    /// Writes the history of two people and a mailing list.
+    void addHistory() {
+        HistoryContent content;
+        content.date = "2024-03-01T08:00:00";
+        content.ownAddresses = {"ann@a"};
+        content.stores.add({"/mail", content.date, content.date, {}, {1, 2}});
+        for (const Day day : {20231231, 20240131, 20240229}) {
+            content.history.countMail("ann@a", "bob@b", day);
+            content.history.countMail("bob@b", "users@lists.b", day);
+        }
+        content.history.record("ann@a") = {3, 0, "", "", 3, true};
+        content.history.record("bob@b") = {3, 1, "Precedence", "", 0, false};
+        content.history.record("users@lists.b").listBy = "List-Post";
+        write("history", textOf(content, createPugiDocument));
+    }
+
     /// Writes random bytes, for targets that accept any bytes.
     void addRandomBytes(const char* target) {
         std::mt19937 random(1);
@@ -114,6 +131,7 @@ class Seeds {
             return;
         write("document", xml);
         write("import", xml);
+        write("network", xml);
         write("cipher", xml);
         const OpensslCrypto crypto;
         DatabaseCipher cipher(crypto);
@@ -144,6 +162,7 @@ int main(int argc, char** argv) {
             seeds.addMailFile(entry.path());
     seeds.addGearyFile();
     seeds.addSettings();
+    seeds.addHistory();
     seeds.addRandomBytes("edits");
     return 0;
 }
