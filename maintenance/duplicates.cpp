@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
-#include <unordered_set>
+#include <set>
 #include <utility>
 
 #include "maintenance/identity.h"
@@ -23,18 +23,21 @@ constexpr std::size_t kShortestCompact = 6;
 /// Two contacts of one person share so many correspondents besides the owner of the mail.
 constexpr std::size_t kFewestShared = 3;
 
+/// Returns the ids under which the database finds contacts, in order. A foreign document may hold
+/// them in any order, repeat an id, write it as "007", or have an invalid one, which is 0.
+std::set<int> contactIds(const Database& database) {
+    std::set<int> ids;
+    database.forEachContact([&ids](const Contact& contact) { ids.insert(contact.id); });
+    std::erase_if(ids, [&database](int id) { return id == 0 || !database.contact(id); });
+    return ids;
+}
+
 class DuplicateSearch {
  public:
     DuplicateSearch(const Database& database, const Language& language) {
         people_.reserve(database.contactCount());
-        // A foreign document may repeat an id, have an invalid one, which is 0, or any order.
-        std::unordered_set<int> ids{0};
-        database.forEachContact([&](const Contact& contact) {
-            if (ids.insert(contact.id).second)
-                people_.push_back(readIdentity(contact, language));
-        });
-        std::sort(people_.begin(), people_.end(),
-                  [](const Identity& left, const Identity& right) { return left.id < right.id; });
+        for (const int id : contactIds(database))
+            people_.push_back(readIdentity(*database.contact(id), language));
         for (std::size_t person = 0; person < people_.size(); ++person)
             addKeys(person);
         for (const Relation& relation : database.relations()) {

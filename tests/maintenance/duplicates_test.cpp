@@ -266,7 +266,7 @@ TEST(Duplicates, knowTheSamePeople) {
 
 TEST(Duplicates, areDifferentContactsInAForeignDocument) {
     std::string contacts;
-    for (const char* const id : {"3", "3", "x", "0", "-1"})
+    for (const char* const id : {"3", "3", "x", "0", "-1", "002"})
         contacts +=
             "<contact id='" + std::string(id) + "'><emails><email value='a@a'/></emails></contact>";
     const auto database = loadDocument("<pelkDB totalContacts='3'><contacts>" + contacts +
