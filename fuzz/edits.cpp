@@ -220,7 +220,7 @@ class Edits {
         for (const Duplicate& pair : found) {
             require(pair.id < pair.otherId && !pair.text.empty(), "a pair of two contacts");
             require(database_->contact(pair.id) && database_->contact(pair.otherId),
-                    "duplicates exist");
+                    "duplicates exist", database_->xml());
         }
         const auto place = [](const Duplicate& pair) {
             return std::tuple(pair.reason, pair.id, pair.otherId);

@@ -67,6 +67,7 @@ std::vector<std::size_t> numbersInUse(const History& history) {
         });
     }
     std::vector<std::size_t> numbers;
+    numbers.reserve(isUsed.size());
     std::size_t next = 0;
     for (const bool used : isUsed)
         numbers.push_back(used ? next++ : kNoNumber);
