@@ -79,7 +79,7 @@ void printLost(std::ostream& out, const Database& database, const LostSight& los
 std::vector<int> peopleOf(CommandRun& run) {
     if (!run.arguments().of.empty())
         return {run.findContact(run.arguments().of)};
-    const std::vector<int> own = ownersOf(run.database(), run.historyFile().ownAddresses());
+    std::vector<int> own = ownersOf(run.database(), run.historyFile().ownAddresses());
     if (own.empty() && !run.history().empty())
         throw Error("Your own addresses are not known yet. The next scan finds them.");
     return own;
