@@ -83,6 +83,7 @@ std::vector<std::uint32_t> orderAround(const Groups& groups, const std::vector<d
 std::vector<double> radiiAround(const std::vector<double>& weights) {
     const double most = *std::max_element(weights.begin(), weights.end());
     std::vector<double> radii;
+    radii.reserve(weights.size());
     for (const double weight : weights)
         radii.push_back(kSmallestRadius + (kLargestRadius - kSmallestRadius) *
                                               std::sqrt(weight / std::max(most, 1.0)));
