@@ -61,9 +61,8 @@ QString libraries() {
     for (const std::string& name : mailLibraries())
         names += QString::fromStdString(name);
     names += QStringLiteral("OpenSSL ") + OpenSSL_version(OPENSSL_VERSION_STRING);
-    names += QStringLiteral("libetpan %1.%2")
-                 .arg(LIBETPAN_VERSION_MAJOR)
-                 .arg(LIBETPAN_VERSION_MINOR);
+    names +=
+        QStringLiteral("libetpan %1.%2").arg(LIBETPAN_VERSION_MAJOR).arg(LIBETPAN_VERSION_MINOR);
     names += QStringLiteral("pugixml %1.%2")
                  .arg(PUGIXML_VERSION / 1000)
                  .arg(PUGIXML_VERSION % 1000 / 10);
