@@ -150,7 +150,7 @@ std::string addressOf(const Contact& contact) {
 
 std::string labelOf(const Contact& contact) {
     for (const std::string& text : {contact.name, addressOf(contact)}) {
-        const std::string label = displayText(text);
+        std::string label = displayText(text);
         if (label.find_first_not_of(' ') != std::string::npos)
             return label;
     }
