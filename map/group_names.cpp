@@ -52,6 +52,7 @@ std::vector<std::string> groupNames(const Graph& graph, const Groups& groups) {
             addDomains(graph.people[number].contact, everybody);
         }
     std::vector<std::string> names;
+    names.reserve(facts.size());
     for (const GroupFacts& group : facts)
         names.push_back(nameOfGroup(group, everybody));
     return names;

@@ -136,6 +136,7 @@ std::vector<std::optional<Box>> placeLabels(const std::vector<LabelledCircle>& c
                                             const Box& area, const std::vector<Box>& texts) {
     LabelPlacement placement(circles, area, texts);
     std::vector<std::optional<Box>> places;
+    places.reserve(circles.size());
     for (const LabelledCircle& circle : circles)
         places.push_back(placement.place(circle));
     return places;

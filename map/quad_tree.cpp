@@ -75,7 +75,7 @@ std::uint32_t QuadTree::cellFor(std::uint32_t at, Point point) {
 Point QuadTree::repulsionOn(std::uint32_t person) const {
     const Point point = points_[person];
     Point sum;
-    std::array<std::uint32_t, 4 * (kDeepest + 1)> waiting;
+    std::array<std::uint32_t, std::size_t{4} * (kDeepest + 1)> waiting;
     std::size_t count = 0;
     waiting[count++] = 0;
     while (count > 0) {
