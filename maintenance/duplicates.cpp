@@ -49,9 +49,10 @@ class DuplicateSearch {
     }
 
     std::vector<Duplicate> find() const {
-        std::vector<std::pair<Key, Key>> pairs;
-        members_.forEachPair(
-            kMostAlike, [&pairs](Key first, Key second) { pairs.emplace_back(first, second); });
+        std::vector<std::pair<std::size_t, std::size_t>> pairs;
+        members_.forEachPair(kMostAlike, [&pairs](Key first, Key second) {
+            pairs.emplace_back(static_cast<std::size_t>(first), static_cast<std::size_t>(second));
+        });
         std::sort(pairs.begin(), pairs.end());
         pairs.erase(std::unique(pairs.begin(), pairs.end()), pairs.end());
         std::vector<Duplicate> duplicates;
