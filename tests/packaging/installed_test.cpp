@@ -37,7 +37,7 @@ intptr_t runSetup() {
 }
 
 TEST(Installed, isFoundInTheRegistryAndConnects) {
-    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED), S_OK);
+    ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
     StandInClient host;
     AddinLibrary library(registeredLibrary());
     auto addin = library.create<IDTExtensibility2>(kConnectClass);
