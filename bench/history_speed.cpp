@@ -49,7 +49,7 @@ void saveLargeHistory(LargeStore& store, const Database& database) {
         }
     }
     HistoryFile file(store.storage, store.platform);
-    file.addScan(history, {}, database.date());
+    file.addScan(std::move(history), {}, database.date());
     store.storage.saveDatabase(database);
 }
 

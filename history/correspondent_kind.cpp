@@ -225,25 +225,26 @@ Correspondent kindOfContact(const Contact& contact, const History& history,
     return first;
 }
 
-void noteAutomation(History& history, const MailAutomation& automation, const std::string& sender,
-                    std::span<const std::string> recipients) {
+void noteAutomation(History& history, const MailAutomation& automation,
+                    std::optional<std::size_t> sender, std::span<const std::size_t> recipients) {
     bool throughList = !automation.lists.empty();
-    for (const std::string& recipient : recipients) {
-        std::string field = listFieldOf(recipient, automation, true);
+    for (const std::size_t recipient : recipients) {
+        std::string field = listFieldOf(history.address(recipient), automation, true);
         if (field.empty())
             continue;
         throughList = true;
-        history.record(recipient).listBy = std::move(field);
+        history.recordOf(recipient).listBy = std::move(field);
     }
-    if (sender.empty())
+    if (!sender)
         return;
-    AddressRecord& record = history.record(sender);
+    AddressRecord& record = history.recordOf(*sender);
     ++record.sent;
     if (std::string field = automaticFieldOf(automation, throughList); !field.empty()) {
         ++record.automatic;
         record.automaticBy = std::move(field);
     }
-    if (std::string field = listFieldOf(sender, automation, false); !field.empty())
+    if (std::string field = listFieldOf(history.address(*sender), automation, false);
+        !field.empty())
         record.listBy = std::move(field);
 }
 

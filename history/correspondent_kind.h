@@ -44,9 +44,9 @@ Correspondent kindOfAddress(const std::string& address, const AddressRecord& rec
 Correspondent kindOfContact(const Contact& contact, const History& history,
                             const ListHosts& listHosts = {});
 
-/// Adds what the header of an e-mail says of its sender and its recipients to their records. A
-/// mailing list that the header names is known only if it is one of these. `sender` may be empty.
-void noteAutomation(History& history, const MailAutomation& automation, const std::string& sender,
-                    std::span<const std::string> recipients);
+/// Adds what the header of an e-mail says of its sender and its recipients, given by their numbers,
+/// to their records. A mailing list that the header names is known only if it is one of these.
+void noteAutomation(History& history, const MailAutomation& automation,
+                    std::optional<std::size_t> sender, std::span<const std::size_t> recipients);
 
 }  // namespace pelk

@@ -8,13 +8,13 @@ namespace {
 
 /// Returns where the partner with that number is, or belongs, among an address's partners.
 template <typename Partners>
-auto placeOf(Partners& partners, std::uint32_t number) {
+auto placeOf(Partners& partners, std::size_t number) {
     // Partners are mostly read in their order.
     if (partners.empty() || partners.back().number < number)
         return partners.end();
     return std::lower_bound(
         partners.begin(), partners.end(), number,
-        [](const auto& partner, std::uint32_t wanted) { return partner.number < wanted; });
+        [](const auto& partner, std::size_t wanted) { return partner.number < wanted; });
 }
 
 }  // namespace
@@ -31,11 +31,15 @@ void AddressRecord::add(const AddressRecord& later) {
 }
 
 void History::countMail(const std::string& from, const std::string& to, Day day) {
+    if (from != to)
+        countMail(numberOf(from), numberOf(to), day);
+}
+
+void History::countMail(std::size_t from, std::size_t to, Day day) {
     if (from == to)
         return;
-    const auto number = static_cast<Number>(numberOf(from));
-    Pair& pair = pairOf(number, static_cast<Number>(numberOf(to)));
-    if (pair.one == number)
+    Pair& pair = pairOf(from, to);
+    if (pair.one == from)
         pair.exchange.addSent(day);
     else
         pair.exchange.addReceived(day);
@@ -56,7 +60,7 @@ void History::forgetUser() {
 }
 
 const AddressRecord* History::findRecord(const std::string& address) const {
-    const std::optional<Number> number = find(address);
+    const std::optional<std::size_t> number = findNumber(address);
     if (!number || addresses_[*number].record.empty())
         return nullptr;
     return &addresses_[*number].record;
@@ -67,8 +71,8 @@ Exchange History::between(std::span<const std::string> side,
     Exchange sum;
     for (const std::string& address : side)
         for (const std::string& other : otherSide) {
-            const std::optional<Number> number = find(address);
-            const std::optional<Number> otherNumber = find(other);
+            const std::optional<std::size_t> number = findNumber(address);
+            const std::optional<std::size_t> otherNumber = findNumber(other);
             if (!number || !otherNumber)
                 continue;
             if (const Pair* const pair = findPair(*number, *otherNumber))
@@ -80,7 +84,7 @@ Exchange History::between(std::span<const std::string> side,
 void History::forEachPartner(
     const std::string& address,
     const std::function<void(const std::string& partner, const Exchange&)>& visit) const {
-    const std::optional<Number> number = find(address);
+    const std::optional<std::size_t> number = findNumber(address);
     if (!number)
         return;
     for (const Partner& partner : addresses_[*number].partners)
@@ -98,7 +102,12 @@ void History::forEachAddress(const std::function<void(const std::string& address
         visit(address);
 }
 
-void History::add(const History& other) {
+void History::add(History&& other) {
+    // A first scan counts most, and adds to nothing.
+    if (addresses_.empty()) {
+        swap(other);
+        return;
+    }
     HistoryChange change = additionOf(other);
     swap(change);
 }
@@ -172,14 +181,13 @@ void History::forEachExchange(
     std::size_t number,
     const std::function<void(std::size_t other, const Exchange&)>& visit) const {
     const std::vector<Partner>& partners = addresses_[number].partners;
-    for (auto partner = placeOf(partners, static_cast<Number>(number)); partner != partners.end();
-         ++partner)
+    for (auto partner = placeOf(partners, number); partner != partners.end(); ++partner)
         if (const Pair& pair = pairs_[partner->pair]; !pair.exchange.empty())
             visit(partner->number, pair.exchange);
 }
 
 void History::addExchange(std::size_t number, std::size_t other, Exchange&& exchange) {
-    Pair& pair = pairOf(static_cast<Number>(number), static_cast<Number>(other));
+    Pair& pair = pairOf(number, other);
     if (pair.one != number)
         exchange = exchange.reversed();
     if (pair.exchange.empty())
@@ -202,30 +210,31 @@ bool History::hasExchange(const Address& address) const {
         [this](const Partner& partner) { return !pairs_[partner.pair].exchange.empty(); });
 }
 
-std::optional<History::Number> History::find(const std::string& address) const {
+std::optional<std::size_t> History::findNumber(const std::string& address) const {
     const auto found = numbers_.find(address);
-    return found == numbers_.end() ? std::nullopt : std::optional(found->second);
+    return found == numbers_.end() ? std::nullopt : std::optional<std::size_t>(found->second);
 }
 
-const History::Pair* History::findPair(Number number, Number other) const {
+const History::Pair* History::findPair(std::size_t number, std::size_t other) const {
     const std::vector<Partner>& partners = addresses_[number].partners;
     const auto place = placeOf(partners, other);
     return place != partners.end() && place->number == other ? &pairs_[place->pair] : nullptr;
 }
 
 /// Returns the pair of two addresses, a new one when there is none.
-History::Pair& History::pairOf(Number number, Number other) {
+History::Pair& History::pairOf(std::size_t number, std::size_t other) {
     if (const Pair* const known = findPair(number, other))
         return pairs_[static_cast<std::size_t>(known - pairs_.data())];
     const auto next = static_cast<Number>(pairs_.size());
-    const auto [smaller, larger] = std::minmax(number, other);
-    pairs_.push_back({smaller, larger, {}});
-    insertPartner(number, {other, next});
-    insertPartner(other, {number, next});
+    const auto one = static_cast<Number>(std::min(number, other));
+    const auto larger = static_cast<Number>(std::max(number, other));
+    pairs_.push_back({one, larger, {}});
+    insertPartner(one, {larger, next});
+    insertPartner(larger, {one, next});
     return pairs_.back();
 }
 
-void History::insertPartner(Number number, Partner partner) {
+void History::insertPartner(std::size_t number, Partner partner) {
     std::vector<Partner>& partners = addresses_[number].partners;
     partners.insert(placeOf(partners, partner.number), partner);
 }

@@ -51,7 +51,9 @@ class HistoryChange {
 
 class History {
  public:
-    /// Counts an e-mail between two addresses. Does nothing when they are equal.
+    /// Counts an e-mail between two addresses, given by their numbers or texts. Does nothing when
+    /// they are equal.
+    void countMail(std::size_t from, std::size_t to, Day day);
     void countMail(const std::string& from, const std::string& to, Day day);
     /// Returns the record of an address, a new one when there is none; valid until the next change.
     AddressRecord& record(const std::string& address);
@@ -70,8 +72,8 @@ class History {
     /// Calls `visit` with each address that has a record or an exchange, in alphabetical order.
     void forEachAddress(const std::function<void(const std::string& address)>& visit) const;
 
-    /// Adds all e-mails and records of another history.
-    void add(const History& other);
+    /// Adds all e-mails and records of another history, which is unspecified afterwards.
+    void add(History&& other);
     /// Forgets the addresses for which `remains` returns false, with all their exchanges.
     void keepOnly(const std::function<bool(const std::string& address)>& remains);
 
@@ -96,6 +98,8 @@ class History {
     const AddressRecord& recordOf(std::size_t number) const { return addresses_[number].record; }
     AddressRecord& recordOf(std::size_t number) { return addresses_[number].record; }
     std::size_t numberOf(const std::string& address);
+    /// Returns the number of an address; nothing when it has none.
+    std::optional<std::size_t> findNumber(const std::string& address) const;
     /// Calls `visit` with the exchanges of an address with those that have a larger number, in
     /// their order.
     void forEachExchange(
@@ -130,15 +134,14 @@ class History {
         /// Seen from `one`; may be empty.
         Exchange exchange;
 
-        Exchange seenFrom(Number number) const {
+        Exchange seenFrom(std::size_t number) const {
             return number == one ? exchange : exchange.reversed();
         }
     };
 
-    std::optional<Number> find(const std::string& address) const;
-    const Pair* findPair(Number number, Number other) const;
-    Pair& pairOf(Number number, Number other);
-    void insertPartner(Number number, Partner partner);
+    const Pair* findPair(std::size_t number, std::size_t other) const;
+    Pair& pairOf(std::size_t number, std::size_t other);
+    void insertPartner(std::size_t number, Partner partner);
     bool hasExchange(const Address& address) const;
 
     std::vector<Address> addresses_;

@@ -1,5 +1,6 @@
 #include "history/history_document.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -119,6 +120,11 @@ class NumberReader {
         rest_.remove_prefix(isNext ? 1 : 0);
         return isNext;
     }
+    /// Returns how often a character comes before another one, or before the end.
+    std::size_t count(char character, char end) const {
+        const std::string_view part = rest_.substr(0, rest_.find(end));
+        return static_cast<std::size_t>(std::count(part.begin(), part.end(), character));
+    }
     std::uint32_t numberBefore(char character) {
         const std::uint32_t before = number();
         if (!take(character))
@@ -152,6 +158,7 @@ Exchange readExchange(NumberReader& reader) {
     exchange.first = checkedDay(reader.numberBefore(' '));
     const std::uint32_t lastDay = reader.number();
     Month month = monthOf(exchange.first);
+    exchange.months.reserve(reader.count(':', ';'));
     while (reader.take(' ')) {
         const std::uint32_t gap = reader.numberBefore(':');
         if (exchange.months.empty() != (gap == 0) || gap > kLastMonth)

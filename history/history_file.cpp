@@ -81,9 +81,9 @@ void HistoryFile::setDamagedAside() {
     notice_.reset();
 }
 
-void HistoryFile::addScan(const History& counted, StoreDates stores, const std::string& date) {
+void HistoryFile::addScan(History&& counted, StoreDates stores, const std::string& date) {
     HistoryContent& current = content();
-    current.history.add(counted);
+    current.history.add(std::move(counted));
     current.stores = std::move(stores);
     current.date = date;
     isChanged_ = true;

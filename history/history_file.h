@@ -47,7 +47,7 @@ class HistoryFile : private Companion {
     const StoreDates& stores() { return content().stores; }
     const std::string& date() { return content().date; }
     /// Adds what a scan has counted, which is saved with the next save of the database.
-    void addScan(const History& counted, StoreDates stores, const std::string& date);
+    void addScan(History&& counted, StoreDates stores, const std::string& date);
 
     /// Writes the history to a file of the user's choice; removes that file when the history is
     /// empty. Throws `Error`.

@@ -31,16 +31,16 @@ Day dayOfMail(const std::optional<LocalTime>& sent, const LocalTime& created) {
 }
 
 void HistoryRecorder::record(MailItem& item, const MailPeople& people, const LocalTime& created) {
-    const std::string sender = isOwned(people.sender.address) ? people.sender.address : "";
-    const std::vector<std::string> recipients = recipientsOf(people);
+    const std::optional<std::size_t> sender = numberIfOwned(people.sender.address);
+    const std::vector<std::size_t> recipients = recipientsOf(people);
     noteAutomation(counted, ifGiven([&item] { return item.automation(); }), sender, recipients);
-    if (inSentMail_ && !sender.empty())
-        ++counted.record(sender).inSentMail;
-    if (sender.empty() || recipients.empty())
+    if (inSentMail_ && sender)
+        ++counted.recordOf(*sender).inSentMail;
+    if (!sender || recipients.empty())
         return;
     const Day day = dayOfMail(ifGiven([&item] { return item.sentTime(); }), created);
-    for (const std::string& recipient : recipients)
-        counted.countMail(sender, recipient, day);
+    for (const std::size_t recipient : recipients)
+        counted.countMail(*sender, recipient, day);
 }
 
 void HistoryRecorder::beginFolder(MailFolder& folder) {
@@ -49,17 +49,26 @@ void HistoryRecorder::beginFolder(MailFolder& folder) {
 
 void HistoryRecorder::noteAccounts(MailSession& session, const Language& language) {
     for (const std::string& own : ifGiven([&session] { return session.ownAddresses(); }))
-        if (const std::string address = language.lowerCase(own); isOwned(address))
-            counted.record(address).isAccount = true;
+        if (const auto number = numberIfOwned(language.lowerCase(own)))
+            counted.recordOf(*number).isAccount = true;
+}
+
+/// Returns the number of an address; nothing when no contact owns it. An address that has a number
+/// is owned, because a scan takes no address from a contact.
+std::optional<std::size_t> HistoryRecorder::numberIfOwned(const std::string& address) {
+    if (const std::optional<std::size_t> known = counted.findNumber(address))
+        return known;
+    return database_.ownerOf(address) != 0 ? std::optional(counted.numberOf(address))
+                                           : std::nullopt;
 }
 
 /// Returns the addresses that contacts own. An e-mail counts once for each address, however often
 /// it names it.
-std::vector<std::string> HistoryRecorder::recipientsOf(const MailPeople& people) const {
-    std::vector<std::string> owned;
+std::vector<std::size_t> HistoryRecorder::recipientsOf(const MailPeople& people) {
+    std::vector<std::size_t> owned;
     for (const MailPerson& recipient : people.recipients)
-        if (isOwned(recipient.address))
-            owned.push_back(recipient.address);
+        if (const auto number = numberIfOwned(recipient.address))
+            owned.push_back(*number);
     std::sort(owned.begin(), owned.end());
     owned.erase(std::unique(owned.begin(), owned.end()), owned.end());
     return owned;

@@ -37,8 +37,8 @@ class HistoryRecorder {
     Tally tally;
 
  private:
-    std::vector<std::string> recipientsOf(const MailPeople& people) const;
-    bool isOwned(const std::string& address) const { return database_.ownerOf(address) != 0; }
+    std::vector<std::size_t> recipientsOf(const MailPeople& people);
+    std::optional<std::size_t> numberIfOwned(const std::string& address);
 
     const Database& database_;
     bool inSentMail_ = false;

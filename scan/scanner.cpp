@@ -238,7 +238,7 @@ ScanOutcome scanAndSave(Database& database, Storage& storage, const Platform& pl
     database.setDate(ended);
     if (recorder) {
         recorder->noteAccounts(session, platform.language);
-        history->addScan(recorder->counted,
+        history->addScan(std::move(recorder->counted),
                          std::move(recorder->tally).finish(scanner.reachedAllStores()), ended);
     }
     beside.dates.hold(std::move(scanner).dates(), database);

@@ -9,12 +9,20 @@ MailAutomation through(const std::string& list) {
     return {{{"List-Post", list}}, {}, true, "list", {}};
 }
 
+void note(History& history, const MailAutomation& automation, const std::string& sender,
+          const std::vector<std::string>& recipients) {
+    std::vector<std::size_t> numbers;
+    for (const std::string& recipient : recipients)
+        numbers.push_back(history.numberOf(recipient));
+    noteAutomation(history, automation, history.numberOf(sender), numbers);
+}
+
 /// Returns the kinds and reasons of the people of an e-mail that was sent three times.
 std::string kindsAfter(const MailAutomation& automation, const std::string& sender,
                        const std::vector<std::string>& recipients) {
     History history;
     for (int time = 0; time < 3; ++time)
-        noteAutomation(history, automation, sender, recipients);
+        note(history, automation, sender, recipients);
     std::vector<std::string> all = recipients;
     all.insert(all.begin(), sender);
     std::string text;
@@ -50,7 +58,7 @@ TEST(CorrespondentKind, knowsHostsThatHaveOnlyLists) {
     const auto kind = [&history] {
         return kindOfContact({1, "", {"c@y"}}, history, listHostsIn(history)).reason;
     };
-    noteAutomation(history, through("l@y"), "ann@x", std::vector<std::string>{"l@y"});
+    note(history, through("l@y"), "ann@x", {"l@y"});
     for (const char* const silent : {"a@y", "b@y", "c@y", "d@y", "e@y", "f@y", "g@y", "h@y", "i@y"})
         history.countMail("ann@x", silent, 20200101);
     EXPECT_EQ(kind(), "") << "too few";
@@ -81,7 +89,7 @@ TEST(CorrespondentKind, knowsRobotsByTheHeader) {
 TEST(CorrespondentKind, isThatOfMostEMails) {
     History history;
     const auto send = [&history](const char* autoSubmitted) {
-        noteAutomation(history, {{}, {}, false, {}, autoSubmitted}, "ann@x.org", {});
+        note(history, {{}, {}, false, {}, autoSubmitted}, "ann@x.org", {});
         return kindOfContact({1, "", {"ann@x.org"}}, history).kind;
     };
     EXPECT_EQ(send("no"), CorrespondentKind::Person);
