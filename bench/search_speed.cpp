@@ -1,12 +1,9 @@
 // Compares the speed of searches, of a refresh and of undo on the largest database with Qt's way to
 // do the like. Usage: search_speed FOLDER, which will hold a database.
 
-#include <QApplication>
 #include <QSortFilterProxyModel>
 #include <QStringListModel>
 #include <QTreeView>
-#include <cstdio>
-#include <cstdlib>
 
 #include "bench/large_database.h"
 #include "bench/measure.h"
@@ -77,7 +74,7 @@ class SearchSpeed {
         });
     }
 
-    void compareAll() {
+    void measureAll() {
         compareContacts();
         compareChains();
         compareUndo();
@@ -159,11 +156,5 @@ class SearchSpeed {
 }  // namespace pelk
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "search_speed FOLDER\n");
-        return 2;
-    }
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication application(argc, argv);
-    pelk::SearchSpeed(argv[1]).compareAll();
+    return pelk::measureWindows<pelk::SearchSpeed>(argc, argv, "search_speed");
 }

@@ -1,9 +1,6 @@
 // Measures how long the forms about time take to open on the largest database, with the e-mails of
 // 20 years. Usage: time_speed FOLDER, which will hold a database.
 
-#include <QApplication>
-#include <cstdio>
-#include <cstdlib>
 #include <optional>
 
 #include "bench/large_database.h"
@@ -104,11 +101,5 @@ class TimeSpeed {
 }  // namespace pelk
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "time_speed FOLDER\n");
-        return 2;
-    }
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication application(argc, argv);
-    pelk::TimeSpeed(argv[1]).measureAll();
+    return pelk::measureWindows<pelk::TimeSpeed>(argc, argv, "time_speed");
 }

@@ -1,10 +1,7 @@
 // Compares the speed of the relations view on the largest database with Qt's cheapest way to show
 // as many rows. Usage: view_speed FOLDER, which will hold a database.
 
-#include <QApplication>
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <pugixml.hpp>
 
 #include "bench/large_database.h"
@@ -51,7 +48,7 @@ class ViewSpeed {
         openView();
     }
 
-    void compareAll() {
+    void measureAll() {
         compareOpening();
         const TreeModel& tree = form_->presTree.model();
         for (const TreeNode* node : tree.root().children())
@@ -183,11 +180,5 @@ class ViewSpeed {
 }  // namespace pelk
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::fprintf(stderr, "view_speed FOLDER\n");
-        return 2;
-    }
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    QApplication application(argc, argv);
-    pelk::ViewSpeed(argv[1]).compareAll();
+    return pelk::measureWindows<pelk::ViewSpeed>(argc, argv, "view_speed");
 }

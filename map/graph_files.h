@@ -13,7 +13,8 @@
 
 namespace pelk {
 
-/// GraphML (http://graphml.graphdrawing.org/specification.html).
+/// GraphML (Brandes, Eiglsperger, Herman, Himsolt and Marshall, "GraphML progress report",
+/// Graph Drawing 2001).
 std::string graphMlOf(const Graph& graph, const Groups& groups);
 
 /// GEXF 1.3 (https://gexf.net/).

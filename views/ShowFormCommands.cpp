@@ -7,6 +7,7 @@
 #include "views/deletion_text.h"
 #include "views/domains.h"
 #include "views/domains_tree.h"
+#include "views/email_parser.h"
 #include "views/placeholder.h"
 
 namespace pelk {

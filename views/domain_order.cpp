@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "views/email_parser.h"
 #include "views/registered_domain.h"
 
 namespace pelk {

@@ -77,18 +77,6 @@ std::string textBelowDomain(const MailAddress& address) {
     return address.parts.front() + " (" + address.owner + ")";
 }
 
-std::vector<std::string> labelsOf(const std::string& domain) {
-    std::vector<std::string> labels;
-    std::size_t start = 0;
-    for (std::size_t dot = domain.find('.'); dot != std::string::npos;
-         dot = domain.find('.', start)) {
-        labels.push_back(domain.substr(start, dot - start));
-        start = dot + 1;
-    }
-    labels.push_back(domain.substr(start));
-    return labels;
-}
-
 std::vector<DomainEntry> entriesBelow(const std::vector<MailAddress>& addresses,
                                       const std::vector<std::string>& labels) {
     std::vector<DomainEntry> entries;

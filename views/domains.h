@@ -48,9 +48,6 @@ std::vector<int> contactsBelow(const std::vector<MailAddress>& addresses,
 /// Returns the text of an address below its domain: ann (Ann Smith).
 std::string textBelowDomain(const MailAddress& address);
 
-/// Returns the labels of a domain from left to right.
-std::vector<std::string> labelsOf(const std::string& domain);
-
 /// Returns the entries directly below a domain, in order of first appearance. `labels` are the
 /// domain's from left to right: b, a for b.a. When two contacts share an address, only the first is
 /// listed.

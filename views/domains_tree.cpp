@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "views/email_parser.h"
 #include "views/fast_tree.h"
 #include "views/placeholder.h"
 #include "views/relation_totals.h"

@@ -1,5 +1,5 @@
 #pragma once
-// Splits an e-mail address into local part and domain labels.
+// Splits e-mail addresses into local part and domain labels.
 
 #include <optional>
 #include <string>
@@ -9,6 +9,9 @@
 #include "platform/language.h"
 
 namespace pelk {
+
+/// Returns the labels of a mail domain from left to right, empty ones included.
+std::vector<std::string> labelsOf(const std::string& domain);
 
 /// Returns the local part unchanged, then the domain's labels from left to right in lower case,
 /// empty ones included. Returns nothing for an address without "@".

@@ -16,6 +16,7 @@
 #include "platform/xml_markup.h"
 #include "scan/scan_notes.h"
 #include "views/contact_text.h"
+#include "views/email_parser.h"
 
 namespace pelk {
 
