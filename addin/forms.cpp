@@ -6,6 +6,7 @@
 #include "maintenance/contact_edits.h"
 #include "maintenance/saved_change.h"
 #include "maintenance/undo.h"
+#include "map/network_export.h"
 
 namespace pelk {
 namespace {
@@ -235,6 +236,9 @@ void Forms::openOthers(Database& database) {
     setUndoKeys(*form.window, database);
     form.configure = [this, &database] { openConfiguration(database); };
     form.findDuplicates = [this, &database] { openDuplicates(database); };
+    form.exportNetwork = [this, &database] {
+        return exportNetwork(database, hidden_.of(database), ui_.dialogs, platform_);
+    };
     form.databaseChanged = [this] {
         refreshIfOpen(view);
         refreshBesideView();

@@ -15,10 +15,10 @@ namespace {
 
 constexpr int kGap = 120;
 constexpr Size kButtonSize{2 * kFormButton.width, kFormButton.height};
-constexpr int kButtons = 7;
+constexpr int kButtons = 8;
 /// Wide enough for paths, which do not wrap.
 constexpr int kWidth = 6000;
-constexpr int kTextHeight = 560;
+constexpr int kTextHeight = 800;
 
 constexpr Rect buttonAt(int row) {
     return {(kWidth - kButtonSize.width) / 2, kWideMargin + row * (kGap + kButtonSize.height),
@@ -43,6 +43,7 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
       restoreButton(window->addButton(buttonAt(5), "Restore the last copy...")),
       doneLabel(window->addLabel(kTextBounds, "")),
       duplicatesButton(window->addButton(buttonAt(6), "Find duplicates...")),
+      networkButton(window->addButton(buttonAt(7), "Export network...")),
       ui_(ui),
       storage_(storage) {
     window->setCaption("Other options");
@@ -57,6 +58,7 @@ OthersForm::OthersForm(const UserInterface& ui, Storage& storage)
     closeButton.onClick = [this] { window->hide(); };
     restoreButton.onClick = [this] { restoreButtonClick(); };
     duplicatesButton.onClick = [this] { findDuplicates(); };
+    networkButton.onClick = [this] { networkButtonClick(); };
 }
 
 void OthersForm::show() {
@@ -71,6 +73,11 @@ void OthersForm::exportButtonClick() {
     exportDatabaseFile(*database, path, storage_, history);
     doneLabel.setText("Exported " + sizeText(database->contactCount(), database->relationCount()) +
                       " to\n" + path);
+}
+
+void OthersForm::networkButtonClick() {
+    if (const std::string done = exportNetwork(); !done.empty())
+        doneLabel.setText(done);
 }
 
 void OthersForm::importButtonClick() {
@@ -117,7 +124,7 @@ void OthersForm::setImporting(bool importing) {
     importing_ = importing;
     ui_.display.setBusyPointer(importing);
     for (Button* const button : {&configButton, &exportButton, &importButton, &delButton,
-                                 &closeButton, &restoreButton, &duplicatesButton})
+                                 &closeButton, &restoreButton, &duplicatesButton, &networkButton})
         button->setEnabled(!importing);
     // A disabled button loses the focus.
     if (!importing)

@@ -24,6 +24,9 @@ class OthersForm : private ImportGuide {
     std::function<void()> configure;
     /// Suggests contacts to merge. Set before the form is shown.
     std::function<void()> findDuplicates;
+    /// Exports the network and returns what was done; empty when the user cancels. Set before the
+    /// form is shown.
+    std::function<std::string()> exportNetwork;
     /// Called after a command has changed the database.
     std::function<void()> databaseChanged;
 
@@ -39,10 +42,12 @@ class OthersForm : private ImportGuide {
     /// Says what the last command did, and where.
     Label& doneLabel;
     Button& duplicatesButton;
+    Button& networkButton;
 
  private:
     void exportButtonClick();
     void importButtonClick();
+    void networkButtonClick();
     void delButtonClick();
     void restoreButtonClick();
     void importFile(const std::string& path);

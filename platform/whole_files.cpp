@@ -52,4 +52,12 @@ void writeWholeFiles(FileSystem& files, const std::vector<FileToWrite>& contents
         file.replaceTarget();
 }
 
+void writeWholeFiles(FileSystem& files, const std::vector<FileContent>& contents) {
+    std::vector<FileToWrite> toWrite;
+    for (const FileContent& file : contents)
+        toWrite.push_back(
+            {file.path, [&file](WritableFile& written) { written.write(file.content); }});
+    writeWholeFiles(files, toWrite);
+}
+
 }  // namespace pelk

@@ -15,6 +15,12 @@ struct FileToWrite {
     std::function<void(WritableFile&)> fill;
 };
 
+/// A file with its whole content.
+struct FileContent {
+    std::string path;
+    std::string content;
+};
+
 /// The new content of a file, under a temporary name beside the old one. It is removed unless it
 /// replaces that.
 class FreshFile {
@@ -41,5 +47,6 @@ class FreshFile {
 /// Writes all files before it replaces the first old one. When it throws, all old files are as they
 /// were, unless replacing one fails after another has been replaced.
 void writeWholeFiles(FileSystem& files, const std::vector<FileToWrite>& contents);
+void writeWholeFiles(FileSystem& files, const std::vector<FileContent>& contents);
 
 }  // namespace pelk

@@ -1,17 +1,15 @@
 #include "apps/cli/map_commands.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 #include <iostream>
-#include <utility>
 
 #include "apps/cli/commands.h"
 #include "apps/cli/correspondent_commands.h"
 #include "apps/cli/picture_file.h"
 #include "apps/cli/terminal_text.h"
-#include "map/graph_files.h"
+#include "map/network_files.h"
 #include "platform/whole_files.h"
 
 namespace pelk {
@@ -80,12 +78,6 @@ const std::string& outputOf(const Arguments& arguments) {
     return arguments.output;
 }
 
-/// Returns the ending of a file's name in lower case, with the dot; empty when there is none.
-std::string endingOf(const std::string& path, const Language& language) {
-    const std::size_t dot = path.find_last_of("./");
-    return dot == std::string::npos || path[dot] == '/' ? "" : language.lowerCase(path.substr(dot));
-}
-
 PictureFormat pictureFormat(const std::string& path, const Language& language) {
     const std::string ending = endingOf(path, language);
     if (ending == ".svg")
@@ -113,49 +105,6 @@ std::string titleOf(const Arrangement& arrangement) {
            " people nearest by e-mail";
 }
 
-/// Paths with their contents.
-using Contents = std::vector<std::pair<std::string, std::string>>;
-
-void writeFiles(CommandRun& run, const Contents& contents) {
-    std::vector<FileToWrite> files;
-    for (const auto& [path, content] : contents)
-        files.push_back({path, [&text = content](WritableFile& file) { file.write(text); }});
-    writeWholeFiles(run.platform().files, files);
-}
-
-/// Returns one file, whose content `Write` makes.
-template <std::string (*Write)(const Graph&, const Groups&)>
-Contents oneFile(const std::string& stem, const std::string& ending, const Graph& graph,
-                 const Groups& groups) {
-    return {{stem + ending, Write(graph, groups)}};
-}
-
-std::string contactsOf(const Graph& graph, const Groups&) {
-    return vCardsOf(graph);
-}
-
-Contents twoTables(const std::string& stem, const std::string& ending, const Graph& graph,
-                   const Groups& groups) {
-    return {{stem + "-nodes" + ending, nodesCsvOf(graph, groups)},
-            {stem + "-edges" + ending, edgesCsvOf(graph)}};
-}
-
-struct GraphFormat {
-    std::string_view ending;
-    Contents (*write)(const std::string& stem, const std::string& ending, const Graph& graph,
-                      const Groups& groups);
-};
-
-constexpr std::array kFormats{
-    GraphFormat{".graphml", oneFile<graphMlOf>},
-    GraphFormat{".gexf", oneFile<gexfOf>},
-    GraphFormat{".csv", twoTables},
-    GraphFormat{".dot", oneFile<dotOf>},
-    GraphFormat{".gv", oneFile<dotOf>},
-    GraphFormat{".json", oneFile<nodeLinkJsonOf>},
-    GraphFormat{".vcf", oneFile<contactsOf>},
-};
-
 }  // namespace
 
 void pictureCommand(CommandRun& run) {
@@ -168,22 +117,16 @@ void pictureCommand(CommandRun& run) {
     // A larger picture has larger texts, and also more of them.
     style.fontSize *= std::sqrt(std::max(1.0, std::min(size.width / 1200.0, size.height / 900.0)));
     style.hasLegend = size.width >= kLegendFrom;
-    writeFiles(run, {{path, pictureFile(arrangement, style, size, format)}});
+    const FileContent file{path, pictureFile(arrangement, style, size, format)};
+    writeWholeFiles(run.platform().files, {file});
 }
 
 void graphCommand(CommandRun& run) {
     const std::string& path = outputOf(run.arguments());
-    const std::string ending = endingOf(path, run.language());
-    const auto* const format =
-        std::find_if(kFormats.begin(), kFormats.end(),
-                     [&ending](const GraphFormat& known) { return known.ending == ending; });
-    if (format == kFormats.end())
-        throw UsageError(
-            "pelk graph writes files that end in .graphml, .gexf, .csv, .dot, .gv, .json or .vcf");
+    if (!isNetworkFile(path, run.language()))
+        throw UsageError(std::string("pelk graph writes files that end in ") + kNetworkEndings);
     const Graph graph = makeGraph(run.database(), filterOf(run));
-    const std::size_t stem = path.size() - ending.size();
-    writeFiles(run,
-               format->write(path.substr(0, stem), path.substr(stem), graph, findGroups(graph)));
+    writeWholeFiles(run.platform().files, networkFiles(graph, path, run.language()));
     Line(std::cout) << "people: " << graph.people.size();
     Line(std::cout) << "relations: " << graph.links.size();
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "addin/HelpForm.h"
+#include "map/network_export.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/memory_mail.h"
 #include "tests/support/tree_text.h"
@@ -344,6 +345,32 @@ TEST_F(FormsTest, saysWhatTheOtherOptionsHaveDoneAndRestoresTheLastCopy) {
     EXPECT_EQ(driver.textOf(form.doneLabel),
               "Undone: restore of the last copy. Ctrl+Y does it again.");
     EXPECT_EQ(database->contactCount(), 0U);
+}
+
+TEST_F(FormsTest, exportsTheNetworkInTheFormatOfTheEnding) {
+    openOthers();
+    OthersForm& form = *forms.others;
+    const auto exportTo = [&](const std::string& path, const std::string& box = "",
+                              Buttons buttons = Buttons::Ok) {
+        core.dialogs.expectFile("Exporting the network", kNetworkFileFilter, path);
+        if (!box.empty())
+            core.dialogs.expectMessage(box, buttons, Answer::Cancel);
+        driver.click(form.networkButton);
+        return driver.textOf(form.doneLabel);
+    };
+    EXPECT_EQ(exportTo("/out.db",
+                       "The name must end in .graphml, .gexf, .csv, .dot, .gv, .json or .vcf."),
+              "");
+    EXPECT_EQ(exportTo("/out.GEXF"), "Exported 5 contacts, 4 relations to\n/out.GEXF");
+    EXPECT_EQ(core.files.files.at("/out.GEXF").substr(0, 5), "<?xml");
+    const std::string tables = exportTo("/out.csv");
+    EXPECT_EQ(tables, "Exported 5 contacts, 4 relations to\n/out-nodes.csv\n/out-edges.csv");
+    EXPECT_TRUE(driver.showsWholeText(form.doneLabel));
+    // The user has named neither table, so the box for files has not asked.
+    core.files.files["/out-nodes.csv"] = "mine";
+    exportTo("/out.csv", "Do you want to replace these files?", Buttons::OkCancel);
+    EXPECT_EQ(core.dialogs.consequence, "/out-nodes.csv\n/out-edges.csv");
+    EXPECT_EQ(core.files.files.at("/out-nodes.csv"), "mine");
 }
 
 TEST_F(FormsTest, showsInOpenFormsWhatAMergeHasChanged) {

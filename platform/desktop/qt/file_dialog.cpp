@@ -31,6 +31,12 @@ std::string chooseFile(QWidget* owner, QFileDialog::AcceptMode mode, const std::
                                                     : QFileDialog::AnyFile);
     box.setNameFilters(nameFilters(namesAndPatterns));
     box.setDefaultSuffix(namesAndPatterns.value(1).section('.', -1));
+    // A name without an ending gets that of the chosen kind.
+    QObject::connect(&box, &QFileDialog::filterSelected, [&box](const QString& chosen) {
+        const QString suffix = chosen.section('.', -1).chopped(1);
+        if (chosen.contains("(*."))
+            box.setDefaultSuffix(suffix);
+    });
     return box.exec() == QDialog::Accepted ? box.selectedFiles().value(0).toStdString()
                                            : std::string();
 }
