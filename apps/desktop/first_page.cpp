@@ -128,7 +128,7 @@ QWidget* FirstPage::makeButtons() {
         addButton(*row, QStringLiteral("Add a mail &server..."), acts_.addServer);
     layout->addStretch(1);
     if (acts_.showExample)
-        addButton(*row, QStringLiteral("Look at the &example"), acts_.showExample);
+        addButton(*row, QStringLiteral("&Look at the example"), acts_.showExample);
     return row;
 }
 

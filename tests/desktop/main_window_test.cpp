@@ -66,6 +66,15 @@ class MainWindowTest : public ::testing::Test {
                 return found;
         return nullptr;
     }
+    /// The access keys of the menus and of the buttons below.
+    QStringList accessKeys() const {
+        QStringList keys;
+        for (const QAction* const menu : window->menuBar()->actions())
+            keys << QKeySequence::mnemonic(menu->text()).toString();
+        for (const QPushButton* const found : window->centralWidget()->findChildren<QPushButton*>())
+            keys << QKeySequence::mnemonic(found->text()).toString();
+        return keys;
+    }
     bool says(const QString& text) const {
         for (const QLabel* label : window->centralWidget()->findChildren<QLabel*>())
             if (label->text().contains(text))
@@ -164,6 +173,8 @@ TEST_F(MainWindowTest, saysThatThereIsNoMailAndOffersWhatThereIs) {
     EXPECT_TRUE(says("No mail was found."));
     EXPECT_FALSE(button("Open")->isEnabled());
     EXPECT_EQ(button("Add a mail server..."), nullptr);
+    EXPECT_FALSE(accessKeys().contains(""));
+    EXPECT_EQ(QStringList(accessKeys()).removeDuplicates(), 0);
     clickAt(*button("Look at the example"), {5, 5});
     EXPECT_EQ(examples, 1);
     EXPECT_FALSE(std::filesystem::exists(folder.path() + "/config"));
