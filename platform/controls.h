@@ -18,6 +18,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/canvas.h"
 #include "platform/shortcuts.h"
 #include "platform/tree_model.h"
 
@@ -181,6 +182,54 @@ class BarChart : public Control {
     virtual void setContent(ChartContent content) = 0;
 };
 
+/// The keys that a drawing area reports: the arrows, "+" and "-", Home.
+enum class DrawingKey { Left, Right, Up, Down, Plus, Minus, Home };
+
+/// An area that the form draws, and in which the user points. It takes the focus when clicked or
+/// reached by Tab. Positions are in the units of `Canvas`, from the upper left corner.
+class DrawingArea : public Control {
+ public:
+    /// Draws the area; called whenever it must be painted. It covers the whole area.
+    std::function<void(Canvas&)> onPaint;
+    /// Paints the area again soon. Several calls cause one painting.
+    virtual void redraw() = 0;
+    virtual CanvasSize size() const = 0;
+    /// Returns how wide a text is in the font of `Canvas::text`, in bold.
+    virtual double widthOf(std::string_view text, double fontSize) const = 0;
+    /// The colours of text and of the background that the user has chosen for windows.
+    virtual Color textColor() const = 0;
+    virtual Color backgroundColor() const = 0;
+    /// Sets what a screen reader says of the picture besides its name.
+    virtual void setDescription(const std::string& description) = 0;
+    /// Shows a text beside the pointer; an empty one hides it.
+    virtual void showTip(const std::string& text) = 0;
+    /// Shows the pointer of things that can be clicked, or the arrow.
+    virtual void setHandPointer(bool hand) = 0;
+
+    /// Calls `frame` for that many seconds as often as the screen can show it, with the share of
+    /// the time that has passed, above 0, and once with 1 at the end. When the system asks for less
+    /// motion, calls it at once, and only with 1. Replaces an animation that has not ended, without
+    /// further calls of its function.
+    virtual void animate(double seconds, std::function<void(double share)> frame) = 0;
+
+    /// Called when the user presses the left button over the area, moves the pointer there, with or
+    /// without the button pressed, releases the button, and moves the pointer away. While the
+    /// button is pressed, movements outside the area are reported too.
+    std::function<void(CanvasPoint)> onPress;
+    std::function<void(CanvasPoint)> onMove;
+    std::function<void(CanvasPoint)> onRelease;
+    std::function<void()> onLeave;
+    /// Called for the second press of a double click, after the `onPress` and `onRelease` of the
+    /// first one.
+    std::function<void(CanvasPoint)> onDoubleClick;
+    /// Called when the user turns the wheel, with the number of notches; positive is away from the
+    /// user. Touch pads report parts of one.
+    std::function<void(CanvasPoint, double notches)> onWheel;
+    std::function<void(DrawingKey)> onKey;
+    /// Called when the area has a new size or when its colours have changed.
+    std::function<void()> onResize;
+};
+
 /// A tree control that shows its model. A node with children can be expanded.
 class TreeView : public Control {
  public:
@@ -321,6 +370,7 @@ class Window {
     virtual ListView& addListView(const Rect& bounds) = 0;
     virtual TreeView& addTreeView(const Rect& bounds) = 0;
     virtual BarChart& addBarChart(const Rect& bounds) = 0;
+    virtual DrawingArea& addDrawingArea(const Rect& bounds) = 0;
     virtual PopupMenu& addPopupMenu() = 0;
 
     /// Called when the inner area has a new size, from the user or when it is first shown.
