@@ -1,8 +1,8 @@
 #include "platform/windows/controls/images.h"
 
 #include "platform/readable_color.h"
-#include "platform/windows/controls/canvas.h"
 #include "platform/windows/controls/colors.h"
+#include "platform/windows/controls/icon_canvas.h"
 
 namespace pelk {
 
@@ -12,7 +12,7 @@ constexpr COLORREF kPerson = RGB(62, 104, 158);
 constexpr COLORREF kPersonBehind = RGB(134, 168, 208);
 
 /// Draws a head and shoulders whose lower edge is at `bottom`, surrounded by a gap.
-void drawPerson(Canvas& canvas, double middle, double bottom, double width, double gap = 0) {
+void drawPerson(IconCanvas& canvas, double middle, double bottom, double width, double gap = 0) {
     const double half = width / 2;
     const double radius = width * 0.26;
     const double neck = bottom - width * 0.52;
@@ -29,12 +29,12 @@ void drawPerson(Canvas& canvas, double middle, double bottom, double width, doub
     canvas.circle({middle, neck - radius * 1.15}, radius + gap);
 }
 
-void drawContact(Canvas& canvas) {
+void drawContact(IconCanvas& canvas) {
     canvas.setColor(kPerson);
     drawPerson(canvas, 8, 15, 12);
 }
 
-void drawMany(Canvas& canvas) {
+void drawMany(IconCanvas& canvas) {
     canvas.setColor(kPersonBehind);
     drawPerson(canvas, 11.2, 12.5, 9);
     canvas.setEraser();
@@ -49,7 +49,7 @@ COLORREF visibleColor(COLORREF color) {
 }
 
 /// Draws three bars that rise to the right, the first `filled` of them solid.
-void drawBars(Canvas& canvas, int filled, COLORREF color) {
+void drawBars(IconCanvas& canvas, int filled, COLORREF color) {
     for (int bar = 0; bar < 3; ++bar) {
         const double left = 1 + 5 * bar;
         const double top = 11 - 4 * bar;
@@ -62,22 +62,22 @@ void drawBars(Canvas& canvas, int filled, COLORREF color) {
     }
 }
 
-void drawStrong(Canvas& canvas) {
+void drawStrong(IconCanvas& canvas) {
     drawBars(canvas, 3, RGB(214, 32, 32));
 }
-void drawMedium(Canvas& canvas) {
+void drawMedium(IconCanvas& canvas) {
     drawBars(canvas, 2, RGB(40, 72, 214));
 }
-void drawWeak(Canvas& canvas) {
+void drawWeak(IconCanvas& canvas) {
     drawBars(canvas, 1, RGB(110, 110, 110));
 }
-void drawNothing(Canvas&) {}
+void drawNothing(IconCanvas&) {}
 
 /// In the order of `TreeImage`.
-constexpr void (*kTreeDrawings[])(Canvas&) = {drawNothing, drawContact, drawMany,
-                                              drawStrong,  drawMedium,  drawWeak};
+constexpr void (*kTreeDrawings[])(IconCanvas&) = {drawNothing, drawContact, drawMany,
+                                                  drawStrong,  drawMedium,  drawWeak};
 
-void drawProgram(Canvas& canvas) {
+void drawProgram(IconCanvas& canvas) {
     canvas.setColor(kPerson);
     canvas.roundedBox({0, 0}, {16, 16}, 3);
     canvas.setColor(kPersonBehind);
@@ -87,8 +87,8 @@ void drawProgram(Canvas& canvas) {
     canvas.circle({11.5, 4.5}, 2.6);
 }
 
-HICON drawn(void (*drawing)(Canvas&), int size) {
-    Canvas canvas(size);
+HICON drawn(void (*drawing)(IconCanvas&), int size) {
+    IconCanvas canvas(size);
     drawing(canvas);
     return canvas.icon();
 }

@@ -1,4 +1,4 @@
-#include "platform/windows/controls/canvas.h"
+#include "platform/windows/controls/icon_canvas.h"
 
 #include <algorithm>
 #include <cmath>
@@ -27,7 +27,7 @@ HBITMAP createBitmap(int size, DWORD** pixels) {
 
 }  // namespace
 
-Canvas::Canvas(int size)
+IconCanvas::IconCanvas(int size)
     : size_(size),
       dc_(CreateCompatibleDC(nullptr)),
       bitmap_(createBitmap(size * kEnlargement, &pixels_)),
@@ -38,41 +38,41 @@ Canvas::Canvas(int size)
     PatBlt(dc_, 0, 0, size * kEnlargement, size * kEnlargement, PATCOPY);
 }
 
-Canvas::~Canvas() {
+IconCanvas::~IconCanvas() {
     SelectObject(dc_, before_);
     DeleteDC(dc_);
     DeleteObject(bitmap_);
 }
 
-void Canvas::setColor(COLORREF color) {
+void IconCanvas::setColor(COLORREF color) {
     SetDCBrushColor(dc_, color);
 }
 
-void Canvas::setEraser() {
+void IconCanvas::setEraser() {
     SetDCBrushColor(dc_, kNothing);
 }
 
-int Canvas::enlarged(double coordinate) const {
+int IconCanvas::enlarged(double coordinate) const {
     return static_cast<int>(std::lround(coordinate * size_ * kEnlargement / kUnits));
 }
 
-void Canvas::circle(Dot middle, double radius) {
+void IconCanvas::circle(Dot middle, double radius) {
     // Without a pen, GDI leaves out the last row and column of a shape.
     Ellipse(dc_, enlarged(middle.x - radius), enlarged(middle.y - radius),
             enlarged(middle.x + radius) + 1, enlarged(middle.y + radius) + 1);
 }
 
-void Canvas::box(Dot upperLeft, Dot lowerRight) {
+void IconCanvas::box(Dot upperLeft, Dot lowerRight) {
     Rectangle(dc_, enlarged(upperLeft.x), enlarged(upperLeft.y), enlarged(lowerRight.x) + 1,
               enlarged(lowerRight.y) + 1);
 }
 
-void Canvas::roundedBox(Dot upperLeft, Dot lowerRight, double radius) {
+void IconCanvas::roundedBox(Dot upperLeft, Dot lowerRight, double radius) {
     RoundRect(dc_, enlarged(upperLeft.x), enlarged(upperLeft.y), enlarged(lowerRight.x) + 1,
               enlarged(lowerRight.y) + 1, enlarged(2 * radius), enlarged(2 * radius));
 }
 
-void Canvas::line(Dot from, Dot to, double width) {
+void IconCanvas::line(Dot from, Dot to, double width) {
     const double length = std::hypot(to.x - from.x, to.y - from.y);
     const double x = (to.y - from.y) / length * width / 2;
     const double y = (from.x - to.x) / length * width / 2;
@@ -83,7 +83,7 @@ void Canvas::line(Dot from, Dot to, double width) {
     Polygon(dc_, corners, 4);
 }
 
-void Canvas::curves(const std::vector<Dot>& dots) {
+void IconCanvas::curves(const std::vector<Dot>& dots) {
     std::vector<POINT> points;
     for (const Dot& dot : dots)
         points.push_back({enlarged(dot.x), enlarged(dot.y)});
@@ -96,7 +96,7 @@ void Canvas::curves(const std::vector<Dot>& dots) {
 
 /// Returns the mean colour of the drawing within the pixel. The alpha value is its share of the
 /// pixel.
-DWORD Canvas::pixelAt(int column, int row) const {
+DWORD IconCanvas::pixelAt(int column, int row) const {
     constexpr DWORD kNothingInBitmap = 0xFF00FF;
     DWORD red = 0;
     DWORD green = 0;
@@ -118,7 +118,7 @@ DWORD Canvas::pixelAt(int column, int row) const {
     return drawn * 255 / kAll << 24 | red / drawn << 16 | green / drawn << 8 | blue / drawn;
 }
 
-HICON Canvas::icon() const {
+HICON IconCanvas::icon() const {
     GdiFlush();
     DWORD* pixels = nullptr;
     const HBITMAP colors = createBitmap(size_, &pixels);

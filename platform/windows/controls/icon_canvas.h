@@ -14,12 +14,12 @@ struct Dot {
 };
 
 /// Coordinates run from 0 to 16 in both directions. Later shapes cover earlier ones.
-class Canvas {
+class IconCanvas {
  public:
-    explicit Canvas(int size);
-    Canvas(const Canvas&) = delete;
-    Canvas& operator=(const Canvas&) = delete;
-    ~Canvas();
+    explicit IconCanvas(int size);
+    IconCanvas(const IconCanvas&) = delete;
+    IconCanvas& operator=(const IconCanvas&) = delete;
+    ~IconCanvas();
 
     /// Sets the colour of the following shapes.
     void setColor(COLORREF color);
