@@ -70,16 +70,16 @@ void nameControls(HWND window) {
     }
 }
 
-void describeChart(HWND chart, const std::wstring& description) {
+void describePicture(HWND picture, PictureKind kind, const std::wstring& description) {
     const auto services = accessibilityServices();
     if (!services)
         return;
     const auto client = static_cast<DWORD>(OBJID_CLIENT);
     VARIANT role = {};
     role.vt = VT_I4;
-    role.lVal = ROLE_SYSTEM_CHART;
-    services->SetHwndProp(chart, client, CHILDID_SELF, PROPID_ACC_ROLE, role);
-    services->SetHwndPropStr(chart, client, CHILDID_SELF, PROPID_ACC_DESCRIPTION,
+    role.lVal = kind == PictureKind::Chart ? ROLE_SYSTEM_CHART : ROLE_SYSTEM_GRAPHIC;
+    services->SetHwndProp(picture, client, CHILDID_SELF, PROPID_ACC_ROLE, role);
+    services->SetHwndPropStr(picture, client, CHILDID_SELF, PROPID_ACC_DESCRIPTION,
                              description.c_str());
 }
 

@@ -17,7 +17,9 @@ void setAccessibleName(HWND control, const std::wstring& name);
 /// the rest after the window.
 void nameControls(HWND window);
 
-/// Tells screen readers that a control is a chart, and what it shows.
-void describeChart(HWND chart, const std::wstring& description);
+enum class PictureKind { Chart, Graphic };
+
+/// Tells screen readers of which kind a painted control is, and what it shows.
+void describePicture(HWND picture, PictureKind kind, const std::wstring& description);
 
 }  // namespace pelk

@@ -58,38 +58,13 @@ ChartSpace spaceOf(HDC dc, const RECT& space) {
 
 }  // namespace
 
-ChartClass::ChartClass() {
-    WNDCLASSEXW chart = {};
-    chart.cbSize = sizeof chart;
-    chart.style = CS_HREDRAW | CS_VREDRAW;
-    chart.lpfnWndProc = Win32BarChart::procedure;
-    chart.hInstance = ownModule();
-    chart.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    chart.lpszClassName = kName;
-    if (RegisterClassExW(&chart) == 0)
-        throw Error("Windows has no room for another kind of control.");
-}
-
-ChartClass::~ChartClass() {
-    UnregisterClassW(kName, ownModule());
-}
-
-std::shared_ptr<ChartClass> ChartClass::shared() {
-    static std::weak_ptr<ChartClass> current;
-    std::shared_ptr<ChartClass> found = current.lock();
-    if (found == nullptr)
-        current = found = std::make_shared<ChartClass>();
-    return found;
-}
-
-Win32BarChart::Win32BarChart(const ControlPlace& place)
-    : Win32Control(place, {ChartClass::kName, 0}) {
+Win32BarChart::Win32BarChart(const ControlPlace& place) : Win32Control(place, {kClassName, 0}) {
     SetWindowLongPtrW(handle(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
 }
 
 void Win32BarChart::setContent(ChartContent content) {
     content_ = std::move(content);
-    describeChart(handle(), toWide(content_.description));
+    describePicture(handle(), PictureKind::Chart, toWide(content_.description));
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
