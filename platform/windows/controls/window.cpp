@@ -9,6 +9,7 @@
 #include "platform/windows/controls/accessible_names.h"
 #include "platform/windows/controls/bar_chart.h"
 #include "platform/windows/controls/dialog_template.h"
+#include "platform/windows/controls/drawing_area.h"
 #include "platform/windows/controls/flag_scope.h"
 #include "platform/windows/controls/list_view.h"
 #include "platform/windows/controls/pointer.h"
@@ -251,6 +252,10 @@ TreeView& Win32Window::addTreeView(const Rect& bounds) {
 
 BarChart& Win32Window::addBarChart(const Rect& bounds) {
     return add(std::make_unique<Win32BarChart>(nextPlace()), bounds);
+}
+
+DrawingArea& Win32Window::addDrawingArea(const Rect& bounds) {
+    return add(std::make_unique<Win32DrawingArea>(nextPlace(), dialogs_), bounds);
 }
 
 PopupMenu& Win32Window::addPopupMenu() {

@@ -45,6 +45,7 @@ class Win32Window : public Window, public NativeHandle {
     ListView& addListView(const Rect& bounds) override;
     TreeView& addTreeView(const Rect& bounds) override;
     BarChart& addBarChart(const Rect& bounds) override;
+    DrawingArea& addDrawingArea(const Rect& bounds) override;
     PopupMenu& addPopupMenu() override;
 
     HWND handle() const override { return handle_; }
