@@ -12,6 +12,7 @@
 #include "platform/desktop/qt/access_key_marks.h"
 #include "platform/desktop/qt/accessible_names.h"
 #include "platform/desktop/qt/bar_chart.h"
+#include "platform/desktop/qt/drawing_area.h"
 #include "platform/desktop/qt/images.h"
 #include "platform/desktop/qt/list_view.h"
 #include "platform/desktop/qt/popup_menu.h"
@@ -226,6 +227,10 @@ TreeView& QtWindow::addTreeView(const Rect& bounds) {
 
 BarChart& QtWindow::addBarChart(const Rect& bounds) {
     return add(std::make_unique<QtBarChart>(*frame_, scale_), bounds);
+}
+
+DrawingArea& QtWindow::addDrawingArea(const Rect& bounds) {
+    return add(std::make_unique<QtDrawingArea>(*frame_, scale_, dialogs_), bounds);
 }
 
 PopupMenu& QtWindow::addPopupMenu() {

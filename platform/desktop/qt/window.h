@@ -46,6 +46,7 @@ class QtWindow : public Window, public NativeWidget {
     ListView& addListView(const Rect& bounds) override;
     TreeView& addTreeView(const Rect& bounds) override;
     BarChart& addBarChart(const Rect& bounds) override;
+    DrawingArea& addDrawingArea(const Rect& bounds) override;
     PopupMenu& addPopupMenu() override;
 
     QWidget& nativeWidget() override;
