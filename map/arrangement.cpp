@@ -5,6 +5,7 @@
 
 #include "map/backbone.h"
 #include "map/components.h"
+#include "map/equalize.h"
 #include "map/layout.h"
 #include "map/spread.h"
 
@@ -20,6 +21,8 @@ constexpr double kGap = 6;
 constexpr double kPartGap = 60;
 /// A link between groups is this much longer than one inside a group, so that groups stand apart.
 constexpr double kLengthBetweenGroups = 2.5;
+/// From so many people on, a part has a rim.
+constexpr std::size_t kFewestToEqualize = 20;
 /// The width of the whole, divided by its height, that parts are packed to.
 constexpr double kAspect = 1.4;
 
@@ -104,6 +107,8 @@ Part layOutPart(const Arrangement& whole, const std::vector<std::uint32_t>& peop
     }
     part.points = layOutConnected(Rows(graph), lengthsByGroup(graph, groups));
     turnWide(part.points);
+    if (people.size() >= kFewestToEqualize)
+        equalize(part.points);
     scaleToSpace(part.points);
     spread(part.points, part.radii, kGap);
     part.box = boundsOf(part.points, part.radii);
