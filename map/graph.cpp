@@ -71,6 +71,16 @@ Graph readGraph(const Database& database, const GraphFilter& filter) {
     return graph;
 }
 
+/// Adds the people of those ids to the numbers, which stay in order and without repetition.
+void addAlways(const std::vector<int>& ids, const Graph& graph, std::vector<std::uint32_t>& shown) {
+    const std::vector<std::uint32_t> numbers = numbersById(graph);
+    for (const int id : ids)
+        if (const std::uint32_t number = numbers[static_cast<std::size_t>(id)]; number != kNobody)
+            shown.push_back(number);
+    std::sort(shown.begin(), shown.end());
+    shown.erase(std::unique(shown.begin(), shown.end()), shown.end());
+}
+
 /// Returns the numbers whose `rank` is above 0, highest first and of equal ones the smallest number
 /// first, at most `most`.
 std::vector<std::uint32_t> bestOf(const std::vector<double>& rank, std::size_t most,
@@ -87,7 +97,9 @@ std::vector<std::uint32_t> bestOf(const std::vector<double>& rank, std::size_t m
 
 }  // namespace
 
-Graph makeGraph(const Database& database, const GraphFilter& filter) {
+Graph makeGraph(const Database& database, GraphFilter filter) {
+    for (const int id : filter.always)
+        filter.without.erase(id);
     const Graph graph = readGraph(database, filter);
     std::vector<double> mails;
     mails.reserve(graph.people.size());
@@ -95,7 +107,7 @@ Graph makeGraph(const Database& database, const GraphFilter& filter) {
         mails.push_back(person.mails);
     std::vector<std::uint32_t> shown =
         bestOf(mails, filter.people.value_or(graph.people.size()), filter.from == Strength::Weak);
-    std::sort(shown.begin(), shown.end());
+    addAlways(filter.always, graph, shown);
     return partOf(graph, shown);
 }
 

@@ -47,12 +47,14 @@ struct GraphFilter {
     std::optional<std::size_t> people;
     /// The ids of contacts to leave out, such as mailing lists.
     std::unordered_set<int> without;
+    /// The ids of contacts to include whatever the rest says, such as those of a chain.
+    std::vector<int> always{};
 };
 
 /// Returns the people and relations that pass the filter. Relations without an e-mail, of a contact
 /// with itself or with an unknown contact are left out; of several relations of a pair, which only
 /// a foreign document has, the first one counts.
-Graph makeGraph(const Database& database, const GraphFilter& filter);
+Graph makeGraph(const Database& database, GraphFilter filter);
 
 /// Returns a contact and those people with the strongest relations to it that pass the filter,
 /// which counts them without the contact, and all links among them that pass. Person 0 is the
