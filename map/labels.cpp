@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <utility>
 
@@ -106,8 +107,7 @@ class LabelPlacement {
 
     /// Returns the place that covers no circle, or for a large circle the smallest ones.
     std::optional<Box> place(const LabelledCircle& circle) {
-        const bool mayCover = circle.radius >= kLarge * largest_;
-        double least = mayCover ? kCovered * 2 * circle.radius : 0;
+        double least = widestCovered(circle);
         std::optional<Box> best;
         for (const Box& box : candidatesOf(circle)) {
             if (!isInside(box, area_) || labels_.widestUnder(box) > 0)
@@ -124,6 +124,13 @@ class LabelPlacement {
     }
 
  private:
+    /// Returns a width below which a label may cover a circle.
+    double widestCovered(const LabelledCircle& circle) const {
+        if (circle.coversAll)
+            return std::numeric_limits<double>::infinity();
+        return circle.radius >= kLarge * largest_ ? kCovered * 2 * circle.radius : 0;
+    }
+
     const Box& area_;
     BoxGrid circles_;
     BoxGrid labels_;

@@ -16,6 +16,8 @@ struct LabelledCircle {
     double height = 0;
     /// Whether the label stands at the left of the circle if both sides have room.
     bool prefersLeft = false;
+    /// Whether the label may cover any circle.
+    bool coversAll = false;
 };
 
 /// Returns a rectangle for each label, or nothing where there is no room. The first circles choose

@@ -3,6 +3,8 @@
 #include <array>
 #include <cstddef>
 
+#include "platform/readable_color.h"
+
 namespace pelk {
 namespace {
 
@@ -40,6 +42,16 @@ Palette lightPalette() {
 
 Palette darkPalette() {
     return {{32, 33, 36}, {232, 234, 237}, {95, 97, 102}, true};
+}
+
+Palette paletteOn(const Color& background, const Color& text) {
+    constexpr Color kBlack{0, 0, 0};
+    constexpr Color kWhite{255, 255, 255};
+    const bool isDark = contrastRatio(background, kWhite) > contrastRatio(background, kBlack);
+    Palette palette = isDark ? darkPalette() : lightPalette();
+    palette.background = background;
+    palette.text = text;
+    return palette;
 }
 
 }  // namespace pelk

@@ -24,4 +24,7 @@ struct Palette {
 Palette lightPalette();
 Palette darkPalette();
 
+/// For a window with the user's colours, light or dark.
+Palette paletteOn(const Color& background, const Color& text);
+
 }  // namespace pelk

@@ -99,7 +99,7 @@ class SceneMaker {
                                     placeOf(arrangement_.positions[link.to]),
                                     kThinnestLine + (isSpoke ? 5 : 3) * share,
                                     isInside ? colorOf(to) : style_.palette.line,
-                                    isInside ? 0.3 + 0.4 * share : 0.55});
+                                    isInside ? 0.3 + 0.4 * share : 0.55, link.from, link.to});
         }
         // The strongest lines are drawn last, over the others.
         std::stable_sort(scene_.lines.begin(), scene_.lines.end(),
@@ -127,19 +127,37 @@ class SceneMaker {
         std::vector<Box> others;
         for (const SceneText& text : scene_.texts)
             others.push_back(text.box);
-        for (const SceneCircle& circle : scene_.circles) {
+        std::size_t first = 0;
+        const std::vector<SceneCircle> circles = inLabelOrder(first);
+        for (const SceneCircle& circle : circles) {
             texts.push_back(labelText(circle));
             labelled.push_back({circle.center, circle.radius,
                                 style_.textWidth(texts.back()) * style_.fontSize,
                                 kTextHeight * style_.fontSize,
-                                arrangement_.isCircle && circle.center.x < placeOf({}).x});
+                                arrangement_.isCircle && circle.center.x < placeOf({}).x,
+                                labelled.size() < first});
         }
         const std::vector<std::optional<Box>> places =
             placeLabels(labelled, areaOf(arrangement_, view_.width, view_.height, style_), others);
         for (std::size_t at = 0; at < places.size(); ++at)
             if (places[at] && !texts[at].empty())
                 addText(texts[at], {places[at]->left, places[at]->top}, style_.fontSize,
-                        arrangement_.isCircle && scene_.circles[at].person == 0);
+                        at < first || (arrangement_.isCircle && circles[at].person == 0),
+                        circles[at].person);
+    }
+
+    /// Returns the circles, those that are labelled first before all others, and their number.
+    std::vector<SceneCircle> inLabelOrder(std::size_t& first) const {
+        std::vector<bool> isFirst(arrangement_.positions.size());
+        for (const std::uint32_t person : style_.labelledFirst)
+            isFirst[person] = true;
+        std::vector<SceneCircle> circles = scene_.circles;
+        const auto others = std::stable_partition(
+            circles.begin(), circles.end(), [&isFirst](const SceneCircle& circle) {
+                return circle.person != kNobody && isFirst[circle.person];
+            });
+        first = static_cast<std::size_t>(others - circles.begin());
+        return circles;
     }
 
     /// Returns the label of a person; an empty one in the legend.
@@ -151,10 +169,12 @@ class SceneMaker {
                                  style_.textWidth);
     }
 
-    void addText(const std::string& text, Point corner, double size, bool bold) {
+    void addText(const std::string& text, Point corner, double size, bool bold,
+                 std::uint32_t person = kNobody) {
         const Box box{corner.x, corner.y, corner.x + style_.textWidth(text) * size,
                       corner.y + kTextHeight * size};
-        scene_.texts.push_back({{corner.x, corner.y + kAscent * size}, text, size, bold, box});
+        scene_.texts.push_back(
+            {{corner.x, corner.y + kAscent * size}, text, size, bold, box, person});
     }
 
     void addTitle() {

@@ -1,6 +1,6 @@
 #pragma once
 // A picture as circles, lines and texts, which each drawing target renders in this order: rings,
-// lines, circles, texts. Coordinates are those of the target, in pixels or points; y grows
+// lines, circles, marks, texts. Coordinates are those of the target, in pixels or points; y grows
 // downwards.
 
 #include <cstdint>
@@ -20,6 +20,9 @@ struct SceneLine {
     Color color;
     /// From 0, invisible, to 1.
     double opacity = 1;
+    /// The people at both ends; `kNobody` where there is none.
+    std::uint32_t fromPerson = kNobody;
+    std::uint32_t toPerson = kNobody;
 };
 
 struct SceneCircle {
@@ -39,6 +42,10 @@ struct SceneText {
     bool bold = false;
     /// The room that the text has: no two texts overlap.
     Box box;
+    /// The person whose label it is; `kNobody` for title and legend.
+    std::uint32_t person = kNobody;
+    /// From 0, in the colour of the background, to 1.
+    double opacity = 1;
 };
 
 struct Scene {
@@ -54,6 +61,8 @@ struct Scene {
     std::vector<SceneLine> lines;
     /// Outlined in the colour of the background.
     std::vector<SceneCircle> circles;
+    /// Rings in the colour `fill` around people who are marked.
+    std::vector<SceneCircle> marks;
     std::vector<SceneText> texts;
 };
 
@@ -66,6 +75,8 @@ struct SceneStyle {
     std::string title;
     /// Whether to list the groups at the right.
     bool hasLegend = false;
+    /// People who get a label, in bold, before all others.
+    std::vector<std::uint32_t> labelledFirst;
 };
 
 /// Which part of an arrangement a scene shows.
