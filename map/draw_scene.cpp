@@ -1,6 +1,9 @@
 #include "map/draw_scene.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "platform/readable_color.h"
 
 namespace pelk {
 namespace {
@@ -8,6 +11,7 @@ namespace {
 constexpr double kRingWidth = 1;
 constexpr double kRingOpacity = 0.5;
 constexpr double kOutline = 1;
+constexpr double kMarkWidth = 2;
 
 CanvasPoint onCanvas(Point point) {
     return {point.x, point.y};
@@ -25,8 +29,16 @@ Box around(const SceneLine& line) {
 
 /// Draws the outline as a larger circle beneath: that costs less than a ring.
 void drawCircle(const SceneCircle& circle, const Color& outline, Canvas& canvas) {
+    if (circle.radius <= kOutline / 2)
+        return;
     canvas.disc(onCanvas(circle.center), circle.radius + kOutline / 2, outline);
     canvas.disc(onCanvas(circle.center), circle.radius - kOutline / 2, circle.fill);
+}
+
+/// Returns one of a few colours, because a canvas may keep an image for each.
+Color colorOf(const SceneText& text, const Scene& scene) {
+    const int percent = static_cast<int>(std::lround(10 * (1 - text.opacity))) * 10;
+    return mixedColor(scene.textColor, scene.background, percent);
 }
 
 }  // namespace
@@ -43,8 +55,10 @@ void draw(const Scene& scene, Canvas& canvas) {
     for (const SceneCircle& circle : scene.circles)
         if (overlap(around(circle.center, circle.radius + kOutline), area))
             drawCircle(circle, scene.background, canvas);
+    for (const SceneCircle& mark : scene.marks)
+        canvas.ring(onCanvas(mark.center), mark.radius, kMarkWidth, mark.fill, 1);
     for (const SceneText& text : scene.texts)
-        canvas.text(onCanvas(text.start), text.text, text.size, text.bold, scene.textColor,
+        canvas.text(onCanvas(text.start), text.text, text.size, text.bold, colorOf(text, scene),
                     scene.background);
 }
 
