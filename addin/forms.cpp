@@ -71,6 +71,11 @@ void Forms::openView(Database& database) {
         openOverTime(database, id, otherId);
     };
     form.openLostSight = [this, &database](int id) { openLostSight(database, id); };
+    form.openCommunity = [this, &database] { openCommunity(database, {}); };
+    form.contactSelected = [this](int id) {
+        if (community && community->window->isVisible())
+            community->select(id);
+    };
     form.renameContact = [this, &database](int id, const std::string& name) {
         tellIfUnsaved(ui_.dialogs, [&] { renameContact(database, storage_, id, name); });
     };
@@ -165,6 +170,23 @@ void Forms::openLostSight(Database& database, int contactId) {
     form.show();
 }
 
+void Forms::openCommunity(Database& database, const std::vector<int>& chain) {
+    CommunityForm& form = created(community, "CommunityForm", ui_.toolkit, platform_.language);
+    form.database = &database;
+    form.hidden = &hidden_;
+    form.contactSelected = [this](int id) { selectInView(id); };
+    form.showContact = [this, &database](int id) { showInView(database, id); };
+    setUndoKeys(*form.window, database);
+    form.showChain(chain);
+    form.show();
+}
+
+/// A closed relations view stays closed.
+void Forms::selectInView(int contactId) {
+    if (view && view->window->isVisible())
+        view->selectContact(contactId);
+}
+
 void Forms::showInView(Database& database, int contactId) {
     if (!view || !view->window->isVisible())
         openView(database);
@@ -193,6 +215,9 @@ void Forms::openFind(Database& database, int sourceId) {
         result.db = &database;
         setUndoKeys(*result.window, database);
         result.path = path;
+        result.showInPicture = [this, &database](const std::vector<int>& chain) {
+            openCommunity(database, chain);
+        };
         result.fill();
         result.show();
     };
@@ -282,6 +307,7 @@ void Forms::refreshBesideView() {
     refreshIfOpen(duplicates);
     refreshIfOpen(overTime);
     refreshIfOpen(lostSight);
+    refreshIfOpen(community);
 }
 
 void Forms::abandonSearch() {
@@ -297,6 +323,7 @@ void Forms::rememberPlace(Window& window, const char* form) {
 }
 
 void Forms::unload() {
+    closeAndDestroy(community);
     closeAndDestroy(lostSight);
     closeAndDestroy(overTime);
     closeAndDestroy(about);

@@ -20,6 +20,7 @@
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
+#include "map/CommunityForm.h"
 #include "platform/mail_client.h"
 #include "platform/platform.h"
 #include "platform/user_interface.h"
@@ -69,6 +70,7 @@ class Forms {
     std::unique_ptr<aboutForm> about;
     std::unique_ptr<OverTimeForm> overTime;
     std::unique_ptr<LostSightForm> lostSight;
+    std::unique_ptr<CommunityForm> community;
 
  private:
     template <typename Form, typename... Arguments>
@@ -87,6 +89,8 @@ class Forms {
     void openFindDomain(Database& database, const std::string& sourceDomain);
     void openOverTime(const Database& database, int contactId, int otherId);
     void openLostSight(Database& database, int contactId);
+    void openCommunity(Database& database, const std::vector<int>& chain);
+    void selectInView(int contactId);
     void tellOfDamagedHistory();
     void showInView(Database& database, int contactId);
     void openDuplicates(Database& database);

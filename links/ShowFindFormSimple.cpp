@@ -11,6 +11,7 @@ namespace {
 
 constexpr Size kInnerSize{6600, 4200};
 constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr Rect kPictureBounds{kFormMargin, kButtonTop, 2400, kFormButton.height};
 constexpr Rect kTreeBounds{0, 0, kInnerSize.width, kButtonTop - kFormMargin};
 
 }  // namespace
@@ -24,11 +25,14 @@ ShowFindFormSimple::ShowFindFormSimple(Toolkit& toolkit)
       avoidButton(window->addButton({}, "Not &through this person")),
       allowButton(window->addButton({}, "&Allow again")),
       placeLabel(window->addLabel({}, "")),
+      pictureButton(window->addButton({}, "&Show in the picture")),
       layout_(*window, kInnerSize) {
     window->setCaption("The best path towards the requested contact");
     layout_.add(presTree, kTreeBounds, kAnchorFill);
     layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
     okButton.onClick = [this] { window->hide(); };
+    layout_.add(pictureButton, kPictureBounds, {0, 1, 0, 0});
+    pictureButton.onClick = [this] { showInPicture(chains_.shown()); };
     placeStrip();
     presTree.onSelect = [this](TreeNode&) { updateStrip(); };
     previousButton.onClick = [this] {

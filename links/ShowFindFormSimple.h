@@ -3,6 +3,7 @@
 // ones.
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -22,6 +23,8 @@ class ShowFindFormSimple {
     const Database* db = nullptr;
     /// The contacts of the best chain, from the source to the target.
     std::vector<int> path;
+    /// Shows a chain in the picture of the community. Set before the form is shown.
+    std::function<void(const std::vector<int>& chain)> showInPicture;
 
     void fill();
     /// Updates the texts and colours of the chain shown after a change of the database.
@@ -37,6 +40,7 @@ class ShowFindFormSimple {
     Button& allowButton;
     /// Says which of the chains is shown.
     Label& placeLabel;
+    Button& pictureButton;
 
  private:
     void placeStrip();

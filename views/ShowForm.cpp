@@ -92,6 +92,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       lostSightMenuItem_(addMenuItem("Lost sight of", &ShowForm::lostSightMenuItemClick)),
       undoItems_(showmenu_),
       optionsLostSightItem_(belowLine(options.menu).addItem("Lost sight of")),
+      optionsCommunityItem_(options.menu.addItem("Show the picture")),
       optionsUndoItems_(belowLine(options.menu)) {
     window->setCaption("Relations Tree");
     window->onResize = [this] { formResize(); };
@@ -102,19 +103,26 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
     search.box.setBounds(kSearchBounds);
     search.status.setBounds(kHitsBounds);
     search.setTarget(contactNodes_);
+    search.onShown = [this](bool shown) {
+        if (shown)
+            reportSelected();
+    };
     options.button.setBounds(kOptionsBounds);
     options.onChange = [this] { applyOptions(); };
     options.button.onClick = [this] {
         optionsLostSightItem_.setVisible(openLostSight != nullptr);
+        optionsCommunityItem_.setVisible(openCommunity != nullptr);
         optionsUndoItems_.update(*database);
         options.menu.openBelow(options.button);
     };
     formResize();
     optionsLostSightItem_.onClick = [this] { openLostSight(kUser); };
+    optionsCommunityItem_.onClick = [this] { openCommunity(); };
     presTree.allowMultipleSelection();
     presTree.onExpand = [this](TreeNode& node) { expand(node); };
     presTree.onCollapse = [this](TreeNode& node) { replaceByPlaceholder(presTree, node); };
     presTree.onMenuRequest = [this](ScreenPoint where) { openMenu(where); };
+    presTree.onSelect = [this](TreeNode&) { reportSelected(); };
     presTree.onActivate = [this](TreeNode& node) { activate(node); };
     presTree.detailOf = [this](const TreeNode& node) { return detailOf(node); };
     presTree.onDeleteKey = [this] { deleteKeyPressed(); };
@@ -262,13 +270,23 @@ void ShowForm::gotoButtonClick() {
     search.say(kNothingFound);
 }
 
-void ShowForm::goToContact(int contactId) {
+void ShowForm::selectContact(int contactId) {
     namesRadio.setChecked(true);
     group(true);
     TreeNode* const node = presTree.model().find(contactKey(contactId));
     presTree.select(node);
-    presTree.focus();
     search.say(node == nullptr ? "not shown" : "");
+}
+
+void ShowForm::goToContact(int contactId) {
+    selectContact(contactId);
+    presTree.focus();
+}
+
+void ShowForm::reportSelected() {
+    const TreeNode* const node = presTree.selected();
+    if (contactSelected && groupedByNames_ && node != nullptr && !isPlaceholder(*node))
+        contactSelected(std::get<int>(node->tag()));
 }
 
 void ShowForm::refreshButtonClick() {

@@ -40,6 +40,10 @@ class ShowForm {
     /// is set.
     std::function<void(int contactId, int otherId)> openOverTime;
     std::function<void(int contactId)> openLostSight;
+    /// Shows the picture of the community.
+    std::function<void()> openCommunity;
+    /// Called after the user has selected a contact, alone or below another one.
+    std::function<void(int contactId)> contactSelected;
     /// Change the database and save it.
     std::function<void(int contactId, const std::string& name)> renameContact;
     std::function<void(const std::vector<int>& ids, const std::string& what)> deleteContacts;
@@ -62,7 +66,10 @@ class ShowForm {
     void refresh();
     /// Updates the line about the user's last step.
     void showLastStep() { lastStepLabel.setText(lastStepText(*database)); }
-    /// Selects the contact in the grouping by names; if the options hide it, says so.
+    /// Selects the contact in the grouping by names; if the options hide it, says so. Calls no
+    /// handler.
+    void selectContact(int contactId);
+    /// Does the same, and lets the tree take the keys.
     void goToContact(int contactId);
     /// Shows the form modelessly.
     void show() { window->show(); }
@@ -94,6 +101,7 @@ class ShowForm {
     std::string detailOf(const TreeNode& node);
     void gotoButtonClick();
     void refreshButtonClick();
+    void reportSelected();
     void renameKeyPressed();
 
     // Menu commands on the selected node, in ShowFormCommands.cpp.
@@ -137,6 +145,7 @@ class ShowForm {
     UndoItems undoItems_;
     /// In the menu of the options, for the user.
     MenuItem& optionsLostSightItem_;
+    MenuItem& optionsCommunityItem_;
     /// The same entries in the menu of the options.
     UndoItems optionsUndoItems_;
     bool groupedByNames_ = true;

@@ -1,0 +1,202 @@
+#include "map/CommunityForm.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "views/contact_text.h"
+#include "views/deletion_text.h"
+#include "views/relation_totals.h"
+
+namespace pelk {
+namespace {
+
+/// More people than that cannot be told apart, and take longer than a second.
+constexpr std::size_t kMostPeople = 3000;
+
+constexpr Size kInnerSize{10200, 6600};
+constexpr Size kUsualSize{14400, 9300};
+constexpr int kRowHeight = 260;
+constexpr int kTop = 2 * kFormMargin + kFormButton.height;
+constexpr int kTreeWidth = 3000;
+constexpr int kPictureLeft = kTreeWidth + 2 * kFormMargin;
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr int kLabelTop = kButtonTop - kFormMargin - 2 * kRowHeight;
+constexpr int kHeight = kLabelTop - kFormMargin / 2 - kTop;
+constexpr int kZoomWidth = 1100;
+
+/// Counted from the right, from 1.
+constexpr Rect zoomButton(int fromRight) {
+    return {kInnerSize.width - fromRight * (kFormMargin + kZoomWidth), kFormMargin, kZoomWidth,
+            kFormButton.height};
+}
+
+/// Stays in the upper right corner with its size.
+constexpr Anchor kAnchorTopRight{1, 0, 0, 0};
+constexpr Anchor kAnchorBottomLeft{0, 1, 0, 0};
+constexpr Anchor kAnchorLeft{0, 0, 0, 1};
+
+}  // namespace
+
+CommunityForm::CommunityForm(Toolkit& toolkit, const Language& language)
+    : window(toolkit.createWindow()),
+      peopleTree(window->addTreeView({})),
+      search(*window, peopleTree, "Search names and addresses"),
+      zoomInButton(window->addButton({}, "Zoom &in")),
+      zoomOutButton(window->addButton({}, "Zoom &out")),
+      showAllButton(window->addButton({}, "Show &all")),
+      picture(window->addDrawingArea({})),
+      countLabel(window->addLabel({}, "")),
+      selectedLabel(window->addLabel({}, "")),
+      goButton(window->addButton({}, "&Show in the relations view")),
+      chainButton(window->addButton({}, "&Forget the chain")),
+      okButton(window->addButton({}, "OK")),
+      layout_(*window, kInnerSize),
+      view_(picture),
+      people_(peopleTree, database),
+      hits_(*this, language) {
+    window->setCaption("Picture of the community");
+    place();
+    window->setInnerSize(kUsualSize);
+    search.setTarget(hits_);
+    setHandlers();
+}
+
+void CommunityForm::place() {
+    search.place(layout_, kFormMargin, kFormMargin, zoomButton(3).left - 2 * kFormMargin);
+    layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
+    layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
+    layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
+    layout_.add(peopleTree, {kFormMargin, kTop, kTreeWidth, kHeight}, kAnchorLeft);
+    layout_.add(picture,
+                {kPictureLeft, kTop, kInnerSize.width - kFormMargin - kPictureLeft, kHeight},
+                kAnchorFill);
+    const int width = kInnerSize.width - 2 * kFormMargin;
+    layout_.add(countLabel, {kFormMargin, kLabelTop, width, kRowHeight}, kAnchorBottom);
+    layout_.add(selectedLabel, {kFormMargin, kLabelTop + kRowHeight, width, kRowHeight},
+                kAnchorBottom);
+    layout_.add(goButton, {kFormMargin, kButtonTop, 2600, kFormButton.height}, kAnchorBottomLeft);
+    layout_.add(chainButton, {2 * kFormMargin + 2600, kButtonTop, 1700, kFormButton.height},
+                kAnchorBottomLeft);
+    layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
+}
+
+void CommunityForm::setHandlers() {
+    view_.onSelect = [this](int id) { selectByUser(id); };
+    people_.onSelect = [this](int id) { selectByUser(id); };
+    people_.onSelectGroup = [this](const std::vector<int>& ids) { view_.setFound(ids); };
+    view_.onActivate = people_.onActivate = [this](int id) {
+        if (openCircle)
+            openCircle(id);
+    };
+    view_.tipOf = [this](const GraphPerson& person) {
+        return describe(person.contact) + "\n" + contactDetail(*database, person.contact.id);
+    };
+    window->setShortcut(Shortcut::Find, [this] { search.focus(); });
+    window->setShortcut(Shortcut::Refresh, [this] { refresh(); });
+    zoomInButton.onClick = [this] { view_.zoomIn(); };
+    zoomOutButton.onClick = [this] { view_.zoomOut(); };
+    showAllButton.onClick = [this] { view_.showAll(); };
+    goButton.onClick = [this] { showContact(view_.selected()); };
+    chainButton.onClick = [this] { showChain({}); };
+    okButton.onClick = [this] { window->hide(); };
+}
+
+void CommunityForm::fill() {
+    GraphFilter filter{Strength::Weak, kMostPeople, hiddenIds(hidden, *database), chain_};
+    window->setBusyPointer(true);
+    view_.show(arrangeCommunity(makeGraph(*database, std::move(filter))));
+    people_.fill(view_.arrangement());
+    window->setBusyPointer(false);
+    search.setIdleText(hiddenText(hidden, *database));
+    search.searchAgain();
+    view_.setPath(chain_);
+    people_.select(view_.selected());
+    chainButton.setEnabled(!chain_.empty());
+    showCounts();
+    showSelected();
+}
+
+void CommunityForm::showChain(std::vector<int> contactIds) {
+    chain_ = std::move(contactIds);
+    view_.select(0);
+    fill();
+}
+
+void CommunityForm::select(int contactId) {
+    view_.select(contactId);
+    people_.select(contactId);
+    showSelected();
+}
+
+/// The marks of a search come back where those of a group were.
+void CommunityForm::selectByUser(int contactId) {
+    search.searchAgain();
+    select(contactId);
+    if (contactId != 0 && contactSelected)
+        contactSelected(contactId);
+}
+
+void CommunityForm::showSelected() {
+    const int id = view_.selected();
+    goButton.setEnabled(id != 0);
+    if (id != 0)
+        selectedLabel.setText(nameOf(id) + ": " + contactDetail(*database, id));
+    else if (!chain_.empty())
+        selectedLabel.setText("Marked: the chain from " + nameOf(chain_.front()) + " to " +
+                              nameOf(chain_.back()));
+    else
+        selectedLabel.setText("");
+}
+
+std::string CommunityForm::nameOf(int contactId) const {
+    return nameForUser(*database, contactId);
+}
+
+/// Says also who is missing, and why.
+void CommunityForm::showCounts() {
+    const Arrangement& shown = view_.arrangement();
+    const std::size_t people = shown.graph.people.size();
+    if (people == 0) {
+        countLabel.setText("There are no relations to show yet. A scan of the mail finds them.");
+        return;
+    }
+    const std::size_t groups = groupSizes(shown.groups).size();
+    std::string text = std::to_string(people) + " people in " +
+                       counted(static_cast<std::int64_t>(groups), "group") + ".";
+    if (people >= kMostPeople)
+        text = "The " + std::to_string(people) + " people with most e-mails, in " +
+               counted(static_cast<std::int64_t>(groups), "group") + ".";
+    countLabel.setText(text + " Only the links that matter most are drawn.");
+}
+
+std::size_t CommunityForm::Hits::find(const std::string& query) {
+    const std::vector<GraphPerson>& people = form_.view_.arrangement().graph.people;
+    const auto personOf = [&people](int id) {
+        return std::lower_bound(
+            people.begin(), people.end(), id,
+            [](const GraphPerson& person, int wanted) { return person.contact.id < wanted; });
+    };
+    ids_ = contacts_.find(*form_.database, query);
+    std::erase_if(ids_, [&](int id) {
+        const auto person = personOf(id);
+        return person == people.end() || person->contact.id != id;
+    });
+    std::stable_sort(ids_.begin(), ids_.end(),
+                     [&](int a, int b) { return personOf(a)->mails > personOf(b)->mails; });
+    form_.view_.setFound(ids_);
+    return ids_.size();
+}
+
+void CommunityForm::Hits::show(std::size_t hit) {
+    form_.select(ids_[hit]);
+    if (form_.contactSelected)
+        form_.contactSelected(ids_[hit]);
+}
+
+void CommunityForm::Hits::noQuery() {
+    ids_.clear();
+    form_.view_.setFound({});
+}
+
+}  // namespace pelk
