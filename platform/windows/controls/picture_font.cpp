@@ -1,5 +1,12 @@
 #include "platform/windows/controls/picture_font.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/error.h"
+#include "platform/windows/controls/screen_dc.h"
 #include "platform/windows/wide_text.h"
 
 namespace pelk {
@@ -8,14 +15,27 @@ namespace {
 /// Large, so that the widths are those of every size.
 constexpr float kMeasuredSize = 100;
 
-/// Some fonts of messages are bitmaps, which GDI+ cannot draw.
+/// Returns the name of the outline font that GDI takes for a font, which may bear another name;
+/// empty for a bitmap font, which GDI+ cannot draw.
+std::wstring outlineNameOf(HFONT font) {
+    const ScreenDc dc(font);
+    std::vector<std::byte> buffer(GetOutlineTextMetricsW(dc.get(), 0, nullptr));
+    if (buffer.empty())
+        return {};
+    auto* const metrics = reinterpret_cast<OUTLINETEXTMETRICW*>(buffer.data());
+    GetOutlineTextMetricsW(dc.get(), static_cast<UINT>(buffer.size()), metrics);
+    const auto name = reinterpret_cast<std::uintptr_t>(metrics->otmpFamilyName);
+    return reinterpret_cast<const wchar_t*>(buffer.data() + name);
+}
+
 std::unique_ptr<Gdiplus::FontFamily> familyOf(HFONT font) {
-    LOGFONTW description = {};
-    GetObjectW(font, sizeof description, &description);
-    auto family = std::make_unique<Gdiplus::FontFamily>(description.lfFaceName);
-    if (!family->IsAvailable())
-        family.reset(Gdiplus::FontFamily::GenericSansSerif()->Clone());
-    return family;
+    auto family = std::make_unique<Gdiplus::FontFamily>(outlineNameOf(font).c_str());
+    if (family->IsAvailable())
+        return family;
+    const auto* const usual = Gdiplus::FontFamily::GenericSansSerif();
+    if (usual == nullptr)
+        throw Error("Windows has no font for pictures.");
+    return std::unique_ptr<Gdiplus::FontFamily>(usual->Clone());
 }
 
 }  // namespace

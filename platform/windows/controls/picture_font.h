@@ -10,7 +10,7 @@ namespace pelk {
 class PictureFont {
  public:
     /// `messages` is the font in which Windows shows messages. Throws `Error` when GDI+ does not
-    /// start.
+    /// start or has no font.
     explicit PictureFont(HFONT messages);
 
     const Gdiplus::FontFamily& family() const { return *family_; }
