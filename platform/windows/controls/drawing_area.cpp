@@ -190,25 +190,21 @@ void Win32DrawingArea::paintFocus(HDC dc) const {
 }
 
 std::optional<LRESULT> Win32DrawingArea::handlePointer(UINT message, WPARAM wparam, LPARAM lparam) {
-    const auto place = [&](POINT at) {
-        pointer_ = {static_cast<double>(at.x) / scale_, static_cast<double>(at.y) / scale_};
-    };
     POINT at = {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
     switch (message) {
         case WM_LBUTTONDOWN:
-            place(at);
+            pointer_ = at;
             pressed();
             return 0;
         case WM_LBUTTONDBLCLK:
-            place(at);
+            pointer_ = at;
             report(onDoubleClick);
             return 0;
         case WM_MOUSEMOVE:
-            place(at);
-            moved();
+            moved(at);
             return 0;
         case WM_LBUTTONUP:
-            place(at);
+            pointer_ = at;
             ReleaseCapture();
             return 0;
         // Another window can also take the pointer away.
@@ -223,7 +219,7 @@ std::optional<LRESULT> Win32DrawingArea::handlePointer(UINT message, WPARAM wpar
             return 0;
         case WM_MOUSEWHEEL:
             ScreenToClient(handle(), &at);
-            place(at);
+            pointer_ = at;
             turned(static_cast<double>(GET_WHEEL_DELTA_WPARAM(wparam)) / WHEEL_DELTA);
             return 0;
         case WM_SETCURSOR:
@@ -233,9 +229,13 @@ std::optional<LRESULT> Win32DrawingArea::handlePointer(UINT message, WPARAM wpar
     }
 }
 
+CanvasPoint Win32DrawingArea::pointer() const {
+    return {static_cast<double>(pointer_.x) / scale_, static_cast<double>(pointer_.y) / scale_};
+}
+
 void Win32DrawingArea::report(const std::function<void(CanvasPoint)>& handler) const {
     if (handler)
-        guarded(dialogs_, [handler, at = pointer_] { handler(at); });
+        guarded(dialogs_, [handler, at = pointer()] { handler(at); });
 }
 
 void Win32DrawingArea::pressed() {
@@ -245,7 +245,11 @@ void Win32DrawingArea::pressed() {
     report(onPress);
 }
 
-void Win32DrawingArea::moved() {
+/// Windows also reports a pointer that rests.
+void Win32DrawingArea::moved(POINT to) {
+    const POINT before = std::exchange(pointer_, to);
+    if (isPointerOver_ && before.x == to.x && before.y == to.y)
+        return;
     if (!isPointerOver_) {
         TRACKMOUSEEVENT leave = {sizeof leave, TME_LEAVE, handle(), 0};
         isPointerOver_ = TrackMouseEvent(&leave) != FALSE;
@@ -255,7 +259,7 @@ void Win32DrawingArea::moved() {
 
 void Win32DrawingArea::turned(double notches) {
     if (const auto handler = onWheel)
-        guarded(dialogs_, [&] { handler(pointer_, notches); });
+        guarded(dialogs_, [&] { handler(pointer(), notches); });
 }
 
 /// The window decides first, because it may be busy.

@@ -45,11 +45,12 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
     void paintFocus(HDC dc) const;
 
     void pressed();
-    void moved();
+    void moved(POINT to);
     void turned(double notches);
     bool choosePointer(WPARAM under, LPARAM where) const;
     void lookChanged();
     void keyPressed(DrawingKey key) const;
+    CanvasPoint pointer() const;
     void report(const std::function<void(CanvasPoint)>& handler) const;
 
     Dialogs& dialogs_;
@@ -60,8 +61,8 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
     std::unique_ptr<PictureBuffer> picture_;
     FrameTimer frames_;
     AreaTip tip_;
-    /// Where the pointer was last.
-    CanvasPoint pointer_;
+    /// Where the pointer was last, in pixels.
+    POINT pointer_ = {};
     bool isPressed_ = false;
     bool isPointerOver_ = false;
     bool hasHand_ = false;
