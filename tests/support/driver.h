@@ -38,11 +38,14 @@ struct Progress {
     friend bool operator==(const Progress&, const Progress&) = default;
 };
 
-enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk, Delete };
+enum class Key { Enter, Escape, Tab, Up, Down, Left, Right, Plus, Minus, Asterisk, Delete, Home };
 
 enum class Hold { Control, Shift };
 
-enum class Pointer { Arrow, Busy };
+enum class Pointer { Arrow, Busy, Hand };
+
+/// What the user does with the pointer and the left button over a drawing area.
+enum class PointerAct { Move, Press, Release, DoubleClick, Leave };
 
 class Driver {
  public:
@@ -85,7 +88,7 @@ class Driver {
     /// Clicks where the button is; whatever covers it gets the click.
     virtual void click(Control& button) = 0;
     virtual Progress progressOf(ProgressBar& bar) = 0;
-    /// The pixels that a bar or a chart paints now, row by row.
+    /// The pixels that a bar, a chart or a drawing area paints now, row by row.
     virtual std::vector<std::uint32_t> pictureOf(Control& control) = 0;
     /// The image that is shown.
     virtual TreeImage imageOf(Picture& picture) = 0;
@@ -99,6 +102,16 @@ class Driver {
     virtual std::vector<std::string> rowsOf(ListView& list) = 0;
     /// Selects exactly these rows by clicking them.
     virtual void selectRows(ListView& list, const std::vector<int>& rows) = 0;
+    /// Acts at a point in the units of the area. While the button is pressed, the point may be
+    /// outside.
+    virtual void point(DrawingArea& area, PointerAct act, CanvasPoint where = {}) = 0;
+    void click(DrawingArea& area, CanvasPoint where) {
+        point(area, PointerAct::Press, where);
+        point(area, PointerAct::Release, where);
+    }
+    virtual void turnWheel(DrawingArea& area, CanvasPoint where, double notches) = 0;
+    /// The text of the tip that is shown beside the pointer; empty for none.
+    virtual std::string shownTip() = 0;
     /// The pointer that Windows or Qt shows over the control now.
     virtual Pointer pointerOver(Control& control) = 0;
 

@@ -19,9 +19,9 @@ inline constexpr auto kImages = {TreeImage::Contact, TreeImage::Many, TreeImage:
                                  TreeImage::Two, TreeImage::Three};
 
 /// In the order of `Key`.
-inline constexpr Qt::Key kQtKeys[] = {Qt::Key_Return, Qt::Key_Escape,   Qt::Key_Tab,   Qt::Key_Up,
-                                      Qt::Key_Down,   Qt::Key_Left,     Qt::Key_Right, Qt::Key_Plus,
-                                      Qt::Key_Minus,  Qt::Key_Asterisk, Qt::Key_Delete};
+inline constexpr Qt::Key kQtKeys[] = {
+    Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab,   Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left,
+    Qt::Key_Right,  Qt::Key_Plus,   Qt::Key_Minus, Qt::Key_Asterisk, Qt::Key_Delete, Qt::Key_Home};
 
 /// Returns an invalid index and fails the test when there is no such row.
 inline QModelIndex indexAt(const QTreeView& view, const TreePath& path) {

@@ -8,7 +8,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QTextDocumentFragment>
 #include <QTimer>
+#include <QToolTip>
+#include <QWheelEvent>
 #include <cstdlib>
 
 #include "platform/desktop/qt/control.h"
@@ -204,7 +207,41 @@ class QtDriver : public Driver {
         const QCursor shown = overall != nullptr ? *overall
                               : inner != nullptr ? inner->cursor()
                                                  : widget.cursor();
-        return shown.shape() == Qt::WaitCursor ? Pointer::Busy : Pointer::Arrow;
+        return shown.shape() == Qt::WaitCursor           ? Pointer::Busy
+               : shown.shape() == Qt::PointingHandCursor ? Pointer::Hand
+                                                         : Pointer::Arrow;
+    }
+    void point(DrawingArea& area, PointerAct act, CanvasPoint where) override {
+        QWidget& widget = native<QWidget>(area);
+        QWindow* const top = widget.window()->windowHandle();
+        const QPoint place = widget.mapTo(widget.window(), placeOf(area, where).toPoint());
+        switch (act) {
+            case PointerAct::Move:
+                return QTest::mouseMove(top, place);
+            case PointerAct::Press:
+                return QTest::mousePress(top, Qt::LeftButton, {}, place);
+            case PointerAct::Release:
+                return QTest::mouseRelease(top, Qt::LeftButton, {}, place);
+            case PointerAct::DoubleClick:
+                return QTest::mouseDClick(top, Qt::LeftButton, {}, place);
+            case PointerAct::Leave:
+                QEvent leave(QEvent::Leave);
+                QApplication::sendEvent(&widget, &leave);
+        }
+    }
+    void turnWheel(DrawingArea& area, CanvasPoint where, double notches) override {
+        QWidget& widget = native<QWidget>(area);
+        const QPointF place = placeOf(area, where);
+        constexpr double kNotch = QWheelEvent::DefaultDeltasPerStep;
+        const QPoint turned(0, qRound(notches * kNotch));
+        QWheelEvent wheel(place, widget.mapToGlobal(place), {}, turned, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &wheel);
+    }
+    std::string shownTip() override {
+        return QToolTip::isVisible()
+                   ? QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText().toStdString()
+                   : "";
     }
 
     std::vector<TreeRow> rows(TreeView& tree, const TreePath& parent) override {
@@ -262,6 +299,10 @@ class QtDriver : public Driver {
     }
 
  private:
+    static QPointF placeOf(DrawingArea& area, CanvasPoint where) {
+        const double unit = native<QWidget>(area).width() / area.size().width;
+        return {where.x * unit, where.y * unit};
+    }
     static bool isOption(const QWidget& widget) {
         return qobject_cast<const QRadioButton*>(&widget) != nullptr;
     }

@@ -45,6 +45,7 @@ constexpr KnownRole kRoles[] = {
     {L"msctls_trackbar32", ROLE_SYSTEM_SLIDER, "slider"},
     {L"msctls_progress32", ROLE_SYSTEM_PROGRESSBAR, "progress"},
     {L"Pelk.BarChart", ROLE_SYSTEM_CHART, "chart"},
+    {L"Pelk.DrawingArea", ROLE_SYSTEM_GRAPHIC, "graphic"},
 };
 
 /// Wine describes most controls as the inner part of some window, and Windows by their class.

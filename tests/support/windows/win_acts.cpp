@@ -165,6 +165,43 @@ void clickMiddle(HWND control) {
     clickAt(control, {inner.right / 2, inner.bottom / 2});
 }
 
+/// The pointer itself moves as well: Windows reports that it has left a window it is not over.
+void pointAt(HWND window, PointerAct act, POINT place) {
+    POINT screen = place;
+    ClientToScreen(window, &screen);
+    if (act != PointerAct::Leave)
+        SetCursorPos(screen.x, screen.y);
+    handleMessages();
+    const LPARAM where = MAKELPARAM(place.x, place.y);
+    switch (act) {
+        case PointerAct::Move:
+            break;
+        case PointerAct::Press:
+            PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, where);
+            break;
+        case PointerAct::Release:
+            PostMessageW(window, WM_LBUTTONUP, 0, where);
+            break;
+        case PointerAct::DoubleClick:
+            clickAt(window, place);
+            clickAt(window, place, MouseButton::LeftTwice);
+            break;
+        case PointerAct::Leave:
+            PostMessageW(window, WM_MOUSELEAVE, 0, 0);
+            break;
+    }
+    handleMessages();
+}
+
+std::string textOfTip(HWND tip) {
+    wchar_t text[1024] = L"";
+    TTTOOLINFOW shown = {};
+    shown.cbSize = TTTOOLINFOW_V2_SIZE;
+    shown.lpszText = text;
+    SendMessageW(tip, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&shown));
+    return toUtf8(text);
+}
+
 void pressKey(HWND window, WPARAM key) {
     PostMessageW(window, WM_KEYDOWN, key, 1);
     constexpr DWORD wasDownAndGoesUp = 0xC0000000;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/windows/controls/native_control.h"
+#include "tests/support/driver.h"
 
 namespace pelk {
 
@@ -24,6 +25,12 @@ enum class MouseButton { Left, LeftWithControlKey, LeftWithShiftKey, Right, Left
 /// not get the click.
 void clickAt(HWND control, POINT point, MouseButton button = MouseButton::Left);
 void clickMiddle(HWND control);
+
+/// Acts with the pointer and the left button at a point in a window.
+void pointAt(HWND window, PointerAct act, POINT place);
+
+/// Returns the text of a tip that follows the pointer.
+std::string textOfTip(HWND tip);
 
 /// Presses and releases a key in that window.
 void pressKey(HWND window, WPARAM key);

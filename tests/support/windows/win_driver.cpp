@@ -19,9 +19,9 @@ namespace pelk {
 namespace {
 
 /// In the order of `Key`.
-constexpr WPARAM kVirtualKeys[] = {VK_RETURN,   VK_ESCAPE,   VK_TAB,   VK_UP,
-                                   VK_DOWN,     VK_LEFT,     VK_RIGHT, VK_ADD,
-                                   VK_SUBTRACT, VK_MULTIPLY, VK_DELETE};
+constexpr WPARAM kVirtualKeys[] = {VK_RETURN,   VK_ESCAPE,   VK_TAB,    VK_UP,
+                                   VK_DOWN,     VK_LEFT,     VK_RIGHT,  VK_ADD,
+                                   VK_SUBTRACT, VK_MULTIPLY, VK_DELETE, VK_HOME};
 
 /// Returns the pixels of an icon, to identify its drawing.
 std::vector<DWORD> pixelsOf(HICON icon) {
@@ -202,7 +202,26 @@ class WinDriver : public Driver {
         SetCursor(nullptr);
         SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
                      MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
-        return GetCursor() == LoadCursorW(nullptr, IDC_WAIT) ? Pointer::Busy : Pointer::Arrow;
+        return GetCursor() == LoadCursorW(nullptr, IDC_WAIT)   ? Pointer::Busy
+               : GetCursor() == LoadCursorW(nullptr, IDC_HAND) ? Pointer::Hand
+                                                               : Pointer::Arrow;
+    }
+    void point(DrawingArea& area, PointerAct act, CanvasPoint where) override {
+        pointAt(native(area), act, placeOf(area, where));
+    }
+    void turnWheel(DrawingArea& area, CanvasPoint where, double notches) override {
+        POINT place = placeOf(area, where);
+        ClientToScreen(native(area), &place);
+        const auto turned = static_cast<int>(std::lround(notches * WHEEL_DELTA));
+        PostMessageW(native(area), WM_MOUSEWHEEL, MAKEWPARAM(0, turned),
+                     MAKELPARAM(place.x, place.y));
+        settle();
+    }
+    std::string shownTip() override {
+        for (const HWND window : windowsOfThread())
+            if (classOf(window) == TOOLTIPS_CLASSW)
+                return textOfTip(window);
+        return "";
     }
     Progress progressOf(ProgressBar& bar) override {
         PBRANGE range = {};
@@ -296,6 +315,12 @@ class WinDriver : public Driver {
     }
     std::vector<std::string> useMenuOf(Control& button, const std::string& item) override {
         return pelk::useMenuOf(native(button), item);
+    }
+    static POINT placeOf(DrawingArea& area, CanvasPoint where) {
+        RECT inner = {};
+        GetClientRect(native(area), &inner);
+        const double unit = static_cast<double>(inner.right) / area.size().width;
+        return {std::lround(where.x * unit), std::lround(where.y * unit)};
     }
     void clickExpander(TreeView& tree, const TreePath& row, bool expanded) override {
         const NativeTree view(tree);
