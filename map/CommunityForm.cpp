@@ -17,12 +17,15 @@ constexpr std::size_t kMostPeople = 3000;
 constexpr Size kInnerSize{10200, 6600};
 constexpr Size kUsualSize{14400, 9300};
 constexpr int kRowHeight = 260;
-constexpr int kTop = 2 * kFormMargin + kFormButton.height;
-constexpr int kTreeWidth = 3000;
+constexpr int kSearchTop = kFormMargin + 40;
+constexpr int kLabelTop = 2 * kFormMargin + kFormButton.height;
+constexpr int kTop = kLabelTop + kRowHeight;
+constexpr int kTreeWidth = 3300;
 constexpr int kPictureLeft = kTreeWidth + 2 * kFormMargin;
+constexpr int kPictureWidth = kInnerSize.width - kFormMargin - kPictureLeft;
 constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
-constexpr int kLabelTop = kButtonTop - kFormMargin - 2 * kRowHeight;
-constexpr int kHeight = kLabelTop - kFormMargin / 2 - kTop;
+constexpr int kSelectedTop = kButtonTop - kFormMargin / 2 - kRowHeight;
+constexpr int kHeight = kSelectedTop - kFormMargin / 2 - kTop;
 constexpr int kZoomWidth = 1100;
 
 /// Counted from the right, from 1.
@@ -40,13 +43,14 @@ constexpr Anchor kAnchorLeft{0, 0, 0, 1};
 
 CommunityForm::CommunityForm(Toolkit& toolkit, const Language& language)
     : window(toolkit.createWindow()),
+      treeLabel(window->addLabel({}, "Groups and people")),
       peopleTree(window->addTreeView({})),
       search(*window, peopleTree, "Search names and addresses"),
       zoomInButton(window->addButton({}, "Zoom &in")),
       zoomOutButton(window->addButton({}, "Zoom &out")),
       showAllButton(window->addButton({}, "Show &all")),
-      picture(window->addDrawingArea({})),
       countLabel(window->addLabel({}, "")),
+      picture(window->addDrawingArea({})),
       selectedLabel(window->addLabel({}, "")),
       goButton(window->addButton({}, "&Show in the relations view")),
       chainButton(window->addButton({}, "&Forget the chain")),
@@ -63,18 +67,16 @@ CommunityForm::CommunityForm(Toolkit& toolkit, const Language& language)
 }
 
 void CommunityForm::place() {
-    search.place(layout_, kFormMargin, kFormMargin, zoomButton(3).left - 2 * kFormMargin);
+    search.place(layout_, kFormMargin, kSearchTop, zoomButton(3).left - 2 * kFormMargin);
     layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
     layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
     layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
+    layout_.add(treeLabel, {kFormMargin, kLabelTop, kTreeWidth, kRowHeight}, {});
     layout_.add(peopleTree, {kFormMargin, kTop, kTreeWidth, kHeight}, kAnchorLeft);
-    layout_.add(picture,
-                {kPictureLeft, kTop, kInnerSize.width - kFormMargin - kPictureLeft, kHeight},
-                kAnchorFill);
+    layout_.add(countLabel, {kPictureLeft, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
+    layout_.add(picture, {kPictureLeft, kTop, kPictureWidth, kHeight}, kAnchorFill);
     const int width = kInnerSize.width - 2 * kFormMargin;
-    layout_.add(countLabel, {kFormMargin, kLabelTop, width, kRowHeight}, kAnchorBottom);
-    layout_.add(selectedLabel, {kFormMargin, kLabelTop + kRowHeight, width, kRowHeight},
-                kAnchorBottom);
+    layout_.add(selectedLabel, {kFormMargin, kSelectedTop, width, kRowHeight}, kAnchorBottom);
     layout_.add(goButton, {kFormMargin, kButtonTop, 2600, kFormButton.height}, kAnchorBottomLeft);
     layout_.add(chainButton, {2 * kFormMargin + 2600, kButtonTop, 1700, kFormButton.height},
                 kAnchorBottomLeft);

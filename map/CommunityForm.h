@@ -44,14 +44,15 @@ class CommunityForm {
     void show() { window->show(); }
 
     const std::unique_ptr<Window> window;
+    Label& treeLabel;
     TreeView& peopleTree;
     SearchField search;
     Button& zoomInButton;
     Button& zoomOutButton;
     Button& showAllButton;
-    DrawingArea& picture;
-    /// Says how many people are shown, and of whom.
+    /// Says how many people are shown.
     Label& countLabel;
+    DrawingArea& picture;
     /// Says who is selected, or which chain is marked.
     Label& selectedLabel;
     Button& goButton;

@@ -7,6 +7,7 @@
 
 #include "map/group_names.h"
 #include "map/palette.h"
+#include "platform/readable_color.h"
 #include "views/contact_text.h"
 #include "views/fast_tree.h"
 #include "views/relation_totals.h"
@@ -23,6 +24,13 @@ int personOf(const TreeNode& node) {
 /// Returns the name of a group's node.
 const std::string& groupOf(const TreeNode& node) {
     return std::get<std::string>(node.tag());
+}
+
+/// Returns the colour of a group, dark enough for a text on paper. On other backgrounds the toolkit
+/// makes it readable.
+Color textColorOf(std::uint32_t group) {
+    constexpr Color kPaper{250, 250, 250};
+    return readableColor(lightPalette().ofGroup(group), kPaper);
 }
 
 /// Returns the numbers of all people, those with most e-mails first.
@@ -48,7 +56,7 @@ PeopleTree::PeopleTree(TreeView& tree, const Database* const& database)
     };
     tree_.detailOf = [&database](const TreeNode& node) {
         const int id = personOf(node);
-        return id == 0 ? std::string() : contactDetail(*database, id);
+        return id == 0 ? std::string() : counted(totalsOf(*database, id).mails, "e-mail");
     };
 }
 
@@ -77,7 +85,6 @@ void PeopleTree::addAll(const Arrangement& arrangement) {
             addPerson(*groups[arrangement.groups[person]], contactOf(person));
 }
 
-/// The toolkit makes the colours readable on the user's background.
 std::vector<TreeNode*> PeopleTree::addGroups(const Arrangement& arrangement) {
     const std::vector<std::string> names = groupNames(arrangement.graph, arrangement.groups);
     const std::vector<std::size_t> sizes = groupSizes(arrangement.groups);
@@ -87,7 +94,7 @@ std::vector<TreeNode*> PeopleTree::addGroups(const Arrangement& arrangement) {
             model_.add(model_.root(), names[group] + " (" + std::to_string(sizes[group]) + ")");
         model_.setTag(node, names[group]);
         model_.setImage(node, TreeImage::Many);
-        model_.setColor(node, lightPalette().ofGroup(group));
+        model_.setColor(node, textColorOf(group));
         nodes.push_back(&node);
     }
     return nodes;
