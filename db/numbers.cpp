@@ -67,4 +67,12 @@ std::optional<int> plainContactId(std::string_view text) {
     return number <= kMaxContactId ? std::optional(number) : std::nullopt;
 }
 
+std::optional<int> wholeNumber(std::string_view text, int most) {
+    int number = 0;
+    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (fault != std::errc() || end != text.data() + text.size() || number < 1 || number > most)
+        return std::nullopt;
+    return number;
+}
+
 }  // namespace pelk

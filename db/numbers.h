@@ -27,4 +27,7 @@ int readContactId(std::string_view text);
 /// nothing otherwise. Only text in that form matches a query for an id.
 std::optional<int> plainContactId(std::string_view text);
 
+/// Returns the number if the whole text is one from 1 to `most`.
+std::optional<int> wholeNumber(std::string_view text, int most);
+
 }  // namespace pelk

@@ -1,10 +1,10 @@
 #include "apps/cli/arguments.h"
 
-#include <charconv>
 #include <cstddef>
 
 #include "apps/cli/commands.h"
 #include "db/date_stamp.h"
+#include "db/numbers.h"
 
 namespace pelk {
 
@@ -239,14 +239,11 @@ class WordReader {
         while (at_ < words_.size() && !words_[at_].starts_with('-'));
     }
 
-    std::size_t number(const std::string& option, std::size_t most) {
+    std::size_t number(const std::string& option, int most) {
         const std::string& text = value(option);
-        std::size_t number = 0;
-        const char* const end = text.data() + text.size();
-        if (std::from_chars(text.data(), end, number).ptr != end || number < 1 || number > most)
-            throw UsageError("option " + option + " takes a number from 1 to " +
-                             std::to_string(most));
-        return number;
+        if (const std::optional<int> number = wholeNumber(text, most))
+            return static_cast<std::size_t>(*number);
+        throw UsageError("option " + option + " takes a number from 1 to " + std::to_string(most));
     }
 
     const std::string& value(const std::string& option) {

@@ -1,13 +1,12 @@
 #include "platform/desktop/qt/dialogs.h"
 
-#include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 
-#include "platform/desktop/qt/display.h"
+#include "platform/desktop/qt/box_owner.h"
 #include "platform/desktop/qt/file_dialog.h"
 #include "platform/desktop/qt/images.h"
 
@@ -19,23 +18,6 @@ constexpr const char* kProgramName = "Pelk";
 
 /// A contact's name with its addresses should be seen whole while it is edited.
 constexpr int kInputLetters = 60;
-
-QWidget* owner() {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : QApplication::activeWindow();
-}
-
-/// Shows the normal pointer while a box waits for the user.
-class PointerForBox {
- public:
-    PointerForBox() { QtDisplay().setBusyPointer(false); }
-    ~PointerForBox() { QtDisplay().setBusyPointer(busy_); }
-    PointerForBox(const PointerForBox&) = delete;
-    PointerForBox& operator=(const PointerForBox&) = delete;
-
- private:
-    const bool busy_ = QtDisplay::isPointerBusy();
-};
 
 QMessageBox::StandardButtons standardButtons(Buttons buttons) {
     switch (buttons) {
@@ -78,7 +60,7 @@ Answer answerOf(int button) {
 Answer ask(const std::string& text, Buttons buttons, QMessageBox::StandardButton byDefault) {
     const PointerForBox pointer;
     QMessageBox box(QMessageBox::NoIcon, kProgramName, QString::fromStdString(text),
-                    standardButtons(buttons), owner());
+                    standardButtons(buttons), boxOwner());
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(byDefault);
     box.setEscapeButton(closingButton(buttons));
@@ -99,7 +81,7 @@ bool QtDialogs::confirm(const std::string& question, const std::string& conseque
 std::string QtDialogs::input(const std::string& title, const std::string& prompt,
                              const std::string& initial, std::size_t selected) {
     const PointerForBox pointer;
-    QInputDialog box(owner());
+    QInputDialog box(boxOwner());
     box.setWindowTitle(title.empty() ? kProgramName : QString::fromStdString(title));
     box.setLabelText(QString::fromStdString(prompt));
     box.setTextValue(QString::fromStdString(initial));
@@ -117,12 +99,12 @@ std::string QtDialogs::input(const std::string& title, const std::string& prompt
 
 std::string QtDialogs::openFile(const std::string& title, const std::string& filter) {
     const PointerForBox pointer;
-    return chooseFile(owner(), QFileDialog::AcceptOpen, title, filter);
+    return chooseFile(boxOwner(), QFileDialog::AcceptOpen, title, filter);
 }
 
 std::string QtDialogs::saveFile(const std::string& title, const std::string& filter) {
     const PointerForBox pointer;
-    return chooseFile(owner(), QFileDialog::AcceptSave, title, filter);
+    return chooseFile(boxOwner(), QFileDialog::AcceptSave, title, filter);
 }
 
 }  // namespace pelk
