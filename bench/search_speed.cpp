@@ -16,6 +16,7 @@
 #include "maintenance/contact_edits.h"
 #include "maintenance/undo.h"
 #include "platform/desktop/qt/display.h"
+#include "platform/desktop/qt/picture_output.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "views/ShowForm.h"
 
@@ -82,7 +83,7 @@ class SearchSpeed {
 
  private:
     void compareContacts() {
-        ShowForm form(UserInterface{toolkit_, dialogs_, display_, settings_},
+        ShowForm form(UserInterface{toolkit_, dialogs_, display_, settings_, pictures_},
                       store_.platform.language);
         form.database = database_.get();
         form.startShowing();
@@ -148,6 +149,7 @@ class SearchSpeed {
     QtToolkit toolkit_;
     QtDisplay display_;
     ForgetfulSettings settings_;
+    QtPictureOutput pictures_;
     std::unique_ptr<Database> database_;
     QStringList texts_;
 };

@@ -11,6 +11,7 @@
 #include "bench/settled.h"
 #include "bench/silent_dialogs.h"
 #include "platform/desktop/qt/display.h"
+#include "platform/desktop/qt/picture_output.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "views/ShowForm.h"
 
@@ -67,8 +68,9 @@ class ViewSpeed {
     }
     void openView() {
         database_ = store_.storage.loadDatabase().database;
-        form_ = std::make_unique<ShowForm>(UserInterface{toolkit_, dialogs_, display_, settings_},
-                                           store_.platform.language);
+        form_ = std::make_unique<ShowForm>(
+            UserInterface{toolkit_, dialogs_, display_, settings_, pictures_},
+            store_.platform.language);
         form_->database = database_.get();
         form_->startShowing();
         form_->show();
@@ -171,6 +173,7 @@ class ViewSpeed {
     QtToolkit toolkit_;
     QtDisplay display_;
     ForgetfulSettings settings_;
+    QtPictureOutput pictures_;
     std::unique_ptr<Database> database_;
     std::unique_ptr<ShowForm> form_;
     std::vector<std::string> texts_;

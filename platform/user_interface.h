@@ -4,6 +4,7 @@
 #include "platform/controls.h"
 #include "platform/dialogs.h"
 #include "platform/display.h"
+#include "platform/picture_output.h"
 #include "platform/settings.h"
 
 namespace pelk {
@@ -14,6 +15,7 @@ struct UserInterface {
     Dialogs& dialogs;
     Display& display;
     Settings& settings;
+    PictureOutput& pictures;
 };
 
 }  // namespace pelk

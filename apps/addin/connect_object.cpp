@@ -43,7 +43,7 @@ ConnectMode modeIn(const VARIANT& value) {
 
 ConnectObject::ConnectObject() {
     guarded(dialogs_, [this] {
-        connect_.emplace(UserInterface{toolkit_, dialogs_, display_, settings_},
+        connect_.emplace(UserInterface{toolkit_, dialogs_, display_, settings_, pictures_},
                          platform_.services(), Connect::Loading::OnFirstUse);
     });
 }

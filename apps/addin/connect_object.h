@@ -15,6 +15,7 @@
 #include "platform/windows/com_object.h"
 #include "platform/windows/controls/dialogs.h"
 #include "platform/windows/controls/display.h"
+#include "platform/windows/controls/picture_output.h"
 #include "platform/windows/controls/toolkit.h"
 #include "platform/windows/mail/automation_client.h"
 #include "platform/windows/registry_settings.h"
@@ -61,6 +62,7 @@ class ConnectObject : public AutomationObject<IDTExtensibility2, IRibbonExtensib
     Win32Dialogs dialogs_;
     Win32Display display_;
     RegistrySettings settings_;
+    Win32PictureOutput pictures_;
     Win32Toolkit toolkit_{dialogs_, platform_.language()};
     std::unique_ptr<AutomationClient> client_;
     /// Empty when the constructor could not create it.

@@ -23,6 +23,7 @@
 #include "platform/desktop/qt/dialogs.h"
 #include "platform/desktop/qt/display.h"
 #include "platform/desktop/qt/images.h"
+#include "platform/desktop/qt/picture_output.h"
 #include "platform/desktop/qt/settings_file.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "platform/guard.h"
@@ -97,7 +98,8 @@ void openMailWindow(const Arguments& arguments, QtDialogs& dialogs) {
     window.show();
     QtDisplay display;
     SettingsFile settings(choicesFile(arguments, currentUserPlaces(), "forms.ini"));
-    Connect connect({toolkit, dialogs, display, settings}, platform);
+    QtPictureOutput pictures;
+    Connect connect({toolkit, dialogs, display, settings, pictures}, platform);
     connect.OnConnection(window);
     window.setUndo({[&connect] { connect.undo(); }, [&connect] { connect.redo(); },
                     [&connect] { return connect.undoName(); },

@@ -8,6 +8,7 @@
 #include "platform/user_interface.h"
 #include "tests/support/memory_files.h"
 #include "tests/support/recorded_display.h"
+#include "tests/support/recorded_pictures.h"
 #include "tests/support/test_platform.h"
 
 namespace pelk {
@@ -41,13 +42,14 @@ inline std::unique_ptr<Database> emptyDatabase() {
 class CorePlatform : public TestPlatform {
  public:
     RecordedDisplay display;
+    RecordedPictures pictures;
     ForgetfulSettings settings;
     MemoryFiles files;
     FixedShell shell;
     FixedClock clock;
     const std::unique_ptr<Crypto> crypto = makeCrypto();
 
-    UserInterface ui() { return {toolkit(), dialogs, display, settings}; }
+    UserInterface ui() { return {toolkit(), dialogs, display, settings, pictures}; }
     const Platform& platform() const { return platform_; }
     Storage& storage() { return storage_; }
 
