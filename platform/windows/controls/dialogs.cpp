@@ -15,18 +15,6 @@ constexpr BoxButton kCancel{IDCANCEL, L"Cancel"};
 constexpr BoxButton kYes{IDYES, L"&Yes"};
 constexpr BoxButton kNo{IDNO, L"&No"};
 
-/// Shows the normal pointer while a box waits for the user.
-class PointerForBox {
- public:
-    PointerForBox() : busy_(isPointerBusy()) { setPointerBusy(false); }
-    ~PointerForBox() { setPointerBusy(busy_); }
-    PointerForBox(const PointerForBox&) = delete;
-    PointerForBox& operator=(const PointerForBox&) = delete;
-
- private:
-    bool busy_;
-};
-
 std::vector<BoxButton> buttonsOf(Buttons buttons) {
     switch (buttons) {
         case Buttons::OkCancel:

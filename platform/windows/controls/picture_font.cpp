@@ -14,6 +14,8 @@ namespace {
 
 /// Large, so that the widths are those of every size.
 constexpr float kMeasuredSize = 100;
+/// More texts than a picture of the most people has, with all their shortened forms.
+constexpr std::size_t kMostKnown = 50000;
 
 /// Returns the name of the outline font that GDI takes for a font, which may bear another name;
 /// empty for a bitmap font, which GDI+ cannot draw.
@@ -44,8 +46,8 @@ PictureFont::PictureFont(HFONT messages)
     : family_(familyOf(messages)),
       paper_(std::make_unique<Gdiplus::Bitmap>(1, 1)),
       ruler_(std::make_unique<Gdiplus::Graphics>(paper_.get())),
-      measured_(std::make_unique<Gdiplus::Font>(family_.get(), kMeasuredSize, fontStyle(true),
-                                                Gdiplus::UnitPixel)) {
+      measuringFont_(std::make_unique<Gdiplus::Font>(family_.get(), kMeasuredSize, fontStyle(true),
+                                                     Gdiplus::UnitPixel)) {
     ruler_->SetTextRenderingHint(Gdiplus::TextRenderingHintAntiAlias);
 }
 
@@ -55,9 +57,17 @@ double PictureFont::ascent(bool bold) const {
 }
 
 double PictureFont::widthOf(std::string_view text) const {
+    if (const auto found = known_.find(text); found != known_.end())
+        return found->second;
+    if (known_.size() >= kMostKnown)
+        known_.clear();
+    return known_.emplace(text, measured(text)).first->second;
+}
+
+double PictureFont::measured(std::string_view text) const {
     const std::wstring wide = toWide(text);
     Gdiplus::RectF box;
-    ruler_->MeasureString(wide.c_str(), static_cast<int>(wide.size()), measured_.get(),
+    ruler_->MeasureString(wide.c_str(), static_cast<int>(wide.size()), measuringFont_.get(),
                           Gdiplus::PointF(), &oneLineFormat(), &box);
     return static_cast<double>(box.Width / kMeasuredSize);
 }

@@ -9,6 +9,18 @@ namespace pelk {
 void setPointerBusy(bool busy);
 bool isPointerBusy();
 
+/// Shows the normal pointer while a box waits for the user.
+class PointerForBox {
+ public:
+    PointerForBox() : busy_(isPointerBusy()) { setPointerBusy(false); }
+    ~PointerForBox() { setPointerBusy(busy_); }
+    PointerForBox(const PointerForBox&) = delete;
+    PointerForBox& operator=(const PointerForBox&) = delete;
+
+ private:
+    bool busy_;
+};
+
 /// Must be called when `window` changes its pointer: shows it at once if the mouse is over the
 /// window.
 void refreshPointer(HWND window);
