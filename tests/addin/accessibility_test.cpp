@@ -15,6 +15,7 @@
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
+#include "map/CommunityForm.h"
 #include "scan/ParseForm.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/spoken_controls.h"
@@ -62,6 +63,7 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*aboutForm(kit).window);
     expectReadable(*OverTimeForm(kit).window);
     expectReadable(*LostSightForm(kit, core.clock).window);
+    expectReadable(*CommunityForm(kit, core.language()).window);
 }
 
 }  // namespace

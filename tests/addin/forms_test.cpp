@@ -242,6 +242,27 @@ TEST_F(FormsTest, showsWhenPeopleWroteAndWhoWasLostSightOf) {
     EXPECT_EQ(driver.textOf(forms.view->search.status), "not shown");
 }
 
+TEST_F(FormsTest, sharesTheSelectionOfTheViewAndThePicture) {
+    driver.chooseIn(forms.view->options.button, "Show the picture");
+    EXPECT_EQ(driver.textOf(forms.community->countLabel),
+              "4 people in 1 group. Only the links that matter most are drawn.");
+    forms.view->show();
+    driver.clickRow(tree(), {1});
+    EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Bob: 2 relations, 13 e-mails");
+    groupByDomains();
+    forms.community->contactSelected(3);
+    EXPECT_EQ(driver.selectedText(tree()), "Cy (cy@c)");
+    forms.view->window->hide();
+    forms.community->contactSelected(1);
+    EXPECT_FALSE(driver.isVisible(*forms.view->window));
+    forms.community->select(1);
+    driver.click(forms.community->goButton);
+    EXPECT_EQ(driver.selectedText(tree()), "Ann (ann@b.a)");
+    forms.view->renameContact(1, "Al");
+    forms.view->databaseChanged();
+    EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Al: 3 relations, 15 e-mails");
+}
+
 TEST_F(FormsTest, showsAContactAlone) {
     openContact({0, 0}, 0);
     ShowFormSingle& form = *forms.contact;
