@@ -67,6 +67,7 @@ void Forms::openView(Database& database) {
     form.findDomainLinks = [this, &database](const std::string& sourceDomain) {
         openFindDomain(database, sourceDomain);
     };
+    form.openCircle = [this, &database](int id) { openCircle(database, id); };
     form.openOverTime = [this, &database](int id, int otherId) {
         openOverTime(database, id, otherId);
     };
@@ -140,6 +141,15 @@ void Forms::openDetails(Database& database, int contactId, int relatedId) {
         openOverTime(database, id, otherId);
     };
     form.fillInfo(contactId, relatedId);
+    form.show();
+}
+
+void Forms::openCircle(Database& database, int contactId) {
+    CircleForm& form = created(circle, "CircleForm", ui_);
+    form.database = &database;
+    form.hidden = &hidden_;
+    setUndoKeys(*form.window, database);
+    form.fill(contactId);
     form.show();
 }
 
@@ -305,6 +315,7 @@ void Forms::refreshBesideView() {
     refreshIfOpen(findDomain);
     refreshIfOpen(domainLinks);
     refreshIfOpen(duplicates);
+    refreshIfOpen(circle);
     refreshIfOpen(overTime);
     refreshIfOpen(lostSight);
     refreshIfOpen(community);
@@ -326,6 +337,7 @@ void Forms::unload() {
     closeAndDestroy(community);
     closeAndDestroy(lostSight);
     closeAndDestroy(overTime);
+    closeAndDestroy(circle);
     closeAndDestroy(about);
     closeAndDestroy(configuration);
     closeAndDestroy(duplicates);

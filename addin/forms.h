@@ -20,6 +20,7 @@
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
+#include "map/CircleForm.h"
 #include "map/CommunityForm.h"
 #include "platform/mail_client.h"
 #include "platform/platform.h"
@@ -68,6 +69,7 @@ class Forms {
     std::unique_ptr<DuplicatesForm> duplicates;
     std::unique_ptr<configForm> configuration;
     std::unique_ptr<aboutForm> about;
+    std::unique_ptr<CircleForm> circle;
     std::unique_ptr<OverTimeForm> overTime;
     std::unique_ptr<LostSightForm> lostSight;
     std::unique_ptr<CommunityForm> community;
@@ -87,6 +89,7 @@ class Forms {
     void openContact(Database& database, const std::string& address);
     void openFind(Database& database, int sourceId);
     void openFindDomain(Database& database, const std::string& sourceDomain);
+    void openCircle(Database& database, int contactId);
     void openOverTime(const Database& database, int contactId, int otherId);
     void openLostSight(Database& database, int contactId);
     void openCommunity(Database& database, const std::vector<int>& chain);

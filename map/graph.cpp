@@ -95,6 +95,18 @@ std::vector<std::uint32_t> bestOf(const std::vector<double>& rank, std::size_t m
     return numbers;
 }
 
+/// Returns the part with a person, who becomes number 0, and the strongest relations to it.
+Graph nearestTo(const Graph& graph, std::uint32_t middle, std::size_t people) {
+    std::vector<double> nearness(graph.people.size());
+    for (const GraphLink& link : graph.links)
+        if (link.from == middle || link.to == middle)
+            nearness[link.from == middle ? link.to : link.from] = link.weight;
+    std::vector<std::uint32_t> shown = bestOf(nearness, people, false);
+    std::sort(shown.begin(), shown.end());
+    shown.insert(shown.begin(), middle);
+    return partOf(graph, shown);
+}
+
 }  // namespace
 
 Graph makeGraph(const Database& database, GraphFilter filter) {
@@ -115,15 +127,11 @@ Graph makeCircle(const Database& database, int contact, GraphFilter filter) {
     filter.without.erase(contact);
     const Graph graph = readGraph(database, filter);
     const std::uint32_t middle = numbersById(graph)[static_cast<std::size_t>(contact)];
-    std::vector<double> nearness(graph.people.size());
-    for (const GraphLink& link : graph.links)
-        if (link.from == middle || link.to == middle)
-            nearness[link.from == middle ? link.to : link.from] = link.weight;
-    std::vector<std::uint32_t> shown =
-        bestOf(nearness, filter.people.value_or(graph.people.size()), false);
-    std::sort(shown.begin(), shown.end());
-    shown.insert(shown.begin(), middle);
-    return partOf(graph, shown);
+    return nearestTo(graph, middle, filter.people.value_or(graph.people.size()));
+}
+
+Graph strongestAround(const Graph& circle, std::size_t people) {
+    return nearestTo(circle, 0, people);
 }
 
 Graph partOf(const Graph& graph, const std::vector<std::uint32_t>& people) {

@@ -61,6 +61,9 @@ Graph makeGraph(const Database& database, GraphFilter filter);
 /// contact, even if the filter leaves it out. Requires: the contact exists.
 Graph makeCircle(const Database& database, int contact, GraphFilter filter);
 
+/// Returns the part of a circle with those `people` who have the strongest relations to person 0.
+Graph strongestAround(const Graph& circle, std::size_t people);
+
 /// Returns the part of a graph with the people of those numbers, which become 0, 1 and so on, and
 /// with the links between them.
 Graph partOf(const Graph& graph, const std::vector<std::uint32_t>& people);

@@ -5,19 +5,19 @@
 
 namespace pelk {
 
-enum class Shortcut { Escape, Rename, Refresh, Find, Undo, Redo };
+enum class Shortcut { Escape, Rename, Refresh, Find, Undo, Redo, Back };
 
 struct ShortcutKey {
     Shortcut shortcut;
-    /// Written as Qt and the help write it: "Ctrl+" and "Shift+", then a letter, "Esc" or a
-    /// function key.
+    /// Written as Qt and the help write it: "Ctrl+", "Shift+" and "Alt+", then a letter, "Esc",
+    /// "Left" or a function key.
     std::string_view keys;
 };
 
 inline constexpr ShortcutKey kShortcutKeys[] = {
-    {Shortcut::Escape, "Esc"},        {Shortcut::Rename, "F2"},   {Shortcut::Refresh, "F5"},
-    {Shortcut::Find, "Ctrl+F"},       {Shortcut::Undo, "Ctrl+Z"}, {Shortcut::Redo, "Ctrl+Y"},
-    {Shortcut::Redo, "Ctrl+Shift+Z"},
+    {Shortcut::Escape, "Esc"},        {Shortcut::Rename, "F2"},     {Shortcut::Refresh, "F5"},
+    {Shortcut::Find, "Ctrl+F"},       {Shortcut::Undo, "Ctrl+Z"},   {Shortcut::Redo, "Ctrl+Y"},
+    {Shortcut::Redo, "Ctrl+Shift+Z"}, {Shortcut::Back, "Alt+Left"},
 };
 
 /// Typed outside a text box, this character acts as `Shortcut::Find`.

@@ -90,6 +90,7 @@ ShowForm::ShowForm(const UserInterface& ui, const Language& language)
       overTimeMenuItem_(
           (belowLine(showmenu_), addMenuItem("Over time", &ShowForm::overTimeMenuItemClick))),
       lostSightMenuItem_(addMenuItem("Lost sight of", &ShowForm::lostSightMenuItemClick)),
+      pictureMenuItem_(addMenuItem("Show picture", &ShowForm::pictureMenuItemClick)),
       undoItems_(showmenu_),
       optionsLostSightItem_(belowLine(options.menu).addItem("Lost sight of")),
       optionsCommunityItem_(options.menu.addItem("Show the picture")),

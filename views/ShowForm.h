@@ -35,6 +35,8 @@ class ShowForm {
     std::function<void(const std::string& address)> openContact;
     std::function<void(int contactId)> findLinks;
     std::function<void(const std::string& domain)> findDomainLinks;
+    /// Shows the people around a contact as a picture. The menu offers only what is set.
+    std::function<void(int contactId)> openCircle;
     /// Show when the contact exchanged e-mails with the other one, or with all others if that is 0;
     /// and with whom the contact, or the user if it is 0, has lost touch. The menus offer only what
     /// is set.
@@ -119,6 +121,7 @@ class ShowForm {
     void goMenuItemClick(TreeNode& node);
     void overTimeMenuItemClick(TreeNode& node);
     void lostSightMenuItemClick(TreeNode& node);
+    void pictureMenuItemClick(TreeNode& node);
     void activate(TreeNode& node);
     bool isGone(int contactId);
     void deleteContact(int id);
@@ -142,6 +145,7 @@ class ShowForm {
     MenuItem& goMenuItem_;
     MenuItem& overTimeMenuItem_;
     MenuItem& lostSightMenuItem_;
+    MenuItem& pictureMenuItem_;
     UndoItems undoItems_;
     /// In the menu of the options, for the user.
     MenuItem& optionsLostSightItem_;

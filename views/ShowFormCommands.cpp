@@ -53,6 +53,7 @@ void ShowForm::openMenu(ScreenPoint where) {
     viewMenuItem_.setVisible(!groupedByNames_ && isAddressLeaf(*node));
     overTimeMenuItem_.setVisible(groupedByNames_ && openOverTime && !isPlaceholder(*node));
     lostSightMenuItem_.setVisible(isContact && openLostSight);
+    pictureMenuItem_.setVisible(groupedByNames_ && openCircle && !isPlaceholder(*node));
     undoItems_.update(*database);
     showmenu_.open(where);
 }
@@ -196,6 +197,11 @@ void ShowForm::overTimeMenuItemClick(TreeNode& node) {
 void ShowForm::lostSightMenuItemClick(TreeNode& node) {
     if (const int id = contactOf(node); !isGone(id))
         openLostSight(id);
+}
+
+void ShowForm::pictureMenuItemClick(TreeNode& node) {
+    if (const int id = contactOf(node); !isGone(id))
+        openCircle(id);
 }
 
 void ShowForm::activate(TreeNode& node) {

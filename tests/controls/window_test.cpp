@@ -176,8 +176,8 @@ TEST_F(Windows, RunTheActsOfTheirShortcutsWhateverHasTheFocus) {
             driver_.press(*window_, std::string(keys));
         return ran;
     };
-    EXPECT_EQ(press(tree), (std::vector<std::string>{"0", "1", "2", "3", "4", "5", "5"}));
-    EXPECT_EQ(press(box), (std::vector<std::string>{"0", "1", "2", "3"}));
+    EXPECT_EQ(press(tree), (std::vector<std::string>{"0", "1", "2", "3", "4", "5", "5", "6"}));
+    EXPECT_EQ(press(box), (std::vector<std::string>{"0", "1", "2", "3", "6"}));
     EXPECT_TRUE(isVisible()) << "Esc has an act of its own";
     ran.clear();
     driver_.press(*window_, "/");

@@ -48,8 +48,8 @@ std::vector<std::string> allMatches(const std::string& text, const std::string& 
 /// marks of access keys.
 std::string sources() {
     std::string text;
-    for (const char* folder :
-         {"addin", "apps", "db", "links", "mailstore", "maintenance", "platform", "scan", "views"})
+    for (const char* folder : {"addin", "apps", "db", "links", "mailstore", "maintenance", "map",
+                               "platform", "scan", "views"})
         for (const fs::directory_entry& file :
              fs::recursive_directory_iterator(fs::path(PELK_SOURCE_DIR) / folder))
             if (file.path().extension() == ".h" || file.path().extension() == ".cpp")
@@ -60,7 +60,7 @@ std::string sources() {
 
 std::set<std::string> formClasses() {
     std::set<std::string> classes;
-    for (const char* folder : {"addin", "links", "maintenance", "scan", "views"})
+    for (const char* folder : {"addin", "links", "maintenance", "map", "scan", "views"})
         for (const fs::directory_entry& file :
              fs::directory_iterator(fs::path(PELK_SOURCE_DIR) / folder)) {
             const std::string text = readFile(file.path());
@@ -118,7 +118,7 @@ TEST(Help, listsTheKeysOfTheProgramAndNoOthers) {
         expected.insert(standard.contains(key) ? standard.at(key) : key);
     std::set<std::string> listed;
     for (const std::string& cell : allMatches(pages().at("keyboard.html"), "<tr><td>(.*?)</td>"))
-        for (const std::string& key : allMatches(cell, "(Ctrl\\+[A-Za-z+]+|F\\d+|Esc)"))
+        for (const std::string& key : allMatches(cell, "((?:Ctrl|Alt)\\+[A-Za-z+]+|F\\d+|Esc)"))
             listed.insert(key);
     EXPECT_EQ(listed, expected);
 }

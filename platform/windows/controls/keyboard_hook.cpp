@@ -36,9 +36,12 @@ bool isHandled(const MSG& message) {
     const auto ours = theHook().windows.find(window);
     if (ours == theHook().windows.end() || isMenuOpen())
         return false;
-    // Posted, because the act may open a box, whose loop must not run inside the hook.
+    // Posted, because the act may open a box, whose loop must not run inside the hook. The system
+    // has to see a key that is pressed with Alt: without one, releasing Alt opens the window's
+    // menu.
     if (const auto shortcut = ours->second->pressedBy(message))
-        return PostMessageW(window, kShortcutPressed, static_cast<WPARAM>(*shortcut), 0) != FALSE;
+        return PostMessageW(window, kShortcutPressed, static_cast<WPARAM>(*shortcut), 0) != FALSE &&
+               message.message != WM_SYSKEYDOWN;
     MSG copy = message;
     return IsDialogMessageW(window, &copy) != FALSE;
 }

@@ -10,10 +10,12 @@ bool isHeld(int key) {
     return GetKeyState(key) < 0;
 }
 
-/// A letter, "Esc" or a function key.
+/// A letter, "Esc", "Left" or a function key.
 WPARAM virtualKey(std::string_view name) {
     if (name == "Esc")
         return VK_ESCAPE;
+    if (name == "Left")
+        return VK_LEFT;
     return name.size() == 1 ? static_cast<WPARAM>(name[0])
                             : static_cast<WPARAM>(VK_F1 + (name[1] - '1'));
 }
@@ -25,7 +27,7 @@ bool arePressed(std::string_view keys, WPARAM key) {
         return modifiers.find(modifier) != std::string_view::npos;
     };
     return key == virtualKey(keys.substr(name)) && isHeld(VK_CONTROL) == needs("Ctrl") &&
-           isHeld(VK_SHIFT) == needs("Shift") && !isHeld(VK_MENU);
+           isHeld(VK_SHIFT) == needs("Shift") && isHeld(VK_MENU) == needs("Alt");
 }
 
 bool isTextBox(HWND control) {
@@ -52,7 +54,8 @@ std::optional<Shortcut> ShortcutActs::pressedBy(const MSG& message) const {
     if (message.message == WM_CHAR && message.wParam == kFindCharacter &&
         acts_.contains(Shortcut::Find) && !isTextBox(message.hwnd))
         return Shortcut::Find;
-    if (message.message != WM_KEYDOWN || asksForKey(message))
+    const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
+    if (!isKey || asksForKey(message))
         return std::nullopt;
     for (const auto& [shortcut, keys] : kShortcutKeys) {
         if (!acts_.contains(shortcut) || !arePressed(keys, message.wParam))

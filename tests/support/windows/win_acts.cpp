@@ -217,6 +217,7 @@ void pressKeys(HWND window, const std::string& keys) {
     const auto key = name == "Esc"    ? VK_ESCAPE
                      : name == "Up"   ? VK_UP
                      : name == "Down" ? VK_DOWN
+                     : name == "Left" ? VK_LEFT
                      : name.size() == 1
                          ? static_cast<WPARAM>(name[0])
                          : static_cast<WPARAM>(VK_F1 - 1 + std::stoi(name.substr(1)));
