@@ -10,14 +10,6 @@ namespace pelk {
 
 namespace {
 
-HFONT createMessageFont() {
-    const WindowScope scope;
-    NONCLIENTMETRICSW metrics = {};
-    metrics.cbSize = sizeof metrics;
-    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
-    return CreateFontIndirectW(&metrics.lfMessageFont);
-}
-
 TwipScale scaleOf(HFONT font) {
     const WindowScope scope;
     return TwipScale::ofFont(font);
@@ -29,6 +21,14 @@ HIMAGELIST createTreeImages(HFONT font) {
 }
 
 }  // namespace
+
+HFONT createMessageFont() {
+    const WindowScope scope;
+    NONCLIENTMETRICSW metrics = {};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+}
 
 Look::Look()
     : font_(createMessageFont()),

@@ -9,6 +9,9 @@
 
 namespace pelk {
 
+/// Returns the font in which Windows shows messages. The caller destroys it.
+HFONT createMessageFont();
+
 /// Owns the font and the images. Must outlive the windows that use them.
 class Look {
  public:

@@ -5,6 +5,7 @@
 #include "platform/error.h"
 #include "platform/windows/com.h"
 #include "platform/windows/controls/gdiplus_canvas.h"
+#include "platform/windows/controls/look.h"
 #include "platform/windows/controls/printer.h"
 
 namespace pelk {
@@ -40,8 +41,11 @@ std::string pngOf(Gdiplus::Bitmap& image) {
 }  // namespace
 
 const PictureFont& Win32PictureOutput::font() const {
-    if (font_ == nullptr)
-        font_ = std::make_unique<PictureFont>(look_.font());
+    if (font_ == nullptr) {
+        const std::unique_ptr<std::remove_pointer_t<HFONT>, decltype(&DeleteObject)> messages(
+            createMessageFont(), &DeleteObject);
+        font_ = std::make_unique<PictureFont>(messages.get());
+    }
     return *font_;
 }
 

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "platform/picture_output.h"
-#include "platform/windows/controls/look.h"
 #include "platform/windows/controls/picture_font.h"
 
 namespace pelk {
@@ -12,9 +11,6 @@ namespace pelk {
 /// Windows has no PDF but what a printer writes.
 class Win32PictureOutput : public PictureOutput {
  public:
-    /// The look outlives this object.
-    explicit Win32PictureOutput(const Look& look) : look_(look) {}
-
     double widthOf(std::string_view text) const override { return font().widthOf(text); }
     std::string png(CanvasSize size, const DrawPicture& draw) override;
     bool hasPdf() const override { return false; }
@@ -24,7 +20,6 @@ class Win32PictureOutput : public PictureOutput {
  private:
     const PictureFont& font() const;
 
-    const Look& look_;
     /// Made on first use, because GDI+ would delay the start of the mail client.
     mutable std::unique_ptr<PictureFont> font_;
 };
