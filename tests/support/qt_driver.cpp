@@ -15,6 +15,7 @@
 #include <cstdlib>
 
 #include "platform/desktop/qt/control.h"
+#include "platform/desktop/qt/picture_output.h"
 #include "platform/desktop/qt/toolkit.h"
 #include "platform/desktop/qt/twip_scale.h"
 #include "tests/support/qt_acts.h"
@@ -363,6 +364,10 @@ class QtDriver : public Driver {
 
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language) {
     return std::make_unique<QtToolkit>(dialogs, language);
+}
+
+std::unique_ptr<PictureOutput> makePictureOutput() {
+    return std::make_unique<QtPictureOutput>();
 }
 
 std::unique_ptr<Driver> makeDriver() {

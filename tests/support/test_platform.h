@@ -4,6 +4,7 @@
 
 #include "platform/controls.h"
 #include "platform/language.h"
+#include "platform/picture_output.h"
 #include "tests/support/adapters.h"
 #include "tests/support/driver.h"
 #include "tests/support/scripted_dialogs.h"
@@ -13,6 +14,7 @@ namespace pelk {
 // Each toolkit's test library defines these. A toolkit must not outlive its dialogs and language.
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language);
 std::unique_ptr<Driver> makeDriver();
+std::unique_ptr<PictureOutput> makePictureOutput();
 
 /// Must outlive its toolkit's windows.
 class TestPlatform {

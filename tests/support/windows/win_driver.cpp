@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "platform/windows/controls/images.h"
+#include "platform/windows/controls/picture_output.h"
 #include "platform/windows/controls/screen_dc.h"
 #include "platform/windows/controls/strips.h"
 #include "platform/windows/controls/toolkit.h"
@@ -338,6 +339,10 @@ class WinDriver : public Driver {
 
 std::unique_ptr<Toolkit> makeToolkit(Dialogs& dialogs, const Language& language) {
     return std::make_unique<Win32Toolkit>(dialogs, language);
+}
+
+std::unique_ptr<PictureOutput> makePictureOutput() {
+    return std::make_unique<Win32PictureOutput>();
 }
 
 std::unique_ptr<Driver> makeDriver() {
