@@ -50,7 +50,8 @@ addin_is_hardened() {
   for name in $(libraries_of "$library"); do
     case $name in
       advapi32.dll | bcrypt.dll | comctl32.dll | comdlg32.dll | crypt32.dll | gdi32.dll | \
-        kernel32.dll | msvcrt.dll | ole32.dll | oleaut32.dll | shell32.dll | user32.dll) ;;
+        gdiplus.dll | kernel32.dll | msvcrt.dll | ole32.dll | oleaut32.dll | shell32.dll | \
+        user32.dll) ;;
       *)
         echo "$name is not part of every Windows"
         return 1
