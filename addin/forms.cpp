@@ -145,9 +145,10 @@ void Forms::openDetails(Database& database, int contactId, int relatedId) {
 }
 
 void Forms::openCircle(Database& database, int contactId) {
-    CircleForm& form = created(circle, "CircleForm", ui_);
+    CircleForm& form = created(circle, "CircleForm", ui_, platform_);
     form.database = &database;
     form.hidden = &hidden_;
+    form.showContact = [this, &database](int id) { showInView(database, id); };
     setUndoKeys(*form.window, database);
     form.fill(contactId);
     form.show();
@@ -185,6 +186,7 @@ void Forms::openCommunity(Database& database, const std::vector<int>& chain) {
     form.database = &database;
     form.hidden = &hidden_;
     form.contactSelected = [this](int id) { selectInView(id); };
+    form.openCircle = [this, &database](int id) { openCircle(database, id); };
     form.showContact = [this, &database](int id) { showInView(database, id); };
     setUndoKeys(*form.window, database);
     form.showChain(chain);

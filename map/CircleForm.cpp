@@ -4,26 +4,36 @@
 #include <charconv>
 #include <utility>
 
+#include "map/picture_files.h"
+#include "map/picture_saving.h"
 #include "platform/utf8.h"
 #include "views/relation_totals.h"
 
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{9900, 6300};
+constexpr Size kInnerSize{10200, 6600};
 /// A picture wants room; the user may make the form smaller.
-constexpr Size kFirstInnerSize{13200, 9000};
-constexpr int kWidth = kInnerSize.width - 2 * kFormMargin;
-constexpr int kLineHeight = 260;
-constexpr int kChoicesTop = 500;
-constexpr int kAreaTop = 900;
-constexpr int kListWidth = 2900;
-constexpr int kListLeft = kInnerSize.width - kFormMargin - kListWidth;
-constexpr int kButtonsTop = kInnerSize.height - kFormMargin - kFormButton.height;
-constexpr int kPersonTop = kButtonsTop - kFormMargin - kLineHeight;
-constexpr int kAreaHeight = kPersonTop - kAreaTop - kFormMargin / 2;
-constexpr int kTreeTop = kAreaTop + kLineHeight;
-constexpr int kNarrowButton = 1100;
+constexpr Size kUsualSize{13200, 9000};
+constexpr int kRowHeight = 260;
+constexpr int kSliderTop = kFormMargin + 40;
+constexpr int kRadioTop = 2 * kFormMargin + kFormButton.height;
+constexpr int kLabelTop = kRadioTop + kRowHeight + kFormMargin;
+constexpr int kTop = kLabelTop + kRowHeight;
+constexpr int kTreeWidth = 3200;
+constexpr int kTreeLeft = kInnerSize.width - kFormMargin - kTreeWidth;
+constexpr int kPictureWidth = kTreeLeft - 2 * kFormMargin;
+constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
+constexpr int kPersonTop = kButtonTop - kFormMargin / 2 - kRowHeight;
+constexpr int kHeight = kPersonTop - kFormMargin / 2 - kTop;
+constexpr int kZoomWidth = 1100;
+constexpr int kGoWidth = 2500;
+constexpr int kSaveWidth = 1600;
+
+/// Stays in the upper right corner with its size.
+constexpr Anchor kAnchorTopRight{1, 0, 0, 0};
+constexpr Anchor kAnchorBottomLeft{0, 1, 0, 0};
+constexpr Anchor kAnchorRight{1, 0, 0, 1};
 
 /// More people than that would be a crowd in which nobody can be told from the others.
 constexpr int kMostPeople = 150;
@@ -32,13 +42,9 @@ constexpr const char* kPeopleSetting = "circlePeople";
 constexpr const char* kFromSetting = "circleFrom";
 constexpr const char* kHint = "Double-click a person to see the people around that one.";
 
-constexpr Rect choice(int left, int width) {
-    return {left, kChoicesTop, width, kLineHeight};
-}
-
-/// The buttons at the left of the bottom row, counted from 0.
-constexpr Rect leftButton(int number) {
-    return {kFormMargin + number * (kNarrowButton + kFormMargin / 2), kButtonsTop, kNarrowButton,
+/// Counted from the right, from 1.
+constexpr Rect zoomButton(int fromRight) {
+    return {kInnerSize.width - fromRight * (kFormMargin + kZoomWidth), kFormMargin, kZoomWidth,
             kFormButton.height};
 }
 
@@ -59,96 +65,114 @@ std::string joined(const std::vector<std::string>& facts, const char* separator)
 
 }  // namespace
 
-CircleForm::CircleForm(const UserInterface& ui)
+CircleForm::CircleForm(const UserInterface& ui, const Platform& platform)
     : window(ui.toolkit.createWindow()),
-      titleLabel(window->addLabel({}, "")),
+      backButton(window->addButton({}, "&Back")),
       peopleLabel(window->addLabel({}, "People:")),
       peopleSlider(window->addSlider({})),
       countLabel(window->addLabel({}, "")),
-      fromLabel(window->addLabel({}, "Relations:")),
-      allRadio(window->addOptionButton({}, "A&ll")),
-      mediumRadio(window->addOptionButton({}, "&Medium and strong")),
-      strongRadio(window->addOptionButton({}, "&Strong")),
-      area(window->addDrawingArea({})),
-      listLabel(window->addLabel({}, "People in the picture:")),
-      tree(window->addTreeView({})),
-      personLabel(window->addLabel({}, kHint)),
-      backButton(window->addButton({}, "&Back")),
       zoomInButton(window->addButton({}, "Zoom &in")),
       zoomOutButton(window->addButton({}, "Zoom &out")),
       showAllButton(window->addButton({}, "Show &all")),
+      fromLabel(window->addLabel({}, "Relations:")),
+      allRadio(window->addOptionButton({}, "A&ll")),
+      mediumRadio(window->addOptionButton({}, "&Medium and strong")),
+      strongRadio(window->addOptionButton({}, "S&trong")),
+      treeLabel(window->addLabel({}, "Groups and people")),
+      peopleTree(window->addTreeView({})),
+      titleLabel(window->addLabel({}, "")),
+      picture(window->addDrawingArea({})),
+      personLabel(window->addLabel({}, kHint)),
+      goButton(window->addButton({}, "&Show in the relations view")),
+      saveButton(window->addButton({}, "Sa&ve picture...")),
+      printButton(window->addButton({}, "&Print...")),
       okButton(window->addButton({}, "OK")),
-      settings_(ui.settings),
+      ui_(ui),
+      platform_(platform),
       layout_(*window, kInnerSize),
-      picture_(area),
-      people_(tree, database) {
+      view_(picture),
+      people_(peopleTree, database) {
     window->setCaption("Picture of a contact");
     place();
     connect();
     restoreChoices();
-    window->setInnerSize(kFirstInnerSize);
+    window->setInnerSize(kUsualSize);
 }
 
 void CircleForm::place() {
-    layout_.add(titleLabel, {kFormMargin, kFormMargin, kWidth, kLineHeight}, kAnchorTop);
-    peopleLabel.setBounds(choice(kFormMargin, 800));
-    peopleSlider.setBounds(choice(kFormMargin + 800, 2200));
-    countLabel.setBounds(choice(kFormMargin + 3060, 1300));
-    fromLabel.setBounds(choice(kFormMargin + 4460, 1000));
-    allRadio.setBounds(choice(kFormMargin + 5460, 700));
-    mediumRadio.setBounds(choice(kFormMargin + 6220, 2100));
-    strongRadio.setBounds(choice(kFormMargin + 8380, 1150));
-    layout_.add(area, {kFormMargin, kAreaTop, kListLeft - 2 * kFormMargin, kAreaHeight},
-                kAnchorFill);
-    layout_.add(listLabel, {kListLeft, kAreaTop, kListWidth, kLineHeight}, {1, 0, 0, 0});
-    layout_.add(tree, {kListLeft, kTreeTop, kListWidth, kAreaTop + kAreaHeight - kTreeTop},
-                {1, 0, 0, 1});
-    layout_.add(personLabel, {kFormMargin, kPersonTop, kWidth, kLineHeight}, kAnchorBottom);
-    int number = 0;
-    for (Button* const button : {&backButton, &zoomInButton, &zoomOutButton, &showAllButton})
-        layout_.add(*button, leftButton(number++), {0, 1, 0, 0});
+    backButton.setBounds({kFormMargin, kFormMargin, kZoomWidth, kFormButton.height});
+    peopleLabel.setBounds({1450, kSliderTop, 750, kRowHeight});
+    layout_.add(peopleSlider, {2200, kSliderTop, 2400, kRowHeight}, kAnchorTop);
+    layout_.add(countLabel, {4700, kSliderTop, 1300, kRowHeight}, kAnchorTopRight);
+    layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
+    layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
+    layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
+    fromLabel.setBounds({kFormMargin, kRadioTop, 1000, kRowHeight});
+    allRadio.setBounds({1450, kRadioTop, 750, kRowHeight});
+    mediumRadio.setBounds({2300, kRadioTop, 2100, kRowHeight});
+    strongRadio.setBounds({4500, kRadioTop, 1200, kRowHeight});
+    placeBelowChoices();
+}
+
+void CircleForm::placeBelowChoices() {
+    layout_.add(titleLabel, {kFormMargin, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
+    layout_.add(picture, {kFormMargin, kTop, kPictureWidth, kHeight}, kAnchorFill);
+    layout_.add(treeLabel, {kTreeLeft, kLabelTop, kTreeWidth, kRowHeight}, kAnchorTopRight);
+    layout_.add(peopleTree, {kTreeLeft, kTop, kTreeWidth, kHeight}, kAnchorRight);
+    const int width = kInnerSize.width - 2 * kFormMargin;
+    layout_.add(personLabel, {kFormMargin, kPersonTop, width, kRowHeight}, kAnchorBottom);
+    layout_.add(goButton, {kFormMargin, kButtonTop, kGoWidth, kFormButton.height},
+                kAnchorBottomLeft);
+    Rect save = bottomButton(kInnerSize, 3);
+    save.left -= kSaveWidth - save.width;
+    save.width = kSaveWidth;
+    layout_.add(saveButton, save, kAnchorBottomRight);
+    layout_.add(printButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
     layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
 }
 
 void CircleForm::connect() {
     peopleSlider.onChange = [this] {
         wanted_ = peopleSlider.value();
-        settings_.write(kPeopleSetting, std::to_string(wanted_));
+        ui_.settings.write(kPeopleSetting, std::to_string(wanted_));
         showPeople();
     };
     allRadio.onClick = [this] { chooseFrom(Strength::Weak); };
     mediumRadio.onClick = [this] { chooseFrom(Strength::Medium); };
     strongRadio.onClick = [this] { chooseFrom(Strength::Strong); };
-    picture_.tipOf = [this](const GraphPerson& person) { return joined(factsOf(person), "\n"); };
-    picture_.onSelect = [this](int id) {
-        picture_.setFound({});
+    view_.tipOf = [this](const GraphPerson& person) { return joined(factsOf(person), "\n"); };
+    view_.onSelect = [this](int id) {
+        view_.setFound({});
         people_.select(id);
         selectionChanged(id);
     };
-    picture_.onActivate = [this](int id) { goTo(id); };
+    view_.onActivate = [this](int id) { goTo(id); };
     people_.onSelect = [this](int id) {
-        picture_.setFound({});
-        picture_.select(id);
+        view_.setFound({});
+        view_.select(id);
         selectionChanged(id);
     };
     people_.onSelectGroup = [this](const std::vector<int>& ids) {
-        picture_.select(0);
-        picture_.setFound(ids);
+        view_.select(0);
+        view_.setFound(ids);
         selectionChanged(0);
     };
     people_.onActivate = [this](int id) { goTo(id); };
     backButton.onClick = [this] { goBack(); };
     window->setShortcut(Shortcut::Back, [this] { goBack(); });
-    zoomInButton.onClick = [this] { picture_.zoomIn(); };
-    zoomOutButton.onClick = [this] { picture_.zoomOut(); };
-    showAllButton.onClick = [this] { picture_.showAll(); };
+    zoomInButton.onClick = [this] { view_.zoomIn(); };
+    zoomOutButton.onClick = [this] { view_.zoomOut(); };
+    showAllButton.onClick = [this] { view_.showAll(); };
+    goButton.onClick = [this] { showContact(view_.selected()); };
+    saveButton.onClick = [this] { savePicture(view_.arrangement(), ui_, platform_); };
+    printButton.onClick = [this] { printPicture(view_.arrangement(), ui_); };
     okButton.onClick = [this] { window->hide(); };
 }
 
 void CircleForm::restoreChoices() {
     wanted_ = std::max(
-        1, numberIn(settings_.read(kPeopleSetting).value_or(""), kMostPeople, kFirstPeople));
-    from_ = Strength{numberIn(settings_.read(kFromSetting).value_or(""),
+        1, numberIn(ui_.settings.read(kPeopleSetting).value_or(""), kMostPeople, kFirstPeople));
+    from_ = Strength{numberIn(ui_.settings.read(kFromSetting).value_or(""),
                               static_cast<int>(Strength::Weak), static_cast<int>(Strength::Weak))};
     OptionButton* const radios[] = {&strongRadio, &mediumRadio, &allRadio};
     radios[static_cast<std::size_t>(from_)]->setChecked(true);
@@ -156,7 +180,7 @@ void CircleForm::restoreChoices() {
 
 void CircleForm::chooseFrom(Strength from) {
     from_ = from;
-    settings_.write(kFromSetting, std::to_string(static_cast<int>(from)));
+    ui_.settings.write(kFromSetting, std::to_string(static_cast<int>(from)));
     read();
 }
 
@@ -201,44 +225,49 @@ void CircleForm::read() {
 }
 
 void CircleForm::showPeople() {
-    picture_.show(arrangeCircle(strongestAround(around_, static_cast<std::size_t>(wanted_))));
-    const std::size_t shown = picture_.arrangement().graph.people.size() - 1;
+    view_.show(arrangeCircle(strongestAround(around_, static_cast<std::size_t>(wanted_))));
+    const std::size_t shown = view_.arrangement().graph.people.size() - 1;
     countLabel.setText(std::to_string(shown) + " of " + std::to_string(around_.people.size() - 1));
     titleLabel.setText(title());
-    people_.fill(picture_.arrangement());
-    for (TreeNode* const node : tree.model().root().children())
+    people_.fill(view_.arrangement());
+    for (TreeNode* const node : peopleTree.model().root().children())
         if (!node->children().empty())
-            tree.setExpanded(*node, true);
-    people_.select(picture_.selected());
-    selectionChanged(picture_.selected());
+            peopleTree.setExpanded(*node, true);
+    people_.select(view_.selected());
+    selectionChanged(view_.selected());
+    enableFiles(true);
+}
+
+void CircleForm::enableFiles(bool hasPicture) {
+    saveButton.setEnabled(hasPicture);
+    printButton.setEnabled(hasPicture);
 }
 
 void CircleForm::showNobody() {
     around_ = {};
     peopleSlider.setEnabled(false);
-    picture_.show({});
+    view_.show({});
     people_.fill({});
     countLabel.setText("");
     titleLabel.setText("This contact is no longer in the database.");
     selectionChanged(0);
+    enableFiles(false);
 }
 
 std::string CircleForm::title() const {
-    const std::string name = labelOf(around_.people.front().contact);
-    const std::size_t shown = picture_.arrangement().graph.people.size() - 1;
-    if (shown == 0)
-        return name + " has no relations" + (from_ == Strength::Weak ? "." : " of this strength.");
-    return name + " and " +
-           (shown == 1 ? "the person" : "the " + std::to_string(shown) + " people") +
-           " nearest by e-mail";
+    const std::string title = pictureTitle(view_.arrangement());
+    if (around_.people.size() > 1)
+        return title;
+    return title + " has no relations" + (from_ == Strength::Weak ? "." : " of this strength.");
 }
 
 void CircleForm::selectionChanged(int contactId) {
     std::string text = kHint;
-    for (const GraphPerson& person : picture_.arrangement().graph.people)
+    for (const GraphPerson& person : view_.arrangement().graph.people)
         if (person.contact.id == contactId)
             text = joined(factsOf(person), ", ");
     personLabel.setText(text);
+    goButton.setEnabled(contactId != 0);
 }
 
 /// Returns the name, the first address, and the e-mails with the person in the middle; of that

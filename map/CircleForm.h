@@ -11,6 +11,7 @@
 #include "db/database.h"
 #include "map/people_tree.h"
 #include "map/picture_view.h"
+#include "platform/platform.h"
 #include "platform/user_interface.h"
 #include "views/form_layout.h"
 #include "views/hidden_contacts.h"
@@ -19,12 +20,15 @@ namespace pelk {
 
 class CircleForm {
  public:
-    explicit CircleForm(const UserInterface& ui);
+    /// What the arguments refer to outlives the form. The platform writes the files of pictures.
+    CircleForm(const UserInterface& ui, const Platform& platform);
 
     /// Set before a fill; outlives the form's use of it.
     const Database* database = nullptr;
     /// Outlives the form's use of it; null hides nobody.
     HiddenContacts* hidden = nullptr;
+    /// Shows a contact in the relations view.
+    std::function<void(int contactId)> showContact;
 
     /// Shows the people around a contact. While the form is open, the user can go back to the
     /// contact that it showed before.
@@ -34,26 +38,32 @@ class CircleForm {
     void show() { window->show(); }
 
     const std::unique_ptr<Window> window;
-    Label& titleLabel;
+    Button& backButton;
     Label& peopleLabel;
     Slider& peopleSlider;
     Label& countLabel;
+    Button& zoomInButton;
+    Button& zoomOutButton;
+    Button& showAllButton;
     Label& fromLabel;
     OptionButton& allRadio;
     OptionButton& mediumRadio;
     OptionButton& strongRadio;
-    DrawingArea& area;
-    Label& listLabel;
-    TreeView& tree;
+    Label& treeLabel;
+    TreeView& peopleTree;
+    /// Says who is in the picture.
+    Label& titleLabel;
+    DrawingArea& picture;
+    /// Says who is selected.
     Label& personLabel;
-    Button& backButton;
-    Button& zoomInButton;
-    Button& zoomOutButton;
-    Button& showAllButton;
+    Button& goButton;
+    Button& saveButton;
+    Button& printButton;
     Button& okButton;
 
  private:
     void place();
+    void placeBelowChoices();
     void connect();
     void restoreChoices();
     void chooseFrom(Strength from);
@@ -63,15 +73,17 @@ class CircleForm {
     void read();
     void showPeople();
     void showNobody();
+    void enableFiles(bool hasPicture);
     void selectionChanged(int contactId);
     int contactInMiddle() const { return trail_.empty() ? 0 : trail_.back(); }
     std::string title() const;
     std::vector<std::string> factsOf(const GraphPerson& person) const;
     double mailsWithMiddle(const GraphPerson& person) const;
 
-    Settings& settings_;
+    UserInterface ui_;
+    Platform platform_;
     FormLayout layout_;
-    PictureView picture_;
+    PictureView view_;
     PeopleTree people_;
     Strength from_ = Strength::Weak;
     /// How many people the user wants to see; there may be fewer.

@@ -48,8 +48,10 @@ std::string pictureTitle(const Arrangement& arrangement) {
     const std::vector<GraphPerson>& people = arrangement.graph.people;
     if (!arrangement.isCircle)
         return std::to_string(people.size()) + " people, grouped by their e-mails";
-    return labelOf(people[0].contact) + " and the " + std::to_string(people.size() - 1) +
-           " people nearest by e-mail";
+    const std::string name = labelOf(people[0].contact);
+    if (people.size() <= 2)
+        return people.size() == 1 ? name : name + " and the person nearest by e-mail";
+    return name + " and the " + std::to_string(people.size() - 1) + " people nearest by e-mail";
 }
 
 Scene pictureScene(const Arrangement& arrangement, CanvasSize size, double fontSize,
