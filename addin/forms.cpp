@@ -182,12 +182,13 @@ void Forms::openLostSight(Database& database, int contactId) {
 }
 
 void Forms::openCommunity(Database& database, const std::vector<int>& chain) {
-    CommunityForm& form = created(community, "CommunityForm", ui_.toolkit, platform_.language);
+    CommunityForm& form = created(community, "CommunityForm", ui_, platform_);
     form.database = &database;
     form.hidden = &hidden_;
     form.contactSelected = [this](int id) { selectInView(id); };
     form.openCircle = [this, &database](int id) { openCircle(database, id); };
     form.showContact = [this, &database](int id) { showInView(database, id); };
+    form.openCircle = [this, &database](int id) { openCircle(database, id); };
     setUndoKeys(*form.window, database);
     form.showChain(chain);
     form.show();

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "map/picture_saving.h"
 #include "views/contact_text.h"
 #include "views/deletion_text.h"
 #include "views/relation_totals.h"
@@ -20,13 +21,16 @@ constexpr int kRowHeight = 260;
 constexpr int kSearchTop = kFormMargin + 40;
 constexpr int kLabelTop = 2 * kFormMargin + kFormButton.height;
 constexpr int kTop = kLabelTop + kRowHeight;
-constexpr int kTreeWidth = 3300;
-constexpr int kPictureLeft = kTreeWidth + 2 * kFormMargin;
-constexpr int kPictureWidth = kInnerSize.width - kFormMargin - kPictureLeft;
+constexpr int kTreeWidth = 3200;
+constexpr int kTreeLeft = kInnerSize.width - kFormMargin - kTreeWidth;
+constexpr int kPictureWidth = kTreeLeft - 2 * kFormMargin;
 constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
 constexpr int kSelectedTop = kButtonTop - kFormMargin / 2 - kRowHeight;
 constexpr int kHeight = kSelectedTop - kFormMargin / 2 - kTop;
 constexpr int kZoomWidth = 1100;
+constexpr int kGoWidth = 2500;
+constexpr int kChainWidth = 1600;
+constexpr int kSaveWidth = 1600;
 
 /// Counted from the right, from 1.
 constexpr Rect zoomButton(int fromRight) {
@@ -34,15 +38,15 @@ constexpr Rect zoomButton(int fromRight) {
             kFormButton.height};
 }
 
-/// Stays in the upper right corner with its size.
+/// Stay at the right, or at the bottom left, with their sizes; stretches in height.
 constexpr Anchor kAnchorTopRight{1, 0, 0, 0};
 constexpr Anchor kAnchorBottomLeft{0, 1, 0, 0};
-constexpr Anchor kAnchorLeft{0, 0, 0, 1};
+constexpr Anchor kAnchorRight{1, 0, 0, 1};
 
 }  // namespace
 
-CommunityForm::CommunityForm(Toolkit& toolkit, const Language& language)
-    : window(toolkit.createWindow()),
+CommunityForm::CommunityForm(const UserInterface& ui, const Platform& platform)
+    : window(ui.toolkit.createWindow()),
       treeLabel(window->addLabel({}, "Groups and people")),
       peopleTree(window->addTreeView({})),
       search(*window, peopleTree, "Search names and addresses"),
@@ -54,11 +58,15 @@ CommunityForm::CommunityForm(Toolkit& toolkit, const Language& language)
       selectedLabel(window->addLabel({}, "")),
       goButton(window->addButton({}, "&Show in the relations view")),
       chainButton(window->addButton({}, "&Forget the chain")),
+      saveButton(window->addButton({}, "Sa&ve picture...")),
+      printButton(window->addButton({}, "&Print...")),
       okButton(window->addButton({}, "OK")),
+      ui_(ui),
+      platform_(platform),
       layout_(*window, kInnerSize),
       view_(picture),
       people_(peopleTree, database),
-      hits_(*this, language) {
+      hits_(*this, platform.language) {
     window->setCaption("Picture of the community");
     place();
     window->setInnerSize(kUsualSize);
@@ -71,15 +79,26 @@ void CommunityForm::place() {
     layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
     layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
     layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
-    layout_.add(treeLabel, {kFormMargin, kLabelTop, kTreeWidth, kRowHeight}, {});
-    layout_.add(peopleTree, {kFormMargin, kTop, kTreeWidth, kHeight}, kAnchorLeft);
-    layout_.add(countLabel, {kPictureLeft, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
-    layout_.add(picture, {kPictureLeft, kTop, kPictureWidth, kHeight}, kAnchorFill);
+    layout_.add(countLabel, {kFormMargin, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
+    layout_.add(picture, {kFormMargin, kTop, kPictureWidth, kHeight}, kAnchorFill);
+    layout_.add(treeLabel, {kTreeLeft, kLabelTop, kTreeWidth, kRowHeight}, kAnchorTopRight);
+    layout_.add(peopleTree, {kTreeLeft, kTop, kTreeWidth, kHeight}, kAnchorRight);
     const int width = kInnerSize.width - 2 * kFormMargin;
     layout_.add(selectedLabel, {kFormMargin, kSelectedTop, width, kRowHeight}, kAnchorBottom);
-    layout_.add(goButton, {kFormMargin, kButtonTop, 2600, kFormButton.height}, kAnchorBottomLeft);
-    layout_.add(chainButton, {2 * kFormMargin + 2600, kButtonTop, 1700, kFormButton.height},
+    placeButtons();
+}
+
+void CommunityForm::placeButtons() {
+    layout_.add(goButton, {kFormMargin, kButtonTop, kGoWidth, kFormButton.height},
                 kAnchorBottomLeft);
+    layout_.add(chainButton,
+                {2 * kFormMargin + kGoWidth, kButtonTop, kChainWidth, kFormButton.height},
+                kAnchorBottomLeft);
+    Rect save = bottomButton(kInnerSize, 3);
+    save.left -= kSaveWidth - save.width;
+    save.width = kSaveWidth;
+    layout_.add(saveButton, save, kAnchorBottomRight);
+    layout_.add(printButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
     layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
 }
 
@@ -101,6 +120,8 @@ void CommunityForm::setHandlers() {
     showAllButton.onClick = [this] { view_.showAll(); };
     goButton.onClick = [this] { showContact(view_.selected()); };
     chainButton.onClick = [this] { showChain({}); };
+    saveButton.onClick = [this] { savePicture(view_.arrangement(), ui_, platform_); };
+    printButton.onClick = [this] { printPicture(view_.arrangement(), ui_); };
     okButton.onClick = [this] { window->hide(); };
 }
 
@@ -115,6 +136,8 @@ void CommunityForm::fill() {
     view_.setPath(chain_);
     people_.select(view_.selected());
     chainButton.setEnabled(!chain_.empty());
+    for (Button* const button : {&saveButton, &printButton})
+        button->setEnabled(!view_.arrangement().graph.people.empty());
     showCounts();
     showSelected();
 }

@@ -10,7 +10,8 @@
 #include "db/database.h"
 #include "map/people_tree.h"
 #include "map/picture_view.h"
-#include "platform/controls.h"
+#include "platform/platform.h"
+#include "platform/user_interface.h"
 #include "views/contact_search.h"
 #include "views/form_layout.h"
 #include "views/hidden_contacts.h"
@@ -20,7 +21,8 @@ namespace pelk {
 
 class CommunityForm {
  public:
-    CommunityForm(Toolkit& toolkit, const Language& language);
+    /// Both outlive this form.
+    CommunityForm(const UserInterface& ui, const Platform& platform);
 
     /// Set before a fill; outlives the form's use of it.
     const Database* database = nullptr;
@@ -57,6 +59,8 @@ class CommunityForm {
     Label& selectedLabel;
     Button& goButton;
     Button& chainButton;
+    Button& saveButton;
+    Button& printButton;
     Button& okButton;
 
  private:
@@ -77,12 +81,15 @@ class CommunityForm {
     };
 
     void place();
+    void placeButtons();
     void setHandlers();
     void selectByUser(int contactId);
     void showSelected();
     void showCounts();
     std::string nameOf(int contactId) const;
 
+    UserInterface ui_;
+    Platform platform_;
     FormLayout layout_;
     PictureView view_;
     PeopleTree people_;

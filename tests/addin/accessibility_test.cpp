@@ -63,7 +63,7 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*aboutForm(kit).window);
     expectReadable(*OverTimeForm(kit).window);
     expectReadable(*LostSightForm(kit, core.clock).window);
-    expectReadable(*CommunityForm(kit, core.language()).window);
+    expectReadable(*CommunityForm(core.ui(), core.platform()).window);
 }
 
 }  // namespace

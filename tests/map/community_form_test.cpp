@@ -1,6 +1,8 @@
 // The form with the picture of the community.
 
 #include "map/CommunityForm.h"
+
+#include "map/picture_saving.h"
 #include "tests/map/map_fixture.h"
 #include "tests/support/core_platform.h"
 #include "tests/support/tree_text.h"
@@ -57,7 +59,7 @@ class CommunityFormTest : public testing::Test {
     const std::unique_ptr<Database> database = threeTeams();
     History history;
     HiddenContacts hidden{[this]() -> const History& { return history; }};
-    CommunityForm form{core.toolkit(), core.language()};
+    CommunityForm form{core.ui(), core.platform()};
     std::vector<int> reported;
 };
 
@@ -75,9 +77,10 @@ TEST_F(CommunityFormTest, listsGroupsWithTheirPeople) {
     EXPECT_FALSE(driver.rows(form.peopleTree)[1].expanded);
     EXPECT_TRUE(driver.rows(form.peopleTree)[2].expanded);
     EXPECT_EQ(textOf(form.search.status), "1 hidden");
-    for (Control* const control : std::initializer_list<Control*>{
-             &form.treeLabel, &form.countLabel, &form.zoomInButton, &form.zoomOutButton,
-             &form.showAllButton, &form.goButton, &form.chainButton})
+    for (Control* const control :
+         std::initializer_list<Control*>{&form.treeLabel, &form.countLabel, &form.zoomInButton,
+                                         &form.zoomOutButton, &form.showAllButton, &form.goButton,
+                                         &form.chainButton, &form.saveButton, &form.printButton})
         EXPECT_TRUE(driver.showsWholeText(*control)) << textOf(*control);
 }
 
@@ -95,6 +98,9 @@ TEST_F(CommunityFormTest, sharesItsSelectionWithTheListAndTheView) {
     form.showContact = [&shown](int id) { shown = id; };
     driver.click(form.goButton);
     EXPECT_EQ(shown, 1);
+    form.openCircle = [&shown](int id) { shown = id; };
+    driver.point(form.picture, PointerAct::DoubleClick, placeOf(6));
+    EXPECT_EQ(shown, 6);
     form.select(99);
     EXPECT_EQ(driver.selectedText(form.peopleTree), std::nullopt);
     EXPECT_EQ(textOf(form.selectedLabel), "");
@@ -132,6 +138,14 @@ TEST_F(CommunityFormTest, marksAChainWithAllItsPeople) {
     EXPECT_EQ(textOf(form.selectedLabel), "");
 }
 
+TEST_F(CommunityFormTest, savesAndPrintsThePicture) {
+    core.dialogs.expectFile("Saving the picture", kPictureFileFilterWithPdf, "/p.svg");
+    driver.click(form.saveButton);
+    EXPECT_NE(core.files.files["/p.svg"].find(">P11<"), std::string::npos);
+    driver.click(form.printButton);
+    EXPECT_EQ(core.pictures.printed, "12 people, grouped by their e-mails");
+}
+
 TEST_F(CommunityFormTest, followsTheDatabase) {
     driver.click(form.picture, placeOf(11));
     database->removeContacts({5, 6, 7, 8, 9, 10, 11});
@@ -141,6 +155,7 @@ TEST_F(CommunityFormTest, followsTheDatabase) {
     database->removeContacts({1, 2, 3, 4});
     form.refresh();
     EXPECT_EQ(shownRows(driver, form.peopleTree), "");
+    EXPECT_FALSE(driver.isEnabled(form.saveButton));
     EXPECT_EQ(textOf(form.countLabel),
               "There are no relations to show yet. A scan of the mail finds them.");
 }
