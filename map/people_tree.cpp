@@ -33,20 +33,23 @@ Color textColorOf(std::uint32_t group) {
     return readableColor(lightPalette().ofGroup(group), kPaper);
 }
 
-/// Returns the numbers of all people, those with most e-mails first.
-std::vector<std::uint32_t> strongestFirst(const Graph& graph) {
-    std::vector<std::uint32_t> order(graph.people.size());
+/// Returns the numbers of all people, those with most e-mails first. All their e-mails count, as
+/// the tree shows them, also those with people who are not in the picture.
+std::vector<std::uint32_t> strongestFirst(const Graph& graph, const Database& database) {
+    std::vector<std::int64_t> mails;
+    for (const GraphPerson& person : graph.people)
+        mails.push_back(totalsOf(database, person.contact.id).mails);
+    std::vector<std::uint32_t> order(mails.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&graph](std::uint32_t a, std::uint32_t b) {
-        return graph.people[a].mails > graph.people[b].mails;
-    });
+    std::stable_sort(order.begin(), order.end(),
+                     [&mails](std::uint32_t a, std::uint32_t b) { return mails[a] > mails[b]; });
     return order;
 }
 
 }  // namespace
 
 PeopleTree::PeopleTree(TreeView& tree, const Database* const& database)
-    : tree_(tree), model_(tree.model()) {
+    : tree_(tree), model_(tree.model()), database_(database) {
     tree_.onExpand = [this](TreeNode& node) { expanded_.insert(groupOf(node)); };
     tree_.onCollapse = [this](TreeNode& node) { expanded_.erase(groupOf(node)); };
     tree_.onSelect = [this](TreeNode& node) { report(node); };
@@ -54,9 +57,9 @@ PeopleTree::PeopleTree(TreeView& tree, const Database* const& database)
         if (const int id = personOf(node); id != 0 && onActivate)
             onActivate(id);
     };
-    tree_.detailOf = [&database](const TreeNode& node) {
+    tree_.detailOf = [this](const TreeNode& node) {
         const int id = personOf(node);
-        return id == 0 ? std::string() : counted(totalsOf(*database, id).mails, "e-mail");
+        return id == 0 ? std::string() : counted(totalsOf(*database_, id).mails, "e-mail");
     };
 }
 
@@ -72,7 +75,7 @@ void PeopleTree::fill(const Arrangement& arrangement) {
 }
 
 void PeopleTree::addAll(const Arrangement& arrangement) {
-    const std::vector<std::uint32_t> order = strongestFirst(arrangement.graph);
+    const std::vector<std::uint32_t> order = strongestFirst(arrangement.graph, *database_);
     const auto contactOf = [&arrangement](std::uint32_t person) -> const Contact& {
         return arrangement.graph.people[person].contact;
     };

@@ -47,6 +47,7 @@ class PeopleTree {
 
     TreeView& tree_;
     TreeModel& model_;
+    const Database* const& database_;
     /// The names of the expanded groups, which may have another number when they are found again.
     std::set<std::string> expanded_;
 };

@@ -5,6 +5,8 @@
 
 #include "map/group_names.h"
 #include "map/labels.h"
+#include "map/marks.h"
+#include "map/scene_view.h"
 #include "map/svg.h"
 #include "map/text_width.h"
 #include "tests/map/map_fixture.h"
@@ -68,11 +70,18 @@ TEST(Scene, hasNoTwoTextsThatOverlapAtAnyZoom) {
     for (const SceneCircle& circle : all.circles)
         EXPECT_TRUE(circle.center.x > 0 && circle.center.x < 1200 && circle.center.y > 0 &&
                     circle.center.y < 900);
-    for (int zoom = 0; zoom < 4; ++zoom) {
-        view.scale *= 1.7;
-        view.offset = view.offset * 1.7;
-        expectReadable(makeScene(community, view, style));
+    // As a user zooms in, at one place after the other, with somebody selected.
+    std::size_t labels = 0;
+    for (int zoom = 0; zoom < 60; ++zoom) {
+        const Point place = community.positions[zoom * 37 % community.positions.size()];
+        view = movedInto(zoomed(view, {600, 450}, zoom % 20 == 19 ? 0.03 : 1.2), place);
+        style.labelledFirst = {static_cast<std::uint32_t>(zoom)};
+        Scene scene = makeScene(community, view, style);
+        showMarks(scene, community, view, {static_cast<std::uint32_t>(zoom), {}, {}});
+        expectReadable(scene);
+        labels += scene.texts.size();
     }
+    EXPECT_GT(labels, 60U * 15);
 }
 
 TEST(Scene, namesThePersonInTheMiddleAndTheStrongest) {
