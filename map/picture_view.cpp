@@ -81,6 +81,7 @@ void PictureView::startMove(Scene before) {
 }
 
 void PictureView::paint(Canvas& canvas) {
+    painted_ = view_;
     if (isMoving())
         draw(sceneBetween(*before_, scene(), eased(share_)), canvas);
     else
@@ -105,6 +106,7 @@ void PictureView::fitArea() {
     before_.reset();
     const SceneView whole = viewOfWhole();
     jumpTo(isWhole_ ? whole : allowed(resized(goal_, whole.width, whole.height)));
+    area_.redraw();
 }
 
 SceneView PictureView::viewOfWhole() const {
@@ -120,7 +122,9 @@ SceneView PictureView::allowed(const SceneView& view) const {
 void PictureView::setView(const SceneView& view) {
     view_ = view;
     scene_.reset();
-    area_.redraw();
+    const double scale = view.scale / painted_.scale;
+    const Point corner = view.offset - painted_.offset * scale;
+    area_.redrawMoved(scale, {corner.x, corner.y});
 }
 
 /// Ends an animation.
@@ -172,7 +176,7 @@ void PictureView::turnWheel(Point point, double notches) {
         return;
     isWhole_ = false;
     jumpTo(allowed(zoomed(view_, point, std::pow(kNotchFactor, notches))));
-    hover(personAt(scene(), point));
+    hover(kNobody);
 }
 
 void PictureView::pressKey(DrawingKey key) {

@@ -98,6 +98,8 @@ class PictureView {
     SceneView goal_;
     /// Whether the whole picture is in view, and stays so when the area gets another size.
     bool isWhole_ = true;
+    /// The view that was painted last.
+    SceneView painted_;
     /// The picture of the view; nothing until it is painted.
     std::optional<Scene> scene_;
     /// While people move: the scene they come from, and the share of the way.

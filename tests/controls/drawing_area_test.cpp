@@ -1,12 +1,15 @@
 // What every toolkit must do with an area that a form draws.
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <sstream>
+#include <thread>
 #include <utility>
 #include <vector>
 
 #include "platform/error.h"
+#include "platform/movement.h"
 #include "tests/controls/window_fixture.h"
 
 namespace pelk {
@@ -133,6 +136,27 @@ TEST_F(Drawing, PaintsOnceForSeveralRequests) {
     driver_.settle();
     EXPECT_EQ(sizes, 1);
     EXPECT_EQ(paintings, 2);
+}
+
+TEST_F(Drawing, AMovementShowsTheLastPaintingUntilItRests) {
+    int paintings = 0;
+    draw([&](Canvas& canvas) {
+        ++paintings;
+        std::this_thread::sleep_for(std::chrono::milliseconds(2 * kFrameMilliseconds));
+        canvas.disc({50, 50}, 20, kBlack);
+    });
+    paintings = 0;
+    area_.redrawMoved(2, {30, 10});
+    pixels_ = driver_.pictureOf(area_);
+    EXPECT_EQ(at(130, 110), 1) << "the middle of the disc";
+    EXPECT_EQ(at(95, 110), 1) << "twice as large";
+    EXPECT_EQ(at(50, 50), 0);
+    EXPECT_EQ(paintings, 0);
+    while (paintings == 0)
+        driver_.settle();
+    pixels_ = driver_.pictureOf(area_);
+    EXPECT_EQ(at(50, 50), 1);
+    EXPECT_EQ(at(130, 110), 0);
 }
 
 TEST_F(Drawing, AFailureIsShownOnce) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QStyle>
 #include <QToolTip>
 #include <QWheelEvent>
@@ -14,6 +15,7 @@
 #include "platform/desktop/qt/colors.h"
 #include "platform/desktop/qt/plain_tool_tip.h"
 #include "platform/guard.h"
+#include "platform/movement.h"
 
 namespace pelk {
 namespace {
@@ -21,7 +23,6 @@ namespace {
 /// The size of a text that is as large as the user's others.
 constexpr double kUsualFontSize = 12;
 constexpr double kNotch = QWheelEvent::DefaultDeltasPerStep;
-constexpr int kFrameMilliseconds = 16;
 constexpr int kFocusWidth = 2;
 
 QAccessibleInterface* areaForScreenReaders(const QString&, QObject* object) {
@@ -66,6 +67,9 @@ DrawingWidget::DrawingWidget(QWidget* parent) : QWidget(parent) {
     // The picture covers the whole widget.
     setAttribute(Qt::WA_OpaquePaintEvent);
     QAccessible::installFactory(areaForScreenReaders);
+    rest_.setSingleShot(true);
+    rest_.setInterval(kRestMilliseconds);
+    connect(&rest_, &QTimer::timeout, this, [this] { redraw(); });
 }
 
 void DrawingWidget::report(DrawingArea& area, Dialogs& dialogs) {
@@ -97,22 +101,41 @@ void DrawingWidget::showTip(const std::string& text) {
 }
 
 void DrawingWidget::redraw() {
-    failed_ = false;
+    rest_.stop();
+    moved_ = {};
+    isOutdated_ = true;
+    update();
+}
+
+void DrawingWidget::redrawMoved(double scale, CanvasPoint corner) {
+    if (milliseconds_ < kFrameMilliseconds)
+        return redraw();
+    moved_ = QTransform(scale, 0, 0, scale, corner.x * unit(), corner.y * unit());
+    rest_.start();
     update();
 }
 
 void DrawingWidget::paintEvent(QPaintEvent*) {
+    const QSize pixels = size() * devicePixelRatioF();
+    if (std::exchange(isOutdated_, false) || picture_.size() != pixels)
+        paintPicture();
     QPainter painter(this);
-    if (area_->onPaint && !failed_)
-        paintPicture(painter);
-    else
-        painter.fillRect(rect(), palette().window());
+    showPicture(painter);
     if (showsFocus_)
         drawFocus(painter);
 }
 
-void DrawingWidget::paintPicture(QPainter& painter) {
-    painter.save();
+/// Keeps the picture, so that a window in front of it that goes away does not paint it again.
+void DrawingWidget::paintPicture() {
+    QElapsedTimer since;
+    since.start();
+    picture_ = QImage(size() * devicePixelRatioF(), QImage::Format_RGB32);
+    picture_.setDevicePixelRatio(devicePixelRatioF());
+    moved_ = {};
+    picture_.fill(palette().color(QPalette::Window));
+    if (picture_.isNull() || !area_->onPaint)
+        return;
+    QPainter painter(&picture_);
     painter.scale(unit(), unit());
     QtCanvas canvas(painter, &labels_);
     try {
@@ -120,12 +143,19 @@ void DrawingWidget::paintPicture(QPainter& painter) {
     } catch (...) {
         showFault(std::current_exception());
     }
-    painter.restore();
+    milliseconds_ = since.elapsed();
+}
+
+void DrawingWidget::showPicture(QPainter& painter) const {
+    if (picture_.isNull() || !moved_.isIdentity())
+        painter.fillRect(rect(), palette().window());
+    painter.setTransform(moved_);
+    painter.drawImage(0, 0, picture_);
+    painter.resetTransform();
 }
 
 /// Nothing can be shown during a painting, and a box would cause another one.
 void DrawingWidget::showFault(const std::exception_ptr& fault) {
-    failed_ = true;
     QMetaObject::invokeMethod(
         this, [this, fault] { guarded(*dialogs_, [&fault] { std::rethrow_exception(fault); }); },
         Qt::QueuedConnection);
@@ -147,8 +177,10 @@ void DrawingWidget::resizeEvent(QResizeEvent*) {
 void DrawingWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     const QEvent::Type type = event->type();
-    if (area_ != nullptr && (type == QEvent::PaletteChange || type == QEvent::FontChange))
+    if (area_ != nullptr && (type == QEvent::PaletteChange || type == QEvent::FontChange)) {
+        redraw();
         tell(area_->onResize);
+    }
 }
 
 void DrawingWidget::mousePressEvent(QMouseEvent* event) {

@@ -2,7 +2,9 @@
 // The drawing area on Qt.
 
 #include <QElapsedTimer>
+#include <QImage>
 #include <QTimer>
+#include <QTransform>
 #include <exception>
 
 #include "platform/desktop/qt/canvas.h"
@@ -22,6 +24,8 @@ class DrawingWidget : public QWidget {
     /// Shows a text beside the pointer.
     void showTip(const std::string& text);
     void redraw();
+    /// See `DrawingArea::redrawMoved`.
+    void redrawMoved(double scale, CanvasPoint corner);
 
  protected:
     void paintEvent(QPaintEvent* event) override;
@@ -42,7 +46,8 @@ class DrawingWidget : public QWidget {
     template <class... Values>
     void tell(const std::function<void(Values...)>& handler, const Values&... values);
     void tellRelease(const QPointF& place);
-    void paintPicture(QPainter& painter);
+    void paintPicture();
+    void showPicture(QPainter& painter) const;
     void showFault(const std::exception_ptr& fault);
     void drawFocus(QPainter& painter);
 
@@ -52,8 +57,13 @@ class DrawingWidget : public QWidget {
     QPointF pointer_;
     bool pressed_ = false;
     bool showsFocus_ = false;
-    /// Painting has failed and the user was told; `redraw` tries again.
-    bool failed_ = false;
+    /// What was painted last, whether it must be painted again, and how long that took.
+    QImage picture_;
+    bool isOutdated_ = true;
+    qint64 milliseconds_ = 0;
+    /// How a movement shows the picture, until it rests.
+    QTransform moved_;
+    QTimer rest_;
 };
 
 class QtDrawingArea : public QtControl<DrawingArea, DrawingWidget> {
@@ -61,6 +71,9 @@ class QtDrawingArea : public QtControl<DrawingArea, DrawingWidget> {
     /// `dialogs` shows the handlers' exceptions.
     QtDrawingArea(QWidget& parent, const TwipScale& scale, Dialogs& dialogs);
     void redraw() override { widget_.redraw(); }
+    void redrawMoved(double scale, CanvasPoint corner) override {
+        widget_.redrawMoved(scale, corner);
+    }
     CanvasSize size() const override;
     double widthOf(std::string_view text, double fontSize) const override;
     Color textColor() const override;

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/guard.h"
+#include "platform/movement.h"
 #include "platform/windows/controls/accessible_names.h"
 #include "platform/windows/controls/colors.h"
 #include "platform/windows/controls/gdiplus_canvas.h"
@@ -62,7 +63,23 @@ Win32DrawingArea::Win32DrawingArea(const ControlPlace& place, Dialogs& dialogs)
 }
 
 void Win32DrawingArea::redraw() {
+    KillTimer(handle(), kRestTimer);
+    moved_.reset();
     picture_.reset();
+    InvalidateRect(handle(), nullptr, FALSE);
+}
+
+void Win32DrawingArea::redrawMoved(double scale, CanvasPoint corner) {
+    const bool isSlow = paintingTime_ >= std::chrono::milliseconds(kFrameMilliseconds);
+    if (!isSlow || picture_ == nullptr ||
+        SetTimer(handle(), kRestTimer, kRestMilliseconds, nullptr) == 0)
+        return redraw();
+    const auto pixels = [](double place) { return static_cast<LONG>(std::lround(place)); };
+    const double left = corner.x * scale_;
+    const double top = corner.y * scale_;
+    const SIZE size = picture_->size();
+    moved_ = {pixels(left), pixels(top), pixels(left + scale * static_cast<double>(size.cx)),
+              pixels(top + scale * static_cast<double>(size.cy))};
     InvalidateRect(handle(), nullptr, FALSE);
 }
 
@@ -118,6 +135,10 @@ LRESULT Win32DrawingArea::handleMessage(UINT message, WPARAM wparam, LPARAM lpar
         guarded(dialogs_, [this] { frames_.tick(); });
         result = 0;
     }
+    if (!result && message == WM_TIMER && wparam == kRestTimer) {
+        redraw();
+        result = 0;
+    }
     return result ? *result : DefWindowProcW(handle(), message, wparam, lparam);
 }
 
@@ -130,8 +151,7 @@ std::optional<LRESULT> Win32DrawingArea::handlePainting(UINT message, WPARAM wpa
             return 0;
         case WM_PRINTCLIENT:
             makePicture();
-            if (picture_ != nullptr)
-                picture_->copyTo(reinterpret_cast<HDC>(wparam));
+            showPicture(reinterpret_cast<HDC>(wparam));
             return 0;
         case WM_SIZE:
         case WM_SYSCOLORCHANGE:
@@ -157,10 +177,22 @@ void Win32DrawingArea::paintWindow() {
     makePicture();
     PAINTSTRUCT painting = {};
     const HDC dc = BeginPaint(handle(), &painting);
-    if (picture_ != nullptr)
-        picture_->copyTo(dc);
+    showPicture(dc);
     paintFocus(dc);
     EndPaint(handle(), &painting);
+}
+
+void Win32DrawingArea::showPicture(HDC dc) const {
+    if (picture_ == nullptr)
+        return;
+    RECT whole = {};
+    GetClientRect(handle(), &whole);
+    const RECT place = moved_.value_or(whole);
+    picture_->copyTo(dc, place);
+    const int state = SaveDC(dc);
+    ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
+    FillRect(dc, &whole, GetSysColorBrush(COLOR_WINDOW));
+    RestoreDC(dc, state);
 }
 
 /// Keeps the picture, so that a drawing that fails is not tried again when its message is closed.
@@ -168,6 +200,7 @@ void Win32DrawingArea::makePicture() {
     const SIZE pixels = clientSizeOf(handle());
     if (picture_ != nullptr || pixels.cx <= 0 || pixels.cy <= 0)
         return;
+    const auto start = std::chrono::steady_clock::now();
     guarded(dialogs_, [&] {
         picture_ = std::make_unique<PictureBuffer>(pixels);
         Gdiplus::Graphics target(&picture_->image());
@@ -176,6 +209,7 @@ void Win32DrawingArea::makePicture() {
         if (const auto handler = onPaint)
             handler(canvas);
     });
+    paintingTime_ = std::chrono::steady_clock::now() - start;
 }
 
 void Win32DrawingArea::paintFocus(HDC dc) const {

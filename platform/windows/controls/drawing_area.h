@@ -1,6 +1,7 @@
 #pragma once
 // The drawing area, a window class of its own, drawn with GDI+.
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
     Win32DrawingArea(const ControlPlace& place, Dialogs& dialogs);
 
     void redraw() override;
+    void redrawMoved(double scale, CanvasPoint corner) override;
     CanvasSize size() const override;
     double widthOf(std::string_view text, double fontSize) const override;
     Color textColor() const override;
@@ -33,6 +35,8 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
 
  private:
     friend class WindowClass<Win32DrawingArea>;
+    /// The timer of a movement that may rest.
+    static constexpr UINT_PTR kRestTimer = FrameTimer::kTimer + 1;
     static constexpr const wchar_t* kClassName = L"Pelk.DrawingArea";
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     LRESULT handleMessage(UINT message, WPARAM wparam, LPARAM lparam);
@@ -42,6 +46,7 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
 
     void paintWindow();
     void makePicture();
+    void showPicture(HDC dc) const;
     void paintFocus(HDC dc) const;
 
     void pressed();
@@ -59,6 +64,9 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
     double scale_;
     /// What is shown; none when it must be drawn again.
     std::unique_ptr<PictureBuffer> picture_;
+    std::chrono::steady_clock::duration paintingTime_{};
+    /// Where a movement shows the picture until it rests.
+    std::optional<RECT> moved_;
     FrameTimer frames_;
     AreaTip tip_;
     /// Where the pointer was last, in pixels.

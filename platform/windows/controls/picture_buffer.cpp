@@ -26,8 +26,10 @@ PictureBuffer::~PictureBuffer() {
     DeleteDC(dc_);
 }
 
-void PictureBuffer::copyTo(HDC target) const {
-    BitBlt(target, 0, 0, size_.cx, size_.cy, dc_, 0, 0, SRCCOPY);
+void PictureBuffer::copyTo(HDC target, const RECT& place) const {
+    SetStretchBltMode(target, COLORONCOLOR);
+    StretchBlt(target, place.left, place.top, place.right - place.left, place.bottom - place.top,
+               dc_, 0, 0, size_.cx, size_.cy, SRCCOPY);
 }
 
 }  // namespace pelk

@@ -17,7 +17,8 @@ class PictureBuffer {
     SIZE size() const { return size_; }
     /// Returns what GDI+ draws on.
     Gdiplus::Bitmap& image() const { return *image_; }
-    void copyTo(HDC target) const;
+    /// Copies the image into a rectangle, which may have another size.
+    void copyTo(HDC target, const RECT& place) const;
 
  private:
     SIZE size_;
