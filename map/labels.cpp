@@ -2,10 +2,8 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <limits>
-#include <map>
 #include <utility>
 
 namespace pelk {
@@ -17,6 +15,8 @@ constexpr double kDistance = 3;
 /// others of up to this share of its own radius.
 constexpr double kLarge = 0.45;
 constexpr double kCovered = 0.8;
+/// The width of the narrowest rectangle that counts.
+constexpr double kAny = std::numeric_limits<double>::min();
 
 Box boxAt(double left, double top, const LabelledCircle& circle) {
     return {left, top, left + circle.width, top + circle.height};
@@ -55,47 +55,75 @@ bool isInside(const Box& box, const Box& area) {
            box.bottom <= area.bottom;
 }
 
-/// Rectangles by the square cells of a grid that they touch.
+/// Rectangles by the square cells of a grid that they touch. Outside of the area, the cells at its
+/// edge go on.
 class BoxGrid {
  public:
+    explicit BoxGrid(const Box& area)
+        : area_(area),
+          columns_(cellOf(area.width(), kMostCells) + 1),
+          rows_(cellOf(area.height(), kMostCells) + 1),
+          cells_(columns_ * rows_) {}
+
     void add(const Box& box) {
-        forEachCell(box, [&](const Cell& cell) { cells_[cell].push_back(box); });
+        const Cells touched = cellsOf(box);
+        for (std::size_t row = touched.top; row <= touched.bottom; ++row)
+            for (std::size_t column = touched.left; column <= touched.right; ++column)
+                cells_[row * columns_ + column].push_back(box);
     }
 
     /// Returns the largest of the rectangles that overlap this one, by width; 0 if there is none.
-    double widestUnder(const Box& box) const {
+    /// Stops at one that is at least as wide as `enough`.
+    double widestUnder(const Box& box, double enough) const {
         double widest = 0;
-        forEachCell(box, [&](const Cell& cell) {
-            if (const auto found = cells_.find(cell); found != cells_.end())
-                for (const Box& other : found->second)
-                    if (overlap(box, other))
+        const Cells touched = cellsOf(box);
+        for (std::size_t row = touched.top; row <= touched.bottom; ++row)
+            for (std::size_t column = touched.left; column <= touched.right; ++column)
+                for (const Box& other : cells_[row * columns_ + column])
+                    if (overlap(box, other)) {
                         widest = std::max(widest, other.width());
-        });
+                        if (widest >= enough)
+                            return widest;
+                    }
         return widest;
     }
 
  private:
-    static constexpr double kCell = 64;
-    using Cell = std::pair<std::int64_t, std::int64_t>;
+    static constexpr double kCell = 32;
+    static constexpr std::size_t kMostCells = 1000;
 
-    template <typename Visit>
-    static void forEachCell(const Box& box, const Visit& visit) {
-        const auto cellOf = [](double at) {
-            return static_cast<std::int64_t>(std::floor(at / kCell));
-        };
-        for (std::int64_t x = cellOf(box.left); x <= cellOf(box.right); ++x)
-            for (std::int64_t y = cellOf(box.top); y <= cellOf(box.bottom); ++y)
-                visit(Cell{x, y});
+    struct Cells {
+        std::size_t left;
+        std::size_t top;
+        std::size_t right;
+        std::size_t bottom;
+    };
+
+    /// Returns the number of a cell by the distance from the first one, which may be any number.
+    static std::size_t cellOf(double distance, std::size_t last) {
+        return distance < kCell ? 0
+               : distance >= kCell * static_cast<double>(last)
+                   ? last
+                   : static_cast<std::size_t>(distance / kCell);
     }
 
-    std::map<Cell, std::vector<Box>> cells_;
+    Cells cellsOf(const Box& box) const {
+        return {cellOf(box.left - area_.left, columns_ - 1), cellOf(box.top - area_.top, rows_ - 1),
+                cellOf(box.right - area_.left, columns_ - 1),
+                cellOf(box.bottom - area_.top, rows_ - 1)};
+    }
+
+    Box area_;
+    std::size_t columns_;
+    std::size_t rows_;
+    std::vector<std::vector<Box>> cells_;
 };
 
 class LabelPlacement {
  public:
     LabelPlacement(const std::vector<LabelledCircle>& circles, const Box& area,
                    const std::vector<Box>& texts)
-        : area_(area) {
+        : area_(area), circles_(area), labels_(area) {
         for (const Box& text : texts)
             labels_.add(text);
         for (const LabelledCircle& circle : circles) {
@@ -110,12 +138,14 @@ class LabelPlacement {
         double least = widestCovered(circle);
         std::optional<Box> best;
         for (const Box& box : candidatesOf(circle)) {
-            if (!isInside(box, area_) || labels_.widestUnder(box) > 0)
+            if (!isInside(box, area_) || labels_.widestUnder(box, kAny) > 0)
                 continue;
-            const double covered = circles_.widestUnder(box);
+            const double covered = circles_.widestUnder(box, std::max(least, kAny));
             if (covered < least || (!best && covered == 0)) {
                 best = box;
                 least = covered;
+                if (covered == 0)
+                    break;
             }
         }
         if (best)
