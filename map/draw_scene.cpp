@@ -58,8 +58,9 @@ void draw(const Scene& scene, Canvas& canvas) {
     for (const SceneCircle& mark : scene.marks)
         canvas.ring(onCanvas(mark.center), mark.radius, kMarkWidth, mark.fill, 1);
     for (const SceneText& text : scene.texts)
-        canvas.text(onCanvas(text.start), text.text, text.size, text.bold, colorOf(text, scene),
-                    scene.background);
+        if (text.opacity > 0)
+            canvas.text(onCanvas(text.start), text.text, text.size, text.bold, colorOf(text, scene),
+                        scene.background);
 }
 
 }  // namespace pelk

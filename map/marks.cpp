@@ -8,7 +8,8 @@ namespace {
 constexpr double kFaded = 0.25;
 constexpr double kFadedText = 0.65;
 constexpr int kFadedPercent = 75;
-constexpr double kRingDistance = 3;
+/// Labels start where the ring ends.
+constexpr double kRingDistance = 2;
 constexpr double kPathWidth = 4;
 constexpr double kClearLine = 0.9;
 
@@ -39,7 +40,8 @@ class Marker {
 
     void fade() {
         for (SceneLine& line : scene_.lines)
-            line.opacity *= kFaded;
+            if (!isMarked(line.fromPerson) || !isMarked(line.toPerson))
+                line.opacity *= kFaded;
         for (SceneCircle& circle : scene_.circles)
             if (circle.person != kNobody && !isMarked(circle.person))
                 circle.fill = mixedColor(circle.fill, scene_.background, kFadedPercent);

@@ -21,7 +21,7 @@ std::vector<std::uint32_t> markedPeople(const Marks& marks);
 
 /// Adds the marks to the scene of an arrangement: rings around the people, thick lines along the
 /// chain and the lines of the selected person. When there are people found or a chain, all others
-/// fade.
+/// fade, and the lines that do not connect two of them.
 void showMarks(Scene& scene, const Arrangement& arrangement, const SceneView& view,
                const Marks& marks);
 

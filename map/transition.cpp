@@ -147,18 +147,19 @@ class Mixer {
             mark.center = placeOf(mark.person, mark.center);
     }
 
-    /// A label moves with its circle; one that only one of the scenes has appears or vanishes.
+    /// A label moves with its circle. One that only the first scene has vanishes before those of
+    /// the second one appear, so that they do not cover each other.
     void addTexts() {
         std::vector<SceneText> texts;
         for (const SceneText& text : from_.texts)
             if (textsAfter_.of(text.person) == nullptr)
-                texts.push_back(shifted(text, circlesBefore_, 1 - share_));
+                texts.push_back(shifted(text, circlesBefore_, std::max(0.0, 1 - 2 * share_)));
         for (const SceneText& text : to_.texts)
             if (const SceneText* const before = textsBefore_.of(text.person)) {
                 texts.push_back(text);
                 moveText(texts.back(), mixed(before->start, text.start, share_));
             } else {
-                texts.push_back(shifted(text, circlesAfter_, share_));
+                texts.push_back(shifted(text, circlesAfter_, std::max(0.0, 2 * share_ - 1)));
             }
         scene_.texts = std::move(texts);
     }

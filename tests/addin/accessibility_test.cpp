@@ -15,6 +15,7 @@
 #include "maintenance/OthersForm.h"
 #include "maintenance/ShowFormSingle.h"
 #include "maintenance/mergeForm.h"
+#include "map/CircleForm.h"
 #include "map/CommunityForm.h"
 #include "scan/ParseForm.h"
 #include "tests/support/core_platform.h"
@@ -63,6 +64,7 @@ TEST_F(Accessibility, everyControlHasANameAndARole) {
     expectReadable(*aboutForm(kit).window);
     expectReadable(*OverTimeForm(kit).window);
     expectReadable(*LostSightForm(kit, core.clock).window);
+    expectReadable(*CircleForm(core.ui(), core.platform()).window);
     expectReadable(*CommunityForm(core.ui(), core.platform()).window);
 }
 
