@@ -261,6 +261,12 @@ TEST_F(FormsTest, sharesTheSelectionOfTheViewAndThePicture) {
     forms.view->renameContact(1, "Al");
     forms.view->databaseChanged();
     EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Al: 3 relations, 15 e-mails");
+    choose({3}, "Find the best link");
+    driver.clickRow(forms.find->listTree, {2});
+    driver.click(forms.find->okButton);
+    driver.click(forms.links->pictureButton);
+    EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Marked: the chain from Dee to Cy");
+    EXPECT_TRUE(driver.showsWholeText(forms.links->pictureButton));
 }
 
 TEST_F(FormsTest, showsAContactAlone) {
