@@ -38,6 +38,9 @@ TEST_F(GraphTest, holdsWhatTheFilterLetsThrough) {
     EXPECT_EQ(textOf(makeGraph(*database, {Strength::Medium, {}, {1}})), "2:30 3:30 (2-3 30m)");
     EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 99, {}})),
               textOf(makeGraph(*database, {})));
+    EXPECT_EQ(textOf(makeGraph(*database, {Strength::Weak, 2, {3}, {4, 3, 3}})),
+              "1:110 2:130 3:50 4:10 (1-2 100s)(1-3 10w)(2-3 30m)(3-4 10w)")
+        << "3 and 4 always";
 }
 
 TEST_F(GraphTest, hasTheContactOfACircleFirst) {
