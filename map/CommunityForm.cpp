@@ -178,7 +178,6 @@ std::string CommunityForm::nameOf(int contactId) const {
     return nameForUser(*database, contactId);
 }
 
-/// Says also who is missing, and why.
 void CommunityForm::showCounts() {
     const Arrangement& shown = view_.arrangement();
     const std::size_t people = shown.graph.people.size();
@@ -186,13 +185,12 @@ void CommunityForm::showCounts() {
         countLabel.setText("There are no relations to show yet. A scan of the mail finds them.");
         return;
     }
-    const std::size_t groups = groupSizes(shown.groups).size();
-    std::string text = std::to_string(people) + " people in " +
-                       counted(static_cast<std::int64_t>(groups), "group") + ".";
-    if (people >= kMostPeople)
-        text = "The " + std::to_string(people) + " people with most e-mails, in " +
-               counted(static_cast<std::int64_t>(groups), "group") + ".";
-    countLabel.setText(text + " Only the links that matter most are drawn.");
+    const std::string groups =
+        counted(static_cast<std::int64_t>(groupSizes(shown.groups).size()), "group");
+    countLabel.setText(people >= kMostPeople ? "The " + std::to_string(people) +
+                                                   " people with most e-mails, in " + groups + "."
+                                             : std::to_string(people) + " people in " + groups +
+                                                   ". Only the links that matter most are drawn.");
 }
 
 std::size_t CommunityForm::Hits::find(const std::string& query) {

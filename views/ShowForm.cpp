@@ -284,10 +284,16 @@ void ShowForm::goToContact(int contactId) {
     presTree.focus();
 }
 
+/// Of an address that several contacts have, the first one.
 void ShowForm::reportSelected() {
     const TreeNode* const node = presTree.selected();
-    if (contactSelected && groupedByNames_ && node != nullptr && !isPlaceholder(*node))
+    if (!contactSelected || node == nullptr || isPlaceholder(*node))
+        return;
+    if (groupedByNames_)
         contactSelected(std::get<int>(node->tag()));
+    else if (isAddressLeaf(*node))
+        if (const std::vector<int> owners = database->ownersOf(domainOf(*node)); !owners.empty())
+            contactSelected(owners.front());
 }
 
 void ShowForm::refreshButtonClick() {

@@ -250,6 +250,8 @@ TEST_F(FormsTest, sharesTheSelectionOfTheViewAndThePicture) {
     driver.clickRow(tree(), {1});
     EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Bob: 2 relations, 13 e-mails");
     groupByDomains();
+    driver.type(forms.view->search.box, "dee");
+    EXPECT_EQ(driver.textOf(forms.community->selectedLabel), "Dee: 1 relation, 1 e-mail");
     forms.community->contactSelected(3);
     EXPECT_EQ(driver.selectedText(tree()), "Cy (cy@c)");
     forms.view->window->hide();

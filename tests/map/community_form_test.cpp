@@ -77,6 +77,7 @@ TEST_F(CommunityFormTest, listsGroupsWithTheirPeople) {
     EXPECT_FALSE(driver.rows(form.peopleTree)[1].expanded);
     EXPECT_TRUE(driver.rows(form.peopleTree)[2].expanded);
     EXPECT_EQ(textOf(form.search.status), "1 hidden");
+    driver.resize(*form.window, {1000, 1000});
     for (Control* const control :
          std::initializer_list<Control*>{&form.treeLabel, &form.countLabel, &form.zoomInButton,
                                          &form.zoomOutButton, &form.showAllButton, &form.goButton,
