@@ -29,7 +29,7 @@ class PrinterSettings {
     explicit PrinterSettings(HWND owner) {
         box.lStructSize = sizeof box;
         box.hwndOwner = owner;
-        box.Flags = PD_RETURNDEFAULT;
+        box.Flags = PD_RETURNDEFAULT | PD_NOWARNING;
         if (PrintDlgW(&box))
             chooseLandscape();
         box.Flags = PD_RETURNDC | PD_NOWARNING | PD_ALLPAGES | PD_NOPAGENUMS | PD_NOSELECTION |
