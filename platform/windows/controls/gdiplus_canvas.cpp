@@ -7,7 +7,8 @@
 namespace pelk {
 namespace {
 
-constexpr float kHalo = 3;
+/// The width of the outline's pen, in sizes of the font.
+constexpr float kHalo = 0.25F;
 
 Gdiplus::Color toGdiplus(const Color& color, double opacity = 1) {
     const auto alpha = static_cast<BYTE>(std::lround(opacity * 255));
@@ -69,7 +70,7 @@ void GdiplusCanvas::text(CanvasPoint start, const std::string& text, double size
     Gdiplus::GraphicsPath outline;
     outline.AddString(wide.c_str(), length, &font_.family(), fontStyle(bold), height, corner,
                       &oneLineFormat());
-    Gdiplus::Pen pen(toGdiplus(halo), kHalo);
+    Gdiplus::Pen pen(toGdiplus(halo), kHalo * height);
     pen.SetLineJoin(Gdiplus::LineJoinRound);
     target_.DrawPath(&pen, &outline);
     const Gdiplus::Font font(&font_.family(), height, fontStyle(bold), Gdiplus::UnitPixel);
