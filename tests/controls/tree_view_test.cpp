@@ -368,6 +368,14 @@ TEST_F(Tree, ScrollsTheChildrenOfANodeIntoView) {
     EXPECT_FALSE(driver_.isInView(tree_, {last - 2}));
 }
 
+TEST_F(Tree, StaysWhereItIsScrolledWhenCodeExpandsNodes) {
+    for (int row = 0; row < 100; ++row)
+        model_.add(carl_, "child");
+    tree_.setExpanded(ann_, true);
+    tree_.setExpanded(carl_, true);
+    EXPECT_EQ(tree_.firstVisible(), &ann_);
+}
+
 TEST_F(Tree, OpensAMenuForTheRowUnderThePointer) {
     PopupMenu& menu = window_->addPopupMenu();
     MenuItem& rename = menu.addItem("Rename");

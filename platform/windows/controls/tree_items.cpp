@@ -116,6 +116,7 @@ void TreeItems::expandAbove(const TreeNode& node) {
     }
 }
 
+/// The native tree would scroll to the children.
 void TreeItems::expandNow(const TreeNode& node, bool expanded) {
     const HTREEITEM item = itemOf(node);
     if (item == nullptr || node.shownCount() == 0 || isExpanded(node) == expanded)
@@ -123,7 +124,10 @@ void TreeItems::expandNow(const TreeNode& node, bool expanded) {
     const FlagScope expanding(expanding_);
     if (!expanded)
         takeSelectionFromBelow(node);
+    const LRESULT top = SendMessageW(tree_, TVM_GETNEXTITEM, TVGN_FIRSTVISIBLE, 0);
     SendMessageW(tree_, TVM_EXPAND, expanded ? TVE_EXPAND : TVE_COLLAPSE, asParameter(item));
+    if (expanded)
+        SendMessageW(tree_, TVM_SELECTITEM, TVGN_FIRSTVISIBLE, top);
 }
 
 void TreeItems::takeSelectionFromBelow(const TreeNode& node) const {
