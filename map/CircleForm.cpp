@@ -1,8 +1,7 @@
 #include "map/CircleForm.h"
 
 #include <algorithm>
-#include <charconv>
-#include <utility>
+#include <cstdint>
 
 #include "map/picture_files.h"
 #include "map/picture_saving.h"
@@ -48,12 +47,10 @@ constexpr Rect zoomButton(int fromRight) {
             kFormButton.height};
 }
 
-/// Returns the number if the text is one from 0 to `most`.
-int numberIn(const std::string& text, int most, int otherwise) {
-    int number = 0;
-    const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
-    const bool isNumber = fault == std::errc() && end == text.data() + text.size();
-    return isNumber && number >= 0 && number <= most ? number : otherwise;
+/// Returns the saved number, within the limits.
+int savedNumber(const Settings& settings, const char* key, int otherwise, int least, int most) {
+    const std::string text = settings.read(key).value_or(std::to_string(otherwise));
+    return static_cast<int>(std::clamp<std::int64_t>(readInteger(text), least, most));
 }
 
 std::string joined(const std::vector<std::string>& facts, const char* separator) {
@@ -170,10 +167,9 @@ void CircleForm::connect() {
 }
 
 void CircleForm::restoreChoices() {
-    wanted_ = std::max(
-        1, numberIn(ui_.settings.read(kPeopleSetting).value_or(""), kMostPeople, kFirstPeople));
-    from_ = Strength{numberIn(ui_.settings.read(kFromSetting).value_or(""),
-                              static_cast<int>(Strength::Weak), static_cast<int>(Strength::Weak))};
+    constexpr int kAll = static_cast<int>(Strength::Weak);
+    wanted_ = savedNumber(ui_.settings, kPeopleSetting, kFirstPeople, 1, kMostPeople);
+    from_ = Strength{savedNumber(ui_.settings, kFromSetting, kAll, 0, kAll)};
     OptionButton* const radios[] = {&strongRadio, &mediumRadio, &allRadio};
     radios[static_cast<std::size_t>(from_)]->setChecked(true);
 }

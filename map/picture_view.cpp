@@ -6,13 +6,14 @@
 
 #include "map/draw_scene.h"
 #include "map/hit_test.h"
+#include "map/picture_files.h"
 #include "map/scene_view.h"
 #include "map/transition.h"
 
 namespace pelk {
 namespace {
 
-constexpr double kMoveSeconds = 0.6;
+constexpr double kMoveSeconds = 0.5;
 constexpr double kGlideSeconds = 0.25;
 constexpr double kNotchFactor = 1.25;
 constexpr double kKeyFactor = 1.5;
@@ -273,8 +274,7 @@ void PictureView::marksChanged() {
 
 /// A screen reader says this after the name of the area.
 void PictureView::describe() {
-    const std::size_t people = arrangement_.graph.people.size();
-    std::string text = std::to_string(people) + (people == 1 ? " person" : " people");
+    std::string text = pictureTitle(arrangement_);
     if (marks_.selected != kNobody)
         text += ". Selected: " + labelOf(arrangement_.graph.people[marks_.selected].contact);
     area_.setDescription(text);
