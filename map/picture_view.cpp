@@ -62,7 +62,8 @@ void PictureView::show(Arrangement arrangement) {
     marks_ = {numberOf(selectedId), {}, {}};
     hover(kNobody);
     isWhole_ = true;
-    jumpTo(viewOfWhole());
+    measure();
+    jumpTo(whole_);
     marksChanged();
     if (shown)
         startMove(std::move(*shown));
@@ -105,19 +106,20 @@ void PictureView::takeColors() {
 void PictureView::fitArea() {
     takeColors();
     before_.reset();
-    const SceneView whole = viewOfWhole();
-    jumpTo(isWhole_ ? whole : allowed(resized(goal_, whole.width, whole.height)));
+    measure();
+    jumpTo(isWhole_ ? whole_ : allowed(resized(goal_, whole_.width, whole_.height)));
     area_.redraw();
 }
 
-SceneView PictureView::viewOfWhole() const {
+void PictureView::measure() {
     const CanvasSize size = area_.size();
-    return viewOfAll(arrangement_, std::max(size.width, kSmallestArea.width),
-                     std::max(size.height, kSmallestArea.height), style_);
+    whole_ = viewOfAll(arrangement_, std::max(size.width, kSmallestArea.width),
+                       std::max(size.height, kSmallestArea.height), style_);
+    bounds_ = boundsOf(arrangement_.positions, arrangement_.radii);
 }
 
 SceneView PictureView::allowed(const SceneView& view) const {
-    return limited(view, viewOfWhole().scale, boundsOf(arrangement_.positions, arrangement_.radii));
+    return limited(view, whole_.scale, bounds_);
 }
 
 void PictureView::setView(const SceneView& view) {
@@ -169,7 +171,7 @@ void PictureView::showAll() {
     if (isMoving())
         return;
     isWhole_ = true;
-    glideTo(viewOfWhole());
+    glideTo(whole_);
 }
 
 void PictureView::turnWheel(Point point, double notches) {

@@ -59,6 +59,7 @@ class PictureView {
     void paint(Canvas& canvas);
     const Scene& scene();
     void fitArea();
+    void measure();
     void takeColors();
 
     void press(Point point) { press_ = Press{point, point}; }
@@ -71,7 +72,6 @@ class PictureView {
     void pressKey(DrawingKey key);
 
     bool isMoving() const { return before_.has_value(); }
-    SceneView viewOfWhole() const;
     SceneView allowed(const SceneView& view) const;
     void setView(const SceneView& view);
     void jumpTo(const SceneView& view);
@@ -96,6 +96,9 @@ class PictureView {
     /// What is in view now, and once the view has stopped gliding.
     SceneView view_;
     SceneView goal_;
+    /// The view of the whole picture, and its bounds.
+    SceneView whole_;
+    Box bounds_;
     /// Whether the whole picture is in view, and stays so when the area gets another size.
     bool isWhole_ = true;
     /// The view that was painted last.

@@ -271,6 +271,24 @@ TEST_F(FormsTest, sharesTheSelectionOfTheViewAndThePicture) {
     EXPECT_TRUE(driver.showsWholeText(forms.links->pictureButton));
 }
 
+TEST_F(FormsTest, showsThePeopleAroundAContactAndFollowsChanges) {
+    choose({0}, "Show picture");
+    CircleForm& form = *forms.circle;
+    EXPECT_EQ(driver.textOf(form.titleLabel), "Ann and the 3 people nearest by e-mail");
+    forms.view->show();
+    driver.expand(tree(), {0});
+    choose({0, 0}, "Show picture");
+    EXPECT_EQ(driver.textOf(form.titleLabel), "Bob and the 2 people nearest by e-mail");
+    EXPECT_TRUE(driver.isEnabled(form.backButton));
+    driver.clickRow(form.peopleTree, {1, 0});
+    driver.click(form.goButton);
+    EXPECT_EQ(driver.selectedText(tree()), "Ann (ann@b.a)");
+    core.dialogs.expectInput("Rename", "Enter the new name of the contact", "Ann (ann@b.a)",
+                             "Anna");
+    choose({0}, "Rename");
+    EXPECT_EQ(driver.textOf(form.personLabel), "Anna, ann@b.a, 10 e-mails with Bob");
+}
+
 TEST_F(FormsTest, showsAContactAlone) {
     openContact({0, 0}, 0);
     ShowFormSingle& form = *forms.contact;
