@@ -105,7 +105,11 @@ void CommunityForm::placeButtons() {
 void CommunityForm::setHandlers() {
     view_.onSelect = [this](int id) { selectByUser(id); };
     people_.onSelect = [this](int id) { selectByUser(id); };
-    people_.onSelectGroup = [this](const std::vector<int>& ids) { view_.setFound(ids); };
+    people_.onSelectGroup = [this](const std::vector<int>& ids) {
+        view_.select(0);
+        view_.setFound(ids);
+        showSelected();
+    };
     view_.onActivate = people_.onActivate = [this](int id) {
         if (openCircle)
             openCircle(id);

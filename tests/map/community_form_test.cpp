@@ -121,8 +121,10 @@ TEST_F(CommunityFormTest, findsPeopleAndMarksThem) {
     driver.press(*form.window, Key::Escape);
     form.select(0);
     EXPECT_EQ(picture(), before);
-    driver.clickRow(form.peopleTree, {0});
+    form.select(1);
+    driver.clickRow(form.peopleTree, {1});
     EXPECT_NE(picture(), before) << "its people are marked";
+    EXPECT_FALSE(driver.isEnabled(form.goButton)) << "nobody is selected";
 }
 
 TEST_F(CommunityFormTest, marksAChainWithAllItsPeople) {
