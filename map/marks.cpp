@@ -1,5 +1,8 @@
 #include "map/marks.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "platform/readable_color.h"
 
 namespace pelk {
@@ -12,6 +15,8 @@ constexpr int kFadedPercent = 75;
 constexpr double kRingDistance = 2;
 constexpr double kPathWidth = 4;
 constexpr double kClearLine = 0.9;
+/// More rings around people who were found would hide the picture; their colour tells them then.
+constexpr std::size_t kMostRings = 40;
 
 class Marker {
  public:
@@ -66,9 +71,14 @@ class Marker {
         return arrangement_.positions[person] * view_.scale + view_.offset;
     }
 
+    bool hasRing(std::uint32_t person) const {
+        return person == marks_.selected || marks_.found.size() <= kMostRings ||
+               std::find(marks_.path.begin(), marks_.path.end(), person) != marks_.path.end();
+    }
+
     void addRings() {
         for (const SceneCircle& circle : scene_.circles)
-            if (isMarked(circle.person))
+            if (isMarked(circle.person) && hasRing(circle.person))
                 scene_.marks.push_back({circle.center, circle.radius + kRingDistance,
                                         scene_.textColor, circle.person});
     }
@@ -83,10 +93,11 @@ class Marker {
 }  // namespace
 
 std::vector<std::uint32_t> markedPeople(const Marks& marks) {
-    std::vector<std::uint32_t> people = marks.path;
-    people.insert(people.end(), marks.found.begin(), marks.found.end());
+    std::vector<std::uint32_t> people;
     if (marks.selected != kNobody)
         people.push_back(marks.selected);
+    people.insert(people.end(), marks.path.begin(), marks.path.end());
+    people.insert(people.end(), marks.found.begin(), marks.found.end());
     return people;
 }
 

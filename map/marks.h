@@ -16,7 +16,7 @@ struct Marks {
     std::vector<std::uint32_t> path;
 };
 
-/// Returns the people whom the marks are for, who should have labels.
+/// Returns the people whom the marks are for, in the order in which they should have labels.
 std::vector<std::uint32_t> markedPeople(const Marks& marks);
 
 /// Adds the marks to the scene of an arrangement: rings around the people, thick lines along the

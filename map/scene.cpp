@@ -148,14 +148,20 @@ class SceneMaker {
 
     /// Returns the circles, those that are labelled first before all others, and their number.
     std::vector<SceneCircle> inLabelOrder(std::size_t& first) const {
-        std::vector<bool> isFirst(arrangement_.positions.size());
-        for (const std::uint32_t person : style_.labelledFirst)
-            isFirst[person] = true;
+        std::vector<std::size_t> rank(arrangement_.positions.size(), style_.labelledFirst.size());
+        for (std::size_t at = style_.labelledFirst.size(); at-- > 0;)
+            rank[style_.labelledFirst[at]] = at;
+        const auto rankOf = [&](const SceneCircle& circle) {
+            return circle.person == kNobody ? style_.labelledFirst.size() : rank[circle.person];
+        };
         std::vector<SceneCircle> circles = scene_.circles;
-        const auto others = std::stable_partition(
-            circles.begin(), circles.end(), [&isFirst](const SceneCircle& circle) {
-                return circle.person != kNobody && isFirst[circle.person];
-            });
+        std::stable_sort(circles.begin(), circles.end(),
+                         [&rankOf](const SceneCircle& a, const SceneCircle& b) {
+                             return rankOf(a) < rankOf(b);
+                         });
+        const auto others = std::find_if(circles.begin(), circles.end(), [&](const SceneCircle& c) {
+            return rankOf(c) == style_.labelledFirst.size();
+        });
         first = static_cast<std::size_t>(others - circles.begin());
         return circles;
     }

@@ -75,7 +75,7 @@ struct SceneStyle {
     std::string title;
     /// Whether to list the groups at the right.
     bool hasLegend = false;
-    /// People who get a label, in bold, before all others.
+    /// People who get a label, in bold, before all others, in this order.
     std::vector<std::uint32_t> labelledFirst;
 };
 

@@ -85,6 +85,11 @@ TEST(Marks, fadeAllButThoseFoundAndDrawTheWholeChain) {
     showMarks(scene, arrangement, view, {3, {}, {}});
     EXPECT_EQ(scene.circles[0].fill, plain.circles[0].fill) << "a selection fades nobody";
     EXPECT_EQ(scene.marks.size(), 1U);
+    const std::vector<std::uint32_t> many(41, 4);
+    scene = plain;
+    showMarks(scene, arrangement, view, {3, many, {}});
+    EXPECT_EQ(scene.marks.size(), 1U) << "too many rings would hide the picture";
+    EXPECT_EQ(markedPeople({3, {4}, {5}}), (std::vector<std::uint32_t>{3, 5, 4}));
 }
 
 TEST(Marks, givePeopleLabelsBeforeAllOthers) {
