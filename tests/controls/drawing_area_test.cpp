@@ -198,6 +198,15 @@ TEST_F(Drawing, ReportsThePointer) {
     EXPECT_EQ(reported(), "press 90,90 release 90,90 double 90,90 ");
 }
 
+TEST_F(Drawing, TellsNothingWhenItsWindowGoes) {
+    bool told = false;
+    area_.onRelease = [&](CanvasPoint) { told = true; };
+    area_.onResize = area_.onLeave = [&] { told = true; };
+    driver_.point(area_, PointerAct::Press, {30, 40});
+    window_.reset();
+    EXPECT_FALSE(told) << "the form may be gone";
+}
+
 TEST_F(Drawing, HasKeysWhileItHasTheFocus) {
     std::vector<DrawingKey> keys;
     area_.onKey = [&](DrawingKey key) { keys.push_back(key); };

@@ -32,6 +32,7 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
     void showTip(const std::string& text) override;
     void setHandPointer(bool hand) override;
     void animate(double seconds, std::function<void(double share)> frame) override;
+    void forgetHandlers() override { SetWindowLongPtrW(handle(), GWLP_USERDATA, 0); }
 
  private:
     friend class WindowClass<Win32DrawingArea>;

@@ -28,6 +28,8 @@ class NativeControl : public NativeHandle {
     virtual void commanded(WORD /*notification*/) {}
     virtual LRESULT notified(NMHDR&) { return 0; }
     virtual void scrolled() {}
+    /// Called before the window is destroyed: what the handlers need may be gone.
+    virtual void forgetHandlers() {}
     /// Whether the pointer is the arrow over this control even while the window is busy.
     virtual bool keepsArrowPointer() const = 0;
 };

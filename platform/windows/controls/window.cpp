@@ -50,6 +50,8 @@ Win32Window::~Win32Window() {
     modal_.reset();
     navigation_.reset();
     SetWindowLongPtrW(handle_, DWLP_USER, 0);
+    for (NativeControl* control : natives_)
+        control->forgetHandlers();
     forgetStripsOf(handle_);
     releaseOwnedBy(handle_);
     DestroyWindow(handle_);
