@@ -2,6 +2,7 @@
 
 #include "map/picture_view.h"
 #include "map/hit_test.h"
+#include "map/labels.h"
 #include "map/marks.h"
 #include "map/scene_view.h"
 #include "map/transition.h"
@@ -112,6 +113,16 @@ Graph peopleWith(const std::vector<int>& ids) {
     for (const int id : ids)
         graph.people.push_back({{id, "", {}}});
     return graph;
+}
+
+TEST(Marks, letALabelCoverCirclesWhereThereIsNoRoom) {
+    std::vector<LabelledCircle> crowd;
+    for (int at = 0; at < 400; ++at)
+        crowd.push_back({{10.0 * (at % 20), 10.0 * (at / 20)}, 5, 40, 8});
+    const Box area{0, 0, 190, 190};
+    EXPECT_FALSE(placeLabels(crowd, area, {})[210]);
+    crowd[210].coversAll = true;
+    EXPECT_TRUE(placeLabels(crowd, area, {})[210]);
 }
 
 TEST(Transition, movesThoseWhoStayAndLetsOthersComeAndGo) {
