@@ -143,8 +143,13 @@ class Mixer {
     }
 
     void moveMarks() {
-        for (SceneCircle& mark : scene_.marks)
+        for (SceneCircle& mark : scene_.marks) {
             mark.center = placeOf(mark.person, mark.center);
+            const SceneCircle* const before = circlesBefore_.of(mark.person);
+            const SceneCircle* const after = circlesAfter_.of(mark.person);
+            if (before != nullptr && after != nullptr)
+                mark.radius += (before->radius - after->radius) * (1 - share_);
+        }
     }
 
     /// A label moves with its circle. One that only the first scene has vanishes before those of

@@ -137,7 +137,10 @@ TEST(Transition, movesThoseWhoStayAndLetsOthersComeAndGo) {
     Scene to = sceneOf({{{40, 0}, 4, {200, 0, 0}, 0}, {{10, 80}, 8, {}, 1}, {{5, 5}, 8, {}, 2}});
     to.lines = {{{40, 0}, {10, 80}, 4, {}, 0.5, 0, 1}, {{5, 5}, {10, 80}, 1, {}, 1, 1, 2}};
 
+    to.marks = {{{40, 0}, 6, {}, 0}};
+
     const Scene half = sceneBetween(from, to, 0.5);
+    EXPECT_EQ(half.marks[0].radius, 8) << "around the circle, which is 6 large";
     ASSERT_EQ(half.circles.size(), 4U);
     EXPECT_EQ(half.circles[0].radius, 4) << "the one who leaves, below the others";
     EXPECT_EQ(half.circles[1].center, (Point{30, 0}));
