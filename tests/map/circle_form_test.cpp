@@ -63,8 +63,7 @@ class CircleFormTest : public testing::Test {
 TEST_F(CircleFormTest, showsSoManyPeopleWithRelationsOfThatStrength) {
     EXPECT_EQ(textOf(form.titleLabel), "Ann and the 4 people nearest by e-mail");
     EXPECT_EQ(textOf(form.countLabel), "4 of 4");
-    EXPECT_EQ(listed(),
-              "Ann; x (2): Bob, Cy; Dee (1): Dee; team-list@lists (1): team-list@lists");
+    EXPECT_EQ(listed(), "Ann; x (2): Bob, Cy; Dee (1): Dee; team-list@lists (1): team-list@lists");
     driver.move(form.peopleSlider, 1);
     EXPECT_EQ(textOf(form.titleLabel), "Ann and the person nearest by e-mail");
     EXPECT_EQ(textOf(form.countLabel), "1 of 4");
