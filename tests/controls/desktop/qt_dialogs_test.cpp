@@ -5,17 +5,22 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTimer>
 
 #include "platform/desktop/qt/dialogs.h"
 #include "platform/desktop/qt/display.h"
+#include "platform/desktop/qt/picture_output.h"
+#include "platform/error.h"
 #include "tests/support/temporary_folder.h"
 
 namespace pelk {
@@ -149,6 +154,39 @@ TEST(QtDialogs, FilesAreChosenByTheKindsThatAreNamed) {
     EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), folder.path() + "/b.db");
     whenShown<QFileDialog>([](QFileDialog& box) { box.close(); });
     EXPECT_EQ(dialogs.saveFile("Exporting", kFilter), "");
+}
+
+/// Prints into a file instead, which may be in a folder that does not exist.
+void printInto(QPrintDialog& box, const std::string& path) {
+    box.printer()->setOutputFileName(QString::fromStdString(path));
+    box.done(QDialog::Accepted);
+}
+
+TEST(QtPictures, ArePrintedOnOnePageUnlessTheUserCancels) {
+    const TemporaryFolder folder;
+    CanvasSize page;
+    const auto print = [&page](const std::string& path) {
+        whenShown<QPrintDialog>(
+            [&path](QPrintDialog& box) { path.empty() ? box.reject() : printInto(box, path); });
+        return QtPictureOutput().print("Title", [&page](Canvas& canvas, CanvasSize size) {
+            page = size;
+            canvas.disc({0, 0}, 5, {});
+        });
+    };
+    EXPECT_FALSE(print(""));
+    EXPECT_EQ(page.width, 0);
+    EXPECT_TRUE(print(folder.path() + "/a.pdf"));
+    EXPECT_GT(page.width, page.height);
+    EXPECT_NEAR(page.width, 800, 60) << "in points";
+    QFile file(QString::fromStdString(folder.path() + "/a.pdf"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll().startsWith("%PDF"));
+    try {
+        print(folder.path() + "/missing/a.pdf");
+        ADD_FAILURE() << "the file cannot be written";
+    } catch (const Error& error) {
+        EXPECT_EQ(std::string(error.what()),
+                  "The picture could not be printed to " + folder.path() + "/missing/a.pdf.");
+    }
 }
 
 TEST(QtDisplay, CopiesTextAsItIs) {
