@@ -129,20 +129,19 @@ void DrawingWidget::paintEvent(QPaintEvent*) {
 void DrawingWidget::paintPicture() {
     QElapsedTimer since;
     since.start();
-    picture_ = QImage(size() * devicePixelRatioF(), QImage::Format_RGB32);
-    picture_.setDevicePixelRatio(devicePixelRatioF());
+    const double ratio = devicePixelRatioF();
+    picture_ = QImage(size() * ratio, QImage::Format_RGB32);
     moved_ = {};
     picture_.fill(palette().color(QPalette::Window));
     if (picture_.isNull() || !area_->onPaint)
         return;
-    QPainter painter(&picture_);
-    painter.scale(unit(), unit());
-    QtCanvas canvas(painter, &labels_);
     try {
+        ImageCanvas canvas(picture_, unit() * ratio, &labels_);
         area_->onPaint(canvas);
     } catch (...) {
         showFault(std::current_exception());
     }
+    picture_.setDevicePixelRatio(ratio);
     milliseconds_ = since.elapsed();
 }
 

@@ -2,13 +2,12 @@
 // The drawing area on Qt.
 
 #include <QElapsedTimer>
-#include <QImage>
 #include <QTimer>
 #include <QTransform>
 #include <exception>
 
-#include "platform/desktop/qt/canvas.h"
 #include "platform/desktop/qt/control.h"
+#include "platform/desktop/qt/image_canvas.h"
 #include "platform/dialogs.h"
 
 namespace pelk {
