@@ -193,9 +193,9 @@ class DrawingArea : public Control {
     std::function<void(Canvas&)> onPaint;
     /// Paints the area again soon. Several calls cause one painting.
     virtual void redraw() = 0;
-    /// Does the same for a frame of a movement, while the user drags or zooms. If painting is slower
-    /// than the screen, what was painted last appears `scale` times as large, with its upper left
-    /// corner at `corner`, and `onPaint` is called only when the movement rests.
+    /// Does the same for a frame of a movement, while the user drags or zooms. If painting is
+    /// slower than the screen, what was painted last appears `scale` times as large, with its upper
+    /// left corner at `corner`, and `onPaint` is called only when the movement rests.
     virtual void redrawMoved(double scale, CanvasPoint corner) = 0;
     virtual CanvasSize size() const = 0;
     /// Returns how wide a text is in the font of `Canvas::text`, in bold.
