@@ -4,35 +4,17 @@
 #include <cstdint>
 
 #include "map/picture_files.h"
-#include "map/picture_saving.h"
 #include "platform/utf8.h"
 #include "views/relation_totals.h"
 
 namespace pelk {
 namespace {
 
-constexpr Size kInnerSize{10200, 6600};
 /// A picture wants room; the user may make the form smaller.
 constexpr Size kUsualSize{13200, 9000};
-constexpr int kRowHeight = 260;
 constexpr int kSliderTop = kFormMargin + 40;
 constexpr int kRadioTop = 2 * kFormMargin + kFormButton.height;
-constexpr int kLabelTop = kRadioTop + kRowHeight + kFormMargin;
-constexpr int kTop = kLabelTop + kRowHeight;
-constexpr int kTreeWidth = 3200;
-constexpr int kTreeLeft = kInnerSize.width - kFormMargin - kTreeWidth;
-constexpr int kPictureWidth = kTreeLeft - 2 * kFormMargin;
-constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
-constexpr int kPersonTop = kButtonTop - kFormMargin / 2 - kRowHeight;
-constexpr int kHeight = kPersonTop - kFormMargin / 2 - kTop;
-constexpr int kZoomWidth = 1100;
-constexpr int kGoWidth = 2500;
-constexpr int kSaveWidth = 1600;
-
-/// Stays in the upper right corner with its size.
-constexpr Anchor kAnchorTopRight{1, 0, 0, 0};
-constexpr Anchor kAnchorBottomLeft{0, 1, 0, 0};
-constexpr Anchor kAnchorRight{1, 0, 0, 1};
+constexpr int kPictureTop = kRadioTop + kPictureRowHeight + kFormMargin;
 
 /// More people than that would be a crowd in which nobody can be told from the others.
 constexpr int kMostPeople = 150;
@@ -40,12 +22,6 @@ constexpr int kFirstPeople = 40;
 constexpr const char* kPeopleSetting = "circlePeople";
 constexpr const char* kFromSetting = "circleFrom";
 constexpr const char* kHint = "Double-click a person to see the people around that one.";
-
-/// Counted from the right, from 1.
-constexpr Rect zoomButton(int fromRight) {
-    return {kInnerSize.width - fromRight * (kFormMargin + kZoomWidth), kFormMargin, kZoomWidth,
-            kFormButton.height};
-}
 
 /// Returns the saved number, within the limits.
 int savedNumber(const Settings& settings, const char* key, int otherwise, int least, int most) {
@@ -86,7 +62,7 @@ CircleForm::CircleForm(const UserInterface& ui, const Platform& platform)
       okButton(window->addButton({}, "OK")),
       ui_(ui),
       platform_(platform),
-      layout_(*window, kInnerSize),
+      layout_(*window, kPictureFormSize),
       view_(picture),
       people_(peopleTree, database) {
     window->setCaption("Picture of a contact");
@@ -98,34 +74,19 @@ CircleForm::CircleForm(const UserInterface& ui, const Platform& platform)
 
 void CircleForm::place() {
     backButton.setBounds({kFormMargin, kFormMargin, kZoomWidth, kFormButton.height});
-    peopleLabel.setBounds({1450, kSliderTop, 750, kRowHeight});
-    layout_.add(peopleSlider, {2200, kSliderTop, 2400, kRowHeight}, kAnchorTop);
-    layout_.add(countLabel, {4700, kSliderTop, 1300, kRowHeight}, kAnchorTopRight);
-    layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
-    layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
-    layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
-    fromLabel.setBounds({kFormMargin, kRadioTop, 1000, kRowHeight});
-    allRadio.setBounds({1450, kRadioTop, 750, kRowHeight});
-    mediumRadio.setBounds({2300, kRadioTop, 2100, kRowHeight});
-    strongRadio.setBounds({4500, kRadioTop, 1200, kRowHeight});
-    placeBelowChoices();
+    peopleLabel.setBounds({1450, kSliderTop, 750, kPictureRowHeight});
+    layout_.add(peopleSlider, {2200, kSliderTop, 2400, kPictureRowHeight}, kAnchorTop);
+    layout_.add(countLabel, {4700, kSliderTop, 1300, kPictureRowHeight}, kAnchorTopRight);
+    fromLabel.setBounds({kFormMargin, kRadioTop, 1000, kPictureRowHeight});
+    allRadio.setBounds({1450, kRadioTop, 750, kPictureRowHeight});
+    mediumRadio.setBounds({2300, kRadioTop, 2100, kPictureRowHeight});
+    strongRadio.setBounds({4500, kRadioTop, 1200, kPictureRowHeight});
+    placePicture(layout_, controls(), kPictureTop);
 }
 
-void CircleForm::placeBelowChoices() {
-    layout_.add(titleLabel, {kFormMargin, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
-    layout_.add(picture, {kFormMargin, kTop, kPictureWidth, kHeight}, kAnchorFill);
-    layout_.add(treeLabel, {kTreeLeft, kLabelTop, kTreeWidth, kRowHeight}, kAnchorTopRight);
-    layout_.add(peopleTree, {kTreeLeft, kTop, kTreeWidth, kHeight}, kAnchorRight);
-    const int width = kInnerSize.width - 2 * kFormMargin;
-    layout_.add(personLabel, {kFormMargin, kPersonTop, width, kRowHeight}, kAnchorBottom);
-    layout_.add(goButton, {kFormMargin, kButtonTop, kGoWidth, kFormButton.height},
-                kAnchorBottomLeft);
-    Rect save = bottomButton(kInnerSize, 3);
-    save.left -= kSaveWidth - save.width;
-    save.width = kSaveWidth;
-    layout_.add(saveButton, save, kAnchorBottomRight);
-    layout_.add(printButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
-    layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
+PictureControls CircleForm::controls() {
+    return {zoomInButton, zoomOutButton, showAllButton, titleLabel, picture,     treeLabel,
+            peopleTree,   personLabel,   goButton,      saveButton, printButton, okButton};
 }
 
 void CircleForm::connect() {
@@ -157,13 +118,8 @@ void CircleForm::connect() {
     people_.onActivate = [this](int id) { goTo(id); };
     backButton.onClick = [this] { goBack(); };
     window->setShortcut(Shortcut::Back, [this] { goBack(); });
-    zoomInButton.onClick = [this] { view_.zoomIn(); };
-    zoomOutButton.onClick = [this] { view_.zoomOut(); };
-    showAllButton.onClick = [this] { view_.showAll(); };
     goButton.onClick = [this] { showContact(view_.selected()); };
-    saveButton.onClick = [this] { savePicture(view_.arrangement(), ui_, platform_); };
-    printButton.onClick = [this] { printPicture(view_.arrangement(), ui_); };
-    okButton.onClick = [this] { window->hide(); };
+    connectPicture(controls(), *window, view_, ui_, platform_);
 }
 
 void CircleForm::restoreChoices() {

@@ -10,7 +10,7 @@
 
 #include "db/database.h"
 #include "map/people_tree.h"
-#include "map/picture_view.h"
+#include "map/picture_controls.h"
 #include "platform/platform.h"
 #include "platform/user_interface.h"
 #include "views/form_layout.h"
@@ -63,7 +63,7 @@ class CircleForm {
 
  private:
     void place();
-    void placeBelowChoices();
+    PictureControls controls();
     void connect();
     void restoreChoices();
     void chooseFrom(Strength from);

@@ -4,7 +4,6 @@
 #include <optional>
 #include <utility>
 
-#include "map/picture_saving.h"
 #include "views/contact_text.h"
 #include "views/deletion_text.h"
 #include "views/relation_totals.h"
@@ -15,33 +14,22 @@ namespace {
 /// More people than that cannot be told apart, and take longer than a second.
 constexpr std::size_t kMostPeople = 3000;
 
-constexpr Size kInnerSize{10200, 6600};
 constexpr Size kUsualSize{14400, 9300};
-constexpr int kRowHeight = 260;
 constexpr int kSearchTop = kFormMargin + 40;
-constexpr int kLabelTop = 2 * kFormMargin + kFormButton.height;
-constexpr int kTop = kLabelTop + kRowHeight;
-constexpr int kTreeWidth = 3200;
-constexpr int kTreeLeft = kInnerSize.width - kFormMargin - kTreeWidth;
-constexpr int kPictureWidth = kTreeLeft - 2 * kFormMargin;
-constexpr int kButtonTop = bottomButton(kInnerSize, 1).top;
-constexpr int kSelectedTop = kButtonTop - kFormMargin / 2 - kRowHeight;
-constexpr int kHeight = kSelectedTop - kFormMargin / 2 - kTop;
-constexpr int kZoomWidth = 1100;
-constexpr int kGoWidth = 2500;
+constexpr int kPictureTop = 2 * kFormMargin + kFormButton.height;
 constexpr int kChainWidth = 1600;
-constexpr int kSaveWidth = 1600;
 
-/// Counted from the right, from 1.
-constexpr Rect zoomButton(int fromRight) {
-    return {kInnerSize.width - fromRight * (kFormMargin + kZoomWidth), kFormMargin, kZoomWidth,
-            kFormButton.height};
-}
+/// Shows the hourglass while it exists.
+class BusyPointer {
+ public:
+    explicit BusyPointer(Window& window) : window_(window) { window.setBusyPointer(true); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+    ~BusyPointer() { window_.setBusyPointer(false); }
 
-/// Stay at the right, or at the bottom left, with their sizes; stretches in height.
-constexpr Anchor kAnchorTopRight{1, 0, 0, 0};
-constexpr Anchor kAnchorBottomLeft{0, 1, 0, 0};
-constexpr Anchor kAnchorRight{1, 0, 0, 1};
+ private:
+    Window& window_;
+};
 
 }  // namespace
 
@@ -63,7 +51,7 @@ CommunityForm::CommunityForm(const UserInterface& ui, const Platform& platform)
       okButton(window->addButton({}, "OK")),
       ui_(ui),
       platform_(platform),
-      layout_(*window, kInnerSize),
+      layout_(*window, kPictureFormSize),
       view_(picture),
       people_(peopleTree, database),
       hits_(*this, platform.language) {
@@ -75,31 +63,16 @@ CommunityForm::CommunityForm(const UserInterface& ui, const Platform& platform)
 }
 
 void CommunityForm::place() {
-    search.place(layout_, kFormMargin, kSearchTop, zoomButton(3).left - 2 * kFormMargin);
-    layout_.add(zoomInButton, zoomButton(3), kAnchorTopRight);
-    layout_.add(zoomOutButton, zoomButton(2), kAnchorTopRight);
-    layout_.add(showAllButton, zoomButton(1), kAnchorTopRight);
-    layout_.add(countLabel, {kFormMargin, kLabelTop, kPictureWidth, kRowHeight}, kAnchorTop);
-    layout_.add(picture, {kFormMargin, kTop, kPictureWidth, kHeight}, kAnchorFill);
-    layout_.add(treeLabel, {kTreeLeft, kLabelTop, kTreeWidth, kRowHeight}, kAnchorTopRight);
-    layout_.add(peopleTree, {kTreeLeft, kTop, kTreeWidth, kHeight}, kAnchorRight);
-    const int width = kInnerSize.width - 2 * kFormMargin;
-    layout_.add(selectedLabel, {kFormMargin, kSelectedTop, width, kRowHeight}, kAnchorBottom);
-    placeButtons();
+    search.place(layout_, kFormMargin, kSearchTop, kZoomLeft - 2 * kFormMargin);
+    placePicture(layout_, controls(), kPictureTop);
+    layout_.add(chainButton,
+                {2 * kFormMargin + kGoWidth, kPictureButtonTop, kChainWidth, kFormButton.height},
+                kAnchorBottomLeft);
 }
 
-void CommunityForm::placeButtons() {
-    layout_.add(goButton, {kFormMargin, kButtonTop, kGoWidth, kFormButton.height},
-                kAnchorBottomLeft);
-    layout_.add(chainButton,
-                {2 * kFormMargin + kGoWidth, kButtonTop, kChainWidth, kFormButton.height},
-                kAnchorBottomLeft);
-    Rect save = bottomButton(kInnerSize, 3);
-    save.left -= kSaveWidth - save.width;
-    save.width = kSaveWidth;
-    layout_.add(saveButton, save, kAnchorBottomRight);
-    layout_.add(printButton, bottomButton(kInnerSize, 2), kAnchorBottomRight);
-    layout_.add(okButton, bottomButton(kInnerSize, 1), kAnchorBottomRight);
+PictureControls CommunityForm::controls() {
+    return {zoomInButton, zoomOutButton, showAllButton, countLabel, picture,     treeLabel,
+            peopleTree,   selectedLabel, goButton,      saveButton, printButton, okButton};
 }
 
 void CommunityForm::setHandlers() {
@@ -119,22 +92,18 @@ void CommunityForm::setHandlers() {
     };
     window->setShortcut(Shortcut::Find, [this] { search.focus(); });
     window->setShortcut(Shortcut::Refresh, [this] { refresh(); });
-    zoomInButton.onClick = [this] { view_.zoomIn(); };
-    zoomOutButton.onClick = [this] { view_.zoomOut(); };
-    showAllButton.onClick = [this] { view_.showAll(); };
     goButton.onClick = [this] { showContact(view_.selected()); };
     chainButton.onClick = [this] { showChain({}); };
-    saveButton.onClick = [this] { savePicture(view_.arrangement(), ui_, platform_); };
-    printButton.onClick = [this] { printPicture(view_.arrangement(), ui_); };
-    okButton.onClick = [this] { window->hide(); };
+    connectPicture(controls(), *window, view_, ui_, platform_);
 }
 
 void CommunityForm::fill() {
     GraphFilter filter{Strength::Weak, kMostPeople, hiddenIds(hidden, *database), chain_};
-    window->setBusyPointer(true);
-    view_.show(arrangeCommunity(makeGraph(*database, std::move(filter))));
-    people_.fill(view_.arrangement());
-    window->setBusyPointer(false);
+    {
+        const BusyPointer busy(*window);
+        view_.show(arrangeCommunity(makeGraph(*database, std::move(filter))));
+        people_.fill(view_.arrangement());
+    }
     search.setIdleText(hiddenText(hidden, *database));
     search.searchAgain();
     view_.setPath(chain_);

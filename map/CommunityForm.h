@@ -9,7 +9,7 @@
 
 #include "db/database.h"
 #include "map/people_tree.h"
-#include "map/picture_view.h"
+#include "map/picture_controls.h"
 #include "platform/platform.h"
 #include "platform/user_interface.h"
 #include "views/contact_search.h"
@@ -81,7 +81,7 @@ class CommunityForm {
     };
 
     void place();
-    void placeButtons();
+    PictureControls controls();
     void setHandlers();
     void selectByUser(int contactId);
     void showSelected();
