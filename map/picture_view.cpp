@@ -229,6 +229,7 @@ void PictureView::release(Point point) {
 
 void PictureView::activate(Point point) {
     const int id = isMoving() ? 0 : idOf(personAt(scene(), point));
+    hover(kNobody);
     if (id != 0 && onActivate)
         onActivate(id);
 }

@@ -241,6 +241,12 @@ TEST_F(Drawing, ShowsATipAndAHand) {
     EXPECT_EQ(driver_.pointerOver(area_), Pointer::Hand);
     area_.setHandPointer(false);
     EXPECT_EQ(driver_.pointerOver(area_), Pointer::Arrow);
+    area_.showTip("Bob");
+    driver_.settle();
+    EXPECT_EQ(driver_.shownTip(), "Bob");
+    window_->hide();
+    while (!driver_.shownTip().empty())
+        driver_.settle();
 }
 
 TEST_F(Drawing, AnimatesToTheEndUnlessReplaced) {

@@ -247,10 +247,11 @@ std::optional<LRESULT> Win32DrawingArea::handlePointer(UINT message, WPARAM wpar
                 report(onRelease);
             return 0;
         case WM_MOUSELEAVE:
-            isPointerOver_ = false;
-            if (const auto handler = onLeave)
-                guarded(dialogs_, handler);
+            left();
             return 0;
+        case WM_CANCELMODE:  // the window is about to be hidden
+            left();
+            return std::nullopt;
         case WM_MOUSEWHEEL:
             ScreenToClient(handle(), &at);
             pointer_ = at;
@@ -289,6 +290,13 @@ void Win32DrawingArea::moved(POINT to) {
         isPointerOver_ = TrackMouseEvent(&leave) != FALSE;
     }
     report(onMove);
+}
+
+void Win32DrawingArea::left() {
+    isPointerOver_ = false;
+    tip_.show({});
+    if (const auto handler = onLeave)
+        guarded(dialogs_, handler);
 }
 
 void Win32DrawingArea::turned(double notches) {

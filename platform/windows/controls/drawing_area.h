@@ -52,6 +52,7 @@ class Win32DrawingArea : private WindowClassUse<Win32DrawingArea>,
 
     void pressed();
     void moved(POINT to);
+    void left();
     void turned(double notches);
     bool choosePointer(WPARAM under, LPARAM where) const;
     void lookChanged();

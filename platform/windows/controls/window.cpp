@@ -179,9 +179,19 @@ void Win32Window::hide() {
         PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the modal loop
     }
     const bool wasVisible = isVisible();
+    endModesOfControls();
     ShowWindow(handle_, SW_HIDE);
     if (const auto handler = onHide; handler && wasVisible)
         guarded(dialogs_, handler);
+}
+
+/// A tip beside the pointer, or a drag, would outlast the controls.
+void Win32Window::endModesOfControls() const {
+    const auto end = [](HWND control, LPARAM) -> BOOL {
+        SendMessageW(control, WM_CANCELMODE, 0, 0);
+        return TRUE;
+    };
+    EnumChildWindows(handle_, end, 0);
 }
 
 bool Win32Window::isVisible() const {
