@@ -31,6 +31,11 @@ bool isSame(const SIZE& one, const SIZE& other) {
     return one.cx == other.cx && one.cy == other.cy;
 }
 
+BOOL CALLBACK endModes(HWND control, LPARAM) {
+    SendMessageW(control, WM_CANCELMODE, 0, 0);
+    return TRUE;
+}
+
 }  // namespace
 
 Win32Window::Win32Window(const Look& look, Dialogs& dialogs, const Language& language)
@@ -187,11 +192,7 @@ void Win32Window::hide() {
 
 /// A tip beside the pointer, or a drag, would outlast the controls.
 void Win32Window::endModesOfControls() const {
-    const auto end = [](HWND control, LPARAM) -> BOOL {
-        SendMessageW(control, WM_CANCELMODE, 0, 0);
-        return TRUE;
-    };
-    EnumChildWindows(handle_, end, 0);
+    EnumChildWindows(handle_, endModes, 0);
 }
 
 bool Win32Window::isVisible() const {
