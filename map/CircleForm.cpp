@@ -207,7 +207,7 @@ void CircleForm::showNobody() {
 }
 
 std::string CircleForm::title() const {
-    const std::string title = pictureTitle(view_.arrangement());
+    std::string title = pictureTitle(view_.arrangement());
     if (around_.people.size() > 1)
         return title;
     return title + " has no relations" + (from_ == Strength::Weak ? "." : " of this strength.");

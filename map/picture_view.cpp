@@ -247,14 +247,14 @@ void PictureView::select(int contactId) {
     glideInto(marks_.selected);
 }
 
-void PictureView::setPath(std::vector<int> contactIds) {
+void PictureView::setPath(const std::vector<int>& contactIds) {
     marks_.path = numbersOf(contactIds);
     marksChanged();
     if (!marks_.path.empty())
         glideInto(marks_.path.front());
 }
 
-void PictureView::setFound(std::vector<int> contactIds) {
+void PictureView::setFound(const std::vector<int>& contactIds) {
     marks_.found = numbersOf(contactIds);
     marksChanged();
 }

@@ -33,9 +33,9 @@ class PictureView {
     int selected() const { return idOf(marks_.selected); }
     /// Marks a chain of people with the lines between them, and moves its start into view; an empty
     /// one marks nothing.
-    void setPath(std::vector<int> contactIds);
+    void setPath(const std::vector<int>& contactIds);
     /// Marks the people who were found; all others fade. An empty list marks nobody.
-    void setFound(std::vector<int> contactIds);
+    void setFound(const std::vector<int>& contactIds);
 
     void zoomIn();
     void zoomOut();

@@ -113,7 +113,7 @@ LabelImages::Image LabelImages::made(const Key& key) {
 LabelImages::Image LabelImages::imageOf(const Key& key) {
     if (const Image* const known = images_.object(key))
         return *known;
-    const Image image = made(key);
+    Image image = made(key);
     images_.insert(key, new Image(image), image.pixels.sizeInBytes());
     return image;
 }

@@ -26,6 +26,7 @@ class PictureTextWidth {
 
  private:
     struct Hash : std::hash<std::string_view> {
+        // NOLINTNEXTLINE(readability-identifier-naming): the standard library asks for this name.
         using is_transparent = void;
     };
     mutable std::unordered_map<std::string, double, Hash, std::equal_to<>> known_;
