@@ -188,7 +188,6 @@ void Forms::openCommunity(Database& database, const std::vector<int>& chain) {
     form.contactSelected = [this](int id) { selectInView(id); };
     form.openCircle = [this, &database](int id) { openCircle(database, id); };
     form.showContact = [this, &database](int id) { showInView(database, id); };
-    form.openCircle = [this, &database](int id) { openCircle(database, id); };
     setUndoKeys(*form.window, database);
     form.showChain(chain);
     form.show();
