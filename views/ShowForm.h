@@ -71,7 +71,7 @@ class ShowForm {
     /// Selects the contact in the grouping by names; if the options hide it, says so. Calls no
     /// handler.
     void selectContact(int contactId);
-    /// Does the same, and lets the tree take the keys.
+    /// Selects the contact in that way, and gives the tree the focus.
     void goToContact(int contactId);
     /// Shows the form modelessly.
     void show() { window->show(); }

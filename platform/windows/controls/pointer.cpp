@@ -6,6 +6,11 @@ namespace {
 
 bool busyNow = false;
 
+BOOL CALLBACK endMode(HWND control, LPARAM) {
+    SendMessageW(control, WM_CANCELMODE, 0, 0);
+    return TRUE;
+}
+
 }  // namespace
 
 void setPointerBusy(bool busy) {
@@ -24,6 +29,10 @@ void refreshPointer(HWND window) {
     if (under == window || IsChild(window, under))
         SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
                      MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+}
+
+void endPointerModes(HWND window) {
+    EnumChildWindows(window, endMode, 0);
 }
 
 }  // namespace pelk

@@ -1,5 +1,5 @@
 #pragma once
-// The hourglass pointer over the program's own windows.
+// The pointer over the program's own windows.
 
 #include <windows.h>
 
@@ -24,5 +24,9 @@ class PointerForBox {
 /// Must be called when `window` changes its pointer: shows it at once if the mouse is over the
 /// window.
 void refreshPointer(HWND window);
+
+/// Must be called before `window` is hidden: ends the tips beside the pointer and the drags of its
+/// controls, which would outlast it.
+void endPointerModes(HWND window);
 
 }  // namespace pelk

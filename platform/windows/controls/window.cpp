@@ -31,11 +31,6 @@ bool isSame(const SIZE& one, const SIZE& other) {
     return one.cx == other.cx && one.cy == other.cy;
 }
 
-BOOL CALLBACK endModes(HWND control, LPARAM) {
-    SendMessageW(control, WM_CANCELMODE, 0, 0);
-    return TRUE;
-}
-
 }  // namespace
 
 Win32Window::Win32Window(const Look& look, Dialogs& dialogs, const Language& language)
@@ -184,15 +179,10 @@ void Win32Window::hide() {
         PostMessageW(handle_, WM_NULL, 0, 0);  // wakes the modal loop
     }
     const bool wasVisible = isVisible();
-    endModesOfControls();
+    endPointerModes(handle_);
     ShowWindow(handle_, SW_HIDE);
     if (const auto handler = onHide; handler && wasVisible)
         guarded(dialogs_, handler);
-}
-
-/// A tip beside the pointer, or a drag, would outlast the controls.
-void Win32Window::endModesOfControls() const {
-    EnumChildWindows(handle_, endModes, 0);
 }
 
 bool Win32Window::isVisible() const {

@@ -70,7 +70,6 @@ class Win32Window : public Window, public NativeHandle {
     void setOwner(HWND owner) const;
     void ownByActiveWindow() const;
     void runUntilHidden() const;
-    void endModesOfControls() const;
     void sizeChanged();
     void closeRequested();
     void shortcutPressed(Shortcut shortcut) const;
